@@ -1,0 +1,27 @@
+// Where a job's bytes come from, and where they go: whole reads and writes over file descriptors.
+#include "base/byte_source.hpp"
+
+#include <unistd.h>
+
+#include <cerrno>
+
+namespace kelm::base {
+
+std::size_t DescriptorSource::read(std::span<char> room) {
+  ssize_t count = 0;
+  do {
+    count = ::read(descriptor_, room.data(), room.size());
+  } while (count < 0 && errno == EINTR);
+  return count > 0 ? static_cast<std::size_t>(count) : 0;
+}
+
+void writeAll(int descriptor, std::span<const char> bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
+    if (count < 0 && errno == EINTR) continue;
+    if (count <= 0) return;
+    bytes = bytes.subspan(static_cast<std::size_t>(count));
+  }
+}
+
+}  // namespace kelm::base

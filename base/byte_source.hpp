@@ -1,0 +1,34 @@
+// Where a job's bytes come from, and where they go: whole reads and writes over file descriptors.
+#pragma once
+
+#include <cstddef>
+#include <span>
+
+namespace kelm::base {
+
+class ByteSource {
+ public:
+  virtual ~ByteSource() = default;
+
+  // Fills the front of `room` (not empty) and returns how many bytes; 0 at the end of the input,
+  // which a read error ends too.
+  virtual std::size_t read(std::span<char> room) = 0;
+};
+
+// Reads a descriptor that it does not own (negative: a file that could not be opened); an
+// interrupted read is resumed.
+class DescriptorSource final : public ByteSource {
+ public:
+  explicit DescriptorSource(int descriptor) : descriptor_(descriptor) {}
+  bool isOpen() const { return descriptor_ >= 0; }
+  std::size_t read(std::span<char> room) override;
+
+ private:
+  int descriptor_;
+};
+
+// Writes all of `bytes` to `descriptor`, resuming interrupted and partial writes; gives up
+// silently at the first other error.
+void writeAll(int descriptor, std::span<const char> bytes);
+
+}  // namespace kelm::base

@@ -1,0 +1,23 @@
+// Hex text: the form in which free text travels to the printer.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace kelm::base {
+
+// Every buffer that the printer's vocabulary defines has this size in bytes, terminator included.
+inline constexpr std::size_t kTextBufferSize = 4096;
+
+// The number of bytes whose hex text fits into a text buffer: 2047.
+inline constexpr std::size_t kHexTextMaxBytes = (kTextBufferSize - 1) / 2;
+
+// Each byte of `bytes` as two characters, upper case; a byte below 0x10 is a blank and one digit
+// ("%2X": the printer's firmware expects the blank). Never fails; twice as long as its argument.
+std::string hexText(std::string_view bytes);
+
+// As hexText, of at most the first kHexTextMaxBytes bytes: what fits into a text buffer.
+std::string hexTextInBuffer(std::string_view bytes);
+
+}  // namespace kelm::base

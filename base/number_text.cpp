@@ -1,0 +1,17 @@
+// Numbers in job texts: read and written as in the C locale, whatever the job's language.
+#include "base/number_text.hpp"
+
+#include <locale.h>
+
+#include <cstdlib>
+
+namespace kelm::base {
+
+std::int32_t leadingInteger(const char* text) { return cutTo32Bits(std::strtol(text, nullptr, 10)); }
+
+double leadingReal(const char* text) {
+  static const locale_t kCLocale = newlocale(LC_ALL_MASK, "C", nullptr);
+  return strtod_l(text, nullptr, kCLocale);
+}
+
+}  // namespace kelm::base

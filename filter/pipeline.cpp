@@ -1,0 +1,86 @@
+// The stages of one job, in their order.
+#include "filter/pipeline.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "base/byte_source.hpp"
+#include "filter/copy_loop.hpp"
+#include "filter/diagnostics.hpp"
+#include "filter/job_setup.hpp"
+#include "filter/ppd_calls.hpp"
+#include "filter/print_job.hpp"
+#include "pjl/sequence.hpp"
+#include "psrewrite/job_stream.hpp"
+
+namespace kelm::filter {
+namespace {
+
+constexpr int kExitCompleted = 0;
+constexpr int kExitFailed = 1;
+
+// Empty on purpose: a cancelled job is still written to its end, so that the printer never waits
+// for the rest of a page.
+void SignalHandler(int /*signal*/) {}
+
+void catchTermination() {
+  struct sigaction action {};
+  action.sa_handler = SignalHandler;
+  action.sa_flags = SA_RESTART;
+  sigaction(SIGTERM, &action, nullptr);
+}
+
+// The descriptor of the job's input; negative when its file cannot be opened.
+int openInput(int argc, char* argv[]) {
+  return argc == 7 ? open(argv[6], O_RDONLY | O_CLOEXEC) : STDIN_FILENO;
+}
+
+void localizePpd(const PrintJobData& job) {
+  if (job.ppd != nullptr) r_ppdLocalize(job.ppd);
+}
+
+}  // namespace
+
+int runFilter(int argc, char* argv[], std::FILE* output) {
+  ClearLogFile();
+  logCheck = diagnosticsWanted();
+  LogFileMessageCheck(logCheck);
+
+  LogMessage("Filter started", true);
+  catchTermination();
+
+  base::DescriptorSource input(openInput(argc, argv));
+  if (!input.isOpen()) {
+    LogMessage("error. open input file.", true);
+    return kExitFailed;
+  }
+
+  static PrintJobData jobData;
+  if (!InitializePrintJobData(argc, argv, &jobData)) {
+    LogMessage("Filter initialization failed", true);
+    return kExitFailed;
+  }
+  localizePpd(jobData);
+  LogMessage("Printer job data initialized", true);
+
+  ClearLogFileName(&jobData);
+  if (logCheck) LogOptions(&jobData);
+
+  decideCustomPaper(jobData);
+  decideOutputFace(jobData);
+
+  pjl::OutputPJL(output, jobData);
+  LogMessage("Output file opened", true);
+
+  psrewrite::JobStream stream(input, output);
+  copyPostScript(stream, jobData);
+  std::fflush(output);
+  LogMessage("Output completed", true);
+
+  LogMessage("Filter exited successfully", true);
+  return kExitCompleted;
+}
+
+}  // namespace kelm::filter

@@ -1,0 +1,42 @@
+// The frame of the header: its fixed lines.
+#include "pjl/frame.hpp"
+
+#include <string_view>
+
+namespace kelm::pjl {
+namespace {
+
+void writeLine(std::FILE* stream, std::string_view line) {
+  std::fwrite(line.data(), 1, line.size(), stream);
+  std::fwrite("\n", 1, 1, stream);
+}
+
+}  // namespace
+
+void Output_Header(std::FILE* stream) { writeLine(stream, "\x1B%-12345X@PJL"); }
+
+void Output_Comment(std::FILE* stream) { writeLine(stream, "@PJL COMMENT KELM Printer Driver"); }
+
+void Output_QVPJLVERSION(std::FILE* stream) { writeLine(stream, "@PJL SET QVPJLVERSION=2.00"); }
+
+void Output_QVPJLIDENTIFIER(std::FILE* stream) {
+  writeLine(stream, "@PJL SET QVPJLIDENTIFIER=KELM_IJ_PJL");
+}
+
+void Output_QVRIPCONTROLFLAG(std::FILE* stream) {
+  writeLine(stream, "@PJL SET QVRIPCONTROLFLAG=13");
+}
+
+void Output_QVSOFTWARENAME(std::FILE* stream) {
+  writeLine(stream, "@PJL SET QVSOFTWARENAME=KELM MAC Postscript Printer Driver");
+}
+
+void Output_QVSOFTWAREVERSION(std::FILE* stream) {
+  writeLine(stream, "@PJL SET QVSOFTWAREVERSION=1.5.000");
+}
+
+void Output_EnterPostScript(std::FILE* stream) {
+  writeLine(stream, "@PJL ENTER LANGUAGE=POSTSCRIPT");
+}
+
+}  // namespace kelm::pjl

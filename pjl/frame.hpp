@@ -1,0 +1,18 @@
+// The frame of the header: the fixed lines before the job's variables and the switch behind them.
+#pragma once
+
+#include <cstdio>
+
+namespace kelm::pjl {
+
+// Each writes one line and its LF.
+void Output_Header(std::FILE* stream);  // the Universal Exit Language sequence (UEL) and "@PJL"
+void Output_Comment(std::FILE* stream);
+void Output_QVPJLVERSION(std::FILE* stream);
+void Output_QVPJLIDENTIFIER(std::FILE* stream);
+void Output_QVRIPCONTROLFLAG(std::FILE* stream);
+void Output_QVSOFTWARENAME(std::FILE* stream);
+void Output_QVSOFTWAREVERSION(std::FILE* stream);
+void Output_EnterPostScript(std::FILE* stream);
+
+}  // namespace kelm::pjl

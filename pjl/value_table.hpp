@@ -1,0 +1,68 @@
+// Value tables: a PPD choice to the value that the printer is told.
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string_view>
+
+namespace kelm::pjl {
+
+// One row; an empty row (both null) is skipped by the searches that say so.
+struct ValueRow {
+  const char* key;
+  const char* value;
+};
+
+// The rows in the table's own order, and the row whose value stands for an absent option.
+struct ValueTableView {
+  std::span<const ValueRow> rows;
+  std::size_t defaultIndex;
+};
+
+template <std::size_t Count>
+struct ValueTable {
+  ValueRow rows[Count];
+  std::size_t defaultIndex;
+
+  constexpr operator ValueTableView() const { return {rows, defaultIndex}; }
+};
+
+namespace detail {
+
+// Not constexpr on purpose: reaching one of them stops the compiler with its name.
+void theDefaultIsNoValueOfThisTable();
+void aKeyStandsTwiceInThisTable();
+
+template <std::size_t Count>
+consteval std::size_t indexOfValue(const ValueRow (&rows)[Count], std::string_view value) {
+  for (std::size_t i = 0; i < Count; ++i) {
+    if (rows[i].value != nullptr && rows[i].value == value) return i;
+  }
+  theDefaultIsNoValueOfThisTable();
+  return Count;
+}
+
+template <std::size_t Count>
+consteval void checkKeys(const ValueRow (&rows)[Count]) {
+  for (std::size_t i = 0; i < Count; ++i) {
+    for (std::size_t j = i + 1; j < Count; ++j) {
+      if (rows[i].key == nullptr || rows[j].key == nullptr) continue;
+      if (std::string_view(rows[i].key) == rows[j].key) aKeyStandsTwiceInThisTable();
+    }
+  }
+}
+
+}  // namespace detail
+
+// A table checked by the compiler: no key twice, and `absent`, the value for an absent option, is
+// one of its values (the first row that has it).
+template <std::size_t Count>
+consteval ValueTable<Count> valueTable(const ValueRow (&rows)[Count], std::string_view absent) {
+  detail::checkKeys(rows);
+  ValueTable<Count> table{};
+  for (std::size_t i = 0; i < Count; ++i) table.rows[i] = rows[i];
+  table.defaultIndex = detail::indexOfValue(rows, absent);
+  return table;
+}
+
+}  // namespace kelm::pjl

@@ -1,0 +1,8 @@
+// A whole platform in memory, for tests: what a test sets is what the program sees.
+#include "platform/fake/fake_platform.hpp"
+
+namespace kelm::platform {
+
+FakePlatform::FakePlatform() : set_{&jobLanguage, &wallClock, &fileRoot}, scope_(set_) {}
+
+}  // namespace kelm::platform

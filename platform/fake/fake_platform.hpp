@@ -1,0 +1,44 @@
+// A whole platform in memory, for tests: what a test sets is what the program sees.
+#pragma once
+
+#include <string>
+
+#include "platform/platform.hpp"
+
+namespace kelm::platform {
+
+class FakeJobLanguage final : public JobLanguage {
+ public:
+  void prefer(const char* language) override { preferred = language; }
+  std::string preferred;  // the last language given; empty when none was
+};
+
+class FakeWallClock final : public WallClock {
+ public:
+  std::tm localTime() override { return now; }
+  std::tm now{};
+};
+
+class FakeFileRoot final : public FileRoot {
+ public:
+  std::string locate(std::string_view absolutePath) const override {
+    return root + std::string(absolutePath);
+  }
+  std::string root = "/nonexistent";  // a folder of the test's own, without a slash at its end
+};
+
+// Takes the place of the process's platform while it lives.
+class FakePlatform {
+ public:
+  FakePlatform();
+
+  FakeJobLanguage jobLanguage;
+  FakeWallClock wallClock;
+  FakeFileRoot fileRoot;
+
+ private:
+  Platform set_;
+  ScopedPlatform scope_;
+};
+
+}  // namespace kelm::platform

@@ -1,0 +1,13 @@
+// The job's language on Linux: the locale environment that libcups reads.
+#include <cstdlib>
+
+#include "platform/linux/linux_bodies.hpp"
+
+namespace kelm::platform::linux_bodies {
+
+void LinuxJobLanguage::prefer(const char* language) {
+  setenv("LC_MESSAGES", language, 1);
+  unsetenv("LC_ALL");
+}
+
+}  // namespace kelm::platform::linux_bodies

@@ -1,0 +1,25 @@
+// The bodies of the platform interfaces on Linux.
+#pragma once
+
+#include "platform/platform.hpp"
+
+namespace kelm::platform::linux_bodies {
+
+// libcups localises with the locale that setlocale took, else with LC_MESSAGES, LC_ALL and LANG of
+// the environment, in this order: the job's language becomes LC_MESSAGES, and LC_ALL goes.
+class LinuxJobLanguage final : public JobLanguage {
+ public:
+  void prefer(const char* language) override;
+};
+
+class LinuxWallClock final : public WallClock {
+ public:
+  std::tm localTime() override;
+};
+
+class LinuxFileRoot final : public FileRoot {
+ public:
+  std::string locate(std::string_view absolutePath) const override;
+};
+
+}  // namespace kelm::platform::linux_bodies

@@ -1,0 +1,16 @@
+// The set of bodies on Linux.
+#include "platform/system_bodies.hpp"
+
+#include "platform/linux/linux_bodies.hpp"
+
+namespace kelm::platform {
+
+const Platform& systemBodies() {
+  static linux_bodies::LinuxJobLanguage jobLanguage;
+  static linux_bodies::LinuxWallClock wallClock;
+  static linux_bodies::LinuxFileRoot fileRoot;
+  static const Platform set{&jobLanguage, &wallClock, &fileRoot};
+  return set;
+}
+
+}  // namespace kelm::platform

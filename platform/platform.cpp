@@ -1,0 +1,24 @@
+// What the operating system gives, as one set of small interfaces.
+#include "platform/platform.hpp"
+
+#include "platform/system_bodies.hpp"
+
+namespace kelm::platform {
+namespace {
+
+const Platform*& current() {
+  static const Platform* set = &systemBodies();
+  return set;
+}
+
+}  // namespace
+
+const Platform& platform() { return *current(); }
+
+ScopedPlatform::ScopedPlatform(const Platform& replacement) : previous_(current()) {
+  current() = &replacement;
+}
+
+ScopedPlatform::~ScopedPlatform() { current() = previous_; }
+
+}  // namespace kelm::platform

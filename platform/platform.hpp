@@ -1,0 +1,33 @@
+// What the operating system gives, as one set of small interfaces.
+#pragma once
+
+#include "platform/file_root.hpp"
+#include "platform/job_language.hpp"
+#include "platform/wall_clock.hpp"
+
+namespace kelm::platform {
+
+// The bodies in use; none is ever null, and each lives at least as long as the set.
+struct Platform {
+  JobLanguage* jobLanguage;
+  WallClock* wallClock;
+  FileRoot* fileRoot;
+};
+
+// The process's set: the operating system's own bodies, unless a test put others in their place
+// (ScopedPlatform). Reading it from several threads is safe, replacing it is not.
+const Platform& platform();
+
+// Puts `replacement` in the place of the process's set for the lifetime of the object.
+class ScopedPlatform {
+ public:
+  explicit ScopedPlatform(const Platform& replacement);
+  ~ScopedPlatform();
+  ScopedPlatform(const ScopedPlatform&) = delete;
+  ScopedPlatform& operator=(const ScopedPlatform&) = delete;
+
+ private:
+  const Platform* previous_;
+};
+
+}  // namespace kelm::platform

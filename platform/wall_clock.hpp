@@ -1,0 +1,16 @@
+// The time of day.
+#pragma once
+
+#include <ctime>
+
+namespace kelm::platform {
+
+class WallClock {
+ public:
+  virtual ~WallClock() = default;
+
+  // The current local time; all zero where the system cannot tell.
+  virtual std::tm localTime() = 0;
+};
+
+}  // namespace kelm::platform

@@ -1,0 +1,96 @@
+// The job's PostScript on its way from the input to the printer.
+#include "psrewrite/job_stream.hpp"
+
+#include <algorithm>
+#include <cstring>
+
+#include "filter/diagnostics.hpp"
+
+namespace kelm::psrewrite {
+
+void LineBuffer::overwrite(std::string_view text) {
+  std::copy(text.begin(), text.end(), bytes_.begin());
+  terminate(text.size());
+}
+
+bool LineBuffer::contains(const char* needle) const {
+  return std::strstr(bytes_.data(), needle) != nullptr;
+}
+
+JobStream::JobStream(base::ByteSource& input, std::FILE* output)
+    : input_(input),
+      output_(output),
+      outputDescriptor_(fileno(output)),
+      block_(std::make_unique_for_overwrite<char[]>(kBlockSize)) {}
+
+std::span<const char> JobStream::window() {
+  if (window_.empty() && !ended_) {
+    const std::size_t count = input_.read({block_.get(), kBlockSize});
+    window_ = {block_.get(), count};
+    ended_ = count == 0;
+  }
+  return window_;
+}
+
+void JobStream::consume(std::size_t count) { window_ = window_.subspan(count); }
+
+void JobStream::pass(std::size_t count) {
+  write({window_.data(), count});
+  consume(count);
+}
+
+int JobStream::get() {
+  if (window().empty()) return EOF;
+  const auto byte = static_cast<unsigned char>(window_.front());
+  consume(1);
+  return byte;
+}
+
+std::size_t JobStream::takeLine(char* buffer, std::size_t limit) {
+  std::size_t stored = 0;
+  while (stored < limit && !window().empty()) {
+    const std::size_t room = std::min(limit - stored, window_.size());
+    const void* end = std::memchr(window_.data(), '\n', room);
+    const std::size_t count =
+        end == nullptr ? room
+                       : static_cast<std::size_t>(static_cast<const char*>(end) - window_.data()) + 1;
+    std::memcpy(buffer + stored, window_.data(), count);
+    stored += count;
+    consume(count);
+    if (end != nullptr) break;
+  }
+  return stored;
+}
+
+char* JobStream::gets(char* buffer, std::size_t size) {
+  const std::size_t stored = takeLine(buffer, size - 1);
+  if (stored == 0) return nullptr;
+  buffer[stored] = '\0';
+  return buffer;
+}
+
+// A long run goes to the descriptor at once: the stream's buffer would only copy it.
+void JobStream::write(std::string_view bytes) {
+  if (bytes.size() >= kBlockSize / 2 && outputDescriptor_ >= 0) {
+    std::fflush(output_);
+    base::writeAll(outputDescriptor_, bytes);
+  } else {
+    std::fwrite(bytes.data(), 1, bytes.size(), output_);
+  }
+}
+
+std::int32_t readLine(JobStream& stream, char* buffer, std::size_t limit) {
+  const std::size_t stored = stream.takeLine(buffer, limit);
+  for (std::size_t i = 0; filter::fileOutPutFlag && i < stored; ++i) {
+    filter::LogFile2Message(static_cast<unsigned char>(buffer[i]));
+  }
+  return static_cast<std::int32_t>(stored);
+}
+
+char* fgetline(JobStream& stream, char* buffer, std::size_t size) {
+  char* line = stream.gets(buffer, size);
+  if (line != nullptr) line[std::strcspn(line, "\n")] = '\0';
+  return line;
+}
+
+}  // namespace kelm::psrewrite

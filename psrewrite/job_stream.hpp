@@ -1,0 +1,84 @@
+// The job's PostScript on its way from the input to the printer: block input, line readers, output.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include "base/byte_source.hpp"
+
+namespace kelm::psrewrite {
+
+// One line of the job: at most 4096 bytes and a terminator behind them. Writers treat its content
+// as a C string; what follows a zero byte is lost to them.
+class LineBuffer {
+ public:
+  static constexpr std::size_t kSize = 4096;
+
+  void clear() { bytes_.fill('\0'); }
+  char* data() { return bytes_.data(); }
+  const char* text() const { return bytes_.data(); }
+  // Ends the text after `length` bytes (at most kSize).
+  void terminate(std::size_t length) { bytes_[length] = '\0'; }
+  // Puts `text` (shorter than kSize) at the front and ends it there; what lay behind stays.
+  void overwrite(std::string_view text);
+  bool contains(const char* needle) const;
+
+ private:
+  std::array<char, kSize + 1> bytes_{};
+};
+
+class JobStream {
+ public:
+  // Neither is owned; both outlive the stream.
+  JobStream(base::ByteSource& input, std::FILE* output);
+
+  std::FILE* output() { return output_; }
+
+  // The bytes that are read but not yet consumed; reads a block when there are none, and is empty
+  // only at the end of the input. Valid until the next call that consumes or reads.
+  std::span<const char> window();
+
+  // Takes the first `count` bytes of the window away, `pass` after writing them to the output.
+  void consume(std::size_t count);
+  void pass(std::size_t count);
+
+  // The next byte (0 to 255), or EOF.
+  int get();
+
+  // The standard line reader (fgets): at most `size` - 1 bytes, up to and with the first line feed,
+  // then a terminator. Null at the end of the input, and the buffer is untouched.
+  char* gets(char* buffer, std::size_t size);
+
+  void write(std::string_view bytes);
+
+ private:
+  static constexpr std::size_t kBlockSize = std::size_t{128} * 1024;
+
+  // Stores bytes until `limit`, a line feed (stored too) or the end; the number stored.
+  std::size_t takeLine(char* buffer, std::size_t limit);
+
+  friend std::int32_t readLine(JobStream& stream, char* buffer, std::size_t limit);
+
+  base::ByteSource& input_;
+  std::FILE* output_;
+  int outputDescriptor_;
+  std::unique_ptr<char[]> block_;
+  std::span<const char> window_;
+  bool ended_ = false;
+};
+
+// Reads the rest of a line, line feed included, at most `limit` bytes; the number of bytes stored,
+// 0 at the end of the input. Writes no terminator; the caller zero-fills. Every byte stored goes to
+// diagnostic file 2.
+std::int32_t readLine(JobStream& stream, char* buffer, std::size_t limit);
+
+// Reads a line with the standard line reader and takes its first line feed off; null at the end of
+// the input.
+char* fgetline(JobStream& stream, char* buffer, std::size_t size);
+
+}  // namespace kelm::psrewrite

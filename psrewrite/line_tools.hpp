@@ -1,0 +1,29 @@
+// The small string tools of every rewriter: the "XXX" placeholder and the parenthesised value.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "psrewrite/job_stream.hpp"
+
+namespace kelm::psrewrite {
+
+inline constexpr char kPlaceholder[] = "XXX";
+
+// `source` with every non-overlapping `from` (not empty), from left to right, replaced by `to`;
+// nothing when memory is exhausted.
+std::optional<std::string> replace_str(const char* source, const char* from, const char* to);
+
+// Puts `value` into a value line "(old) tail": "(" value ")" and what stands between the first ")"
+// (or run of them) and the next one. A value line is one parenthesised value and a tail without
+// parentheses: everything before the first ")" and from a second one onwards is lost, and a line
+// with nothing behind its first ")" gets the text "(null)". Afterwards `line` is what was read as
+// the two pieces with ")" between them, for the diagnostic files. Nothing when memory is exhausted.
+std::optional<std::string> erase_str(std::string& line, const std::string& value);
+
+// Reads the next line and writes it with every "XXX" replaced by `value`; true when it wrote. The
+// third argument is ignored.
+bool outputReplacingValue(JobStream& stream, LineBuffer& buffer, const void* ignored,
+                          const char* value);
+
+}  // namespace kelm::psrewrite
