@@ -3,6 +3,7 @@
 
 #include "platform/file_root.hpp"
 #include "platform/job_language.hpp"
+#include "platform/system_log.hpp"
 #include "platform/wall_clock.hpp"
 
 namespace kelm::platform {
@@ -12,6 +13,7 @@ struct Platform {
   JobLanguage* jobLanguage;
   WallClock* wallClock;
   FileRoot* fileRoot;
+  SystemLog* systemLog;
 };
 
 // The process's set: the operating system's own bodies, unless a test put others in their place

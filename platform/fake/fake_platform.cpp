@@ -3,6 +3,6 @@
 
 namespace kelm::platform {
 
-FakePlatform::FakePlatform() : set_{&jobLanguage, &wallClock, &fileRoot}, scope_(set_) {}
+FakePlatform::FakePlatform() : set_{&jobLanguage, &wallClock, &fileRoot, &systemLog}, scope_(set_) {}
 
 }  // namespace kelm::platform

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "platform/platform.hpp"
 
@@ -27,6 +28,12 @@ class FakeFileRoot final : public FileRoot {
   std::string root = "/nonexistent";  // a folder of the test's own, without a slash at its end
 };
 
+class FakeSystemLog final : public SystemLog {
+ public:
+  void error(const std::string& message) override { messages.push_back(message); }
+  std::vector<std::string> messages;  // in the order in which they were written
+};
+
 // Takes the place of the process's platform while it lives.
 class FakePlatform {
  public:
@@ -35,6 +42,7 @@ class FakePlatform {
   FakeJobLanguage jobLanguage;
   FakeWallClock wallClock;
   FakeFileRoot fileRoot;
+  FakeSystemLog systemLog;
 
  private:
   Platform set_;

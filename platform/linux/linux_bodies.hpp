@@ -22,4 +22,9 @@ class LinuxFileRoot final : public FileRoot {
   std::string locate(std::string_view absolutePath) const override;
 };
 
+class LinuxSystemLog final : public SystemLog {
+ public:
+  void error(const std::string& message) override;
+};
+
 }  // namespace kelm::platform::linux_bodies

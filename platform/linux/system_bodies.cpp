@@ -9,7 +9,8 @@ const Platform& systemBodies() {
   static linux_bodies::LinuxJobLanguage jobLanguage;
   static linux_bodies::LinuxWallClock wallClock;
   static linux_bodies::LinuxFileRoot fileRoot;
-  static const Platform set{&jobLanguage, &wallClock, &fileRoot};
+  static linux_bodies::LinuxSystemLog systemLog;
+  static const Platform set{&jobLanguage, &wallClock, &fileRoot, &systemLog};
   return set;
 }
 
