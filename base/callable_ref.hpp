@@ -20,14 +20,15 @@ class CallableRef<Result(Arguments...)> {
 
   // `object` is not copied and must outlive the reference.
   template <class Object>
-    requires(std::is_class_v<Object> && !std::same_as<Object, CallableRef>)
-  constexpr CallableRef(const Object& object)
+  requires(std::is_class_v<Object> &&
+           !std::same_as<Object, CallableRef>) constexpr CallableRef(const Object& object)
       : object_(&object), call_([](const void* self, Arguments... arguments) -> Result {
           return (*static_cast<const Object*>(self))(arguments...);
         }) {}
   template <class Object>
-    requires(std::is_class_v<Object> && !std::same_as<Object, CallableRef>)
-  CallableRef(const Object&& temporary) = delete;
+  requires(std::is_class_v<Object> && !std::same_as<Object, CallableRef>)
+      CallableRef(const Object&& temporary)
+  = delete;
 
   constexpr explicit operator bool() const { return function_ != nullptr || call_ != nullptr; }
 

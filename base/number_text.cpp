@@ -7,7 +7,9 @@
 
 namespace kelm::base {
 
-std::int32_t leadingInteger(const char* text) { return cutTo32Bits(std::strtol(text, nullptr, 10)); }
+std::int32_t leadingInteger(const char* text) {
+  return cutTo32Bits(std::strtol(text, nullptr, 10));
+}
 
 double leadingReal(const char* text) {
   static const locale_t kCLocale = newlocale(LC_ALL_MASK, "C", nullptr);

@@ -3,7 +3,6 @@ set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
-set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
@@ -21,7 +20,7 @@ target_include_directories(kelm_settings INTERFACE ${PROJECT_SOURCE_DIR})
 # The filter runs on bytes that strangers send: every binary is hardened. The options are recorded
 # in the objects (.GCC.command.line), where tests/unit/build/hardening_test.cpp looks for them.
 target_compile_options(kelm_settings INTERFACE
-  -fstack-protector-strong -fstack-clash-protection -ftrivial-auto-var-init=zero
+  -fPIE -fstack-protector-strong -fstack-clash-protection -ftrivial-auto-var-init=zero
   -frecord-gcc-switches)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
   target_compile_options(kelm_settings INTERFACE

@@ -4,14 +4,19 @@
 #include <algorithm>
 #include <cstring>
 
+#include "filter/custom_paper.hpp"
 #include "filter/diagnostics.hpp"
 #include "psrewrite/features.hpp"
+#include "psrewrite/line_rewriters.hpp"
+#include "psrewrite/orientation.hpp"
 
 namespace kelm::filter {
 namespace {
 
 using psrewrite::JobStream;
 using psrewrite::LineBuffer;
+
+constexpr std::int32_t kFormSelect1Code = psrewrite::outputQVFormSelect1.code;
 
 const char* find(const char* begin, const char* end, char wanted) {
   return static_cast<const char*>(
@@ -90,30 +95,70 @@ void writeLine(JobStream& stream, const LineBuffer& line, std::int32_t length) {
   }
 }
 
+// The orientation comment follows the custom paper's shape, else the job's option.
+std::int32_t followOrientation(LineBuffer& line, std::int32_t length, const PrintJobData& job) {
+  std::int32_t newLength = 0;
+  if (!customSizeFlg) {
+    LogMessage("20160929 FALSE", true);
+    newLength = psrewrite::replaceOrientation(line, &job);
+  } else {
+    const bool portrait = widthLength <= heighLength;
+    LogMessage(portrait ? "20160929 Por" : "20160929 Lan", true);
+    newLength = psrewrite::replaceCustomOrientation(line, portrait);
+  }
+  return newLength >= 1 ? newLength : length;
+}
+
+// Writes a line of `length` bytes, less its last one (the line feed), face down instead of face up.
+void writeFaceDown(JobStream& stream, LineBuffer& line, std::int32_t length) {
+  line.terminate(static_cast<std::size_t>(std::max(length - 1, 0)));
+  psrewrite::outputFeatureByCustomSizeValueTitle(stream, line.text(), "FaceUp", "FaceDown");
+}
+
+// A face-up choice and the line after it become face down unless the job's output tray decides. The
+// line that follows takes the place of `line`; the result is its length.
+std::int32_t suppressFaceUp(JobStream& stream, LineBuffer& line, std::int32_t length,
+                            const PrintJobData& job) {
+  if (job.keepOutputFace != 0 || !line.contains("QVOutputFace FaceUp")) return length;
+  writeFaceDown(stream, line, length);
+  line.clear();
+  writeFaceDown(stream, line, readLine(stream, line.data(), LineBuffer::kSize));
+  line.clear();
+  return readLine(stream, line.data(), LineBuffer::kSize);
+}
+
+// Hands the section that `line` opens to its writer.
+void rewriteFeature(JobStream& stream, LineBuffer& line, PrintJobData& job) {
+  const std::int32_t code = psrewrite::getFeature(line.text());
+  LogMessage(code == 0 ? "Not Feature found" : "Feature found", true);
+  LogMessage(line.text(), true);
+  if (code == kFormSelect1Code) LogMessage("AdvancedQVFormSelect1Feature start", true);
+  const psrewrite::FeatureWriter writer = psrewrite::featureWriter(code);
+  const bool replaced = writer && writer(stream, line, job);
+  if (code == kFormSelect1Code) LogMessage("AdvancedQVFormSelect1Feature end", true);
+  LogMessage(replaced ? "Feature replaced" : "Feature not replaced", true);
+  LogMessage("Get C done", true);
+}
+
 // Looks at one line, behind its "%", and at the lines that its section brings.
-void copyLine(JobStream& stream, LineBuffer& line) {
+void copyLine(JobStream& stream, LineBuffer& line, PrintJobData& job) {
   LogMessage("After continue", true);
   line.clear();
   LogMessage("Checking for feature", true);
-  const std::int32_t length = readLine(stream, line.data(), LineBuffer::kSize);
+  std::int32_t length = readLine(stream, line.data(), LineBuffer::kSize);
   if (length < 1) return;
+  length = followOrientation(line, length, job);
+  length = suppressFaceUp(stream, line, length, job);
   writeLine(stream, line, length);
   line.terminate(std::min(static_cast<std::size_t>(length), LineBuffer::kSize - 1));
-  if (psrewrite::getFeature(line.text()) == 0) {
-    LogMessage("Not Feature found", true);
-  } else {
-    LogMessage("Feature found", true);
-  }
-  LogMessage(line.text(), true);
-  LogMessage("Feature not replaced", true);
-  LogMessage("Get C done", true);
+  rewriteFeature(stream, line, job);
 }
 
 }  // namespace
 
-void copyPostScript(JobStream& stream, PrintJobData& /*job*/) {
+void copyPostScript(JobStream& stream, PrintJobData& job) {
   LineBuffer line;
-  while (passToNextLine(stream)) copyLine(stream, line);
+  while (passToNextLine(stream)) copyLine(stream, line, job);
 }
 
 }  // namespace kelm::filter

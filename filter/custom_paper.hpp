@@ -5,8 +5,8 @@
 
 namespace kelm::filter {
 
-extern bool customSizeFlg;         // the job's "media" option names a custom size
-extern std::int32_t widthLength;   // 1/100 mm, whole millimetres; 0 on every standard paper
-extern std::int32_t heighLength;   // 1/100 mm, whole millimetres; 0 on every standard paper
+extern bool customSizeFlg;        // the job's "media" option names a custom size
+extern std::int32_t widthLength;  // 1/100 mm, whole millimetres; 0 on every standard paper
+extern std::int32_t heighLength;  // 1/100 mm, whole millimetres; 0 on every standard paper
 
 }  // namespace kelm::filter

@@ -54,11 +54,7 @@ void decideCustomPaper(const PrintJobData& job) {
 }
 
 void decideOutputFace(PrintJobData& job) {
-  const cups_option_t* tray = findJobOption(&job, "QVOutputTray");
-  job.keepOutputFace = tray != nullptr && std::strcmp(tray->value, "Auto") != 0 &&
-                               std::strcmp(tray->value, "FaceDown") != 0
-                           ? 1
-                           : 0;
+  job.keepOutputFace = outputTrayDecidesFace(&job) ? 1 : 0;
 }
 
 }  // namespace kelm::filter

@@ -82,6 +82,12 @@ const cups_option_t* findJobOption(const PrintJobData* job, const char* name) {
   return nullptr;
 }
 
+bool outputTrayDecidesFace(const PrintJobData* job) {
+  const cups_option_t* tray = findJobOption(job, "QVOutputTray");
+  return tray != nullptr && std::strcmp(tray->value, "Auto") != 0 &&
+         std::strcmp(tray->value, "FaceDown") != 0;
+}
+
 void SetupLocale() {
   std::setvbuf(stderr, nullptr, _IONBF, 0);
   const char* language = std::getenv("APPLE_LANGUAGE");
@@ -100,7 +106,8 @@ bool isApplicationMSWord(const PrintJobData* job) {
 bool UpdatePrintJobDataForMSWord(PrintJobData* job) {
   if (job == nullptr || !isApplicationMSWord(job)) return true;
   std::string requested;
-  const bool landscape = getOptionValue(job, "orientation-requested", requested) && requested == "4";
+  const bool landscape =
+      getOptionValue(job, "orientation-requested", requested) && requested == "4";
   addOption(*job, "QVOrientation", landscape ? "Landscape" : "Portrait");
   addOption(*job, "com.apple.print.preset.Orientation..n.", landscape ? "2" : "1");
   return true;

@@ -15,10 +15,10 @@ namespace kelm::filter {
 // process ends.
 struct PrintJobData {
   std::int32_t jobId = 0;
-  const char* userName = nullptr;    // borrowed from the argument vector
-  const char* title = nullptr;       // borrowed from the argument vector
-  std::string jobNameHex;            // the job name as the header sends it
-  ppd_file_t* ppd = nullptr;         // the queue's PPD; null when it cannot be opened
+  const char* userName = nullptr;  // borrowed from the argument vector
+  const char* title = nullptr;     // borrowed from the argument vector
+  std::string jobNameHex;          // the job name as the header sends it
+  ppd_file_t* ppd = nullptr;       // the queue's PPD; null when it cannot be opened
   std::int32_t numOptions = 0;
   cups_option_t* options = nullptr;  // the job's options alone, without the PPD's defaults
   bool isPrintPDE = false;           // the job came through the maker's print dialog
@@ -39,6 +39,10 @@ std::span<cups_option_t> jobOptions(const PrintJobData* job);
 // The first option of exactly this name, or null: for the few places that look at the job's options
 // themselves.
 const cups_option_t* findJobOption(const PrintJobData* job, const char* name);
+
+// Whether the job has an output tray that leaves the output face to the job: any but "Auto" and
+// "FaceDown".
+bool outputTrayDecidesFace(const PrintJobData* job);
 
 // Standard error is not buffered from here on; the language of "APPLE_LANGUAGE", else of "LANG",
 // becomes the one that PPD texts are localised in. Does no more when neither is set.

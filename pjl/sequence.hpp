@@ -2,10 +2,21 @@
 #pragma once
 
 #include <cstdio>
+#include <span>
 
 #include "filter/print_job.hpp"
+#include "pjl/variables.hpp"
 
 namespace kelm::pjl {
+
+// Steps that are written together, for every job or only for jobs of the maker's dialog.
+struct HeaderSection {
+  bool dialogOnly;
+  std::span<const HeaderStep> steps;
+};
+
+// The job's variables in their order, without the frame.
+std::span<const HeaderSection> headerSections();
 
 // Writes the header, from the UEL to the switch to PostScript. Never fails.
 void OutputPJL(std::FILE* stream, filter::PrintJobData& job);

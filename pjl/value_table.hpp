@@ -5,13 +5,11 @@
 #include <span>
 #include <string_view>
 
+#include "base/value_row.hpp"
+
 namespace kelm::pjl {
 
-// One row; an empty row (both null) is skipped by the searches that say so.
-struct ValueRow {
-  const char* key;
-  const char* value;
-};
+using base::ValueRow;
 
 // The rows in the table's own order, and the row whose value stands for an absent option.
 struct ValueTableView {

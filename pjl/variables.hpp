@@ -2,17 +2,16 @@
 // option, its name and its data, and writes its line when it is called with a stream and a job.
 #pragma once
 
+#include <cstddef>
 #include <cstdio>
+#include <span>
+#include <variant>
 
-#include "base/callable_ref.hpp"
 #include "filter/print_job.hpp"
 #include "pjl/value_table.hpp"
 #include "pjl/writers.hpp"
 
 namespace kelm::pjl {
-
-// A step of the header: a row, or a writer with logic of its own.
-using HeaderStep = base::CallableRef<void(std::FILE*, PrintJobData&)>;
 
 // "This option through this table" (Output_KeyValue).
 struct TableVariable {
@@ -36,15 +35,59 @@ struct CopyVariable {
   }
 };
 
-// Two rows for one variable: one for jobs of the maker's dialog, one for all others.
-template <class DialogRow, class PlainRow = DialogRow>
-struct TwoRoads {
-  DialogRow dialog;
-  PlainRow plain;
+// "This option in upper case" (Output_CopyValueWithUpperCase).
+struct UpperCaseVariable {
+  const char* optionKey;
+  const char* pjlName;
+  const char* defaultText;
 
   void operator()(std::FILE* stream, const PrintJobData& job) const {
-    job.isPrintPDE ? dialog(stream, job) : plain(stream, job);
+    Output_CopyValueWithUpperCase(stream, job, optionKey, pjlName, defaultText);
   }
 };
+
+// An orientation (Output_OrientationValue).
+struct OrientationVariable {
+  const char* optionKey;
+  const char* pjlName;
+  std::span<const OrientationRow> rows;
+  std::size_t defaultIndex;
+
+  void operator()(std::FILE* stream, const PrintJobData& job) const {
+    Output_OrientationValue(stream, job, optionKey, pjlName, rows, defaultIndex);
+  }
+};
+
+// One row for jobs of the maker's dialog and one, of the same variable, for all others.
+template <class Row>
+struct TwoRoads {
+  Row dialog;
+  Row plain;
+
+  void operator()(std::FILE* stream, const PrintJobData& job) const {
+    (job.isPrintPDE ? dialog : plain)(stream, job);
+  }
+};
+template <class Row>
+TwoRoads(Row, Row) -> TwoRoads<Row>;
+
+// A variable with logic of its own. What stands beside the writer is for readers of the header's
+// documentation: the options that it reads on each road, and what it writes without them.
+struct OwnVariable {
+  const char* pjlName;
+  void (*writer)(std::FILE*, PrintJobData&);
+  const char* dialogSource;
+  const char* plainSource;
+  const char* values;
+  const char* absent;
+
+  void operator()(std::FILE* stream, PrintJobData& job) const { writer(stream, job); }
+};
+
+// One step of the header: a row of any kind, which outlives it.
+using HeaderStep = std::variant<const TableVariable*, const CopyVariable*, const UpperCaseVariable*,
+                                const OrientationVariable*, const TwoRoads<TableVariable>*,
+                                const TwoRoads<CopyVariable>*, const TwoRoads<UpperCaseVariable>*,
+                                const OwnVariable*>;
 
 }  // namespace kelm::pjl

@@ -1,7 +1,7 @@
 // The writers of which every line of the header is made: "@PJL SET " NAME "=" VALUE LF.
 //
-// None fails: a setting that cannot be resolved still gets its line, with an empty value. Values are
-// not quoted; a line ends with a bare LF. Option values are those of the job alone.
+// None fails: a setting that cannot be resolved still gets its line, with an empty value. Values
+// are not quoted; a line ends with a bare LF. Option values are those of the job alone.
 #pragma once
 
 #include <cstddef>
@@ -36,8 +36,7 @@ void Output_CopyValueWithUpperCase(std::FILE* stream, const PrintJobData& job,
 // is "AUTO", and "QVPAGESIZE" follows the job's "media" ("CUSTOMSIZE" for a custom one). Always
 // writes.
 void Output_KeyValue(std::FILE* stream, const PrintJobData& job, const char* optionKey,
-                     const char* pjlName, std::span<const ValueRow> rows,
-                     std::size_t defaultIndex);
+                     const char* pjlName, std::span<const ValueRow> rows, std::size_t defaultIndex);
 
 // The value of the row whose key is choiceText (in hex text when hexFlag is set), or an empty one.
 // No key of `rows` is null. Always writes.

@@ -1,6 +1,8 @@
 // What the operating system gives, as one set of small interfaces.
 #pragma once
 
+#include "platform/computer_name.hpp"
+#include "platform/console_user.hpp"
 #include "platform/file_root.hpp"
 #include "platform/job_language.hpp"
 #include "platform/system_log.hpp"
@@ -14,6 +16,8 @@ struct Platform {
   WallClock* wallClock;
   FileRoot* fileRoot;
   SystemLog* systemLog;
+  ComputerName* computerName;
+  ConsoleUser* consoleUser;
 };
 
 // The process's set: the operating system's own bodies, unless a test put others in their place

@@ -9,72 +9,72 @@ namespace kelm::psrewrite {
 namespace {
 
 constexpr Feature kFeatures[] = {
-    {"QVOutputBox", 307},
-    {"QVPageNumStartNum", 1},
-    {"QVPageNumStartPage", 2},
-    {"QVStampPageFont", 3},
-    {"QVStampPageSize", 4},
-    {"QVDateInfo", 5},
-    {"QVStampDateFont", 6},
-    {"QVStampDateSize", 7},
-    {"QVTextInfo", 12},
-    {"QVStampTextFont", 13},
-    {"QVStampTextSize", 14},
-    {"QVImageShiftFrontV", 8},
-    {"QVImageShiftFrontH", 9},
-    {"QVImageShiftBackV", 10},
-    {"QVImageShiftBackH", 11},
-    {"QVGutterDistance", 101},
-    {"QVBookletGutterDistance", 102},
-    {"QVGCCyan", 201},
-    {"QVGCMagenta", 202},
-    {"QVGCYellow", 203},
-    {"QVGCBlack", 204},
-    {"QVGCGray", 207},
-    {"QVGCRed", 211},
-    {"QVBarcodeSelection", 205},
-    {"QVOutputProfileSelection", 206},
-    {"QVOrientation", 308},
-    {"QVManualZoom", 315},
-    {"QVZoomRate", 301},
+    outputQVOutputBox,
+    outputQVPageNumStartNum,
+    outputQVPageNumStartPage,
+    outputQVStampPageFont,
+    outputQVStampPageSize,
+    outputQVDateInfo,
+    outputQVStampDateFont,
+    outputQVStampDateSize,
+    outputQVTextInfo,
+    outputQVStampTextFont,
+    outputQVStampTextSize,
+    outputQVImageShiftFrontV,
+    outputQVImageShiftFrontH,
+    outputQVImageShiftBackV,
+    outputQVImageShiftBackH,
+    outputQVGutterDistance,
+    outputQVBookletGutterDistance,
+    outputQVGCCyan,
+    outputQVGCMagenta,
+    outputQVGCYellow,
+    outputQVGCBlack,
+    outputQVGCGray,
+    outputQVGCRed,
+    outputQVImageBarcodeSelection,
+    outputQVOutputProfileSelection,
+    outputQVOrientation,
+    outputQVManualZoom,
+    outputQVZoomRate,
     {"QVPAGESizeWidth", 309},
     {"QVPAGESizeHeight", 310},
-    {"QVTargetPaperSizeWidth", 302},
-    {"QVTargetPaperSizeHeight", 303},
-    {"QVTargetPaperSize", 313},
-    {"QVPageTrayStandard", 304},
-    {"QVPageTrayTray1", 305},
-    {"QVPageTrayTray2", 306},
-    {"QVPageTrayTray3", 311},
-    {"QVPageTrayExternalFeeder", 316},
-    {"QVPageTrayRepeat", 317},
-    {"QVPageTray", 312},
-    {"QVOwnerNameInfo", 402},
-    {"QVOwnerName", 401},
-    {"QVJobNameInfo", 404},
-    {"QVJobName", 403},
-    {"QVSecretNumInfo", 406},
-    {"QVSecretNum", 405},
-    {"QVJobComment", 408},
-    {"QVFormSelect1", 409},
-    {"QVFormSelect2", 410},
-    {"QVHeaderFooterPrint", 15},
-    {"QVPageNumPrint", 16},
-    {"QVPageNumPosition", 18},
-    {"QVDatePrint", 19},
-    {"QVDateTransparent", 20},
-    {"QVDateTargetPage", 21},
-    {"QVDateSpecify", 22},
-    {"QVDatePosition", 23},
-    {"QVTextPrint", 24},
-    {"QVTextTransparent", 25},
-    {"QVTextTargetPage", 26},
-    {"QVTextPosition", 27},
-    {"QVPageNumTransparent", 17},
-    {"QVBarcodeArea", 208},
+    outputQVTargetPaperSizeWidth,
+    outputQVTargetPaperSizeHeight,
+    outputQVTargetPaperSize,
+    outputQVPageTrayStandard,
+    outputQVPageTrayTray1,
+    outputQVPageTrayTray2,
+    outputQVPageTrayTray3,
+    outputQVPageTrayExternalFeeder,
+    outputQVPageTrayRepeat,
+    outputQVPageTray,
+    outputQVOwnerNameInfo,
+    outputQVOwnerName,
+    outputQVJobNameInfo,
+    outputQVJobName,
+    outputQVSecretNumInfo,
+    outputQVSecretNum,
+    outputQVJobComment,
+    outputQVFormSelect1,
+    outputQVFormSelect2,
+    outputQVHeaderFooterPrint,
+    outputQVStampPageNumPrint,
+    outputQVStampPageNumPosition,
+    outputQVStampPageDatePrint,
+    outputQVStampPageNumDateTransparent,
+    outputQVStampPageNumDateTargetPage,
+    outputQVStampPageDateSpecify,
+    outputQVStampPageDatePosition,
+    outputQVStampTextPrint,
+    outputQVStampTextTransparent,
+    outputQVStampTextTargetPage,
+    outputQVStampTextPosition,
+    outputQVStampPageNumTransparent,
+    outputQVImageBarcodeArea,
     {"QVBarcodeDensity", 209},
     {"QVBarcodeProof", 210},
-    {"QVHideJob", 407},
+    outputQVHideJob,
 };
 
 constexpr bool contains(std::string_view text, std::string_view part) {
@@ -105,7 +105,9 @@ static_assert(everyCodeIsUnique());
 
 }  // namespace
 
-std::span<const Feature> features() { return kFeatures; }
+std::span<const Feature> features() {
+  return kFeatures;
+}
 
 std::int32_t getFeature(const char* line) {
   if (line == nullptr || std::strstr(line, "BeginFeature") == nullptr) return 0;
@@ -113,6 +115,13 @@ std::int32_t getFeature(const char* line) {
     if (std::strstr(line, feature.keyword) != nullptr) return feature.code;
   }
   return 0;
+}
+
+FeatureWriter featureWriter(std::int32_t code) {
+  for (const Feature& feature : kFeatures) {
+    if (feature.code == code) return feature.writer;
+  }
+  return {};
 }
 
 }  // namespace kelm::psrewrite

@@ -1,4 +1,4 @@
-// The printer's features in the PostScript: keyword, code.
+// The printer's features in the PostScript, in the order in which they are searched.
 //
 // A feature section opens with "%%BeginFeature: *KEYWORD CHOICE"; the line that follows holds the
 // value (docs/feature-sections.md).
@@ -7,11 +7,20 @@
 #include <cstdint>
 #include <span>
 
+#include "psrewrite/feature_writers.hpp"
+
 namespace kelm::psrewrite {
 
 struct Feature {
+  // A feature without a writer: its section passes through unchanged.
+  constexpr Feature(const char* name, std::int32_t number) : keyword(name), code(number) {}
+  // A row of feature_writers.hpp.
+  template <class Row>
+  constexpr Feature(const Row& row) : keyword(row.keyword), code(row.code), writer(row) {}
+
   const char* keyword;
   std::int32_t code;  // by hundreds: stamps and shifts, gutters, colour, paper and trays, identity
+  FeatureWriter writer;
 };
 
 // All features in the order in which a line is searched for them.
@@ -20,5 +29,8 @@ std::span<const Feature> features();
 // The code of the first feature whose keyword stands anywhere in `line`; 0 when there is none, when
 // the line opens no feature section ("BeginFeature"), or when it is null.
 std::int32_t getFeature(const char* line);
+
+// The writer of the feature with this code; refers to nothing when it has none.
+FeatureWriter featureWriter(std::int32_t code);
 
 }  // namespace kelm::psrewrite

@@ -32,7 +32,9 @@ std::span<const char> JobStream::window() {
   return window_;
 }
 
-void JobStream::consume(std::size_t count) { window_ = window_.subspan(count); }
+void JobStream::consume(std::size_t count) {
+  window_ = window_.subspan(count);
+}
 
 void JobStream::pass(std::size_t count) {
   write({window_.data(), count});
@@ -52,8 +54,9 @@ std::size_t JobStream::takeLine(char* buffer, std::size_t limit) {
     const std::size_t room = std::min(limit - stored, window_.size());
     const void* end = std::memchr(window_.data(), '\n', room);
     const std::size_t count =
-        end == nullptr ? room
-                       : static_cast<std::size_t>(static_cast<const char*>(end) - window_.data()) + 1;
+        end == nullptr
+            ? room
+            : static_cast<std::size_t>(static_cast<const char*>(end) - window_.data()) + 1;
     std::memcpy(buffer + stored, window_.data(), count);
     stored += count;
     consume(count);

@@ -3,6 +3,15 @@
 
 namespace kelm::platform {
 
-FakePlatform::FakePlatform() : set_{&jobLanguage, &wallClock, &fileRoot, &systemLog}, scope_(set_) {}
+FakePlatform::FakePlatform()
+    : set_{
+          .jobLanguage = &jobLanguage,
+          .wallClock = &wallClock,
+          .fileRoot = &fileRoot,
+          .systemLog = &systemLog,
+          .computerName = &computerName,
+          .consoleUser = &consoleUser,
+      },
+      scope_(set_) {}
 
 }  // namespace kelm::platform

@@ -34,6 +34,18 @@ class FakeSystemLog final : public SystemLog {
   std::vector<std::string> messages;  // in the order in which they were written
 };
 
+class FakeComputerName final : public ComputerName {
+ public:
+  std::string get() override { return computer; }
+  std::string computer;
+};
+
+class FakeConsoleUser final : public ConsoleUser {
+ public:
+  std::string name() override { return user; }
+  std::string user;
+};
+
 // Takes the place of the process's platform while it lives.
 class FakePlatform {
  public:
@@ -43,6 +55,8 @@ class FakePlatform {
   FakeWallClock wallClock;
   FakeFileRoot fileRoot;
   FakeSystemLog systemLog;
+  FakeComputerName computerName;
+  FakeConsoleUser consoleUser;
 
  private:
   Platform set_;

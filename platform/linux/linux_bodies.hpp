@@ -27,4 +27,14 @@ class LinuxSystemLog final : public SystemLog {
   void error(const std::string& message) override;
 };
 
+class LinuxComputerName final : public ComputerName {
+ public:
+  std::string get() override;
+};
+
+class LinuxConsoleUser final : public ConsoleUser {
+ public:
+  std::string name() override;
+};
+
 }  // namespace kelm::platform::linux_bodies

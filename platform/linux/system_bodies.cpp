@@ -10,7 +10,16 @@ const Platform& systemBodies() {
   static linux_bodies::LinuxWallClock wallClock;
   static linux_bodies::LinuxFileRoot fileRoot;
   static linux_bodies::LinuxSystemLog systemLog;
-  static const Platform set{&jobLanguage, &wallClock, &fileRoot, &systemLog};
+  static linux_bodies::LinuxComputerName computerName;
+  static linux_bodies::LinuxConsoleUser consoleUser;
+  static const Platform set{
+      .jobLanguage = &jobLanguage,
+      .wallClock = &wallClock,
+      .fileRoot = &fileRoot,
+      .systemLog = &systemLog,
+      .computerName = &computerName,
+      .consoleUser = &consoleUser,
+  };
   return set;
 }
 

@@ -1,0 +1,17 @@
+// UTF-8 text as the print system counts it: in UTF-16 code units.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string_view>
+
+namespace kelm::base {
+
+// The number of UTF-16 code units of `utf8` (a character outside the basic plane counts 2); nothing
+// when it is not valid UTF-8 (RFC 3629: no overlong forms, no surrogates, up to U+10FFFF).
+std::optional<std::size_t> utf16Length(std::string_view utf8);
+
+// The first character of `utf8`, which is valid and not empty: its bytes.
+std::string_view firstCharacter(std::string_view utf8);
+
+}  // namespace kelm::base

@@ -1,0 +1,12 @@
+// One row of a table that maps a text to a text.
+#pragma once
+
+namespace kelm::base {
+
+// Both null: an empty row, which searches skip.
+struct ValueRow {
+  const char* key;
+  const char* value;
+};
+
+}  // namespace kelm::base

@@ -1,0 +1,106 @@
+// The writers with logic of their own among the variables of output, forms and the job's identity.
+#include "pjl/finishing_writers.hpp"
+
+#include <string>
+
+#include "base/hex_text.hpp"
+#include "pjl/typed_text.hpp"
+#include "pjl/value_tables.hpp"
+#include "pjl/writers.hpp"
+#include "platform/platform.hpp"
+#include "psrewrite/forms.hpp"
+
+namespace kelm::pjl {
+namespace {
+
+constexpr std::size_t kConsoleUserBufferSize = 512;
+
+// The console user's name as hex text; empty when nobody is there.
+std::string consoleUserHex() {
+  const std::string user = platform::platform().consoleUser->name();
+  return user.size() < kConsoleUserBufferSize ? base::hexText(user) : std::string();
+}
+
+void writeForm(std::FILE* stream, PrintJobData& job, const char* dialogKey, const char* pjlName,
+               const psrewrite::TextField& field) {
+  if (job.isPrintPDE) return Output_CopyValue(stream, job, dialogKey, pjlName, "");
+  const char* choice = field.namedChoice(job);
+  if (choice == nullptr) return writeTypedText(stream, job, pjlName, field);
+  Output_ValueWithArray(stream, job, pjlName, choice, psrewrite::kFormTags, true);
+}
+
+// The switch of a typed text: as the dialog sets it, else whether there is a text.
+void writeTextSwitch(std::FILE* stream, PrintJobData& job, const char* dialogKey,
+                     const char* pjlName, const psrewrite::TextField& field) {
+  if (!job.isPrintPDE) return writeTypedSwitch(stream, job, pjlName, field);
+  Output_KeyValue(stream, job, dialogKey, pjlName, kSwitch.rows, kSwitch.defaultIndex);
+}
+
+}  // namespace
+
+void writeOutputFace(std::FILE* stream, PrintJobData& job) {
+  constexpr char kVariable[] = "QVOUTPUTFACE";
+  if (!outputTrayDecidesFace(&job)) return Output_Value(stream, job, kVariable, "FACEDOWN");
+  Output_KeyValue(stream, job, "QVOutputFace", kVariable, kOutputFace.rows,
+                  kOutputFace.defaultIndex);
+}
+
+void writeFormSelect1(std::FILE* stream, PrintJobData& job) {
+  writeForm(stream, job, "QVFormSelect1StringValueUTF8", "QVFORMSELECT1", psrewrite::kFormSelect1);
+}
+
+void writeFormSelect2(std::FILE* stream, PrintJobData& job) {
+  writeForm(stream, job, "QVFormSelect2StringValueUTF8", "QVFORMSELECT2", psrewrite::kFormSelect2);
+}
+
+void writeOwnerSwitch(std::FILE* stream, PrintJobData& job) {
+  writeTextSwitch(stream, job, "QVOwnerName", "QVOWNERNAME", psrewrite::kOwnerName);
+}
+
+void writeUserName(std::FILE* stream, PrintJobData& job) {
+  constexpr char kVariable[] = "USERNAME";
+  const std::string user = consoleUserHex();
+  if (job.isPrintPDE) {
+    return Output_CopyValue(stream, job, "QVOwnerNameTextValueUTF8", kVariable, user.c_str());
+  }
+  const psrewrite::TextField& field = psrewrite::kOwnerName;
+  const std::string name = field.isValid(job) ? field.hexText(job, user) : user;
+  Output_Value(stream, job, kVariable, name.c_str());
+}
+
+void writeJobNameSwitch(std::FILE* stream, PrintJobData& job) {
+  writeTextSwitch(stream, job, "QVJobName", "QVJOBNAME", psrewrite::kJobName);
+}
+
+void writeJobName(std::FILE* stream, PrintJobData& job) {
+  constexpr char kVariable[] = "JOBNAME";
+  if (job.isPrintPDE) return Output_Value(stream, job, kVariable, job.jobNameHex.c_str());
+  const psrewrite::TextField& field = psrewrite::kJobName;
+  const std::string title = base::hexText(job.title);
+  const std::string name = field.isValid(job) ? field.hexText(job, title) : title;
+  Output_Value(stream, job, kVariable, name.c_str());
+}
+
+void writeSecretNumSwitch(std::FILE* stream, PrintJobData& job) {
+  writeTextSwitch(stream, job, "QVSecretNum", "QVSECRETNUM", psrewrite::kSecretNum);
+}
+
+void writePassword(std::FILE* stream, PrintJobData& job) {
+  constexpr char kVariable[] = "PASSWORD";
+  if (job.isPrintPDE) {
+    return Output_CopyValue(stream, job, "QVSecretNumTextValue", kVariable, "");
+  }
+  const psrewrite::TextField& field = psrewrite::kSecretNum;
+  const std::string number = field.isValid(job) ? field.rawText(job) : std::string();
+  Output_Value(stream, job, kVariable, number.c_str());
+}
+
+void writeJobComment(std::FILE* stream, PrintJobData& job) {
+  constexpr char kVariable[] = "QVJOBCOMMENT";
+  if (job.isPrintPDE) {
+    return Output_CopyValue(stream, job, "QVJobCommentTextValueUTF8", kVariable, "");
+  }
+  writeTypedText(stream, job, kVariable, psrewrite::kJobComment);
+}
+
+}  // namespace kelm::pjl

@@ -1,0 +1,81 @@
+// The variables of host, zoom, paper, copies, duplex, trays and output method.
+#pragma once
+
+#include "pjl/paper_tables.hpp"
+#include "pjl/paper_writers.hpp"
+#include "pjl/value_tables.hpp"
+#include "pjl/variables.hpp"
+
+namespace kelm::pjl {
+
+// clang-format off
+inline constexpr OwnVariable Output_QVHOSTNAME{
+    "QVHOSTNAME", writeHostName,
+    "QVHostNameValue", "QVHostNameValue", "hex text", "the computer's name in hex; no line when it is empty"};
+inline constexpr OwnVariable Output_QVMANUALZOOM{
+    "QVMANUALZOOM", writeManualZoom,
+    "QVZoomRateValue", "QVZoomRate", "0: OFF, 1: ON (dialog); OFF: OFF, anything else: ON (plain)", "OFF"};
+inline constexpr OwnVariable Output_QVZOOMRATE{
+    "QVZOOMRATE", writeZoomRate,
+    "QVZoomRateTextValue", "QVZoomRate", "as it is; OFF: 100 (plain)", "no line (dialog), 100 (plain)"};
+inline constexpr TableVariable Output_MEDIATYPE{"QVMediaType", "MEDIATYPE", kMediaType};
+inline constexpr TableVariable Output_OUTPUTMODE{"QVOutputMode", "QVOUTPUTMODE", kOutputMode};
+inline constexpr OwnVariable Output_QTY{
+    "QTY or COPIES", writeCopies,
+    "com.apple.print.PrintSettings.PMCopies..n., QVCollateValue", "com.apple.print.PrintSettings.PMCopies..n., QVCollate",
+    "as it is; QTY when collated: QVCollateValue is 1 (dialog), QVCollate is not False or false (plain); else COPIES", "1"};
+inline constexpr OwnVariable Output_DUPLEX{
+    "DUPLEX", writeDuplex, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
+    "OFF: OFF, LongEdge: ON, ShortEdge: ON; a booklet binding other than OFF makes QVDuplex ShortEdge", "by the PPD's default; ON without one"};
+inline constexpr OwnVariable Output_BINDING{
+    "BINDING", writeBindingEdge, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
+    "OFF: OFF, LongEdge: LONGEDGE, ShortEdge: SHORTEDGE; as DUPLEX", "by the PPD's default; LONGEDGE without one"};
+inline constexpr TwoRoads Output_QVWAITAFTERPROOF{
+    TableVariable{"QVWaitAfterProofValue", "QVWAITAFTERPROOF", kDialogSwitch},
+    TableVariable{"QVWaitAfterProof", "QVWAITAFTERPROOF", kTrueFalse}};
+inline constexpr OwnVariable Output_QVPAGESIZE{
+    "QVPAGESIZE", writePageSize,
+    "com.apple.print.PageToPaperMappingMediaName, media", "com.apple.print.PageToPaperMappingMediaName, media",
+    "the paper's name; CUSTOMSIZE when the text contains Custom", "A4"};
+inline constexpr OwnVariable Output_QVPAGESIZEWIDTH{
+    "QVPAGESIZEWIDTH", writePageWidth,
+    "QVPAGESizeWidthValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeWidthValue100, media",
+    "1/100 mm; no line for a mapped custom paper without a size (plain)", "21000"};
+inline constexpr OwnVariable Output_QVPAGESIZEHEIGHT{
+    "QVPAGESIZEHEIGHT", writePageHeight,
+    "QVPAGESizeHeightValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeHeightValue100, media",
+    "1/100 mm; no line for a mapped custom paper without a size (plain)", "29700"};
+inline constexpr OrientationRow kOrientations[] = {{"0", "Portrait", "PORTRAIT"},
+                                                   {"1", "Landscape", "LANDSCAPE"}};
+inline constexpr OrientationVariable Output_ORIENTATION{"QVOrientation", "ORIENTATION", kOrientations, 0};
+inline constexpr OwnVariable Output_PAPER{
+    "PAPER", writeTargetPaper, "QVTargetPaperSize", "QVTargetPaperSize",
+    "the paper's name; AUTO when the text contains SameAsOriginal; CUSTOMSIZE when it contains Custom", "AUTO"};
+inline constexpr OwnVariable Output_QVTARGETPAPERSIZEWIDTH{
+    "QVTARGETPAPERSIZEWIDTH", writeTargetWidth,
+    "QVTargetPaperSizeWidthValue100, media", "QVTargetPaperSize, com.apple.print.PageToPaperMappingMediaName, media",
+    "1/100 mm; empty for an unknown paper", "21000"};
+inline constexpr OwnVariable Output_QVTARGETPAPERSIZEHEIGHT{
+    "QVTARGETPAPERSIZEHEIGHT", writeTargetHeight,
+    "QVTargetPaperSizeHeightValue100, media", "QVTargetPaperSize, com.apple.print.PageToPaperMappingMediaName, media",
+    "1/100 mm; empty for an unknown paper", "29700"};
+inline constexpr TableVariable Output_AUTOSELECT{"QVInputSlot", "AUTOSELECT", kAutoSelect};
+inline constexpr TableVariable Output_MEDIASOURCE{"QVInputSlot", "MEDIASOURCE", kMediaSource};
+inline constexpr TableVariable Output_QVOUTPUTMETHOD{"QVOutputMethod", "QVOUTPUTMETHOD", kOutputMethod};
+inline constexpr TwoRoads Output_QVOUTPUTBOX{
+    UpperCaseVariable{"QVPageOutputBoxPSValue", "QVOUTPUTBOX", ""},
+    UpperCaseVariable{"QVOutputBox", "QVOUTPUTBOX", "SHAREDBOX1"}};
+
+// Page trays, for jobs of the maker's dialog only.
+inline constexpr TableVariable Output_QVPAGETRAY{"QVPageTray", "QVPAGETRAY", kPageTray};
+inline constexpr CopyVariable Output_QVPAGETRAYSTANDARD{"QVPageTrayStandardTrayValue", "QVPAGETRAYSTANDARD", ""};
+inline constexpr CopyVariable Output_QVPAGETRAYTRAY1{"QVPageTrayTray1Value", "QVPAGETRAYTRAY1", ""};
+inline constexpr CopyVariable Output_QVPAGETRAYTRAY2{"QVPageTrayTray2Value", "QVPAGETRAYTRAY2", ""};
+inline constexpr CopyVariable Output_QVPAGETRAYTRAY3{"QVPageTrayTray3Value", "QVPAGETRAYTRAY3", ""};
+inline constexpr CopyVariable Output_QVPAGETRAYTRAYEXTERNALFEEDER{"QVPageTrayExternalFeederValue", "QVPAGETRAYEXTERNALFEEDER", ""};
+inline constexpr OwnVariable Output_QVPAGETRAYREPEAT{
+    "QVPAGETRAYREPEAT", writePageTrayRepeat,
+    "QVPageTrayRepeatButtonValue, QVPageTrayRepeatTextValue", "", "the text; 0 when the button's value contains 0", "0"};
+// clang-format on
+
+}  // namespace kelm::pjl

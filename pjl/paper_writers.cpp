@@ -1,0 +1,210 @@
+// The writers with logic of their own among the variables of host, zoom, paper, copies and trays.
+#include "pjl/paper_writers.hpp"
+
+#include <cstring>
+#include <iterator>
+#include <string>
+
+#include "base/hex_text.hpp"
+#include "pjl/paper_tables.hpp"
+#include "pjl/value_tables.hpp"
+#include "pjl/writers.hpp"
+#include "platform/platform.hpp"
+#include "psrewrite/paper.hpp"
+#include "psrewrite/ppd_choices.hpp"
+
+namespace kelm::pjl {
+namespace {
+
+constexpr char kPageSizeKey[] = "com.apple.print.PageToPaperMappingMediaName";
+constexpr char kCopiesKey[] = "com.apple.print.PrintSettings.PMCopies..n.";
+
+// Without a default in the PPD, an absent option is the second row.
+constexpr std::size_t kDuplexWithoutPpd = 1;
+constexpr const char* kDuplexKeys[] = {"OFF", "LongEdge", "ShortEdge"};
+constexpr ValueRow kDuplexRows[] = {{"OFF", "OFF"}, {"LongEdge", "ON"}, {"ShortEdge", "ON"}};
+constexpr ValueRow kBindingEdgeRows[] = {
+    {"OFF", "OFF"}, {"LongEdge", "LONGEDGE"}, {"ShortEdge", "SHORTEDGE"}};
+
+// One side of a sheet: where it stands in the pair of sizes, and its names.
+struct Side {
+  bool isWidth;
+  const char* pageVariable;
+  const char* pageDialogKey;
+  const char* targetVariable;
+  const char* targetDialogKey;
+  ValueTableView papers;
+};
+constexpr Side kWidth{true,
+                      "QVPAGESIZEWIDTH",
+                      "QVPAGESizeWidthValue100",
+                      "QVTARGETPAPERSIZEWIDTH",
+                      "QVTargetPaperSizeWidthValue100",
+                      kPaperWidths};
+constexpr Side kHeight{false,
+                       "QVPAGESIZEHEIGHT",
+                       "QVPAGESizeHeightValue100",
+                       "QVTARGETPAPERSIZEHEIGHT",
+                       "QVTargetPaperSizeHeightValue100",
+                       kPaperHeights};
+
+// The option's value, of the first option of this name; null without one.
+const char* firstValue(const PrintJobData& job, const char* name) {
+  const cups_option_t* option = findJobOption(&job, name);
+  return option == nullptr ? nullptr : option->value;
+}
+
+bool isCollated(const PrintJobData& job) {
+  if (job.isPrintPDE) {
+    const char* collate = firstValue(job, "QVCollateValue");
+    return collate != nullptr && std::strcmp(collate, "1") == 0;
+  }
+  const char* collate = firstValue(job, "QVCollate");
+  return collate == nullptr ||
+         (std::strcmp(collate, "False") != 0 && std::strcmp(collate, "false") != 0);
+}
+
+// A booklet is bound at the short edge, whatever the job asks for.
+void forceShortEdgeForBooklet(PrintJobData& job) {
+  const char* booklet = firstValue(job, "QVBookletBinding");
+  if (booklet == nullptr || std::strcmp(booklet, "OFF") == 0) return;
+  if (findJobOption(&job, "QVDuplex") == nullptr) return;
+  job.numOptions = cupsAddOption("QVDuplex", "ShortEdge", job.numOptions, &job.options);
+}
+
+std::size_t duplexDefaultIndex(const PrintJobData& job) {
+  const char* choice = psrewrite::getDefaultValue(&job, "QVDuplex");
+  return choice == nullptr ? kDuplexWithoutPpd
+                           : Output_GetDefaultIndexWithArray(choice, kDuplexKeys);
+}
+
+std::string sheetSize(const PrintJobData& job, const Side& side) {
+  std::string width;
+  std::string height;
+  psrewrite::NotPDE_PageSize(&job, width, height);
+  return side.isWidth ? width : height;
+}
+
+void writeCustomPageSide(std::FILE* stream, const PrintJobData& job, const Side& side,
+                         const std::string& paper) {
+  if (!psrewrite::hasCustomPaperSize(paper)) return;
+  float width = 0;
+  float height = 0;
+  psrewrite::getCustomPaperSize(paper.c_str(), &width, &height);
+  const std::string text = psrewrite::hundredthsText(side.isWidth ? width : height);
+  Output_Value(stream, job, side.pageVariable, text.c_str());
+}
+
+void writePageSide(std::FILE* stream, const PrintJobData& job, const Side& side) {
+  std::string paper;
+  if (job.isPrintPDE || !getOptionValue(&job, kPageSizeKey, paper)) {
+    const std::string size = sheetSize(job, side);
+    Output_CopyValue(stream, job, side.pageDialogKey, side.pageVariable, size.c_str());
+  } else if (paper.find("Custom") != std::string::npos) {
+    writeCustomPageSide(stream, job, side, paper);
+  } else {
+    Output_KeyValue(stream, job, kPageSizeKey, side.pageVariable, side.papers.rows,
+                    side.papers.defaultIndex);
+  }
+}
+
+void writeTargetSide(std::FILE* stream, const PrintJobData& job, const Side& side) {
+  if (job.isPrintPDE) {
+    const std::string size = sheetSize(job, side);
+    return Output_CopyValue(stream, job, side.targetDialogKey, side.targetVariable, size.c_str());
+  }
+  std::string width;
+  std::string height;
+  psrewrite::getQVTargetPaperSize(&job, &width, base::kTextBufferSize, &height,
+                                  base::kTextBufferSize);
+  Output_Value(stream, job, side.targetVariable, side.isWidth ? width.c_str() : height.c_str());
+}
+
+}  // namespace
+
+void writeHostName(std::FILE* stream, PrintJobData& job) {
+  std::string name;
+  if (!getOptionValue(&job, "QVHostNameValue", name)) {
+    name = platform::platform().computerName->get();
+    if (name.size() >= base::kTextBufferSize) name.clear();
+  }
+  if (name.empty()) return;
+  Output_Value(stream, job, "QVHOSTNAME", base::hexTextInBuffer(name).c_str());
+}
+
+void writeManualZoom(std::FILE* stream, PrintJobData& job) {
+  if (job.isPrintPDE) {
+    return Output_KeyValue(stream, job, "QVZoomRateValue", "QVMANUALZOOM", kDialogSwitch.rows,
+                           kDialogSwitch.defaultIndex);
+  }
+  std::string rate;
+  const bool on = getOptionValue(&job, "QVZoomRate", rate) && rate != "OFF";
+  Output_Value(stream, job, "QVMANUALZOOM", on ? "ON" : "OFF");
+}
+
+void writeZoomRate(std::FILE* stream, PrintJobData& job) {
+  std::string rate;
+  if (job.isPrintPDE) {
+    if (!getOptionValue(&job, "QVZoomRateTextValue", rate)) return;
+  } else if (!getOptionValue(&job, "QVZoomRate", rate) || rate == "OFF") {
+    rate = "100";
+  }
+  Output_Value(stream, job, "QVZOOMRATE", rate.c_str());
+}
+
+void writeCopies(std::FILE* stream, PrintJobData& job) {
+  Output_CopyValue(stream, job, kCopiesKey, isCollated(job) ? "QTY" : "COPIES", "1");
+}
+
+void writeDuplex(std::FILE* stream, PrintJobData& job) {
+  forceShortEdgeForBooklet(job);
+  Output_KeyValue(stream, job, "QVDuplex", "DUPLEX", kDuplexRows, duplexDefaultIndex(job));
+}
+
+void writeBindingEdge(std::FILE* stream, PrintJobData& job) {
+  forceShortEdgeForBooklet(job);
+  Output_KeyValue(stream, job, "QVDuplex", "BINDING", kBindingEdgeRows, duplexDefaultIndex(job));
+}
+
+void writePageSize(std::FILE* stream, PrintJobData& job) {
+  if (Output_IfValueContains(stream, job, kPageSizeKey, "Custom", "QVPAGESIZE", "CUSTOMSIZE") ==
+      1) {
+    return;
+  }
+  Output_KeyValue(stream, job, kPageSizeKey, "QVPAGESIZE", kPaperNames.rows,
+                  kPaperNames.defaultIndex);
+}
+
+void writePageWidth(std::FILE* stream, PrintJobData& job) {
+  writePageSide(stream, job, kWidth);
+}
+
+void writePageHeight(std::FILE* stream, PrintJobData& job) {
+  writePageSide(stream, job, kHeight);
+}
+
+void writeTargetPaper(std::FILE* stream, PrintJobData& job) {
+  constexpr char kKey[] = "QVTargetPaperSize";
+  if (Output_IfValueContains(stream, job, kKey, "SameAsOriginal", "PAPER", "AUTO") == 1) return;
+  if (Output_IfValueContains(stream, job, kKey, "Custom", "PAPER", "CUSTOMSIZE") == 1) return;
+  // An absent PAPER is AUTO whatever the table says: the dialog's A4 never takes effect.
+  Output_KeyValue(stream, job, kKey, "PAPER", kTargetPaperNames.rows, job.isPrintPDE ? 4 : 0);
+}
+
+void writeTargetWidth(std::FILE* stream, PrintJobData& job) {
+  writeTargetSide(stream, job, kWidth);
+}
+
+void writeTargetHeight(std::FILE* stream, PrintJobData& job) {
+  writeTargetSide(stream, job, kHeight);
+}
+
+void writePageTrayRepeat(std::FILE* stream, PrintJobData& job) {
+  if (Output_IfValueContains(stream, job, "QVPageTrayRepeatButtonValue", "0", "QVPAGETRAYREPEAT",
+                             "0") == 1) {
+    return;
+  }
+  Output_CopyValue(stream, job, "QVPageTrayRepeatTextValue", "QVPAGETRAYREPEAT", "0");
+}
+
+}  // namespace kelm::pjl

@@ -1,0 +1,18 @@
+// The writers with logic of their own among the variables of colour, barcodes and profiles.
+#pragma once
+
+#include <cstdio>
+
+#include "filter/print_job.hpp"
+
+namespace kelm::pjl {
+
+using filter::PrintJobData;
+
+// Two lines, in an order that depends on where the job came from.
+void writeGrayAndRed(std::FILE* stream, PrintJobData& job);
+void writeBarcodeArea(std::FILE* stream, PrintJobData& job);
+void writeBarcodeSelection(std::FILE* stream, PrintJobData& job);
+void writeOutputProfile(std::FILE* stream, PrintJobData& job);
+
+}  // namespace kelm::pjl

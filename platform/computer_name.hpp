@@ -1,0 +1,16 @@
+// The name of this computer.
+#pragma once
+
+#include <string>
+
+namespace kelm::platform {
+
+class ComputerName {
+ public:
+  virtual ~ComputerName() = default;
+
+  // UTF-8; empty when the computer has no name or the system cannot tell.
+  virtual std::string get() = 0;
+};
+
+}  // namespace kelm::platform

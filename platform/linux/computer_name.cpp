@@ -1,0 +1,16 @@
+// The computer's name on Linux: gethostname(2).
+#include <unistd.h>
+
+#include <array>
+#include <climits>
+
+#include "platform/linux/linux_bodies.hpp"
+
+namespace kelm::platform::linux_bodies {
+
+std::string LinuxComputerName::get() {
+  std::array<char, HOST_NAME_MAX + 1> name{};
+  return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
+}
+
+}  // namespace kelm::platform::linux_bodies

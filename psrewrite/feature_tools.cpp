@@ -1,0 +1,87 @@
+// What every feature writer is made of.
+#include "psrewrite/feature_tools.hpp"
+
+#include "base/hex_text.hpp"
+#include "filter/diagnostics.hpp"
+#include "psrewrite/custom_text.hpp"
+#include "psrewrite/line_tools.hpp"
+
+namespace kelm::psrewrite {
+
+bool readValueLine(JobStream& stream, LineBuffer& buffer) {
+  buffer.clear();
+  return stream.gets(buffer.data(), LineBuffer::kSize) != nullptr;
+}
+
+bool outputFeatureByReplacingValue(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
+                                   const char* key, const char* defaultText) {
+  if (!readValueLine(stream, buffer)) return false;
+  filter::LogMessage("outputFeatureByReplacingValue start", true);
+  filter::LogMessage(key, true);
+  std::string value;
+  if (!getOptionValue(&job, key, value)) value = defaultText;
+  if (writeWithValue(stream, buffer, value)) return true;
+  filter::LogMessage("outputFeatureByReplacingValue end", true);
+  return false;
+}
+
+bool outputCustomTextByReplacingValue(JobStream& stream, LineBuffer& buffer,
+                                      const PrintJobData& job, const char* key,
+                                      const std::string& text) {
+  std::string value;
+  const bool custom =
+      getOptionValue(&job, key, value) && value.find("Custom.") != std::string::npos;
+  if (custom && !readValueLine(stream, buffer)) return false;
+  return outputReplacingValue(stream, buffer, nullptr, text.c_str());
+}
+
+bool outputCustomTextFeatureByReplacingValue(JobStream& stream, LineBuffer& buffer,
+                                             const PrintJobData& job, const char* key,
+                                             const char* defaultText, bool asHex) {
+  std::string text;
+  if (asHex) {
+    getCustomTextHexValue(&job, key, text, base::kTextBufferSize, defaultText);
+  } else {
+    getCustomTextValue(&job, key, text, base::kTextBufferSize);
+  }
+  return outputCustomTextByReplacingValue(stream, buffer, job, key, text);
+}
+
+bool writeWithValue(JobStream& stream, const LineBuffer& buffer, const std::string& value) {
+  std::string line = buffer.text();
+  const auto rewritten = erase_str(line, value);
+  if (!rewritten) return false;
+  stream.write(*rewritten);
+  filter::LogFile2Message_char(line.c_str(), false);
+  filter::LogFile3Message_char(rewritten->c_str(), false);
+  return true;
+}
+
+bool drop(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) {
+  if (readValueLine(stream, buffer)) filter::LogFile2Message_char(buffer.text(), false);
+  return false;
+}
+
+bool dropUnlogged(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) {
+  readValueLine(stream, buffer);
+  return false;
+}
+
+bool copy(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  const bool copied = copyUnlogged(stream, buffer, job);
+  filter::LogFile2Message_char(buffer.text(), false);
+  filter::LogFile3Message_char(buffer.text(), false);
+  return copied;
+}
+
+bool copyUnlogged(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) {
+  const bool read = readValueLine(stream, buffer);
+  stream.write(buffer.text());
+  return read;
+}
+
+bool leave(JobStream& /*stream*/, LineBuffer& /*buffer*/, PrintJobData& /*job*/) {
+  return false;
+}
+
+}  // namespace kelm::psrewrite

@@ -1,0 +1,29 @@
+// Rewriters of a single line that write it with a line feed of their own.
+//
+// The first three read the next line into `line` with its ending taken off; false at the end of the
+// input or when memory is exhausted, and nothing is written. No feature dispatches them: they serve
+// callers that rewrite sizes by hand.
+#pragma once
+
+#include <cstdint>
+
+#include "psrewrite/job_stream.hpp"
+
+namespace kelm::psrewrite {
+
+// Every "Landscape" becomes "Portrait", or the other way round; the line is written as it is when
+// memory is exhausted.
+bool outputQVCustomOrientation(JobStream& stream, LineBuffer& line, bool landscapeToPortrait);
+
+// Every "XXX", or every "Auto", becomes `value`.
+bool outputFeatureByCustomSizeValue(JobStream& stream, LineBuffer& line, const char* value);
+bool outputFeatureByCustomSizeValueFLG(JobStream& stream, LineBuffer& line, const char* value);
+
+// Writes `line` with every `from` replaced by `to`; the length of `line` as given, or -1 for a null
+// line or when memory is exhausted. The second logs the result to diagnostic file 3.
+std::int32_t outputFeatureByCustomSizeTitle(JobStream& stream, const char* line, const char* from,
+                                            const char* to);
+std::int32_t outputFeatureByCustomSizeValueTitle(JobStream& stream, const char* line,
+                                                 const char* from, const char* to);
+
+}  // namespace kelm::psrewrite

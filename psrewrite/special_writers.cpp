@@ -1,0 +1,174 @@
+// The writers that derive a value themselves.
+#include "psrewrite/special_writers.hpp"
+
+#include <algorithm>
+#include <cstring>
+#include <iterator>
+#include <string>
+
+#include "base/hex_text.hpp"
+#include "filter/diagnostics.hpp"
+#include "platform/platform.hpp"
+#include "psrewrite/feature_writers.hpp"
+#include "psrewrite/forms.hpp"
+#include "psrewrite/line_tools.hpp"
+#include "psrewrite/paper.hpp"
+
+namespace kelm::psrewrite {
+namespace {
+
+constexpr char kOwnerTextKey[] = "QVOwnerNameTextValueUTF8";
+constexpr char kJobOwnerKey[] = "com.apple.print.JobInfo.PMJobOwner";
+constexpr char kJobNameTextKey[] = "QVJobNameTextValueUTF8";
+constexpr char kJobNameKey[] = "com.apple.print.JobInfo.PMJobName";
+
+const base::ValueRow* formTag(const char* choice) {
+  if (choice == nullptr) return nullptr;
+  const auto row = std::find_if(
+      std::begin(kFormTags), std::end(kFormTags),
+      [&](const base::ValueRow& candidate) { return std::strcmp(choice, candidate.key) == 0; });
+  return row == std::end(kFormTags) ? nullptr : row;
+}
+
+// The typed text in hex when it may be sent, else an empty text.
+bool writeTypedText(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
+                    const TextField& field) {
+  const std::string hex = field.isValid(job) ? field.hexText(job) : std::string();
+  return outputCustomTextByReplacingValue(stream, buffer, job, field.key, hex);
+}
+
+std::string consoleUserHex() {
+  const std::string user = platform::platform().consoleUser->name();
+  return user.size() < base::kTextBufferSize ? base::hexTextInBuffer(user) : std::string();
+}
+
+// Whether the dialog switched the text on and brought one.
+bool dialogBringsText(const PrintJobData& job, const char* switchKey, const char* textKey) {
+  std::string value;
+  return getOptionValue(&job, switchKey, value) && getOptionValue(&job, textKey, value) &&
+         !value.empty();
+}
+
+bool writeTargetSize(JobStream& stream, LineBuffer& buffer, const PrintJobData& job, bool wanted) {
+  std::string width;
+  std::string height;
+  getQVTargetPaperSize(&job, &width, base::kTextBufferSize, &height, base::kTextBufferSize);
+  return outputReplacingValue(stream, buffer, nullptr, wanted ? width.c_str() : height.c_str());
+}
+
+}  // namespace
+
+bool writeBarcodeText(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  return writeTypedText(stream, buffer, job, kBarcodeSelection);
+}
+
+bool writeBarcodeSwitch(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  return writeSwitchOf(stream, buffer, job, kBarcodeSelection);
+}
+
+bool writeOutputProfile(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  const char* choice = kOutputProfile.namedChoice(job);
+  if (choice != nullptr && (!std::strcmp(choice, "Auto") || !std::strcmp(choice, "NotUse"))) {
+    return outputReplacingValue(stream, buffer, nullptr, choice);
+  }
+  const std::string text = kOutputProfile.isValid(job) ? kOutputProfile.hexText(job) : "Auto";
+  return outputCustomTextByReplacingValue(stream, buffer, job, kOutputProfile.key, text);
+}
+
+bool writeSecretNum(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  const std::string number = kSecretNum.isValid(job) ? kSecretNum.rawText(job) : std::string();
+  return outputCustomTextByReplacingValue(stream, buffer, job, kSecretNum.key, number);
+}
+
+bool writeJobComment(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  return writeTypedText(stream, buffer, job, kJobComment);
+}
+
+bool writeManualZoom(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  std::string rate;
+  const bool on = getOptionValue(&job, "QVZoomRate", rate) && rate != "OFF";
+  return outputReplacingValue(stream, buffer, nullptr, on ? "ON" : "OFF");
+}
+
+bool writeTargetWidth(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  return writeTargetSize(stream, buffer, job, true);
+}
+
+bool writeTargetHeight(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  return writeTargetSize(stream, buffer, job, false);
+}
+
+bool writeSwitchOf(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
+                   const TextField& field) {
+  return outputReplacingValue(stream, buffer, nullptr, field.isValid(job) ? "On" : "Off");
+}
+
+bool writeFormOf(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
+                 const TextField& field) {
+  const base::ValueRow* form = formTag(field.namedChoice(job));
+  if (form == nullptr) return writeTypedText(stream, buffer, job, field);
+  return outputReplacingValue(stream, buffer, nullptr, base::hexText(form->value).c_str());
+}
+
+// The two branches of a dialog job meet two different forms of the value line.
+bool writeTrayRepeat(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  if (!job.isPrintPDE) return dropUnlogged(stream, buffer, job);
+  std::string button;
+  getOptionValue(&job, "QVPageTrayRepeatButtonValue", button);
+  if (button != "1") return outputReplacingValue(stream, buffer, nullptr, "0");
+  return outputFeatureByReplacingValue(stream, buffer, job, "QVPageTrayRepeatTextValue", "0");
+}
+
+bool writeOwnerName(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  if (job.isPrintPDE) {
+    const bool own = dialogBringsText(job, "QVOwnerName", kOwnerTextKey);
+    return outputFeatureByReplacingValue(stream, buffer, job, own ? kOwnerTextKey : kJobOwnerKey,
+                                         "");
+  }
+  const std::string hex = kOwnerName.isValid(job) ? kOwnerName.hexText(job) : consoleUserHex();
+  return outputCustomTextByReplacingValue(stream, buffer, job, kOwnerName.key, hex);
+}
+
+bool writeJobName(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  if (job.isPrintPDE) {
+    if (dialogBringsText(job, "QVJobName", kJobNameTextKey)) {
+      return outputFeatureByReplacingValue(stream, buffer, job, kJobNameTextKey, "");
+    }
+    return outputReplacingValue(stream, buffer, nullptr, job.jobNameHex.c_str()) ||
+           outputFeatureByReplacingValue(stream, buffer, job, kJobNameKey, "");
+  }
+  const std::string hex = kJobName.isValid(job) ? kJobName.hexText(job) : base::hexText(job.title);
+  return outputCustomTextByReplacingValue(stream, buffer, job, kJobName.key, hex);
+}
+
+bool writeTargetPaper(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  std::string paper;
+  getOptionValue(&job, "QVTargetPaperSize", paper);
+  if (!job.isPrintPDE || paper != "Custom") return copy(stream, buffer, job);
+  return readValueLine(stream, buffer) && writeWithValue(stream, buffer, "CustomSize");
+}
+
+bool writeOrientation(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  std::string choice;
+  if (!readValueLine(stream, buffer) || !getOptionValue(&job, "QVOrientation", choice)) {
+    return false;
+  }
+  std::optional<std::string> turned;
+  if (choice == "Portrait" || choice == "0") {
+    turned = replace_str(buffer.text(), "Landscape", "Portrait");
+  } else if (choice == "Landscape" || choice == "1") {
+    turned = replace_str(buffer.text(), "Portrait", "Landscape");
+  }
+  stream.write(turned ? *turned : buffer.text());
+  return true;
+}
+
+bool outputQVPAGESizeWidth(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  return outputFeatureByReplacingValue(stream, buffer, job, "QVPAGESizeWidthValue100", "9000");
+}
+
+bool outputQVPAGESizeHeight(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  return outputFeatureByReplacingValue(stream, buffer, job, "QVPAGESizeHeightValue100", "14800");
+}
+
+}  // namespace kelm::psrewrite

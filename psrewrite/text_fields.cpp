@@ -1,0 +1,39 @@
+// The texts that a person may type for a job.
+#include "psrewrite/text_fields.hpp"
+
+#include "base/hex_text.hpp"
+#include "psrewrite/custom_text.hpp"
+#include "psrewrite/ppd_choices.hpp"
+
+namespace kelm::psrewrite {
+
+bool TextField::isValid(const filter::PrintJobData& job) const {
+  switch (rule) {
+    case kForbiddenSet:
+      return isValidateCustomTextValue(&job, key, offWord, min, max, forbidden);
+    case kProfileSet:
+      return isValidateCustomProfileTextValue(&job, key, offWord, min, max);
+    case kSecretNumSet:
+      return isValidateCustomSecretNumTextValue(&job, key, offWord, min, max);
+  }
+  return false;
+}
+
+std::string TextField::rawText(const filter::PrintJobData& job) const {
+  std::string text;
+  getCustomTextValue(&job, key, text, base::kTextBufferSize);
+  return text;
+}
+
+std::string TextField::hexText(const filter::PrintJobData& job,
+                               const std::string& defaultText) const {
+  std::string hex;
+  getCustomTextHexValue(&job, key, hex, base::kTextBufferSize, defaultText);
+  return hex;
+}
+
+const char* TextField::namedChoice(const filter::PrintJobData& job) const {
+  return checkPPDKeywordWithLocalizeText(&job, key, rawText(job).c_str());
+}
+
+}  // namespace kelm::psrewrite
