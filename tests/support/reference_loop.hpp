@@ -1,0 +1,15 @@
+// The copy loop as plainly as it can be written: one character at a time, nothing skipped. The
+// product's loop must write the same bytes.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "filter/print_job.hpp"
+
+namespace kelm::tests {
+
+// What the job's input becomes, byte for byte.
+std::string referenceCopy(std::string_view input, filter::PrintJobData& job);
+
+}  // namespace kelm::tests
