@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <string_view>
 
 #include "filter/custom_paper.hpp"
 #include "filter/diagnostics.hpp"
@@ -23,13 +24,25 @@ const char* find(const char* begin, const char* end, char wanted) {
       std::memchr(begin, wanted, static_cast<std::size_t>(end - begin)));
 }
 
-// Every line that is ever changed, or followed by a line that is changed, names a keyword of the
-// printer: "QV" and more.
-bool mayConcernPrinter(const char* line, const char* end) {
-  for (; (line = find(line, end, 'Q')) != nullptr; ++line) {
-    if (line + 1 < end && line[1] == 'V') return true;
+// Whether "QV", which every keyword of the printer begins with, stands in the text: the search that
+// binary data must pass quickly.
+bool namesKeyword(const char* begin, const char* end) {
+  for (; (begin = find(begin, end, 'Q')) != nullptr; ++begin) {
+    if (begin + 1 < end && begin[1] == 'V') return true;
   }
   return false;
+}
+
+bool contains(const char* begin, const char* end, std::string_view wanted) {
+  const auto size = static_cast<std::size_t>(end - begin);
+  return memmem(begin, size, wanted.data(), wanted.size()) != nullptr;
+}
+
+// Every line that is ever changed, or followed by a line that is changed, opens a feature section
+// or chooses the output face, and names a keyword of the printer.
+bool mayConcernPrinter(const char* line, const char* end) {
+  return namesKeyword(line, end) &&
+         (contains(line, end, "BeginFeature") || contains(line, end, "QVOutputFace FaceUp"));
 }
 
 // Behind the line (at most LineBuffer::kSize bytes) that begins at `line`; null when the window

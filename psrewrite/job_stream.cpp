@@ -21,7 +21,7 @@ JobStream::JobStream(base::ByteSource& input, std::FILE* output)
     : input_(input),
       output_(output),
       outputDescriptor_(fileno(output)),
-      block_(std::make_unique_for_overwrite<char[]>(kBlockSize)) {}
+      block_(static_cast<char*>(::operator new[](kBlockSize, kPageAlignment))) {}
 
 std::span<const char> JobStream::window() {
   if (window_.empty() && !ended_) {
@@ -72,11 +72,14 @@ char* JobStream::gets(char* buffer, std::size_t size) {
   return buffer;
 }
 
-// A long run goes to the descriptor at once: the stream's buffer would only copy it.
+// A long run goes to the descriptor at once: the stream's buffer would only copy it. It begins at a
+// page of memory, because the system copies pages to a pipe twice as fast as what lies across them.
 void JobStream::write(std::string_view bytes) {
-  if (bytes.size() >= kBlockSize / 2 && outputDescriptor_ >= 0) {
+  if (bytes.size() >= kLongRun && outputDescriptor_ >= 0) {
+    const std::size_t head = -reinterpret_cast<std::uintptr_t>(bytes.data()) % kPageSize;
+    std::fwrite(bytes.data(), 1, head, output_);
     std::fflush(output_);
-    base::writeAll(outputDescriptor_, bytes);
+    base::writeAll(outputDescriptor_, bytes.substr(head));
   } else {
     std::fwrite(bytes.data(), 1, bytes.size(), output_);
   }

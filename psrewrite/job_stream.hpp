@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <cstdio>
 #include <memory>
+#include <new>
 #include <span>
 #include <string_view>
 
@@ -57,7 +58,14 @@ class JobStream {
   void write(std::string_view bytes);
 
  private:
-  static constexpr std::size_t kBlockSize = std::size_t{128} * 1024;
+  static constexpr std::size_t kPageSize = 4096;
+  static constexpr std::align_val_t kPageAlignment{kPageSize};
+  static constexpr std::size_t kBlockSize = 32 * kPageSize;
+  static constexpr std::size_t kLongRun = 4 * kPageSize;
+
+  struct FreeBlock {
+    void operator()(char* block) const { ::operator delete[](block, kPageAlignment); }
+  };
 
   // Stores bytes until `limit`, a line feed (stored too) or the end; the number stored.
   std::size_t takeLine(char* buffer, std::size_t limit);
@@ -67,7 +75,7 @@ class JobStream {
   base::ByteSource& input_;
   std::FILE* output_;
   int outputDescriptor_;
-  std::unique_ptr<char[]> block_;
+  std::unique_ptr<char[], FreeBlock> block_;  // begins at a page
   std::span<const char> window_;
   bool ended_ = false;
 };

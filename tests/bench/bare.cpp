@@ -1,0 +1,14 @@
+// What every filter pays: links the print system's library and ends; with a PPD's path as its
+// argument, opens, marks and localises it first.
+#include <cups/ppd.h>
+
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+int main(int argc, char* argv[]) {
+  if (argc < 2) return 0;
+  ppd_file_t* ppd = ppdOpenFile(argv[1]);
+  if (ppd == nullptr) return 1;
+  ppdMarkDefaults(ppd);
+  ppdLocalize(ppd);
+  return 0;
+}

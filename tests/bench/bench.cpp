@@ -1,0 +1,96 @@
+// make bench: throughput, start-up and memory of kelmfilter beside cat, pstops and a bare program.
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <string>
+
+#include "tests/bench/jobs.hpp"
+#include "tests/bench/measure.hpp"
+
+namespace {
+
+using kelm::bench::Command;
+using kelm::bench::secondsIntoPipe;
+using kelm::bench::secondsToExit;
+
+constexpr std::size_t kMegabyte = 1000 * 1000;
+constexpr std::size_t kJobBytes = 256 * kMegabyte;
+constexpr std::size_t kMemoryBlock = kMegabyte;  // small: a child starts with its parent's peak
+constexpr int kThroughputRuns = 9;
+constexpr int kStartUpRuns = 301;
+
+const Command kCat{"/bin/cat"};
+const Command kFilter{KELM_FILTER, "1", "user", "title", "1", ""};
+const Command kBare{KELM_BARE};
+const Command kBareWithPpd{KELM_BARE, KELM_PPD};
+
+std::string writeJob(const char* name, const std::string& content) {
+  std::filesystem::create_directories(KELM_BENCH_FOLDER);
+  const std::string path = std::string(KELM_BENCH_FOLDER) + "/" + name;
+  std::ofstream(path, std::ios::binary) << content;
+  return path;
+}
+
+void throughput(const char* name, const std::string& content) {
+  const std::string file = writeJob(name, content);
+  const Command pstops{"/usr/lib/cups/filter/pstops", "1", "user", "title", "1", "", file};
+  const auto times = kelm::bench::mediansInTurns(
+      {[&] { return secondsIntoPipe(kCat, file); }, [&] { return secondsIntoPipe(kFilter, file); },
+       [&] { return secondsIntoPipe(pstops, file); }},
+      kThroughputRuns);
+  const auto rate = [&](double seconds) {
+    return static_cast<double>(content.size()) / kMegabyte / seconds;
+  };
+  std::printf("%-12s %8.0f %12.0f %8.0f %14.2f %14.1f\n", name, rate(times[0]), rate(times[1]),
+              rate(times[2]), times[0] / times[1], times[2] / times[1]);
+  std::filesystem::remove(file);
+}
+
+void startUp() {
+  const std::string file = writeJob("small", kelm::bench::lineArt(0).substr(0, 1000));
+  const auto withPpd = [&](const char* ppd) {
+    ppd != nullptr ? setenv("PPD", ppd, 1) : unsetenv("PPD");
+    return secondsToExit(kFilter, file);
+  };
+  const auto times = kelm::bench::mediansInTurns(
+      {[&] { return secondsToExit(kBare, file); }, [&] { return withPpd(nullptr); },
+       [&] { return secondsToExit(kBareWithPpd, file); }, [&] { return withPpd(KELM_PPD); }},
+      kStartUpRuns);
+  const auto row = [&](const char* what, double seconds) {
+    std::printf("%-36s %8.2f ms %8.2f\n", what, seconds * 1000, seconds / times[0]);
+  };
+  std::printf("\nstart to exit, 1 KB job                median    ratio\n");
+  row("bare program (links libcups, exits)", times[0]);
+  row("kelmfilter", times[1]);
+  row("libcups alone with the queue's PPD", times[2]);
+  row("kelmfilter with the queue's PPD", times[3]);
+}
+
+void memory() {
+  const std::string block = kelm::bench::lineArt(kMemoryBlock).substr(0, kMemoryBlock);
+  setenv("PPD", KELM_PPD, 1);
+  std::printf("peak memory of kelmfilter with the queue's PPD\n");
+  for (const int times : {16, 1024}) {
+    const long peak = kelm::bench::peakKilobytes(kFilter, block, times);
+    std::printf("%6zu MB job %10.1f MB\n",
+                block.size() * static_cast<std::size_t>(times) / kMegabyte,
+                static_cast<double>(peak) * 1024 / kMegabyte);
+  }
+}
+
+}  // namespace
+
+int main() {
+  memory();
+  setenv("PPD", KELM_PPD, 1);
+  std::printf("\nthroughput into a pipe, MB/s, medians of %d runs in turns, jobs of 256 MB\n",
+              kThroughputRuns);
+  std::printf("%-12s %8s %12s %8s %14s %14s\n", "", "cat", "kelmfilter", "pstops", "filter/cat",
+              "filter/pstops");
+  throughput("line-art", kelm::bench::lineArt(kJobBytes));
+  throughput("binary", kelm::bench::binaryImage(kJobBytes));
+  startUp();
+  return 0;
+}
