@@ -1,8 +1,7 @@
 // Numbers in job texts: read and written as in the C locale, whatever the job's language.
 #include "base/number_text.hpp"
 
-#include <locale.h>
-
+#include <clocale>
 #include <cstdlib>
 
 namespace kelm::base {

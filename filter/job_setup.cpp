@@ -1,6 +1,7 @@
 // What is decided about a job before its first byte is written.
 #include "filter/job_setup.hpp"
 
+#include <cmath>
 #include <cstring>
 #include <string>
 
@@ -19,7 +20,7 @@ constexpr double kMillimetresPerInch = 25.4;
 // `text` is a number of points; the result is in 1/100 mm, whole millimetres, cut to 32 bits.
 std::int32_t lengthOfPoints(const char* text) {
   const double millimetres = base::leadingInteger(text) / kPointsPerInch * kMillimetresPerInch;
-  return base::cutTo32Bits(static_cast<std::int64_t>(millimetres + 0.5) * 100);
+  return base::cutTo32Bits(static_cast<std::int64_t>(std::trunc(millimetres + 0.5)) * 100);
 }
 
 // Takes the sizes out of "Custom.WIDTHxHEIGHT"; without "." or "x" they keep their values.

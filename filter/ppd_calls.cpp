@@ -6,17 +6,11 @@
 
 namespace kelm::filter {
 
-ppd_file_t* r_ppdOpenFile(const char* filename) {
-  return ppdOpenFile(filename);
-}
+ppd_file_t* r_ppdOpenFile(const char* filename) { return ppdOpenFile(filename); }
 
-void r_ppdClose(ppd_file_t* ppd) {
-  ppdClose(ppd);
-}
+void r_ppdClose(ppd_file_t* ppd) { ppdClose(ppd); }
 
-int r_ppdLocalize(ppd_file_t* ppd) {
-  return ppdLocalize(ppd);
-}
+int r_ppdLocalize(ppd_file_t* ppd) { return ppdLocalize(ppd); }
 
 ppd_attr_t* r_ppdFindAttr(ppd_file_t* ppd, const char* name, const char* spec) {
   return ppdFindAttr(ppd, name, spec);
@@ -34,17 +28,13 @@ int r_ppdMarkOption(ppd_file_t* ppd, const char* keyword, const char* choice) {
   return ppdMarkOption(ppd, keyword, choice);
 }
 
-void r_ppdMarkDefaults(ppd_file_t* ppd) {
-  ppdMarkDefaults(ppd);
-}
+void r_ppdMarkDefaults(ppd_file_t* ppd) { ppdMarkDefaults(ppd); }
 
 ppd_choice_t* r_ppdFindMarkedChoice(ppd_file_t* ppd, const char* keyword) {
   return ppdFindMarkedChoice(ppd, keyword);
 }
 
-const char* r_cupsGetPPD2(http_t* http, const char* name) {
-  return cupsGetPPD2(http, name);
-}
+const char* r_cupsGetPPD2(http_t* http, const char* name) { return cupsGetPPD2(http, name); }
 
 int r_cupsMarkOptions(ppd_file_t* ppd, int numOptions, cups_option_t* options) {
   return cupsMarkOptions(ppd, numOptions, options);

@@ -13,17 +13,11 @@ void writeLine(std::FILE* stream, std::string_view line) {
 
 }  // namespace
 
-void Output_Header(std::FILE* stream) {
-  writeLine(stream, "\x1B%-12345X@PJL");
-}
+void Output_Header(std::FILE* stream) { writeLine(stream, "\x1B%-12345X@PJL"); }
 
-void Output_Comment(std::FILE* stream) {
-  writeLine(stream, "@PJL COMMENT KELM Printer Driver");
-}
+void Output_Comment(std::FILE* stream) { writeLine(stream, "@PJL COMMENT KELM Printer Driver"); }
 
-void Output_QVPJLVERSION(std::FILE* stream) {
-  writeLine(stream, "@PJL SET QVPJLVERSION=2.00");
-}
+void Output_QVPJLVERSION(std::FILE* stream) { writeLine(stream, "@PJL SET QVPJLVERSION=2.00"); }
 
 void Output_QVPJLIDENTIFIER(std::FILE* stream) {
   writeLine(stream, "@PJL SET QVPJLIDENTIFIER=KELM_IJ_PJL");

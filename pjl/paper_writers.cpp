@@ -175,13 +175,9 @@ void writePageSize(std::FILE* stream, PrintJobData& job) {
                   kPaperNames.defaultIndex);
 }
 
-void writePageWidth(std::FILE* stream, PrintJobData& job) {
-  writePageSide(stream, job, kWidth);
-}
+void writePageWidth(std::FILE* stream, PrintJobData& job) { writePageSide(stream, job, kWidth); }
 
-void writePageHeight(std::FILE* stream, PrintJobData& job) {
-  writePageSide(stream, job, kHeight);
-}
+void writePageHeight(std::FILE* stream, PrintJobData& job) { writePageSide(stream, job, kHeight); }
 
 void writeTargetPaper(std::FILE* stream, PrintJobData& job) {
   constexpr char kKey[] = "QVTargetPaperSize";

@@ -168,9 +168,7 @@ void writeFrameBeforeVariables(std::FILE* stream) {
 
 }  // namespace
 
-std::span<const HeaderSection> headerSections() {
-  return kHeader;
-}
+std::span<const HeaderSection> headerSections() { return kHeader; }
 
 void OutputPJL(std::FILE* stream, filter::PrintJobData& job) {
   writeFrameBeforeVariables(stream);

@@ -52,9 +52,7 @@ const char* absentValue(const PrintJobData& job, std::string_view pjlName,
   return pjlName == "PAPER" ? "AUTO" : valueAt(rows, defaultIndex);
 }
 
-char upperCase(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
+char upperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 }  // namespace
 
@@ -64,9 +62,7 @@ void Output_Value(std::FILE* stream, const PrintJobData& /*job*/, const char* pj
   endLine(stream, text);
 }
 
-void Output_LineBreak(std::FILE* stream) {
-  writeText(stream, "\n");
-}
+void Output_LineBreak(std::FILE* stream) { writeText(stream, "\n"); }
 
 void Output_CopyValue(std::FILE* stream, const PrintJobData& job, const char* optionKey,
                       const char* pjlName, const char* defaultText) {

@@ -13,16 +13,12 @@ const Platform*& current() {
 
 }  // namespace
 
-const Platform& platform() {
-  return *current();
-}
+const Platform& platform() { return *current(); }
 
 ScopedPlatform::ScopedPlatform(const Platform& replacement) : previous_(current()) {
   current() = &replacement;
 }
 
-ScopedPlatform::~ScopedPlatform() {
-  current() = previous_;
-}
+ScopedPlatform::~ScopedPlatform() { current() = previous_; }
 
 }  // namespace kelm::platform

@@ -80,8 +80,6 @@ bool copyUnlogged(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) 
   return read;
 }
 
-bool leave(JobStream& /*stream*/, LineBuffer& /*buffer*/, PrintJobData& /*job*/) {
-  return false;
-}
+bool leave(JobStream& /*stream*/, LineBuffer& /*buffer*/, PrintJobData& /*job*/) { return false; }
 
 }  // namespace kelm::psrewrite

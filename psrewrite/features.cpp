@@ -105,9 +105,7 @@ static_assert(everyCodeIsUnique());
 
 }  // namespace
 
-std::span<const Feature> features() {
-  return kFeatures;
-}
+std::span<const Feature> features() { return kFeatures; }
 
 std::int32_t getFeature(const char* line) {
   if (line == nullptr || std::strstr(line, "BeginFeature") == nullptr) return 0;

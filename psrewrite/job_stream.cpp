@@ -32,9 +32,7 @@ std::span<const char> JobStream::window() {
   return window_;
 }
 
-void JobStream::consume(std::size_t count) {
-  window_ = window_.subspan(count);
-}
+void JobStream::consume(std::size_t count) { window_ = window_.subspan(count); }
 
 void JobStream::pass(std::size_t count) {
   write({window_.data(), count});

@@ -13,9 +13,7 @@
 namespace kelm::psrewrite {
 namespace {
 
-void logError(const std::string& message) {
-  platform::platform().systemLog->error(message);
-}
+void logError(const std::string& message) { platform::platform().systemLog->error(message); }
 
 bool lengthIsWithin(std::string_view text, std::size_t min, std::size_t max) {
   const auto length = base::utf16Length(text);

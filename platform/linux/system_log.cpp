@@ -5,8 +5,6 @@
 
 namespace kelm::platform::linux_bodies {
 
-void LinuxSystemLog::error(const std::string& message) {
-  syslog(LOG_ERR, "%s", message.c_str());
-}
+void LinuxSystemLog::error(const std::string& message) { syslog(LOG_ERR, "%s", message.c_str()); }
 
 }  // namespace kelm::platform::linux_bodies

@@ -86,9 +86,7 @@ bool enterOwnComputer(const std::string& name) {
   return !fs::exists("/run/systemd") || mount("none", "/run/systemd", "tmpfs", 0, nullptr) == 0;
 }
 
-int memoryFile(const char* name) {
-  return memfd_create(name, MFD_CLOEXEC);
-}
+int memoryFile(const char* name) { return memfd_create(name, MFD_CLOEXEC); }
 
 std::string contentOf(int descriptor) {
   std::string text(static_cast<std::size_t>(lseek(descriptor, 0, SEEK_END)), '\0');
