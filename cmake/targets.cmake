@@ -7,12 +7,14 @@ function(kelm_library NAME)
   target_link_libraries(${NAME} PUBLIC kelm_settings ${ARG_LINKS} PRIVATE kelm_warnings)
 endfunction()
 
-# kelm_program(NAME SOURCES file... [LINKS target...]): left in the top of the build folder.
+# kelm_program(NAME SOURCES file... [LINKS target...]): left in the top of the build folder; its
+# hardening is tested.
 function(kelm_program NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${NAME} ${ARG_SOURCES})
   target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} kelm_settings kelm_warnings)
   set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+  set_property(GLOBAL APPEND PROPERTY KELM_PROGRAMS $<TARGET_FILE:${NAME}>)
 endfunction()
 
 # kelm_unit_tests(FOLDER SOURCES file... LINKS target...): the tests of one folder, one executable.
