@@ -1,0 +1,58 @@
+// The command line of kelmctl.
+#include "ctl/command_line.hpp"
+
+#include <ostream>
+#include <string>
+
+#include "ctl/exit_status.hpp"
+
+namespace kelm::ctl {
+namespace {
+
+constexpr char kAbout[] = "Looks after the queues of KELM IJ printers.";
+constexpr char kFooter[] = "Exit status: 0 done, 1 failed, 2 usage. See kelmctl(1).";
+
+void declareSubcommands(CLI::App& app, Action& chosen) {
+  for (const Subcommand& row : subcommands()) {
+    CLI::App* subcommand = app.add_subcommand(row.name, row.help);
+    subcommand->callback([&chosen, action = row.declare(*subcommand)] { chosen = action; });
+  }
+  app.require_subcommand(1);
+}
+
+// Help and version are asked for and go to standard output; all other reports of the parser mean
+// that the arguments make no sense.
+int reportParserEnd(const CLI::App& app, const CLI::ParseError& end, const Console& console) {
+  return app.exit(end, console.out, console.err) == kExitDone ? kExitDone : kExitUsage;
+}
+
+std::string failureMessage(const CLI::App* app, const CLI::Error& error) {
+  std::string message = "kelmctl: " + std::string(error.what());
+  for (const std::string& argument : app->remaining()) message += ", not \"" + argument + "\"";
+  return message + "\nRun kelmctl --help for the arguments.\n";
+}
+
+int finish(int status, const Console& console) {
+  if (console.out.flush()) return status;
+  console.err << "kelmctl: the result cannot be written; is the disk full or the pipe closed?\n";
+  return kExitFailed;
+}
+
+}  // namespace
+
+int runCommandLine(int argc, const char* const argv[], const Console& console) {
+  CLI::App app(kAbout, "kelmctl");
+  app.footer(kFooter);
+  app.set_version_flag("--version", "kelmctl " KELM_VERSION);
+  app.failure_message(failureMessage);
+  Action chosen;
+  declareSubcommands(app, chosen);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::ParseError& end) {
+    return finish(reportParserEnd(app, end, console), console);
+  }
+  return finish(chosen(console), console);
+}
+
+}  // namespace kelm::ctl

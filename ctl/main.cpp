@@ -1,0 +1,8 @@
+// kelmctl: the administrator's command.
+#include <iostream>
+
+#include "ctl/command_line.hpp"
+
+int main(int argc, char* argv[]) {
+  return kelm::ctl::runCommandLine(argc, argv, {std::cout, std::cerr});
+}

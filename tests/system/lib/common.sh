@@ -1,0 +1,91 @@
+# common.sh : what every system test reads first:  . "${0%/*}/lib/common.sh"
+# shellcheck shell=sh disable=SC2034
+# It moves the test into a network and mount namespace of its own, so that every port is free and
+# nothing leaves the machine, and sets
+#   W       the test's temporary folder (mode 755: filters run as another user); removed at the end,
+#           unless KELM_KEEP is set
+#   SOURCE  the top of the source tree
+#   BUILD   the build folder (KELM_BUILD, else SOURCE/build)
+#   HERE    the folder of the tests, with lib/ in it
+set -eu
+
+if [ -z "${KELM_ISOLATED-}" ]; then
+  [ "$(id -u)" = 0 ] || { echo "$0: run as root: the test makes namespaces" >&2; exit 1; }
+  KELM_ISOLATED=1 exec unshare -n -m sh "$0" "$@"
+fi
+
+HERE=$(cd "${0%/*}" && pwd)
+SOURCE=$(cd "$HERE/../.." && pwd)
+BUILD=${KELM_BUILD:-$SOURCE/build}
+W=$(mktemp -d)
+chmod 755 "$W"
+mkdir "$W/pids"
+ip link set lo up multicast on
+
+# alive PID : a zombie counts as gone
+alive() {
+  state=$(sed -n 's/^State:[[:space:]]*\(.\).*/\1/p' "/proc/$1/status" 2>/dev/null) || return 1
+  [ -n "$state" ] && [ "$state" != Z ]
+}
+
+# wait_until SECONDS COMMAND... : runs the command every 0.05 s until it succeeds; fails after SECONDS
+wait_until() {
+  turns=$(($1 * 20))
+  shift
+  while ! "$@"; do
+    turns=$((turns - 1))
+    [ $turns -gt 0 ] || return 1
+    sleep 0.05
+  done
+}
+
+# started NAME PID : PID is stopped at the end of the test, or by "stop NAME"
+started() { echo "$2" >"$W/pids/$1"; }
+
+gone() { ! alive "$1"; }
+
+# stop NAME : TERM, then up to 5 s until the process is gone
+stop() {
+  pid=$(cat "$W/pids/$1")
+  rm -f "$W/pids/$1"
+  alive "$pid" || return 0
+  kill "$pid" && wait_until 5 gone "$pid"
+}
+
+# fail TEXT : ends the test
+fail() {
+  echo "FAILED: $*" >&2
+  exit 1
+}
+
+# expect WHAT EXPECTED ACTUAL
+expect() {
+  [ "$2" = "$3" ] || fail "$1: expected '$2', found '$3'"
+}
+
+# expect_line FILE LINE : FILE has a line that is exactly LINE
+expect_line() {
+  grep -qaxF -e "$2" "$1" || fail "no line '$2' in $1"
+}
+
+clean_up() {
+  status=$?
+  trap - EXIT
+  [ $status = 0 ] || show_logs
+  for file in "$W"/pids/*; do
+    [ ! -e "$file" ] || stop "${file##*/}" || echo "$file: still running" >&2
+  done
+  if [ -n "${KELM_KEEP-}" ]; then echo "kept: $W" >&2; else rm -rf "$W"; fi
+  exit $status
+}
+
+# The ends of all log files, when a test fails.
+show_logs() {
+  find "$W" -name '*log*' -type f -size +0 | while read -r file; do
+    echo "--- $file" >&2
+    tail -n 40 "$file" >&2
+  done
+}
+
+trap clean_up EXIT
+trap 'exit 1' INT TERM HUP
