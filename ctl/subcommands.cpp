@@ -10,6 +10,8 @@ constexpr std::array<Subcommand, 0> kSubcommands{};
 
 }  // namespace
 
-std::span<const Subcommand> subcommands() { return kSubcommands; }
+std::span<const Subcommand> subcommands() {
+  return kSubcommands;
+}
 
 }  // namespace kelm::ctl

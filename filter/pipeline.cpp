@@ -13,6 +13,7 @@
 #include "filter/ppd_calls.hpp"
 #include "filter/print_job.hpp"
 #include "pjl/sequence.hpp"
+#include "ppdsettings/update_job.hpp"
 #include "psrewrite/job_stream.hpp"
 
 namespace kelm::filter {
@@ -41,6 +42,29 @@ void localizePpd(const PrintJobData& job) {
   if (job.ppd != nullptr) r_ppdLocalize(job.ppd);
 }
 
+using Updater = bool(const PrintJobData*);
+
+// What an update job tells the print system, in this order.
+constexpr Updater* kUpdaters[] = {
+    ppdsettings::UpdatePPDOptionsUpdatedToPPD,
+    ppdsettings::UpdateIsCustomSnmpCommunityToPPD,
+    ppdsettings::UpdateSnmpCommunityNameToPPD,
+    ppdsettings::UpdateIsWakeOnLanToPPD,
+    ppdsettings::UpdateMacAddressToPPD,
+    ppdsettings::UpdateOverTheRouterToPPD,
+    ppdsettings::UpdateIPAddressToPPD,
+    ppdsettings::UpdateSharedBoxToPPD,
+    ppdsettings::UpdateUsePersonalFolderToPPD,
+    ppdsettings::UpdateAdminLoginModeToPPD,
+    ppdsettings::UpdatePSFormNameToPPD,
+    ppdsettings::UpdateBarcodeAreaDefNameToPPD,
+    ppdsettings::UpdateColorProfilesNameToPPD,
+};
+
+void updatePpd(const PrintJobData& job) {
+  for (Updater* update : kUpdaters) update(&job);
+}
+
 }  // namespace
 
 int runFilter(int argc, char* argv[], std::FILE* output) {
@@ -64,6 +88,13 @@ int runFilter(int argc, char* argv[], std::FILE* output) {
   }
   localizePpd(jobData);
   LogMessage("Printer job data initialized", true);
+
+  if (ppdsettings::ShouldUpdatePPD(&jobData)) {
+    LogMessage("Update PPD job identified.", true);
+    updatePpd(jobData);
+    LogMessage("Filter exited successfully", true);
+    return kExitCompleted;
+  }
 
   ClearLogFileName(&jobData);
   if (logCheck) LogOptions(&jobData);

@@ -1,0 +1,145 @@
+// The update job: what the job's options say about the printer, told to the print system.
+#include "ppdsettings/update_job.hpp"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include "base/hex_text.hpp"
+#include "filter/diagnostics.hpp"
+#include "platform/platform.hpp"
+#include "ppdsettings/stored_facts.hpp"
+
+namespace kelm::ppdsettings {
+namespace {
+
+using filter::PrintJobData;
+
+// cupsd takes this many bytes of a line for one message, and reads the rest as the next message.
+constexpr std::size_t kPrintSystemMessageSize = 2047;
+
+// The print system splits a message at blanks, undoes quotation marks, apostrophes and
+// backslashes, and begins a new message at a line feed.
+constexpr bool isHarmless(char c) {
+  return c > ' ' && c < '\x7F' && c != '"' && c != '\'' && c != '\\';
+}
+
+// Whether the print system could take a part of the value for a keyword of its own. What it reads
+// behind the cut of a long line is a message only with a colon ("PPD:").
+bool couldForge(std::string_view value, std::size_t lineSize) {
+  if (lineSize > kPrintSystemMessageSize && value.find(':') != value.npos) return true;
+  return !std::all_of(value.begin(), value.end(), isHarmless);
+}
+
+void logKeyword(const std::string& keyword, const char* what) {
+  platform::platform().systemLog->error("[Driver] PPD keyword " + keyword + what);
+}
+
+// One write, so that no other message of the print job's filters comes between.
+bool writeLine(const std::string& keyword, std::string_view value, Trace trace) {
+  const std::string line = "PPD: " + keyword + "=" + std::string(value) + "\n";
+  if (couldForge(value, line.size())) {
+    logKeyword(keyword, " not updated: its value could forge other keywords");
+    return false;
+  }
+  if (line.size() >= base::kTextBufferSize) {
+    logKeyword(keyword, " not updated: its value is too long; the update job ends");
+    std::abort();
+  }
+  std::fputs(line.c_str(), stderr);
+  if (trace == Trace::yes) filter::LogMessage(line.c_str(), true);
+  return true;
+}
+
+bool updateKeyword(const PrintJobData* job, const StoredFact& fact, const std::string& keyword) {
+  bool written = false;
+  for (const cups_option_t& option : filter::jobOptions(job)) {
+    if (option.value == nullptr || keyword != option.name) continue;
+    written = writeLine(keyword, option.value, fact.trace) || written;
+    if (fact.matches == Matches::first) break;
+  }
+  return written;
+}
+
+bool updateEntry(const PrintJobData* job, const StoredFact& fact, const std::string& keyword) {
+  if (fact.parts == kWhole) return updateKeyword(job, fact, keyword);
+  bool written = false;
+  for (int part = 1; part <= fact.parts; ++part) {
+    written = updateKeyword(job, fact, partKeyword(keyword, part)) || written;
+  }
+  return written;
+}
+
+bool updateFact(const PrintJobData* job, const StoredFact& fact) {
+  if (!isList(fact)) return updateEntry(job, fact, fact.keyword);
+  bool written = false;
+  for (int index = 0; index <= fact.lastIndex; ++index) {
+    written = updateEntry(job, fact, entryKeyword(fact, index)) || written;
+  }
+  return written;
+}
+
+}  // namespace
+
+bool ShouldUpdatePPD(const PrintJobData* job) {
+  return filter::findJobOption(job, "UpdatePPDOptions") != nullptr;
+}
+
+bool UpdatePPDOptionsUpdatedToPPD(const PrintJobData* job) {
+  return updateFact(job, kPPDOptionsUpdated);
+}
+
+bool UpdateIsCustomSnmpCommunityToPPD(const PrintJobData* job) {
+  return updateFact(job, kIsCustomSnmpCommunity);
+}
+
+bool UpdateSnmpCommunityNameToPPD(const PrintJobData* job) {
+  return updateFact(job, kSnmpCommunityName);
+}
+
+bool UpdateIsWakeOnLanToPPD(const PrintJobData* job) {
+  return updateFact(job, kIsWakeOnLan);
+}
+
+bool UpdateMacAddressToPPD(const PrintJobData* job) {
+  return updateFact(job, kPrinterMacAddress);
+}
+
+bool UpdateOverTheRouterToPPD(const PrintJobData* job) {
+  return updateFact(job, kIsOverTheRouter);
+}
+
+bool UpdateIPAddressToPPD(const PrintJobData* job) {
+  return updateFact(job, kPrinterIPAddress);
+}
+
+bool UpdateSharedBoxToPPD(const PrintJobData* job) {
+  const bool boxes = updateFact(job, kSharedBoxName);
+  const bool selected = updateFact(job, kSelSharedBoxName);
+  const bool indexes = updateFact(job, kSelSharedBoxIndex);
+  return boxes || selected || indexes;
+}
+
+bool UpdateUsePersonalFolderToPPD(const PrintJobData* job) {
+  return updateFact(job, kUsePersonalFolder);
+}
+
+bool UpdateAdminLoginModeToPPD(const PrintJobData* job) {
+  return updateFact(job, kAdminLoginModeEnabled);
+}
+
+bool UpdatePSFormNameToPPD(const PrintJobData* job) {
+  return updateFact(job, kPSFormName);
+}
+
+bool UpdateBarcodeAreaDefNameToPPD(const PrintJobData* job) {
+  return updateFact(job, kBarcodeAreaDefName);
+}
+
+bool UpdateColorProfilesNameToPPD(const PrintJobData* job) {
+  return updateFact(job, kColorProfileName);
+}
+
+}  // namespace kelm::ppdsettings
