@@ -10,8 +10,6 @@ constexpr std::array<Subcommand, 0> kSubcommands{};
 
 }  // namespace
 
-std::span<const Subcommand> subcommands() {
-  return kSubcommands;
-}
+std::span<const Subcommand> subcommands() { return kSubcommands; }
 
 }  // namespace kelm::ctl

@@ -45,6 +45,7 @@ void localizePpd(const PrintJobData& job) {
 using Updater = bool(const PrintJobData*);
 
 // What an update job tells the print system, in this order.
+// clang-format off
 constexpr Updater* kUpdaters[] = {
     ppdsettings::UpdatePPDOptionsUpdatedToPPD,
     ppdsettings::UpdateIsCustomSnmpCommunityToPPD,
@@ -60,6 +61,7 @@ constexpr Updater* kUpdaters[] = {
     ppdsettings::UpdateBarcodeAreaDefNameToPPD,
     ppdsettings::UpdateColorProfilesNameToPPD,
 };
+// clang-format on
 
 void updatePpd(const PrintJobData& job) {
   for (Updater* update : kUpdaters) update(&job);

@@ -111,65 +111,66 @@ std::string KelmSNMPHelper::getDecodedPPDAttributeMaltiPartValueForName_ppdFile_
 }
 
 bool KelmSNMPHelper::isCustomSnmpCommunity_(ppd_file_t* ppd) {
-  return readSwitch(kIsCustomSnmpCommunity, kOnlyOneIsTrue, ppd);
+  return readSwitch(storedFact("IsCustomSnmpCommunity"), kOnlyOneIsTrue, ppd);
 }
 
 std::string KelmSNMPHelper::snmpCommunityName_(ppd_file_t* ppd) {
-  return readText(kSnmpCommunityName, ppd);
+  return readText(storedFact("SnmpCommunityName"), ppd);
 }
 
 bool KelmSNMPHelper::isWakeOnLan_(ppd_file_t* ppd) {
-  return readSwitch(kIsWakeOnLan, kOnlyOneIsTrue, ppd);
+  return readSwitch(storedFact("IsWakeOnLan"), kOnlyOneIsTrue, ppd);
 }
 
 std::string KelmSNMPHelper::getPrinterMacAddress_(ppd_file_t* ppd) {
-  return readText(kPrinterMacAddress, ppd);
+  return readText(storedFact("PrinterMacAddress"), ppd);
 }
 
 bool KelmSNMPHelper::isOverTheRouter_(ppd_file_t* ppd) {
-  return readSwitch(kIsOverTheRouter, kOnlyOneIsTrue, ppd);
+  return readSwitch(storedFact("IsOverTheRouter"), kOnlyOneIsTrue, ppd);
 }
 
 std::string KelmSNMPHelper::getPrinterIPAddress_(ppd_file_t* ppd) {
-  return readText(kPrinterIPAddress, ppd);
+  return readText(storedFact("PrinterIPAddress"), ppd);
 }
 
 bool KelmSNMPHelper::isPPDOptionsUpdated_(ppd_file_t* ppd) {
-  return readSwitch(kPPDOptionsUpdated, kOnlyOneIsTrue, ppd);
+  return readSwitch(storedFact("PPDOptionsUpdated"), kOnlyOneIsTrue, ppd);
 }
 
 bool KelmSNMPHelper::isPersonalFolderSelected_(ppd_file_t* ppd) {
-  return readSwitch(kUsePersonalFolder, kPersonalFolder, ppd);
+  return readSwitch(storedFact("UsePersonalFolder"), kPersonalFolder, ppd);
 }
 
 bool KelmSNMPHelper::isAdminLoginModeEnabled_(ppd_file_t* ppd) {
-  return readSwitch(kAdminLoginModeEnabled, kOnlyZeroIsFalse, ppd);
+  return readSwitch(storedFact("AdminLoginModeEnabled"), kOnlyZeroIsFalse, ppd);
 }
 
 std::vector<std::string> KelmSNMPHelper::getSharedBoxDetailsArray_(ppd_file_t* ppd) {
-  return readTexts(kSharedBoxName, ppd);
+  return readTexts(storedFact("SharedBoxName"), ppd);
 }
 
 std::vector<std::string> KelmSNMPHelper::getSelectedSharedBoxDetailsArray_(ppd_file_t* ppd) {
-  return readTexts(kSelSharedBoxName, ppd);
+  return readTexts(storedFact("SelSharedBoxName"), ppd);
 }
 
 std::vector<std::string> KelmSNMPHelper::getBarcodeAreaDefinitionDetailsArray_(ppd_file_t* ppd) {
-  return readTexts(kBarcodeAreaDefName, ppd);
+  return readTexts(storedFact("BarcodeAreaDefName"), ppd);
 }
 
 std::vector<std::string> KelmSNMPHelper::getColorProfileDetailsArray_(ppd_file_t* ppd) {
-  return readTexts(kColorProfileName, ppd);
+  return readTexts(storedFact("ColorProfileName"), ppd);
 }
 
 std::vector<std::string> KelmSNMPHelper::getFormDetailsArray_(ppd_file_t* ppd) {
-  return readTexts(kPSFormName, ppd);
+  return readTexts(storedFact("PSFormName"), ppd);
 }
 
 std::vector<std::int32_t> KelmSNMPHelper::getSelectedSharedBoxIndexArray_(ppd_file_t* ppd) {
+  constexpr const StoredFact& kFact = storedFact("SelSharedBoxIndex");
   std::vector<std::int32_t> indexes;
-  for (int index = 0; index <= kSelSharedBoxIndex.lastIndex; ++index) {
-    const std::string keyword = entryKeyword(kSelSharedBoxIndex, index);
+  for (int index = 0; index <= kFact.lastIndex; ++index) {
+    const std::string keyword = entryKeyword(kFact, index);
     const auto text = getPPDAttributeValueForName_ppdFile_(keyword.c_str(), ppd);
     if (text && !text->empty()) indexes.push_back(leadingDigits(*text));
   }

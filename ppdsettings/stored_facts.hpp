@@ -2,8 +2,8 @@
 // the update job both walk (docs/stored-facts.md).
 #pragma once
 
-#include <array>
 #include <cstddef>
+#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -20,8 +20,9 @@ enum class Matches { first, every };
 // Whether the update job shows the line to the trace hook.
 enum class Trace { no, yes };
 
-inline constexpr int kSingle = -1;  // as last index: the keyword has no index
-inline constexpr int kWhole = 0;    // as number of parts: the value is not cut into parts
+inline constexpr int kSingle = -1;   // as last index: the keyword has no index
+inline constexpr int kWhole = 0;     // as number of parts: the value is not cut into parts
+inline constexpr int kMaxParts = 6;  // otherwise
 
 struct StoredFact {
   const char* keyword;  // of the PPD and of the job option alike, without index and part
@@ -33,51 +34,31 @@ struct StoredFact {
   Trace trace;
 };
 
-inline constexpr int kMaxParts = 6;
+using enum Encoding;
 
-inline constexpr StoredFact kPPDOptionsUpdated{
-    "PPDOptionsUpdated", Encoding::plain, "0", kSingle, kWhole, Matches::first, Trace::yes};
-inline constexpr StoredFact kIsCustomSnmpCommunity{
-    "IsCustomSnmpCommunity", Encoding::plain, "0", kSingle, kWhole, Matches::first, Trace::yes};
-inline constexpr StoredFact kSnmpCommunityName{
-    "SnmpCommunityName", Encoding::base64, "public", kSingle, kWhole, Matches::first, Trace::yes};
-inline constexpr StoredFact kIsWakeOnLan{
-    // on, unless it was switched off
-    "IsWakeOnLan", Encoding::plain, "1", kSingle, kWhole, Matches::first, Trace::yes};
-inline constexpr StoredFact kPrinterMacAddress{
-    "PrinterMacAddress", Encoding::base64, "", kSingle, kWhole, Matches::first, Trace::yes};
-inline constexpr StoredFact kIsOverTheRouter{
-    "IsOverTheRouter", Encoding::plain, "0", kSingle, kWhole, Matches::first, Trace::yes};
-inline constexpr StoredFact kPrinterIPAddress{
-    "PrinterIPAddress", Encoding::base64, "", kSingle, kWhole, Matches::first, Trace::yes};
-inline constexpr StoredFact kSharedBoxName{"SharedBoxName", Encoding::base64, nullptr,   99,
-                                           kMaxParts,       Matches::every,   Trace::yes};
-inline constexpr StoredFact kSelSharedBoxName{"SelSharedBoxName", Encoding::base64, nullptr,   99,
-                                              kMaxParts,          Matches::every,   Trace::yes};
-inline constexpr StoredFact kSelSharedBoxIndex{
-    "SelSharedBoxIndex", Encoding::plain, nullptr, 99, kWhole, Matches::first, Trace::no};
-inline constexpr StoredFact kUsePersonalFolder{
-    "UsePersonalFolder", Encoding::plain, "0", kSingle, kWhole, Matches::every, Trace::no};
-inline constexpr StoredFact kAdminLoginModeEnabled{
-    // on, unless it was switched off
-    "AdminLoginModeEnabled", Encoding::plain, "1", kSingle, kWhole, Matches::every, Trace::no};
-inline constexpr StoredFact kPSFormName{"PSFormName", Encoding::base64, nullptr,   99,
-                                        kMaxParts,    Matches::every,   Trace::yes};
-inline constexpr StoredFact kBarcodeAreaDefName{
-    "BarcodeAreaDefName", Encoding::base64, nullptr, 99, kMaxParts, Matches::every, Trace::yes};
-inline constexpr StoredFact kColorProfileName{"ColorProfileName", Encoding::base64, nullptr,   29,
-                                              kMaxParts,          Matches::every,   Trace::yes};
+// In the order in which an update job passes them on. Waking the printer and its administrator's
+// log-in mode are on unless they were switched off.
+// clang-format off
+inline constexpr StoredFact kStoredFacts[] = {
+    {"PPDOptionsUpdated",     plain,  "0",      kSingle, kWhole,    Matches::first, Trace::yes},
+    {"IsCustomSnmpCommunity", plain,  "0",      kSingle, kWhole,    Matches::first, Trace::yes},
+    {"SnmpCommunityName",     base64, "public", kSingle, kWhole,    Matches::first, Trace::yes},
+    {"IsWakeOnLan",           plain,  "1",      kSingle, kWhole,    Matches::first, Trace::yes},
+    {"PrinterMacAddress",     base64, "",       kSingle, kWhole,    Matches::first, Trace::yes},
+    {"IsOverTheRouter",       plain,  "0",      kSingle, kWhole,    Matches::first, Trace::yes},
+    {"PrinterIPAddress",      base64, "",       kSingle, kWhole,    Matches::first, Trace::yes},
+    {"SharedBoxName",         base64, nullptr,  99,      kMaxParts, Matches::every, Trace::yes},
+    {"SelSharedBoxName",      base64, nullptr,  99,      kMaxParts, Matches::every, Trace::yes},
+    {"SelSharedBoxIndex",     plain,  nullptr,  99,      kWhole,    Matches::first, Trace::no},
+    {"UsePersonalFolder",     plain,  "0",      kSingle, kWhole,    Matches::every, Trace::no},
+    {"AdminLoginModeEnabled", plain,  "1",      kSingle, kWhole,    Matches::every, Trace::no},
+    {"PSFormName",            base64, nullptr,  99,      kMaxParts, Matches::every, Trace::yes},
+    {"BarcodeAreaDefName",    base64, nullptr,  99,      kMaxParts, Matches::every, Trace::yes},
+    {"ColorProfileName",      base64, nullptr,  29,      kMaxParts, Matches::every, Trace::yes},
+};
+// clang-format on
 
-// All of them, in the order in which an update job passes them on.
-inline constexpr std::array kStoredFacts{
-    kPPDOptionsUpdated, kIsCustomSnmpCommunity, kSnmpCommunityName, kIsWakeOnLan,
-    kPrinterMacAddress, kIsOverTheRouter,       kPrinterIPAddress,  kSharedBoxName,
-    kSelSharedBoxName,  kSelSharedBoxIndex,     kUsePersonalFolder, kAdminLoginModeEnabled,
-    kPSFormName,        kBarcodeAreaDefName,    kColorProfileName};
-
-constexpr bool isList(const StoredFact& fact) {
-  return fact.lastIndex != kSingle;
-}
+constexpr bool isList(const StoredFact& fact) { return fact.lastIndex != kSingle; }
 
 // The keyword of the entry `index` of a list, without a part.
 inline std::string entryKeyword(const StoredFact& fact, int index) {
@@ -91,13 +72,14 @@ inline std::string partKeyword(std::string_view keyword, int part) {
 
 namespace detail {
 
+// Not constexpr on purpose: reaching it stops the compiler with its name.
+void noStoredFactHasThisKeyword();
+
 // libcups reads no PPD with a longer main keyword.
 inline constexpr std::size_t kMaxKeywordLength = 40;
 inline constexpr std::string_view kLongestNumbering = "99_Part6";
 
-constexpr bool isSwitch(const StoredFact& fact) {
-  return !isList(fact) && fact.encoding == Encoding::plain;
-}
+constexpr bool isSwitch(const StoredFact& fact) { return !isList(fact) && fact.encoding == plain; }
 
 constexpr bool isSound(const StoredFact& fact) {
   const std::string_view keyword = fact.keyword;
@@ -107,7 +89,7 @@ constexpr bool isSound(const StoredFact& fact) {
          isList(fact) == (fact.absent == nullptr) &&
          (!isSwitch(fact) || absent == "0" || absent == "1") &&
          (fact.parts == kWhole ||
-          (fact.parts == kMaxParts && isList(fact) && fact.encoding == Encoding::base64));
+          (fact.parts == kMaxParts && isList(fact) && fact.encoding == base64));
 }
 
 constexpr bool everyFactIsSound() {
@@ -118,9 +100,9 @@ constexpr bool everyFactIsSound() {
 }
 
 constexpr bool noKeywordTwice() {
-  for (std::size_t i = 0; i < kStoredFacts.size(); ++i) {
-    for (std::size_t j = i + 1; j < kStoredFacts.size(); ++j) {
-      if (std::string_view(kStoredFacts[i].keyword) == kStoredFacts[j].keyword) return false;
+  for (const StoredFact& fact : kStoredFacts) {
+    for (const StoredFact* other = kStoredFacts; other != &fact; ++other) {
+      if (std::string_view(fact.keyword) == other->keyword) return false;
     }
   }
   return true;
@@ -128,8 +110,17 @@ constexpr bool noKeywordTwice() {
 
 }  // namespace detail
 
-static_assert(kStoredFacts.size() == 15);
+static_assert(std::size(kStoredFacts) == 15);
 static_assert(detail::everyFactIsSound());
 static_assert(detail::noKeywordTwice());
+
+// The row of `keyword`.
+consteval const StoredFact& storedFact(std::string_view keyword) {
+  for (const StoredFact& fact : kStoredFacts) {
+    if (fact.keyword == keyword) return fact;
+  }
+  detail::noStoredFactHasThisKeyword();
+  return kStoredFacts[0];
+}
 
 }  // namespace kelm::ppdsettings

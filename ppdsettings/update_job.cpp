@@ -88,58 +88,58 @@ bool ShouldUpdatePPD(const PrintJobData* job) {
 }
 
 bool UpdatePPDOptionsUpdatedToPPD(const PrintJobData* job) {
-  return updateFact(job, kPPDOptionsUpdated);
+  return updateFact(job, storedFact("PPDOptionsUpdated"));
 }
 
 bool UpdateIsCustomSnmpCommunityToPPD(const PrintJobData* job) {
-  return updateFact(job, kIsCustomSnmpCommunity);
+  return updateFact(job, storedFact("IsCustomSnmpCommunity"));
 }
 
 bool UpdateSnmpCommunityNameToPPD(const PrintJobData* job) {
-  return updateFact(job, kSnmpCommunityName);
+  return updateFact(job, storedFact("SnmpCommunityName"));
 }
 
 bool UpdateIsWakeOnLanToPPD(const PrintJobData* job) {
-  return updateFact(job, kIsWakeOnLan);
+  return updateFact(job, storedFact("IsWakeOnLan"));
 }
 
 bool UpdateMacAddressToPPD(const PrintJobData* job) {
-  return updateFact(job, kPrinterMacAddress);
+  return updateFact(job, storedFact("PrinterMacAddress"));
 }
 
 bool UpdateOverTheRouterToPPD(const PrintJobData* job) {
-  return updateFact(job, kIsOverTheRouter);
+  return updateFact(job, storedFact("IsOverTheRouter"));
 }
 
 bool UpdateIPAddressToPPD(const PrintJobData* job) {
-  return updateFact(job, kPrinterIPAddress);
+  return updateFact(job, storedFact("PrinterIPAddress"));
 }
 
 bool UpdateSharedBoxToPPD(const PrintJobData* job) {
-  const bool boxes = updateFact(job, kSharedBoxName);
-  const bool selected = updateFact(job, kSelSharedBoxName);
-  const bool indexes = updateFact(job, kSelSharedBoxIndex);
+  const bool boxes = updateFact(job, storedFact("SharedBoxName"));
+  const bool selected = updateFact(job, storedFact("SelSharedBoxName"));
+  const bool indexes = updateFact(job, storedFact("SelSharedBoxIndex"));
   return boxes || selected || indexes;
 }
 
 bool UpdateUsePersonalFolderToPPD(const PrintJobData* job) {
-  return updateFact(job, kUsePersonalFolder);
+  return updateFact(job, storedFact("UsePersonalFolder"));
 }
 
 bool UpdateAdminLoginModeToPPD(const PrintJobData* job) {
-  return updateFact(job, kAdminLoginModeEnabled);
+  return updateFact(job, storedFact("AdminLoginModeEnabled"));
 }
 
 bool UpdatePSFormNameToPPD(const PrintJobData* job) {
-  return updateFact(job, kPSFormName);
+  return updateFact(job, storedFact("PSFormName"));
 }
 
 bool UpdateBarcodeAreaDefNameToPPD(const PrintJobData* job) {
-  return updateFact(job, kBarcodeAreaDefName);
+  return updateFact(job, storedFact("BarcodeAreaDefName"));
 }
 
 bool UpdateColorProfilesNameToPPD(const PrintJobData* job) {
-  return updateFact(job, kColorProfileName);
+  return updateFact(job, storedFact("ColorProfileName"));
 }
 
 }  // namespace kelm::ppdsettings
