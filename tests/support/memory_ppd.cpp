@@ -1,0 +1,28 @@
+// A queue's PPD in memory, for tests.
+#include "tests/support/memory_ppd.hpp"
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include "base/byte_source.hpp"
+#include "filter/ppd_calls.hpp"
+
+// libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace kelm::tests {
+
+MemoryPpd::MemoryPpd(std::string_view attributes) {
+  const int descriptor = memfd_create("ppd", MFD_CLOEXEC);
+  if (descriptor < 0) return;
+  base::writeAll(descriptor, std::string_view("*PPD-Adobe: \"4.3\"\n"));
+  base::writeAll(descriptor, attributes);
+  lseek(descriptor, 0, SEEK_SET);
+  ppd_ = ppdOpenFd(descriptor);  // closes it
+}
+
+MemoryPpd::~MemoryPpd() {
+  if (ppd_ != nullptr) filter::r_ppdClose(ppd_);
+}
+
+}  // namespace kelm::tests
