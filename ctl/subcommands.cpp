@@ -1,12 +1,13 @@
-// The subcommands of kelmctl: a new one is a file NAME_command.cpp and a row here.
-#include "ctl/subcommand.hpp"
-
-#include <array>
+// The table of kelmctl's subcommands: a new one is a file NAME_command.cpp, a line in commands.hpp
+// and a row here.
+#include "ctl/commands.hpp"
 
 namespace kelm::ctl {
 namespace {
 
-constexpr std::array<Subcommand, 0> kSubcommands{};
+constexpr Subcommand kSubcommands[] = {
+    {"settings", "Show what is stored about a queue's printer", declareSettings},
+};
 
 }  // namespace
 

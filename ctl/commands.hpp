@@ -1,0 +1,10 @@
+// The subcommands of kelmctl: each declares its arguments and gives its action (Subcommand).
+#pragma once
+
+#include "ctl/subcommand.hpp"
+
+namespace kelm::ctl {
+
+Action declareSettings(CLI::App& app);
+
+}  // namespace kelm::ctl

@@ -1,0 +1,28 @@
+// The PPD that a subcommand looks at: a file, or the one of a queue.
+#pragma once
+
+#include <cups/ppd.h>
+
+#include <memory>
+#include <string>
+
+namespace kelm::ctl {
+
+struct PpdCloser {
+  void operator()(ppd_file_t* ppd) const;
+};
+using PpdHandle = std::unique_ptr<ppd_file_t, PpdCloser>;
+
+// Either the PPD or, when it is null, what went wrong with which input and what to do about it.
+struct OpenedPpd {
+  PpdHandle ppd;
+  std::string problem;
+};
+
+OpenedPpd openPpdFile(const std::string& path);
+
+// Asks the print server (CUPS_SERVER) for the queue's PPD; the copy that the library makes of it is
+// removed again.
+OpenedPpd openQueuePpd(const std::string& queue);
+
+}  // namespace kelm::ctl
