@@ -81,7 +81,7 @@ clean_up() {
 
 # The ends of all log files, when a test fails.
 show_logs() {
-  find "$W" -name '*log*' -type f -size +0 | while read -r file; do
+  find "$W" -path "$W/pids" -prune -o -name '*log*' -type f -size +0 -print | while read -r file; do
     echo "--- $file" >&2
     tail -n 40 "$file" >&2
   done

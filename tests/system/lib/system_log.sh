@@ -1,0 +1,19 @@
+# system_log.sh : a system log of the test's own; read after common.sh.
+# shellcheck shell=sh
+
+# system_log_start FILE : what programs give to syslog(3) is appended to FILE. The test's mount
+# namespace gets a /dev of its own for that.
+system_log_start() {
+  mkdir "$W/dev"
+  mount -t tmpfs none "$W/dev"
+  for device in null zero full random urandom; do
+    : >"$W/dev/$device"
+    mount --bind "/dev/$device" "$W/dev/$device"
+  done
+  ln -s /proc/self/fd "$W/dev/fd"
+  mount --move "$W/dev" /dev
+  : >"$1"
+  socat -u UNIX-RECV:/dev/log,mode=666 "OPEN:$1,append" &
+  started system_log $!
+  wait_until 5 test -S /dev/log || fail "no system log"
+}

@@ -1,0 +1,73 @@
+#!/bin/sh
+# What the print server makes of long values, as docs/stored-facts.md says.
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+# shellcheck source=tests/system/lib/system_log.sh
+. "$HERE/lib/system_log.sh"
+
+# zeros COUNT ; each 4 of "0000" are Base64 of D3 4D 34, which is no UTF-8
+zeros() { printf "%0$1d" 0; }
+
+# letters COUNT : COUNT, a multiple of 4, characters of Base64 of "ABCABC..."
+letters() { zeros "$(($1 / 4))" | sed 's/0/QUJD/g'; }
+
+# update QUEUE OPTION
+update() {
+  cups_job "$1" -o UpdatePPDOptions -o "$2" "$W/page.ps" >"$W/job_id" || fail "$2: the job did not end"
+}
+
+# stored QUEUE KEYWORD : the value as it stands in the queue's PPD
+stored() { sed -n "s/^\*$2: //p" "$(cups_queue_ppd "$1")"; }
+
+# features QUEUE : the number of feature sections that the print server gives an ordinary job
+features() {
+  cups_job "$1" "$W/page.ps" >"$W/job_id" || fail "the job did not end"
+  grep -ac '^%%BeginFeature' "$W/$1.out" || true
+}
+
+aborted() { grep -q "$1.*crashed on signal 6" "$CUPS/log/error_log"; }
+
+printf '%%!PS-Adobe-3.0\n%%%%EndComments\nshowpage\n' >"$W/page.ps"
+system_log_start "$W/syslog"
+cups_setup
+cups_start
+for queue in fits long cut abort; do
+  cups_queue "$queue" "file:$W/$queue.out" "$HERE/lib/queue.ppd"
+done
+
+# 252 bytes for keyword and value: the longest that libcups reads back.
+update fits "PrinterIPAddress=$(letters 236)"
+expect "longest value" "$(letters 236)" "$(stored fits PrinterIPAddress)"
+"$BUILD/kelmctl" settings fits >"$W/settings"
+expect_line "$W/settings" "IP address                $(zeros 59 | sed 's/0/ABC/g')"
+expect "feature sections" 1 "$(features fits)"
+
+# One more: stored, but no program can read the queue's PPD from then on.
+update long "PrinterIPAddress=$(letters 236)="
+expect "stored value" "$(letters 236)=" "$(stored long PrinterIPAddress)"
+if "$BUILD/kelmctl" settings long >"$W/settings" 2>"$W/problem"; then fail "the PPD could be read"; fi
+grep -q 'Line longer than the maximum allowed (255 characters)' "$W/problem" ||
+  fail "kelmctl does not name the reason: $(cat "$W/problem")"
+expect "feature sections" 0 "$(features long)"
+
+# A shorter value heals the queue.
+update long PrinterIPAddress=MTkyLjAuMi43
+"$BUILD/kelmctl" settings long >"$W/settings"
+expect_line "$W/settings" 'IP address                192.0.2.7'
+expect "feature sections" 1 "$(features long)"
+
+# A message ends with its 2047th byte; "PPD: PrinterIPAddress=" are 22 of them.
+update cut "PrinterIPAddress=$(zeros 3000)"
+expect "cut value" "$(zeros 2025)" "$(stored cut PrinterIPAddress)"
+
+# A line that does not fit into 4096 bytes ends the update job; the lines before it count.
+lp -d abort -o UpdatePPDOptions -o IsWakeOnLan=0 -o "PrinterIPAddress=$(zeros 4073)" "$W/page.ps" \
+  >"$W/job_id"
+wait_until 10 aborted kelmfilter || fail "the update job did not abort"
+wait_until 2 grep -qa 'PPD keyword PrinterIPAddress not updated: its value is too long' "$W/syslog" ||
+  fail "the system log does not name the keyword"
+wait_until 5 grep -q '^\*IsWakeOnLan: 0$' "$(cups_queue_ppd abort)" ||
+  fail "the line before was not stored"
+expect "too long value" "" "$(stored abort PrinterIPAddress)"
