@@ -1,0 +1,26 @@
+# Completion of kelmctl in bash; installed where bash-completion looks for the command's name.
+
+_kelmctl_words() { mapfile -t COMPREPLY < <(compgen -W "$1" -- "$2"); }
+
+_kelmctl_settings() {
+  if [[ $2 == --ppd ]]; then
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -f -- "$1")
+  elif [[ $1 == -* ]]; then
+    _kelmctl_words '--ppd --json --help' "$1"
+  else
+    _kelmctl_words "$(lpstat -e 2>/dev/null)" "$1"
+  fi
+}
+
+_kelmctl() {
+  local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
+  COMPREPLY=()
+  if ((COMP_CWORD == 1)); then
+    _kelmctl_words 'settings --help --version' "$current"
+  elif declare -F "_kelmctl_${COMP_WORDS[1]}" >/dev/null; then
+    "_kelmctl_${COMP_WORDS[1]}" "$current" "$previous"
+  fi
+}
+
+complete -F _kelmctl kelmctl

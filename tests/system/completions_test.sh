@@ -1,0 +1,39 @@
+#!/bin/sh
+# bash and zsh complete the arguments of kelmctl, the names of queues included.
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+
+COMPLETIONS=$SOURCE/packaging/completions
+
+# in_bash WORD... : what bash offers for the last word, in one line
+in_bash() {
+  bash -c '. "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _kelmctl; echo "${COMPREPLY[*]}"' \
+    bash "$COMPLETIONS/kelmctl.bash" kelmctl "$@"
+}
+
+# in_zsh TEXT : what the command line TEXT becomes after a tab
+in_zsh() {
+  timeout 20 zsh -f "$HERE/lib/zsh_tab.zsh" "$COMPLETIONS" "$1"
+}
+
+cups_setup
+cups_start
+cups_queue office file:/dev/null "$HERE/lib/queue.ppd"
+cups_queue lobby file:/dev/null "$HERE/lib/queue.ppd"
+cd "$W"
+: >sample.ppd
+
+expect "bash: subcommands" "settings --help --version" "$(in_bash '')"
+expect "bash: subcommand" "settings" "$(in_bash se)"
+expect "bash: queues" "lobby office" "$(in_bash settings '')"
+expect "bash: queue" "office" "$(in_bash settings of)"
+expect "bash: options" "--ppd --json --help" "$(in_bash settings --)"
+expect "bash: files" "sample.ppd" "$(in_bash settings --ppd sam)"
+expect "bash: unknown subcommand" "" "$(in_bash frobnicate '')"
+
+expect "zsh: subcommand" "kelmctl settings " "$(in_zsh 'kelmctl se')"
+expect "zsh: queue" "kelmctl settings office " "$(in_zsh 'kelmctl settings of')"
+expect "zsh: option" "kelmctl settings --json " "$(in_zsh 'kelmctl settings --j')"
+expect "zsh: file" "kelmctl settings --ppd sample.ppd " "$(in_zsh 'kelmctl settings --ppd sam')"

@@ -1,0 +1,15 @@
+# zsh_tab.zsh FOLDER TEXT : prints what the command line TEXT becomes after a tab, in an interactive
+# zsh with the completions of FOLDER.
+zmodload zsh/zpty
+zpty shell zsh -f -i
+# The line is shown between two marks that no terminal control gets into.
+zpty -w shell "PS1= RPS1=; unsetopt zle_bracketed_paste prompt_cr prompt_sp; TERM=dumb"
+zpty -w shell "fpath=(${(q)1} \$fpath); autoload -Uz compinit; compinit -u -D"
+zpty -w shell 'show() { print -rn -- "<<<$BUFFER>>>"; zle kill-buffer; zle accept-line }'
+zpty -w shell 'tab() { zle complete-word; show }; zle -N tab; bindkey "^I" tab; echo rea""dy'
+line=
+zpty -r -m shell line '*ready*'
+zpty -w -n shell "$2"$'\t'
+zpty -r -m shell line '*<<<*>>>*'
+zpty -d shell
+print -r -- "${${line##*<<<}%%>>>*}"

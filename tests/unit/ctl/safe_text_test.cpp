@@ -1,0 +1,25 @@
+// Texts on somebody's terminal.
+#include "ctl/safe_text.hpp"
+
+#include <gtest/gtest.h>
+
+namespace kelm::ctl {
+namespace {
+
+TEST(SafeText, LeavesPrintableTextOfAllLanguages) {
+  EXPECT_EQ(safeText("Büro Süd, 共有 ~"), "Büro Süd, 共有 ~");
+  EXPECT_EQ(safeText(""), "");
+}
+
+TEST(SafeText, EscapesControlCharacters) {
+  EXPECT_EQ(safeText("a\x1B[31m\n\t\x7F"), "a\\u001B[31m\\u000A\\u0009\\u007F");
+}
+
+TEST(SafeText, EscapesC1ControlCharactersAndNothingAroundThem) {
+  EXPECT_EQ(safeText("\xC2\x80\xC2\x9B\xC2\x9F\xC2\xA0"), "\\u0080\\u009B\\u009F\xC2\xA0");
+}
+
+TEST(SafeText, DoublesABackslash) { EXPECT_EQ(safeText("a\\u0009"), "a\\\\u0009"); }
+
+}  // namespace
+}  // namespace kelm::ctl
