@@ -6,9 +6,10 @@
 namespace kelm::pjl {
 namespace {
 
-void writeLine(std::FILE* stream, std::string_view line) {
+// The result of writing the LF.
+int writeLine(std::FILE* stream, std::string_view line) {
   std::fwrite(line.data(), 1, line.size(), stream);
-  std::fwrite("\n", 1, 1, stream);
+  return std::putc('\n', stream);
 }
 
 }  // namespace
@@ -35,8 +36,8 @@ void Output_QVSOFTWAREVERSION(std::FILE* stream) {
   writeLine(stream, "@PJL SET QVSOFTWAREVERSION=1.5.000");
 }
 
-void Output_EnterPostScript(std::FILE* stream) {
-  writeLine(stream, "@PJL ENTER LANGUAGE=POSTSCRIPT");
+int Output_EnterPostScript(std::FILE* stream) {
+  return writeLine(stream, "@PJL ENTER LANGUAGE=POSTSCRIPT");
 }
 
 }  // namespace kelm::pjl

@@ -13,6 +13,7 @@ void Output_QVPJLIDENTIFIER(std::FILE* stream);
 void Output_QVRIPCONTROLFLAG(std::FILE* stream);
 void Output_QVSOFTWARENAME(std::FILE* stream);
 void Output_QVSOFTWAREVERSION(std::FILE* stream);
-void Output_EnterPostScript(std::FILE* stream);
+// Returns the result of writing the LF, as putc(3).
+int Output_EnterPostScript(std::FILE* stream);
 
 }  // namespace kelm::pjl

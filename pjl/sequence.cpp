@@ -170,7 +170,7 @@ void writeFrameBeforeVariables(std::FILE* stream) {
 
 std::span<const HeaderSection> headerSections() { return kHeader; }
 
-void OutputPJL(std::FILE* stream, filter::PrintJobData& job) {
+int OutputPJL(std::FILE* stream, filter::PrintJobData& job) {
   writeFrameBeforeVariables(stream);
   for (const HeaderSection& section : kHeader) {
     if (section.dialogOnly && !job.isPrintPDE) continue;
@@ -178,7 +178,7 @@ void OutputPJL(std::FILE* stream, filter::PrintJobData& job) {
       std::visit([&](const auto* row) { (*row)(stream, job); }, step);
     }
   }
-  Output_EnterPostScript(stream);
+  return Output_EnterPostScript(stream);
 }
 
 }  // namespace kelm::pjl

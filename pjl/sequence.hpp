@@ -18,7 +18,9 @@ struct HeaderSection {
 // The job's variables in their order, without the frame.
 std::span<const HeaderSection> headerSections();
 
-// Writes the header, from the UEL to the switch to PostScript. Never fails.
-void OutputPJL(std::FILE* stream, filter::PrintJobData& job);
+// Writes the header, from the UEL to the switch to PostScript. Returns the result of its last
+// character write, as putc(3): a line feed, or EOF when the stream does not take it; nobody needs
+// to look at it.
+int OutputPJL(std::FILE* stream, filter::PrintJobData& job);
 
 }  // namespace kelm::pjl

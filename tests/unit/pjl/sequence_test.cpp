@@ -278,6 +278,16 @@ TEST_F(Header, IsThatOfJobsWithHundredsOfOptionsToo) {
   EXPECT_EQ(header(options), expected(&HeaderLine::plain));
 }
 
+TEST_F(Header, ReturnsTheResultOfItsLastCharacterWrite) {
+  TestJob job;
+  MemoryOutput output;
+  EXPECT_EQ(OutputPJL(output.stream(), *job), '\n');
+  std::FILE* readOnly = std::fopen("/dev/null", "r");
+  ASSERT_NE(readOnly, nullptr);
+  EXPECT_EQ(OutputPJL(readOnly, *job), EOF);
+  std::fclose(readOnly);
+}
+
 TEST(HeaderSections, GateTheFourGroupsOfTheDialogAsGroups) {
   std::vector<std::size_t> sizes;
   for (const HeaderSection& section : headerSections()) {
