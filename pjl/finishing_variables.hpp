@@ -55,7 +55,7 @@ inline constexpr TwoRoads Output_QVBACKCOVERSHEETTRAY{
 inline constexpr TableVariable Output_QVOUTPUTTRAY{"QVOutputTray", "QVOUTPUTTRAY", kOutputTray};
 inline constexpr OwnVariable Output_QVOUTPUTFACE{
     "QVOUTPUTFACE", writeOutputFace, "QVOutputTray, QVOutputFace", "QVOutputTray, QVOutputFace",
-    "FaceUp: FACEUP, FaceDown: FACEDOWN; FACEDOWN unless the tray is there and neither Auto nor FaceDown", "FACEUP where the tray decides"};
+    "FaceUp: FACEUP, FaceDown: FACEDOWN; FACEDOWN unless the tray is there and neither Auto nor FaceDown", "FACEUP where the tray is so, else FACEDOWN"};
 inline constexpr TableVariable Output_QVCONTINUOUSOUTPUT{"QVContinuousOutput", "QVCONTINUOUSOUTPUT", kSwitch};
 inline constexpr TableVariable Output_QVREVERSEORDER{"QVReverseOrder", "QVREVERSEORDER", kSwitch};
 inline constexpr TableVariable Output_QVFORM{"QVForm", "QVFORM", kSwitch};
@@ -82,7 +82,8 @@ inline constexpr OwnVariable Output_QVJOBNAME{
     "OFF: OFF, ON: ON (dialog); ON for a typed name that may be sent, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_JOBNAME{
     "JOBNAME", writeJobName, "QVJobName, QVJobNameTextValueUTF8", "QVJobNameInfo",
-    "as it is (dialog); the typed name in hex (plain)", "the job's title in hex"};
+    "for QVJobName ON the text as it is, the title in hex when it is empty (dialog); the typed name in hex (plain)",
+    "the job's title in hex; empty for QVJobName ON without a text (dialog)"};
 inline constexpr OwnVariable Output_QVSECRETNUM{
     "QVSECRETNUM", writeSecretNumSwitch, "QVSecretNum", "QVSecretNumInfo",
     "OFF: OFF, ON: ON (dialog); ON for a typed PIN that may be sent, else OFF (plain)", "OFF"};

@@ -11,7 +11,7 @@ namespace kelm::pjl {
 // clang-format off
 inline constexpr OwnVariable Output_QVHOSTNAME{
     "QVHOSTNAME", writeHostName,
-    "QVHostNameValue", "QVHostNameValue", "hex text", "the computer's name in hex; no line when it is empty"};
+    "QVHostNameValue", "QVHostNameValue", "in hex; no line for an empty name", "the computer's name in hex; no line when it is empty"};
 inline constexpr OwnVariable Output_QVMANUALZOOM{
     "QVMANUALZOOM", writeManualZoom,
     "QVZoomRateValue", "QVZoomRate", "0: OFF, 1: ON (dialog); OFF: OFF, anything else: ON (plain)", "OFF"};
@@ -26,39 +26,39 @@ inline constexpr OwnVariable Output_QTY{
     "as it is; QTY when collated: QVCollateValue is 1 (dialog), QVCollate is not False or false (plain); else COPIES", "1"};
 inline constexpr OwnVariable Output_DUPLEX{
     "DUPLEX", writeDuplex, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
-    "OFF: OFF, LongEdge: ON, ShortEdge: ON; a booklet binding other than OFF makes QVDuplex ShortEdge", "by the PPD's default; ON without one"};
+    "OFF: OFF, LongEdge: ON, ShortEdge: ON; a booklet binding other than OFF turns QVDuplex, where it is there, into ShortEdge", "the row of the PPD's default, OFF when it has none; ON without a PPD or such an option in it"};
 inline constexpr OwnVariable Output_BINDING{
     "BINDING", writeBindingEdge, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
-    "OFF: OFF, LongEdge: LONGEDGE, ShortEdge: SHORTEDGE; as DUPLEX", "by the PPD's default; LONGEDGE without one"};
+    "OFF: OFF, LongEdge: LONGEDGE, ShortEdge: SHORTEDGE; booklets as for DUPLEX", "the row of the PPD's default, OFF when it has none; LONGEDGE without a PPD or such an option in it"};
 inline constexpr TwoRoads Output_QVWAITAFTERPROOF{
     TableVariable{"QVWaitAfterProofValue", "QVWAITAFTERPROOF", kDialogSwitch},
     TableVariable{"QVWaitAfterProof", "QVWAITAFTERPROOF", kTrueFalse}};
 inline constexpr OwnVariable Output_QVPAGESIZE{
     "QVPAGESIZE", writePageSize,
     "com.apple.print.PageToPaperMappingMediaName, media", "com.apple.print.PageToPaperMappingMediaName, media",
-    "the paper's name; CUSTOMSIZE when the text contains Custom", "A4"};
+    "the paper's name; CUSTOMSIZE when the text contains Custom", "the same of media; A4 without it"};
 inline constexpr OwnVariable Output_QVPAGESIZEWIDTH{
     "QVPAGESIZEWIDTH", writePageWidth,
     "QVPAGESizeWidthValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeWidthValue100, media",
-    "1/100 mm; no line for a mapped custom paper without a size (plain)", "21000"};
+    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the width of media; 21000 without it"};
 inline constexpr OwnVariable Output_QVPAGESIZEHEIGHT{
     "QVPAGESIZEHEIGHT", writePageHeight,
     "QVPAGESizeHeightValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeHeightValue100, media",
-    "1/100 mm; no line for a mapped custom paper without a size (plain)", "29700"};
+    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the height of media; 29700 without it"};
 inline constexpr OrientationRow kOrientations[] = {{"0", "Portrait", "PORTRAIT"},
                                                    {"1", "Landscape", "LANDSCAPE"}};
 inline constexpr OrientationVariable Output_ORIENTATION{"QVOrientation", "ORIENTATION", kOrientations, 0};
 inline constexpr OwnVariable Output_PAPER{
     "PAPER", writeTargetPaper, "QVTargetPaperSize", "QVTargetPaperSize",
-    "the paper's name; AUTO when the text contains SameAsOriginal; CUSTOMSIZE when it contains Custom", "AUTO"};
+    "the paper's name, but not of tabloid; AUTO when the text contains SameAsOriginal, else CUSTOMSIZE when it contains Custom", "AUTO"};
 inline constexpr OwnVariable Output_QVTARGETPAPERSIZEWIDTH{
     "QVTARGETPAPERSIZEWIDTH", writeTargetWidth,
-    "QVTargetPaperSizeWidthValue100, media", "QVTargetPaperSize, com.apple.print.PageToPaperMappingMediaName, media",
-    "1/100 mm; empty for an unknown paper", "21000"};
+    "QVTargetPaperSizeWidthValue100, media", "QVTargetPaperSize unless it contains SameAsOriginal, com.apple.print.PageToPaperMappingMediaName, media",
+    "1/100 mm; empty for an unknown or custom target; 0 where a mapped custom paper has no size (plain)", "the width of media; 21000 without it"};
 inline constexpr OwnVariable Output_QVTARGETPAPERSIZEHEIGHT{
     "QVTARGETPAPERSIZEHEIGHT", writeTargetHeight,
-    "QVTargetPaperSizeHeightValue100, media", "QVTargetPaperSize, com.apple.print.PageToPaperMappingMediaName, media",
-    "1/100 mm; empty for an unknown paper", "29700"};
+    "QVTargetPaperSizeHeightValue100, media", "QVTargetPaperSize unless it contains SameAsOriginal, com.apple.print.PageToPaperMappingMediaName, media",
+    "1/100 mm; empty for an unknown or custom target; 0 where a mapped custom paper has no size (plain)", "the height of media; 29700 without it"};
 inline constexpr TableVariable Output_AUTOSELECT{"QVInputSlot", "AUTOSELECT", kAutoSelect};
 inline constexpr TableVariable Output_MEDIASOURCE{"QVInputSlot", "MEDIASOURCE", kMediaSource};
 inline constexpr TableVariable Output_QVOUTPUTMETHOD{"QVOutputMethod", "QVOUTPUTMETHOD", kOutputMethod};

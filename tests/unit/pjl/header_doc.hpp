@@ -1,0 +1,11 @@
+// The page about the header (docs/pjl-header.md), made from the rows that write it.
+#pragma once
+
+#include <string>
+
+namespace kelm::pjl {
+
+// The whole page, Markdown.
+std::string headerDocument();
+
+}  // namespace kelm::pjl

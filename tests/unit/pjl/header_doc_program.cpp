@@ -1,0 +1,9 @@
+// Writes the page about the header (docs/pjl-header.md) to standard output.
+#include <cstdio>
+
+#include "tests/unit/pjl/header_doc.hpp"
+
+int main() {
+  const std::string page = kelm::pjl::headerDocument();
+  return std::fwrite(page.data(), 1, page.size(), stdout) == page.size() ? 0 : 1;
+}
