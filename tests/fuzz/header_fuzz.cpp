@@ -1,0 +1,44 @@
+// Any options, of a plain job and of a dialog job: the header keeps its frame and all its lines.
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "pjl/sequence.hpp"
+#include "platform/fake/fake_platform.hpp"
+#include "tests/support/memory_job.hpp"
+
+namespace {
+
+// Every line but those that a job may do without: of a plain job the host name and the two sizes of
+// a custom paper, of a dialog job the host name and the zoom rate.
+constexpr std::ptrdiff_t kFewestPlainLines = 8 + 102 - 3;
+constexpr std::ptrdiff_t kFewestDialogLines = 8 + 133 - 2;
+
+bool isWhole(const std::string& header, std::ptrdiff_t fewestLines) {
+  return header.starts_with("\x1B%-12345X@PJL\n@PJL COMMENT ") &&
+         header.ends_with("\n@PJL ENTER LANGUAGE=POSTSCRIPT\n") &&
+         std::count(header.begin(), header.end(), '\n') >= fewestLines;
+}
+
+void check(const std::string& options, std::ptrdiff_t fewestLines) {
+  auto job = kelm::tests::TestJob::parsed(options.c_str());
+  kelm::tests::MemoryOutput output;
+  kelm::pjl::OutputPJL(output.stream(), *job);
+  const std::string first = output.text();
+  if (!isWhole(first, fewestLines)) std::abort();
+  // What the first header changed in the job (a booklet's short edge) changes no second one.
+  kelm::pjl::OutputPJL(output.stream(), *job);
+  if (output.text() != first + first) std::abort();
+}
+
+}  // namespace
+
+// The input is the option string of the filter's command line.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const kelm::platform::FakePlatform platform;
+  const std::string options(reinterpret_cast<const char*>(data), size);
+  check(options, kFewestPlainLines);
+  check("PrintPDE=1 " + options, kFewestDialogLines);
+  return 0;
+}
