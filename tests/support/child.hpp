@@ -1,0 +1,16 @@
+// A piece of a test in a process of its own: what it does to its environment ends with it.
+#pragma once
+
+#include <functional>
+#include <string>
+
+namespace kelm::tests {
+
+// The text that `body` returned in a child process; "died: STATUS" when the child did not end well.
+std::string inChild(const std::function<std::string()>& body);
+
+// The same on a computer of its own: host name, mounts and no session of logind. "refused" when the
+// system does not allow that.
+std::string onOwnComputer(const std::function<std::string()>& body);
+
+}  // namespace kelm::tests

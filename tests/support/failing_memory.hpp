@@ -1,0 +1,18 @@
+// Memory that runs out when a test says so.
+#pragma once
+
+#include <cstddef>
+
+namespace kelm::tests {
+
+// While it lives, every request of this thread for more than `mostBytes` at once is refused, as
+// when memory is exhausted.
+class ScopedMemoryLimit {
+ public:
+  explicit ScopedMemoryLimit(std::size_t mostBytes);
+  ~ScopedMemoryLimit();
+  ScopedMemoryLimit(const ScopedMemoryLimit&) = delete;
+  ScopedMemoryLimit& operator=(const ScopedMemoryLimit&) = delete;
+};
+
+}  // namespace kelm::tests

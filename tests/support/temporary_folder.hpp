@@ -1,0 +1,34 @@
+// A folder of a test's own, and what is in its files.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelm::tests {
+
+// Made with the object under the system's folder for temporary files, removed with it.
+class TemporaryFolder {
+ public:
+  TemporaryFolder();
+  ~TemporaryFolder();
+  TemporaryFolder(const TemporaryFolder&) = delete;
+  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+
+  const std::filesystem::path& path() const { return path_; }
+
+  // The names in `folder` (below this one), sorted.
+  std::vector<std::string> names(const std::filesystem::path& folder = "") const;
+
+ private:
+  std::filesystem::path path_;
+};
+
+// The whole content; nothing when the file cannot be opened.
+std::optional<std::string> readFile(const std::filesystem::path& path);
+
+void writeFile(const std::filesystem::path& path, std::string_view content);
+
+}  // namespace kelm::tests

@@ -1,0 +1,66 @@
+// Numbers in job texts.
+#include "base/number_text.hpp"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace kelm::base {
+namespace {
+
+TEST(LeadingInteger, ReadsDigitsUpToAnythingElse) {
+  EXPECT_EQ(leadingInteger("842pt"), 842);
+  EXPECT_EQ(leadingInteger("12.9"), 12);
+}
+
+TEST(LeadingInteger, TakesBlanksAndASign) {
+  EXPECT_EQ(leadingInteger(" \t-7"), -7);
+  EXPECT_EQ(leadingInteger("+7"), 7);
+}
+
+TEST(LeadingInteger, IsZeroWithoutDigits) {
+  EXPECT_EQ(leadingInteger(""), 0);
+  EXPECT_EQ(leadingInteger("x5"), 0);
+  EXPECT_EQ(leadingInteger("-"), 0);
+}
+
+TEST(LeadingInteger, ReadsDecimalOnly) {
+  EXPECT_EQ(leadingInteger("010"), 10);
+  EXPECT_EQ(leadingInteger("0x10"), 0);
+}
+
+TEST(LeadingInteger, IsCutTo32Bits) {
+  EXPECT_EQ(leadingInteger("2147483647"), std::numeric_limits<std::int32_t>::max());
+  EXPECT_EQ(leadingInteger("2147483648"), std::numeric_limits<std::int32_t>::min());
+  EXPECT_EQ(leadingInteger("4294967301"), 5);
+}
+
+TEST(LeadingInteger, StopsAtTheLimitOfLongBeforeTheCut) {
+  EXPECT_EQ(leadingInteger("99999999999999999999"), -1);
+  EXPECT_EQ(leadingInteger("-99999999999999999999"), 0);
+}
+
+TEST(LeadingReal, ReadsFractionsAndExponents) {
+  EXPECT_EQ(leadingReal("595.5pt"), 595.5);
+  EXPECT_EQ(leadingReal(" -1.5e2"), -150);
+  EXPECT_EQ(leadingReal(".5"), 0.5);
+}
+
+TEST(LeadingReal, IsZeroWithoutANumber) {
+  EXPECT_EQ(leadingReal(""), 0);
+  EXPECT_EQ(leadingReal("pt"), 0);
+}
+
+TEST(LeadingReal, EndsAtAComma) {
+  EXPECT_EQ(leadingReal("1,5"), 1);
+}
+
+TEST(CutTo32Bits, KeepsTheLowBits) {
+  static_assert(cutTo32Bits(7) == 7);
+  static_assert(cutTo32Bits(-7) == -7);
+  EXPECT_EQ(cutTo32Bits(0x1'0000'0005), 5);
+  EXPECT_EQ(cutTo32Bits(0x8000'0000), std::numeric_limits<std::int32_t>::min());
+}
+
+}  // namespace
+}  // namespace kelm::base
