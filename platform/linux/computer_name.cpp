@@ -10,7 +10,7 @@ namespace kelm::platform::linux_bodies {
 
 std::string LinuxComputerName::get() {
   std::array<char, HOST_NAME_MAX + 1> name{};
-  return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : "";
+  return gethostname(name.data(), name.size()) == 0 ? name.data() : "";
 }
 
 }  // namespace kelm::platform::linux_bodies
