@@ -1,0 +1,37 @@
+// The diagnostic files switched on for a test.
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+#include "platform/fake/fake_platform.hpp"
+#include "tests/support/temporary_folder.hpp"
+
+namespace kelm::tests {
+
+// A whole platform in memory over a folder of the test's own, in which the switch file exists; it
+// is 30 September 2016, 14:05:09. The switch is on and no file is named yet; when the object goes,
+// the switch is off and the names are empty again.
+class DiagnosticsOn {
+ public:
+  DiagnosticsOn();
+  ~DiagnosticsOn();
+  DiagnosticsOn(const DiagnosticsOn&) = delete;
+  DiagnosticsOn& operator=(const DiagnosticsOn&) = delete;
+
+  // Names the three files as those of a job without options.
+  void nameFiles();
+
+  // The content of the diagnostic file that has this name now; "no file" when there is none.
+  std::string content(const char* name) const;
+
+  // Where the files are.
+  std::filesystem::path caches() const { return root_.path() / "Library/Caches"; }
+
+  platform::FakePlatform platform;
+
+ private:
+  TemporaryFolder root_;
+};
+
+}  // namespace kelm::tests
