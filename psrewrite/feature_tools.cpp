@@ -1,6 +1,8 @@
 // What every feature writer is made of.
 #include "psrewrite/feature_tools.hpp"
 
+#include <new>
+
 #include "base/hex_text.hpp"
 #include "filter/diagnostics.hpp"
 #include "psrewrite/custom_text.hpp"
@@ -47,7 +49,7 @@ bool outputCustomTextFeatureByReplacingValue(JobStream& stream, LineBuffer& buff
   return outputCustomTextByReplacingValue(stream, buffer, job, key, text);
 }
 
-bool writeWithValue(JobStream& stream, const LineBuffer& buffer, const std::string& value) {
+bool writeWithValue(JobStream& stream, const LineBuffer& buffer, const std::string& value) try {
   std::string line = buffer.text();
   const auto rewritten = erase_str(line, value);
   if (!rewritten) return false;
@@ -55,6 +57,8 @@ bool writeWithValue(JobStream& stream, const LineBuffer& buffer, const std::stri
   filter::LogFile2Message_char(line.c_str(), false);
   filter::LogFile3Message_char(rewritten->c_str(), false);
   return true;
+} catch (const std::bad_alloc&) {
+  return false;
 }
 
 bool drop(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) {

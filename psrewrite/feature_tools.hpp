@@ -37,7 +37,8 @@ bool outputCustomTextFeatureByReplacingValue(JobStream& stream, LineBuffer& buff
                                              const PrintJobData& job, const char* key,
                                              const char* defaultText, bool asHex);
 
-// Writes the line in `buffer` with `value` in its parentheses, and logs it as read and as written.
+// Writes the line in `buffer` with `value` in its parentheses, and logs it as read and as written;
+// the line is lost when memory is exhausted.
 bool writeWithValue(JobStream& stream, const LineBuffer& buffer, const std::string& value);
 
 // What plain jobs do with a value line: drop it, copy it, or leave it to the copy loop. The

@@ -40,7 +40,7 @@ bool outputQVCustomOrientation(JobStream& stream, LineBuffer& line, bool landsca
   if (!readLineWithoutEnding(stream, line)) return false;
   const auto turned = landscapeToPortrait ? replace_str(line.text(), "Landscape", "Portrait")
                                           : replace_str(line.text(), "Portrait", "Landscape");
-  writeLine(stream, turned ? *turned : line.text());
+  writeLine(stream, turned ? std::string_view(*turned) : std::string_view(line.text()));
   return true;
 }
 

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <iterator>
 #include <string>
+#include <string_view>
 
 #include "base/hex_text.hpp"
 #include "filter/diagnostics.hpp"
@@ -159,7 +160,7 @@ bool writeOrientation(JobStream& stream, LineBuffer& buffer, PrintJobData& job) 
   } else if (choice == "Landscape" || choice == "1") {
     turned = replace_str(buffer.text(), "Portrait", "Landscape");
   }
-  stream.write(turned ? *turned : buffer.text());
+  stream.write(turned ? std::string_view(*turned) : std::string_view(buffer.text()));
   return true;
 }
 
