@@ -7,7 +7,7 @@
 
 namespace kelm::base {
 
-// Every buffer that the printer's vocabulary defines has this size in bytes, terminator included.
+// The buffers for lines, option values and texts have this size in bytes, terminator included.
 inline constexpr std::size_t kTextBufferSize = 4096;
 
 // The number of bytes whose hex text fits into a text buffer: 2047.

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdio>
 #include <cstring>
+#include <optional>
 #include <string>
 
 #include "base/byte_source.hpp"
@@ -44,11 +45,19 @@ void appendCharacter(const char* name, int character) {
 
 // Names file `number`, cut to fit: "/Library/Caches/ID_1_YYYYMMDDhhmmss.txt", without "ID_" when
 // there is no printer ID.
-void nameFile(char (&name)[kDiagnosticNameSize], int number, const std::string& printerId,
-              const std::tm& time) {
+void nameFile(char (&name)[kDiagnosticNameSize], int number,
+              const std::optional<std::string>& printerId, const std::tm& time) {
   std::snprintf(name, sizeof name, "/Library/Caches/%s%s%d_%04d%02d%02d%02d%02d%02d.txt",
-                printerId.c_str(), printerId.empty() ? "" : "_", number, time.tm_year + 1900,
+                printerId.value_or("").c_str(), printerId ? "_" : "", number, time.tm_year + 1900,
                 time.tm_mon + 1, time.tm_mday, time.tm_hour, time.tm_min, time.tm_sec);
+}
+
+// The job's printer ID; nothing when it has none, or one that would leave the folder.
+std::optional<std::string> printerIdOf(const PrintJobData* job) {
+  std::string printerId;
+  if (!getOptionValue(job, "DestinationPrinterID", printerId)) return std::nullopt;
+  if (printerId.find('/') != std::string::npos) return std::nullopt;
+  return printerId;
 }
 
 }  // namespace
@@ -63,9 +72,7 @@ void LogFileMessageCheck(bool flag) { fileOutPutFlag = flag; }
 void ClearLogFileName(const PrintJobData* job) {
   if (!fileOutPutFlag) return;
   const std::tm time = platform::platform().wallClock->localTime();
-  std::string printerId;
-  getOptionValue(job, "DestinationPrinterID", printerId);
-  if (printerId.find('/') != std::string::npos) printerId.clear();
+  const std::optional<std::string> printerId = printerIdOf(job);
   nameFile(file_1_Name, 1, printerId, time);
   nameFile(file_2_Name, 2, printerId, time);
   nameFile(file_3_Name, 3, printerId, time);

@@ -1,6 +1,9 @@
 // The job's record, filled once from the command line and the environment.
 #include "filter/print_job.hpp"
 
+#include <strings.h>
+
+#include <algorithm>
 #include <clocale>
 #include <cstdio>
 #include <cstdlib>
@@ -34,8 +37,15 @@ std::string jobNameFor(const PrintJobData& job) {
   return base::hexTextInBuffer(job.title);
 }
 
+// Replaces the value of an option that the job has. Any other is put behind the options that the
+// number of options counts: libcups would sort it among them and push the last one out.
 void addOption(PrintJobData& job, const char* name, const char* value) {
-  cupsAddOption(name, value, job.numOptions, &job.options);
+  const int count = cupsAddOption(name, value, job.numOptions, &job.options);
+  if (count == job.numOptions) return;
+  const auto isNew = [&](const cups_option_t& option) { return !strcasecmp(option.name, name); };
+  cups_option_t* const end = job.options + count;
+  cups_option_t* const added = std::find_if(job.options, end, isNew);
+  std::rotate(added, added + 1, end);
 }
 
 }  // namespace
@@ -84,7 +94,7 @@ const cups_option_t* findJobOption(const PrintJobData* job, const char* name) {
 
 bool outputTrayDecidesFace(const PrintJobData* job) {
   const cups_option_t* tray = findJobOption(job, "QVOutputTray");
-  return tray != nullptr && std::strcmp(tray->value, "Auto") != 0 &&
+  return tray != nullptr && tray->value != nullptr && std::strcmp(tray->value, "Auto") != 0 &&
          std::strcmp(tray->value, "FaceDown") != 0;
 }
 

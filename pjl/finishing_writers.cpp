@@ -7,19 +7,13 @@
 #include "pjl/typed_text.hpp"
 #include "pjl/value_tables.hpp"
 #include "pjl/writers.hpp"
-#include "platform/platform.hpp"
+#include "psrewrite/console_user.hpp"
 #include "psrewrite/forms.hpp"
 
 namespace kelm::pjl {
 namespace {
 
 constexpr std::size_t kConsoleUserBufferSize = 512;
-
-// The console user's name as hex text; empty when nobody is there.
-std::string consoleUserHex() {
-  const std::string user = platform::platform().consoleUser->name();
-  return user.size() < kConsoleUserBufferSize ? base::hexText(user) : std::string();
-}
 
 void writeForm(std::FILE* stream, PrintJobData& job, const char* dialogKey, const char* pjlName,
                const psrewrite::TextField& field) {
@@ -59,7 +53,7 @@ void writeOwnerSwitch(std::FILE* stream, PrintJobData& job) {
 
 void writeUserName(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "USERNAME";
-  const std::string user = consoleUserHex();
+  const std::string user = psrewrite::consoleUserHex(kConsoleUserBufferSize);
   if (job.isPrintPDE) {
     return Output_CopyValue(stream, job, "QVOwnerNameTextValueUTF8", kVariable, user.c_str());
   }

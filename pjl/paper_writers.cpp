@@ -16,7 +16,8 @@
 namespace kelm::pjl {
 namespace {
 
-constexpr char kPageSizeKey[] = "com.apple.print.PageToPaperMappingMediaName";
+using psrewrite::kMappedPaperKey;
+
 constexpr char kCopiesKey[] = "com.apple.print.PrintSettings.PMCopies..n.";
 
 // Without a default in the PPD, an absent option is the second row.
@@ -97,13 +98,13 @@ void writeCustomPageSide(std::FILE* stream, const PrintJobData& job, const Side&
 
 void writePageSide(std::FILE* stream, const PrintJobData& job, const Side& side) {
   std::string paper;
-  if (job.isPrintPDE || !getOptionValue(&job, kPageSizeKey, paper)) {
+  if (job.isPrintPDE || !getOptionValue(&job, kMappedPaperKey, paper)) {
     const std::string size = sheetSize(job, side);
     Output_CopyValue(stream, job, side.pageDialogKey, side.pageVariable, size.c_str());
   } else if (paper.find("Custom") != std::string::npos) {
     writeCustomPageSide(stream, job, side, paper);
   } else {
-    Output_KeyValue(stream, job, kPageSizeKey, side.pageVariable, side.papers.rows,
+    Output_KeyValue(stream, job, kMappedPaperKey, side.pageVariable, side.papers.rows,
                     side.papers.defaultIndex);
   }
 }
@@ -167,11 +168,11 @@ void writeBindingEdge(std::FILE* stream, PrintJobData& job) {
 }
 
 void writePageSize(std::FILE* stream, PrintJobData& job) {
-  if (Output_IfValueContains(stream, job, kPageSizeKey, "Custom", "QVPAGESIZE", "CUSTOMSIZE") ==
+  if (Output_IfValueContains(stream, job, kMappedPaperKey, "Custom", "QVPAGESIZE", "CUSTOMSIZE") ==
       1) {
     return;
   }
-  Output_KeyValue(stream, job, kPageSizeKey, "QVPAGESIZE", kPaperNames.rows,
+  Output_KeyValue(stream, job, kMappedPaperKey, "QVPAGESIZE", kPaperNames.rows,
                   kPaperNames.defaultIndex);
 }
 

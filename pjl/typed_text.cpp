@@ -1,8 +1,6 @@
 // What plain jobs say of a text that a person typed.
 #include "pjl/typed_text.hpp"
 
-#include <string>
-
 #include "pjl/writers.hpp"
 
 namespace kelm::pjl {
@@ -14,8 +12,7 @@ void writeTypedSwitch(std::FILE* stream, const PrintJobData& job, const char* pj
 
 void writeTypedText(std::FILE* stream, const PrintJobData& job, const char* pjlName,
                     const psrewrite::TextField& field) {
-  const std::string hex = field.isValid(job) ? field.hexText(job) : std::string();
-  Output_Value(stream, job, pjlName, hex.c_str());
+  Output_Value(stream, job, pjlName, field.validHexText(job).c_str());
 }
 
 }  // namespace kelm::pjl

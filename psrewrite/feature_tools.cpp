@@ -10,11 +10,6 @@
 
 namespace kelm::psrewrite {
 
-bool readValueLine(JobStream& stream, LineBuffer& buffer) {
-  buffer.clear();
-  return stream.gets(buffer.data(), LineBuffer::kSize) != nullptr;
-}
-
 bool outputFeatureByReplacingValue(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
                                    const char* key, const char* defaultText) {
   if (!readValueLine(stream, buffer)) return false;

@@ -2,7 +2,7 @@
 //
 // A writer is called right behind the opening line of its section with the stream, the line buffer
 // and the job; it takes the section's value line(s) from the stream and writes the job's line. Each
-// returns true when it wrote a line, false at the end of the input.
+// returns true when it wrote a line: not at the end of the input, and not when the line goes.
 #pragma once
 
 #include <string>
@@ -10,16 +10,13 @@
 #include "base/callable_ref.hpp"
 #include "filter/print_job.hpp"
 #include "psrewrite/job_stream.hpp"
+#include "psrewrite/line_tools.hpp"
 #include "psrewrite/text_fields.hpp"
 
 namespace kelm::psrewrite {
 
 using filter::PrintJobData;
 using FeatureWriter = base::CallableRef<bool(JobStream&, LineBuffer&, PrintJobData&)>;
-
-// Zero-fills the buffer and reads the next line into it (at most 4095 bytes, ending kept); false
-// at the end of the input.
-bool readValueLine(JobStream& stream, LineBuffer& buffer);
 
 // Writes the next line with the option's value (without the option, defaultText) in its
 // parentheses.

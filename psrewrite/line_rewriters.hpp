@@ -1,8 +1,8 @@
 // Rewriters of a single line that write it with a line feed of their own.
 //
-// The first three read the next line into `line` with its ending taken off; false at the end of the
-// input or when memory is exhausted, and nothing is written. No feature dispatches them: they serve
-// callers that rewrite sizes by hand.
+// The first three read the next line into `line` with its ending taken off; at the end of the input
+// they write nothing and return false, the two with a value also when memory is exhausted. No
+// feature dispatches them: they serve callers that rewrite sizes by hand.
 #pragma once
 
 #include <cstdint>

@@ -5,23 +5,12 @@
 #include <new>
 #include <string_view>
 
+#include "base/tokens.hpp"
+
 namespace kelm::psrewrite {
 namespace {
 
 constexpr char kNoToken[] = "(null)";
-
-// The next piece of `rest` between runs of ")", as strtok finds it, taken off the front of `rest`.
-std::string_view nextToken(std::string_view& rest) {
-  const std::size_t start = rest.find_first_not_of(')');
-  if (start == std::string_view::npos) {
-    rest = {};
-    return kNoToken;
-  }
-  const std::size_t end = rest.find(')', start);
-  const std::string_view token = rest.substr(start, end - start);
-  rest = end == std::string_view::npos ? std::string_view{} : rest.substr(end + 1);
-  return token;
-}
 
 }  // namespace
 
@@ -42,8 +31,8 @@ std::optional<std::string> replace_str(const char* source, const char* from, con
 
 std::optional<std::string> erase_str(std::string& line, const std::string& value) try {
   std::string_view rest = line;
-  const std::string oldValue(nextToken(rest));
-  const std::string tail(nextToken(rest));
+  const std::string oldValue(base::nextToken(rest, ')').value_or(kNoToken));
+  const std::string tail(base::nextToken(rest, ')').value_or(kNoToken));
   std::string result = "(" + value + ")" + tail;
   line = oldValue + ")" + tail;
   return result;
@@ -51,10 +40,14 @@ std::optional<std::string> erase_str(std::string& line, const std::string& value
   return std::nullopt;
 }
 
+bool readValueLine(JobStream& stream, LineBuffer& buffer) {
+  buffer.clear();
+  return stream.gets(buffer.data(), LineBuffer::kSize) != nullptr;
+}
+
 bool outputReplacingValue(JobStream& stream, LineBuffer& buffer, const void* /*ignored*/,
                           const char* value) {
-  buffer.clear();
-  if (stream.gets(buffer.data(), LineBuffer::kSize) == nullptr) return false;
+  if (!readValueLine(stream, buffer)) return false;
   const auto line = replace_str(buffer.text(), kPlaceholder, value);
   if (!line) return false;
   stream.write(*line);

@@ -21,6 +21,10 @@ std::optional<std::string> replace_str(const char* source, const char* from, con
 // the two pieces with ")" between them, for the diagnostic files. Nothing when memory is exhausted.
 std::optional<std::string> erase_str(std::string& line, const std::string& value);
 
+// Zero-fills the buffer and reads the next line into it (at most 4095 bytes, ending kept); false
+// at the end of the input.
+bool readValueLine(JobStream& stream, LineBuffer& buffer);
+
 // Reads the next line and writes it with every "XXX" replaced by `value`; true when it wrote. The
 // third argument is ignored.
 bool outputReplacingValue(JobStream& stream, LineBuffer& buffer, const void* ignored,

@@ -6,15 +6,14 @@
 #include <cstdio>
 #include <cstring>
 #include <limits>
-#include <optional>
 
 #include "base/number_text.hpp"
+#include "base/tokens.hpp"
 #include "platform/platform.hpp"
 
 namespace kelm::psrewrite {
 namespace {
 
-constexpr char kMappedPaperKey[] = "com.apple.print.PageToPaperMappingMediaName";
 constexpr std::size_t kMostMediaBytes = 254;
 constexpr std::size_t kMostWidthBytes = 255;
 
@@ -30,26 +29,16 @@ std::int32_t wholeNumber(float value) {
   return static_cast<std::int32_t>(value);
 }
 
-std::string hundredthsOfPoints(const std::string& points) {
-  const float millimetres = wholeMillimetres(base::leadingReal(points.c_str()));
+std::string hundredthsOfPoints(std::string_view points) {
+  const float millimetres = wholeMillimetres(base::leadingReal(std::string(points).c_str()));
   return std::to_string(wholeNumber(millimetres * 100));
-}
-
-// The next piece of `rest` between runs of `delimiter`, as strtok finds it.
-std::optional<std::string> nextToken(std::string_view& rest, char delimiter) {
-  rest.remove_prefix(std::min(rest.find_first_not_of(delimiter), rest.size()));
-  if (rest.empty()) return std::nullopt;
-  const std::size_t end = std::min(rest.find(delimiter), rest.size());
-  std::string token(rest.substr(0, end));
-  rest.remove_prefix(std::min(end + 1, rest.size()));
-  return token;
 }
 
 void customMediaSize(std::string_view media, std::string& width, std::string& height) {
   std::string_view rest = media.substr(0, kMostMediaBytes);
-  nextToken(rest, '.');
-  if (const auto points = nextToken(rest, 'x')) width = hundredthsOfPoints(*points);
-  if (const auto points = nextToken(rest, 'x')) height = hundredthsOfPoints(*points);
+  base::nextToken(rest, '.');
+  if (const auto points = base::nextToken(rest, 'x')) width = hundredthsOfPoints(*points);
+  if (const auto points = base::nextToken(rest, 'x')) height = hundredthsOfPoints(*points);
 }
 
 void copyPaperSize(std::string_view name, std::string& width, std::size_t widthSize,

@@ -39,6 +39,9 @@ inline constexpr Paper kPapers[] = {
 };
 static_assert(std::size(kPapers) == 31);
 
+// The option with which the print system names the paper that the pages are put on.
+inline constexpr char kMappedPaperKey[] = "com.apple.print.PageToPaperMappingMediaName";
+
 // The paper of exactly this name, or null.
 const Paper* findPaper(std::string_view name);
 

@@ -9,7 +9,7 @@
 
 #include "base/hex_text.hpp"
 #include "filter/diagnostics.hpp"
-#include "platform/platform.hpp"
+#include "psrewrite/console_user.hpp"
 #include "psrewrite/feature_writers.hpp"
 #include "psrewrite/forms.hpp"
 #include "psrewrite/line_tools.hpp"
@@ -34,13 +34,7 @@ const base::ValueRow* formTag(const char* choice) {
 // The typed text in hex when it may be sent, else an empty text.
 bool writeTypedText(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
                     const TextField& field) {
-  const std::string hex = field.isValid(job) ? field.hexText(job) : std::string();
-  return outputCustomTextByReplacingValue(stream, buffer, job, field.key, hex);
-}
-
-std::string consoleUserHex() {
-  const std::string user = platform::platform().consoleUser->name();
-  return user.size() < base::kTextBufferSize ? base::hexTextInBuffer(user) : std::string();
+  return outputCustomTextByReplacingValue(stream, buffer, job, field.key, field.validHexText(job));
 }
 
 // Whether the dialog switched the text on and brought one.
@@ -126,7 +120,8 @@ bool writeOwnerName(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
     return outputFeatureByReplacingValue(stream, buffer, job, own ? kOwnerTextKey : kJobOwnerKey,
                                          "");
   }
-  const std::string hex = kOwnerName.isValid(job) ? kOwnerName.hexText(job) : consoleUserHex();
+  const std::string hex =
+      kOwnerName.isValid(job) ? kOwnerName.hexText(job) : consoleUserHex(base::kTextBufferSize);
   return outputCustomTextByReplacingValue(stream, buffer, job, kOwnerName.key, hex);
 }
 

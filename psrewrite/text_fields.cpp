@@ -32,6 +32,10 @@ std::string TextField::hexText(const filter::PrintJobData& job,
   return hex;
 }
 
+std::string TextField::validHexText(const filter::PrintJobData& job) const {
+  return isValid(job) ? hexText(job) : std::string();
+}
+
 const char* TextField::namedChoice(const filter::PrintJobData& job) const {
   return checkPPDKeywordWithLocalizeText(&job, key, rawText(job).c_str());
 }

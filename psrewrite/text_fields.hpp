@@ -30,6 +30,9 @@ struct TextField {
   // text buffer.
   std::string hexText(const filter::PrintJobData& job, const std::string& defaultText = "") const;
 
+  // The job's text in hex when it may be sent; empty otherwise.
+  std::string validHexText(const filter::PrintJobData& job) const;
+
   // The choice of the PPD's option that the job's text names, by its name or its localised label;
   // null when there is none. Lives as long as the job's PPD.
   const char* namedChoice(const filter::PrintJobData& job) const;

@@ -20,24 +20,14 @@ void* allocate(std::size_t size) {
 
 }  // namespace
 
-ScopedMemoryLimit::ScopedMemoryLimit(std::size_t limit) {
-  mostBytes = limit;
-}
+ScopedMemoryLimit::ScopedMemoryLimit(std::size_t limit) { mostBytes = limit; }
 
-ScopedMemoryLimit::~ScopedMemoryLimit() {
-  mostBytes = kNoLimit;
-}
+ScopedMemoryLimit::~ScopedMemoryLimit() { mostBytes = kNoLimit; }
 
 }  // namespace kelm::tests
 
-void* operator new(std::size_t size) {
-  return kelm::tests::allocate(size == 0 ? 1 : size);
-}
+void* operator new(std::size_t size) { return kelm::tests::allocate(size == 0 ? 1 : size); }
 
-void operator delete(void* memory) noexcept {
-  std::free(memory);
-}
+void operator delete(void* memory) noexcept { std::free(memory); }
 
-void operator delete(void* memory, std::size_t /*size*/) noexcept {
-  std::free(memory);
-}
+void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }

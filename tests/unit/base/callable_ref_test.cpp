@@ -10,9 +10,7 @@ namespace {
 
 using Ref = CallableRef<std::string(const std::string&)>;
 
-std::string twice(const std::string& text) {
-  return text + text;
-}
+std::string twice(const std::string& text) { return text + text; }
 
 struct Prefix {
   const char* prefix;
@@ -22,9 +20,7 @@ struct Prefix {
 constexpr Prefix kDash{"-"};
 constexpr Prefix kPlus{"+"};
 
-TEST(CallableRef, ToNothingIsFalse) {
-  EXPECT_FALSE(Ref());
-}
+TEST(CallableRef, ToNothingIsFalse) { EXPECT_FALSE(Ref()); }
 
 TEST(CallableRef, CallsAFunction) {
   const Ref ref(twice);

@@ -51,9 +51,7 @@ TEST(LeadingReal, IsZeroWithoutANumber) {
   EXPECT_EQ(leadingReal("pt"), 0);
 }
 
-TEST(LeadingReal, EndsAtAComma) {
-  EXPECT_EQ(leadingReal("1,5"), 1);
-}
+TEST(LeadingReal, EndsAtAComma) { EXPECT_EQ(leadingReal("1,5"), 1); }
 
 TEST(CutTo32Bits, KeepsTheLowBits) {
   static_assert(cutTo32Bits(7) == 7);

@@ -22,13 +22,9 @@ TEST(Utf16Length, CountsACharacterOutsideTheBasicPlaneTwice) {
             4U);  // U+10000
 }
 
-TEST(Utf16Length, CountsAccentsOfTheirOwn) {
-  EXPECT_EQ(utf16Length("e\xCC\x81"), 2U);
-}
+TEST(Utf16Length, CountsAccentsOfTheirOwn) { EXPECT_EQ(utf16Length("e\xCC\x81"), 2U); }
 
-TEST(Utf16Length, CountsAZeroByte) {
-  EXPECT_EQ(utf16Length(std::string_view("a\0b", 3)), 3U);
-}
+TEST(Utf16Length, CountsAZeroByte) { EXPECT_EQ(utf16Length(std::string_view("a\0b", 3)), 3U); }
 
 TEST(Utf16Length, KnowsTheEdgesOfEveryLength) {
   EXPECT_EQ(utf16Length("\x7F"), 1U);

@@ -20,9 +20,7 @@ struct CopyCase {
   std::string absent;
 };
 
-void PrintTo(const CopyCase& copy, std::ostream* out) {
-  *out << copy.name;
-}
+void PrintTo(const CopyCase& copy, std::ostream* out) { *out << copy.name; }
 
 class CopyVariableLine : public testing::TestWithParam<CopyCase> {
  protected:
@@ -41,13 +39,9 @@ TEST_P(CopyVariableLine, HasTheOptionsTextAsItIs) {
   expectValue({{option, " 9ü\t=%s"}}, " 9ü\t=%s");
 }
 
-TEST_P(CopyVariableLine, IsEmptyForAnEmptyText) {
-  expectValue({{GetParam().option, ""}}, "");
-}
+TEST_P(CopyVariableLine, IsEmptyForAnEmptyText) { expectValue({{GetParam().option, ""}}, ""); }
 
-TEST_P(CopyVariableLine, HasItsDefaultWithoutTheOption) {
-  expectValue({}, GetParam().absent);
-}
+TEST_P(CopyVariableLine, HasItsDefaultWithoutTheOption) { expectValue({}, GetParam().absent); }
 
 const CopyCase kCopies[] = {
     {"QVPAGESIZEWIDTH", &Output_QVPAGESIZEWIDTH, kBoth, "QVPAGESizeWidthValue100", "21000"},

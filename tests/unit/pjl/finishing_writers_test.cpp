@@ -15,9 +15,7 @@ namespace {
 constexpr char kFaceUp[] = "@PJL SET QVOUTPUTFACE=FACEUP\n";
 constexpr char kFaceDown[] = "@PJL SET QVOUTPUTFACE=FACEDOWN\n";
 
-TEST(OutputFace, IsDownForAJobWithoutOptions) {
-  EXPECT_EQ(plain(Output_QVOUTPUTFACE), kFaceDown);
-}
+TEST(OutputFace, IsDownForAJobWithoutOptions) { EXPECT_EQ(plain(Output_QVOUTPUTFACE), kFaceDown); }
 
 TEST(OutputFace, IsDownWithoutATrayWhateverTheJobAsks) {
   EXPECT_EQ(plain(Output_QVOUTPUTFACE, {{"QVOutputFace", "FaceUp"}}), kFaceDown);
@@ -74,22 +72,16 @@ TEST_F(Form, ThatIsAChoiceOfThePpdIsItsTagInHex) {
   }
 }
 
-TEST_F(Form, OffIsEmpty) {
-  EXPECT_EQ(value("Off"), line(""));
-}
+TEST_F(Form, OffIsEmpty) { EXPECT_EQ(value("Off"), line("")); }
 
-TEST_F(Form, CustomFormIsTheWordForm) {
-  EXPECT_EQ(value("CustomForm"), line("466F726D"));
-}
+TEST_F(Form, CustomFormIsTheWordForm) { EXPECT_EQ(value("CustomForm"), line("466F726D")); }
 
 TEST_F(Form, IsKnownByItsLabel) {
   EXPECT_EQ(value("Third form"), line(std::string(kTag) + "33"));
   EXPECT_EQ(value("Custom.Third form"), line(std::string(kTag) + "33"));
 }
 
-TEST_F(Form, ThatIsAChoiceOfThePpdWithoutATagIsEmpty) {
-  EXPECT_EQ(value("Form11"), line(""));
-}
+TEST_F(Form, ThatIsAChoiceOfThePpdWithoutATagIsEmpty) { EXPECT_EQ(value("Form11"), line("")); }
 
 TEST_F(Form, ThatIsNoChoiceOfThePpdIsTheTypedTextInHex) {
   EXPECT_EQ(value("Custom.Bill"), line("42696C6C"));

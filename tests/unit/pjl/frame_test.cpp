@@ -66,9 +66,7 @@ TEST(Frame, EndsWithTheSwitchToPostScriptIn30Bytes) {
   EXPECT_EQ(line.size(), 30U + 1);
 }
 
-TEST(Frame, BreaksALineWithABareLineFeed) {
-  EXPECT_EQ(frameLine(Output_LineBreak), "\n");
-}
+TEST(Frame, BreaksALineWithABareLineFeed) { EXPECT_EQ(frameLine(Output_LineBreak), "\n"); }
 
 }  // namespace
 }  // namespace kelm::pjl

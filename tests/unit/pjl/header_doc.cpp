@@ -125,9 +125,7 @@ std::string frame() {
          frameLines({[](std::FILE* stream) { Output_EnterPostScript(stream); }}) + "```\n";
 }
 
-std::string orEmpty(const char* text) {
-  return *text == '\0' ? "empty" : text;
-}
+std::string orEmpty(const char* text) { return *text == '\0' ? "empty" : text; }
 
 // The cells of one variable.
 struct Cells {

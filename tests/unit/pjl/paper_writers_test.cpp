@@ -16,9 +16,7 @@ namespace {
 const std::string kPaper = "com.apple.print.PageToPaperMappingMediaName";
 const std::string kCopies = "com.apple.print.PrintSettings.PMCopies..n.";
 
-std::string ppd(const std::string& name) {
-  return std::string(KELM_PPDS_DIR) + "/" + name;
-}
+std::string ppd(const std::string& name) { return std::string(KELM_PPDS_DIR) + "/" + name; }
 
 class HostName : public testing::Test {
  protected:

@@ -26,9 +26,7 @@ struct TableCase {
   Options others = {};  // what the job has besides
 };
 
-void PrintTo(const TableCase& table, std::ostream* out) {
-  *out << table.name;
-}
+void PrintTo(const TableCase& table, std::ostream* out) { *out << table.name; }
 
 class TableVariableLine : public testing::TestWithParam<TableCase> {
  protected:
@@ -54,9 +52,7 @@ TEST_P(TableVariableLine, IsEmptyForAnUnknownChoice) {
   expectValue({{GetParam().option, ""}}, "");
 }
 
-TEST_P(TableVariableLine, HasItsDefaultWithoutTheOption) {
-  expectValue({}, GetParam().absent);
-}
+TEST_P(TableVariableLine, HasItsDefaultWithoutTheOption) { expectValue({}, GetParam().absent); }
 
 const Rows kDigits = {{"0", "OFF"}, {"1", "ON"}};
 const Rows kWords = {{"OFF", "OFF"}, {"ON", "ON"}};

@@ -8,9 +8,7 @@
 namespace kelm::platform {
 namespace {
 
-TEST(Platform, IsTheOperatingSystemAtFirst) {
-  EXPECT_EQ(&platform(), &systemBodies());
-}
+TEST(Platform, IsTheOperatingSystemAtFirst) { EXPECT_EQ(&platform(), &systemBodies()); }
 
 TEST(Platform, OfTheOperatingSystemIsWhole) {
   const Platform& system = systemBodies();

@@ -12,13 +12,9 @@ namespace {
 
 using tests::TestJob;
 
-TEST(CustomText, IsWhatFollowsTheWord) {
-  EXPECT_EQ(customText("Custom.Hello"), "Hello");
-}
+TEST(CustomText, IsWhatFollowsTheWord) { EXPECT_EQ(customText("Custom.Hello"), "Hello"); }
 
-TEST(CustomText, EndsAtAFullStopInIt) {
-  EXPECT_EQ(customText("Custom.a.b"), "a");
-}
+TEST(CustomText, EndsAtAFullStopInIt) { EXPECT_EQ(customText("Custom.a.b"), "a"); }
 
 TEST(CustomText, IsEmptyWhenNothingFollows) {
   EXPECT_EQ(customText("Custom."), "");

@@ -117,13 +117,9 @@ TEST(Features, StandInTheOrderOfTheSearch) {
   }
 }
 
-TEST(GetFeature, OfNoLineIsZero) {
-  EXPECT_EQ(getFeature(nullptr), 0);
-}
+TEST(GetFeature, OfNoLineIsZero) { EXPECT_EQ(getFeature(nullptr), 0); }
 
-TEST(GetFeature, OfAnEmptyLineIsZero) {
-  EXPECT_EQ(getFeature(""), 0);
-}
+TEST(GetFeature, OfAnEmptyLineIsZero) { EXPECT_EQ(getFeature(""), 0); }
 
 TEST(GetFeature, OfAnOpeningLineWithAnotherKeywordIsZero) {
   EXPECT_EQ(getFeature("%BeginFeature: *PageSize A4\n"), 0);
@@ -159,9 +155,7 @@ TEST(GetFeature, TakesTheEarlierKeywordOfTheTable) {
   EXPECT_EQ(getFeature("%BeginFeature: *QVDatePrint QVTextInfo\n"), 12);
 }
 
-TEST(GetFeature, EndsAtAZeroByte) {
-  EXPECT_EQ(getFeature("%BeginFeature: *\0QVGCRed 100\n"), 0);
-}
+TEST(GetFeature, EndsAtAZeroByte) { EXPECT_EQ(getFeature("%BeginFeature: *\0QVGCRed 100\n"), 0); }
 
 TEST(FeatureWriter, OfACodeThatNoKeywordHasRefersToNothing) {
   for (const int code : {-1, 0, 28, 100, 103, 200, 212, 300, 314, 318, 400, 411}) {

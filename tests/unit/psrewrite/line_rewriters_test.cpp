@@ -98,9 +98,7 @@ TEST_P(TitleRewriter, AddsALineFeedToAnyLine) {
   EXPECT_EQ(rewritten(""), "0:\n");
 }
 
-TEST_P(TitleRewriter, IsMinusOneWithoutALine) {
-  EXPECT_EQ(rewritten(nullptr), "-1:");
-}
+TEST_P(TitleRewriter, IsMinusOneWithoutALine) { EXPECT_EQ(rewritten(nullptr), "-1:"); }
 
 INSTANTIATE_TEST_SUITE_P(Both, TitleRewriter,
                          testing::Values(&outputFeatureByCustomSizeTitle,

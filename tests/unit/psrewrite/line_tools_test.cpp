@@ -35,9 +35,7 @@ TEST(ReplaceStr, DoesNotLookAtWhatItPutIn) {
   EXPECT_EQ(replace_str("XaX", "a", "XXX"), "XXXXX");
 }
 
-TEST(ReplaceStr, LooksForLettersAsTheyAre) {
-  EXPECT_EQ(replace_str("xxx", "XXX", "1"), "xxx");
-}
+TEST(ReplaceStr, LooksForLettersAsTheyAre) { EXPECT_EQ(replace_str("xxx", "XXX", "1"), "xxx"); }
 
 // The rewritten line, and the line as it is left for the log.
 std::string erased(std::string line, const std::string& value, std::string* left = nullptr) {
@@ -89,9 +87,7 @@ TEST(EraseStr, WritesNullWhenNothingFollowsTheBracket) {
   EXPECT_EQ(erased(")", "7"), "(7)(null)");
 }
 
-TEST(EraseStr, KeepsALineFeedAlone) {
-  EXPECT_EQ(erased("(5)\n", "7"), "(7)\n");
-}
+TEST(EraseStr, KeepsALineFeedAlone) { EXPECT_EQ(erased("(5)\n", "7"), "(7)\n"); }
 
 TEST(EraseStr, TakesEmptyAndLongValues) {
   const std::string value(100'000, 'v');

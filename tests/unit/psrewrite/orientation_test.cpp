@@ -47,9 +47,7 @@ INSTANTIATE_TEST_SUITE_P(
         Row{{{"orientation-requested", "0"}, {"QVOrientation", "Landscape"}}, 1},
         Row{{{"orientation-requested", "0"}, {"QVOrientation", "other"}}, -1}));
 
-TEST(GetPaperOrientation, OfNoRecordIsPortrait) {
-  EXPECT_EQ(getPaperOrientation(nullptr), 0);
-}
+TEST(GetPaperOrientation, OfNoRecordIsPortrait) { EXPECT_EQ(getPaperOrientation(nullptr), 0); }
 
 // The line after replaceOrientation, or "unchanged" when it says so and it is.
 std::string turned(const std::string& text, const TestJob::Options& options) {

@@ -175,9 +175,7 @@ TEST(GetCustomPaperSize, GivesWholeMillimetres) {
   expectCustom("Custom.595.4x841.6", 210, 297);
 }
 
-TEST(GetCustomPaperSize, IgnoresUnits) {
-  expectCustom("Custom.595mmx842in", 210, 297);
-}
+TEST(GetCustomPaperSize, IgnoresUnits) { expectCustom("Custom.595mmx842in", 210, 297); }
 
 TEST(GetCustomPaperSize, LeavesBothWithoutFullStopOrX) {
   expectCustom("Custom", -7, -7);
@@ -194,9 +192,7 @@ TEST(GetCustomPaperSize, LeavesTheWidthWhenTheXComesFirst) {
   expectCustom("x842.595", -7, 297);  // 842.595 points
 }
 
-TEST(GetCustomPaperSize, TakesTextsWithoutNumbersAsZero) {
-  expectCustom("Custom.xy", 0, 0);
-}
+TEST(GetCustomPaperSize, TakesTextsWithoutNumbersAsZero) { expectCustom("Custom.xy", 0, 0); }
 
 TEST(GetCustomPaperSize, ReadsAtMost255BytesOfTheWidth) {
   const std::string zeros(252, '0');
@@ -227,9 +223,7 @@ TEST(HundredthsText, IsWholeDecimalText) {
   EXPECT_EQ(hundredthsText(-3), "-300");
 }
 
-TEST(HundredthsText, HasRoomForTheLargestNumber) {
-  EXPECT_EQ(hundredthsText(3e36F).size(), 39U);
-}
+TEST(HundredthsText, HasRoomForTheLargestNumber) { EXPECT_EQ(hundredthsText(3e36F).size(), 39U); }
 
 TEST_F(Target, IsTheDialogsPaperFirst) {
   EXPECT_EQ(of({{"QVTargetPaperSize", "B5"}, {kMapped, "A5"}, {"media", "A3"}}),

@@ -30,9 +30,7 @@ class SpecialWriters : public testing::Test {
   platform::FakePlatform platform_;
 };
 
-Written filled(const std::string& value) {
-  return {true, "(" + value + ") set\n", "next\n"};
-}
+Written filled(const std::string& value) { return {true, "(" + value + ") set\n", "next\n"}; }
 
 TEST_F(SpecialWriters, CommentOfACustomChoiceSkipsALine) {
   EXPECT_EQ(of(408, {{"QVJobComment", "Custom.Hello"}}, kCustomLines), filled("48656C6C6F"));
@@ -178,9 +176,7 @@ TEST_F(SpecialWriters, OwnerNameIsTheTypedOneElseTheConsoleUser) {
   EXPECT_EQ(of(402, {}), filled("657661 9"));
 }
 
-TEST_F(SpecialWriters, OwnerNameIsEmptyWithoutAConsoleUser) {
-  EXPECT_EQ(of(402, {}), filled(""));
-}
+TEST_F(SpecialWriters, OwnerNameIsEmptyWithoutAConsoleUser) { EXPECT_EQ(of(402, {}), filled("")); }
 
 TEST_F(SpecialWriters, OwnerNameOfADialogJobIsItsTextElseTheJobOwner) {
   constexpr char kOwner[] = "com.apple.print.JobInfo.PMJobOwner";

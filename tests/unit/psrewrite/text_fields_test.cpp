@@ -49,9 +49,7 @@ TEST_P(EveryField, AcceptsTextsWithinItsBounds) {
   EXPECT_FALSE(accepts("Custom." + std::string(GetParam().max + 1, '1')));
 }
 
-TEST_P(EveryField, KnowsItsOffWord) {
-  EXPECT_FALSE(accepts(GetParam().offWord));
-}
+TEST_P(EveryField, KnowsItsOffWord) { EXPECT_FALSE(accepts(GetParam().offWord)); }
 
 TEST_P(EveryField, RefusesWhatItsRuleRefuses) {
   const std::string character = GetParam().fails;

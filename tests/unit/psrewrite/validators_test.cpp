@@ -63,13 +63,9 @@ TEST_F(Validators, JobNameWithASlashFailsReportingIt) {
   EXPECT_THAT(log(), ElementsAre("[DEBUG] found validate char : /"));
 }
 
-TEST_F(Validators, JobNameWithRoundBracketsPasses) {
-  EXPECT_TRUE(isName("a(b)"));
-}
+TEST_F(Validators, JobNameWithRoundBracketsPasses) { EXPECT_TRUE(isName("a(b)")); }
 
-TEST_F(Validators, ProfileNamePasses) {
-  EXPECT_TRUE(isProfile("My Profile_1"));
-}
+TEST_F(Validators, ProfileNamePasses) { EXPECT_TRUE(isProfile("My Profile_1")); }
 
 TEST_F(Validators, ProfileNameWithItsFileEndingPasses) {
   EXPECT_TRUE(isProfile("My Profile_1.icc"));
@@ -86,9 +82,7 @@ TEST_F(Validators, ProfileNameWithAColonFailsSilently) {
   EXPECT_THAT(log(), IsEmpty());
 }
 
-TEST_F(Validators, PinOfDigitsPasses) {
-  EXPECT_TRUE(isPin("Custom.0042"));
-}
+TEST_F(Validators, PinOfDigitsPasses) { EXPECT_TRUE(isPin("Custom.0042")); }
 
 TEST_F(Validators, PinWithALetterFailsSilently) {
   EXPECT_FALSE(isPin("Custom.42a"));
@@ -112,9 +106,7 @@ TEST_F(Validators, FormTextOffInSmallLettersIsNotSet) {
   EXPECT_THAT(log(), IsEmpty());
 }
 
-TEST_F(Validators, FormTextOffInCapitalsIsAnOrdinaryText) {
-  EXPECT_TRUE(isForm("OFF"));
-}
+TEST_F(Validators, FormTextOffInCapitalsIsAnOrdinaryText) { EXPECT_TRUE(isForm("OFF")); }
 
 TEST_F(Validators, TypographicQuoteFailsAndStraightQuotePasses) {
   EXPECT_FALSE(isName("\xE2\x80\x9Cname"));

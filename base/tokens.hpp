@@ -1,0 +1,13 @@
+// Pieces of a text between delimiters, as the standard tokenizer (strtok) finds them.
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+namespace kelm::base {
+
+// Takes the next piece between runs of `delimiter` off the front of `rest`, with the delimiter that
+// ends it; nothing when only delimiters are left.
+std::optional<std::string_view> nextToken(std::string_view& rest, char delimiter);
+
+}  // namespace kelm::base
