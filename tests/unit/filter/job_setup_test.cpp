@@ -1,0 +1,161 @@
+// What is decided about a job before its first byte is written.
+#include "filter/job_setup.hpp"
+
+#include <gtest/gtest.h>
+
+#include <ostream>
+#include <string>
+
+#include "filter/custom_paper.hpp"
+#include "tests/support/memory_job.hpp"
+
+namespace kelm::filter {
+namespace {
+
+using tests::TestJob;
+
+struct Paper {
+  bool custom;
+  std::int32_t width;
+  std::int32_t height;
+
+  bool operator==(const Paper&) const = default;
+  friend std::ostream& operator<<(std::ostream& out, const Paper& paper) {
+    return out << (paper.custom ? "custom " : "standard ") << paper.width << " by " << paper.height;
+  }
+};
+
+class CustomPaper : public testing::Test {
+ protected:
+  ~CustomPaper() override { forget(); }
+
+  static void forget() {
+    customSizeFlg = false;
+    widthLength = 0;
+    heighLength = 0;
+  }
+  static Paper decidedFor(const TestJob::Options& options) {
+    TestJob job(options);
+    decideCustomPaper(*job);
+    return {customSizeFlg, widthLength, heighLength};
+  }
+  static Paper of(const std::string& media) {
+    forget();
+    return decidedFor({{"media", media}});
+  }
+  // A job with `count` options, one of which is a custom medium.
+  static Paper among(int count) {
+    forget();
+    TestJob::Options options{{"media", "Custom.595x842"}};
+    for (int i = 1; i < count; ++i) options.emplace_back("option" + std::to_string(i), "x");
+    return decidedFor(options);
+  }
+};
+
+TEST_F(CustomPaper, OfA4InPointsIsUpright) {
+  EXPECT_EQ(of("Custom.595x842"), (Paper{true, 21000, 29700}));
+}
+
+TEST_F(CustomPaper, OfA4OnItsSideIsWide) {
+  EXPECT_EQ(of("Custom.842x595"), (Paper{true, 29700, 21000}));
+}
+
+TEST_F(CustomPaper, WithoutFullStopOrXHasNoSize) {
+  EXPECT_EQ(of("Custom"), (Paper{true, 0, 0}));
+  EXPECT_EQ(of("Custom.595"), (Paper{true, 0, 0}));
+  EXPECT_EQ(of("Custom595x842"), (Paper{true, 0, 0}));
+  EXPECT_EQ(of("xCustom.595"), (Paper{true, 0, 0}));  // the x comes before the full stop
+}
+
+TEST_F(CustomPaper, IsAnyMediumThatContainsTheWord) {
+  EXPECT_EQ(of("MyCustom.595x842"), (Paper{true, 21000, 29700}));
+  EXPECT_EQ(of("custom.595x842"), (Paper{false, 0, 0}));
+  EXPECT_EQ(of("A4"), (Paper{false, 0, 0}));
+  EXPECT_EQ(of(""), (Paper{false, 0, 0}));
+}
+
+TEST_F(CustomPaper, IsNamedByTheOptionMediaOnly) {
+  EXPECT_EQ(decidedFor({{"PageSize", "Custom.595x842"}}), (Paper{false, 0, 0}));
+  EXPECT_EQ(decidedFor({{"Media", "Custom.595x842"}}), (Paper{false, 0, 0}));
+  EXPECT_EQ(decidedFor({}), (Paper{false, 0, 0}));
+}
+
+TEST_F(CustomPaper, IsMeasuredInWholePoints) {
+  EXPECT_EQ(of("Custom.595.9x842.9"), (Paper{true, 21000, 29700}));
+  EXPECT_EQ(of("Custom.595mmx842in"), (Paper{true, 21000, 29700}));
+  EXPECT_EQ(of("Custom.ax"), (Paper{true, 0, 0}));
+}
+
+TEST_F(CustomPaper, IsRoundedToWholeMillimetres) {
+  EXPECT_EQ(of("Custom.1x2"), (Paper{true, 0, 100}));  // 0.353 and 0.706 mm
+  EXPECT_EQ(of("Custom.72x144"), (Paper{true, 2500, 5100}));
+  EXPECT_EQ(of("Custom.-1x-72"), (Paper{true, 0, -2400}));  // truncated towards zero
+}
+
+TEST_F(CustomPaper, IsCutTo32Bits) {
+  // 2147483647 points are 757584509 mm: 75758450900 hundredths, of which 18 times 2^32 go.
+  EXPECT_EQ(of("Custom.2147483647x1"), (Paper{true, -1550960428, 0}));
+}
+
+TEST_F(CustomPaper, OfAValueOf4095BytesIsRead) {
+  const std::string zeros(4095 - std::string("Custom.595x842").size(), '0');
+  EXPECT_EQ(of("Custom.595x" + zeros + "842"), (Paper{true, 21000, 29700}));
+}
+
+TEST_F(CustomPaper, OfAValueOf4096BytesHasNoSize) {
+  const std::string zeros(4096 - std::string("Custom.595x842").size(), '0');
+  EXPECT_EQ(of("Custom.595x" + zeros + "842"), (Paper{true, 0, 0}));
+}
+
+TEST_F(CustomPaper, IsSeenAmong99Options) {
+  EXPECT_EQ(among(1), (Paper{true, 21000, 29700}));
+  EXPECT_EQ(among(99), (Paper{true, 21000, 29700}));
+}
+
+TEST_F(CustomPaper, IsNotSeenAmong100Options) {
+  EXPECT_EQ(among(100), (Paper{false, 0, 0}));
+  EXPECT_EQ(among(150), (Paper{false, 0, 0}));
+}
+
+TEST_F(CustomPaper, FlagIsTakenBackAndSizesStay) {
+  decidedFor({{"media", "Custom.595x842"}});
+  EXPECT_EQ(decidedFor({{"media", "Custom"}}), (Paper{true, 21000, 29700}));
+  EXPECT_EQ(decidedFor({{"media", "A4"}}), (Paper{false, 21000, 29700}));
+}
+
+TEST_F(CustomPaper, IsTheLastOfSeveral) {
+  std::string media = "media";
+  std::string first = "Custom.595x842";
+  std::string second = "Custom.72x144";
+  std::string third = "Custom";
+  std::vector<cups_option_t> options{
+      {media.data(), first.data()}, {media.data(), second.data()}, {media.data(), third.data()}};
+  PrintJobData job;
+  job.numOptions = 3;
+  job.options = options.data();
+  decideCustomPaper(job);
+  EXPECT_EQ((Paper{customSizeFlg, widthLength, heighLength}), (Paper{true, 2500, 5100}));
+}
+
+std::int32_t keepsFace(const TestJob::Options& options) {
+  TestJob job(options);
+  job->keepOutputFace = 7;
+  decideOutputFace(*job);
+  return job->keepOutputFace;
+}
+
+TEST(OutputFace, IsKeptForATrayThatDecides) {
+  EXPECT_EQ(keepsFace({{"QVOutputTray", "Tray2"}}), 1);
+  EXPECT_EQ(keepsFace({{"QVOutputTray", ""}}), 1);
+  EXPECT_EQ(keepsFace({{"QVOutputTray", "AUTO"}}), 1);
+}
+
+TEST(OutputFace, IsNotKeptForAutoFaceDownOrNoTray) {
+  EXPECT_EQ(keepsFace({{"QVOutputTray", "Auto"}}), 0);
+  EXPECT_EQ(keepsFace({{"QVOutputTray", "FaceDown"}}), 0);
+  EXPECT_EQ(keepsFace({{"qvoutputtray", "Tray2"}}), 0);
+  EXPECT_EQ(keepsFace({}), 0);
+}
+
+}  // namespace
+}  // namespace kelm::filter

@@ -1,0 +1,176 @@
+// The stages of one job, each job in a process of its own.
+#include "filter/pipeline.hpp"
+
+#include <gmock/gmock.h>
+#include <sys/types.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "base/byte_source.hpp"
+#include "filter/diagnostics.hpp"
+#include "tests/support/child.hpp"
+#include "tests/support/diagnostics_on.hpp"
+#include "tests/support/memory_job.hpp"
+
+namespace kelm::filter {
+namespace {
+
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+// The exit status and the output; the environment holds no language and no PPD.
+std::string run(std::vector<std::string> arguments) {
+  for (const char* name : {"APPLE_LANGUAGE", "LANG", "PPD"}) unsetenv(name);
+  std::vector<char*> argv;
+  for (std::string& argument : arguments) argv.push_back(argument.data());
+  const auto argc = static_cast<int>(argv.size());
+  argv.push_back(nullptr);
+  tests::MemoryOutput output;
+  const int status = runFilter(argc, argv.data(), output.stream());
+  return std::to_string(status) + "|" + output.text();
+}
+
+std::vector<std::string> jobOf(const std::string& options, const std::string& file) {
+  return {"kelmfilter", "1", "user", "title", "1", options, file};
+}
+
+class Pipeline : public testing::Test {
+ protected:
+  std::string fileOf(std::string_view content) {
+    const std::string path = folder_.path() / "in.ps";
+    tests::writeFile(path, content);
+    return path;
+  }
+  // What a job of that input and those options gives, without diagnostics.
+  std::string printed(std::string_view input, const std::string& options = "") {
+    const std::string file = fileOf(input);
+    return tests::inChild([&] {
+      platform::FakePlatform platform;
+      return run(jobOf(options, file));
+    });
+  }
+  tests::TemporaryFolder folder_;
+};
+
+constexpr char kLastHeaderLine[] = "\n@PJL ENTER LANGUAGE=POSTSCRIPT\n";
+
+TEST_F(Pipeline, WritesTheHeaderAndThenThePostScript) {
+  const std::string result = printed("%!PS\nshowpage\n");
+  EXPECT_THAT(result, StartsWith("0|\x1B%-12345X@PJL\n@PJL COMMENT KELM Printer Driver\n"));
+  EXPECT_THAT(result, EndsWith(std::string(kLastHeaderLine) + "%!PS\nshowpage\n"));
+}
+
+TEST_F(Pipeline, WritesTheHeaderAloneForAnEmptyInput) {
+  EXPECT_THAT(printed(""), StartsWith("0|\x1B%-12345X@PJL\n"));
+  EXPECT_THAT(printed(""), EndsWith(kLastHeaderLine));
+}
+
+TEST_F(Pipeline, DecidesCustomPaperAndOutputFaceBeforeTheHeader) {
+  const std::string input = "%%BeginFeature: *QVOutputFace FaceUp\n(FaceUp)\n%%EndFeature\n";
+  const std::string wide = printed(input, "media=Custom.842x595 QVOutputTray=Tray2");
+  EXPECT_THAT(wide, HasSubstr("\n@PJL SET ORIENTATION=LANDSCAPE\n"));
+  EXPECT_THAT(wide, EndsWith(kLastHeaderLine + input));
+}
+
+TEST_F(Pipeline, FailsForAnInputThatCannotBeOpened) {
+  EXPECT_EQ(tests::inChild([] {
+              platform::FakePlatform platform;
+              return run(jobOf("", "/nonexistent.ps"));
+            }),
+            "1|");
+}
+
+TEST_F(Pipeline, FailsForAWrongNumberOfArguments) {
+  EXPECT_EQ(tests::inChild([] {
+              platform::FakePlatform platform;
+              if (std::freopen("/dev/null", "w", stderr) == nullptr) return std::string("no file");
+              return run({"kelmfilter", "1", "user", "title", "1"});
+            }),
+            "1|");
+}
+
+TEST_F(Pipeline, TakesAFolderForAnEmptyInput) {
+  EXPECT_THAT(tests::inChild([] {
+                platform::FakePlatform platform;
+                return run(jobOf("", "/"));
+              }),
+              EndsWith(kLastHeaderLine));
+}
+
+void shortly() {
+  std::this_thread::sleep_for(std::chrono::milliseconds(10));
+}
+
+bool terminationIsCaught() {
+  struct sigaction action {};
+  sigaction(SIGTERM, nullptr, &action);
+  return action.sa_handler != SIG_DFL;
+}
+
+// Gives the job two lines, with a termination request between them.
+void feed(int pipe) {
+  for (int tries = 0; tries < 1000 && !terminationIsCaught(); ++tries) shortly();
+  base::writeAll(pipe, std::string_view("one\n"));
+  shortly();
+  kill(getpid(), SIGTERM);
+  shortly();
+  base::writeAll(pipe, std::string_view("two\n"));
+  close(pipe);
+}
+
+TEST_F(Pipeline, RunsToTheEndAfterATerminationRequest) {
+  const std::string result = tests::inChild([] {
+    platform::FakePlatform platform;
+    int ends[2];
+    if (pipe(ends) != 0 || dup2(ends[0], STDIN_FILENO) < 0) return std::string("no pipe");
+    std::thread feeder(feed, ends[1]);
+    std::string text = run({"kelmfilter", "1", "user", "title", "1", ""});
+    feeder.join();
+    return text;
+  });
+  EXPECT_THAT(result, EndsWith(std::string(kLastHeaderLine) + "one\ntwo\n"));
+}
+
+constexpr char kInput[] =
+    "%!PS\n%%BeginFeature: *QVPageNumStartNum 1\n(1) set\n%%EndFeature\nshowpage\n";
+constexpr char kWritten[] =
+    "%!PS\n%%BeginFeature: *QVPageNumStartNum 1\n(5) set\n%%EndFeature\nshowpage\n";
+constexpr char kOptions[] = "PrintPDE DestinationPrinterID=P1 QVPageNumStartNumValue=5";
+
+// The output of the job with the switch file there; its diagnostic files stay in `files`.
+std::string printedWithDiagnostics(const std::string& file, std::vector<std::string>& files) {
+  tests::DiagnosticsOn diagnostics;
+  std::string output = tests::inChild([&] {
+    LogFileMessageCheck(false);  // the job looks for the switch file itself
+    return run(jobOf(kOptions, file));
+  });
+  for (const char* number : {"1", "2", "3"}) {
+    const std::string name = std::string("P1_") + number + "_20160930140509.txt";
+    files.push_back(tests::readFile(diagnostics.caches() / name).value_or("no file"));
+  }
+  return output;
+}
+
+TEST_F(Pipeline, LeavesOptionsInputAndOutputInTheDiagnosticFiles) {
+  std::vector<std::string> files;
+  printedWithDiagnostics(fileOf(kInput), files);
+  EXPECT_THAT(files, testing::ElementsAre(
+                         "DestinationPrinterID=P1\nPrintPDE=true\nQVPageNumStartNumValue=5\n",
+                         kInput, kWritten));
+}
+
+TEST_F(Pipeline, PrintsTheSameWithDiagnostics) {
+  std::vector<std::string> files;
+  const std::string output = printedWithDiagnostics(fileOf(kInput), files);
+  EXPECT_EQ(output, printed(kInput, kOptions));
+  EXPECT_THAT(output, EndsWith(std::string(kLastHeaderLine) + kWritten));
+}
+
+}  // namespace
+}  // namespace kelm::filter
