@@ -7,7 +7,6 @@
 #include <array>
 #include <cstdio>
 #include <cstring>
-#include <optional>
 #include <string>
 
 #include "base/byte_source.hpp"
@@ -43,21 +42,21 @@ void appendCharacter(const char* name, int character) {
   append(name, text, false);
 }
 
-// Names file `number`, cut to fit: "/Library/Caches/ID_1_YYYYMMDDhhmmss.txt", without "ID_" when
-// there is no printer ID.
-void nameFile(char (&name)[kDiagnosticNameSize], int number,
-              const std::optional<std::string>& printerId, const std::tm& time) {
-  std::snprintf(name, sizeof name, "/Library/Caches/%s%s%d_%04d%02d%02d%02d%02d%02d.txt",
-                printerId.value_or("").c_str(), printerId ? "_" : "", number, time.tm_year + 1900,
-                time.tm_mon + 1, time.tm_mday, time.tm_hour, time.tm_min, time.tm_sec);
+// What the job's printer ID, also an empty one, puts in front of the names: "ID_". Nothing without
+// a printer ID, or when its "/" would lead elsewhere.
+std::string namePrefix(const PrintJobData* job) {
+  std::string printerId;
+  const bool usable = getOptionValue(job, "DestinationPrinterID", printerId) &&
+                      printerId.find('/') == std::string::npos;
+  return usable ? printerId + "_" : std::string();
 }
 
-// The job's printer ID; nothing when it has none, or one that would leave the folder.
-std::optional<std::string> printerIdOf(const PrintJobData* job) {
-  std::string printerId;
-  if (!getOptionValue(job, "DestinationPrinterID", printerId)) return std::nullopt;
-  if (printerId.find('/') != std::string::npos) return std::nullopt;
-  return printerId;
+// Names file `number`, cut to fit: "/Library/Caches/ID_1_YYYYMMDDhhmmss.txt".
+void nameFile(char (&name)[kDiagnosticNameSize], int number, const std::string& prefix,
+              const std::tm& time) {
+  std::snprintf(name, sizeof name, "/Library/Caches/%s%d_%04d%02d%02d%02d%02d%02d.txt",
+                prefix.c_str(), number, time.tm_year + 1900, time.tm_mon + 1, time.tm_mday,
+                time.tm_hour, time.tm_min, time.tm_sec);
 }
 
 }  // namespace
@@ -67,26 +66,38 @@ bool diagnosticsWanted() {
   return access(path.c_str(), F_OK) == 0;
 }
 
-void LogFileMessageCheck(bool flag) { fileOutPutFlag = flag; }
+void LogFileMessageCheck(bool flag) {
+  fileOutPutFlag = flag;
+}
 
 void ClearLogFileName(const PrintJobData* job) {
   if (!fileOutPutFlag) return;
   const std::tm time = platform::platform().wallClock->localTime();
-  const std::optional<std::string> printerId = printerIdOf(job);
-  nameFile(file_1_Name, 1, printerId, time);
-  nameFile(file_2_Name, 2, printerId, time);
-  nameFile(file_3_Name, 3, printerId, time);
+  const std::string prefix = namePrefix(job);
+  nameFile(file_1_Name, 1, prefix, time);
+  nameFile(file_2_Name, 2, prefix, time);
+  nameFile(file_3_Name, 3, prefix, time);
 }
 
-void LogFile1Message(const char* text, bool newline) { append(file_1_Name, text, newline); }
+void LogFile1Message(const char* text, bool newline) {
+  append(file_1_Name, text, newline);
+}
 
-void LogFile2Message_char(const char* text, bool newline) { append(file_2_Name, text, newline); }
+void LogFile2Message_char(const char* text, bool newline) {
+  append(file_2_Name, text, newline);
+}
 
-void LogFile3Message_char(const char* text, bool newline) { append(file_3_Name, text, newline); }
+void LogFile3Message_char(const char* text, bool newline) {
+  append(file_3_Name, text, newline);
+}
 
-void LogFile2Message(int character) { appendCharacter(file_2_Name, character); }
+void LogFile2Message(int character) {
+  appendCharacter(file_2_Name, character);
+}
 
-void LogFile3Message(int character) { appendCharacter(file_3_Name, character); }
+void LogFile3Message(int character) {
+  appendCharacter(file_3_Name, character);
+}
 
 void LogFile3Message_char_join(const char* format, int value, bool newline) {
   std::array<char, kJoinBufferSize> text{};

@@ -88,6 +88,11 @@ TEST_F(DiagnosticNames, HaveTheTimeAloneWithoutAPrinterId) {
   EXPECT_STREQ(file_3_Name, "/Library/Caches/3_20160930140509.txt");
 }
 
+TEST_F(DiagnosticNames, HaveAPrinterIdThatIsEmpty) {
+  nameFor({{"DestinationPrinterID", ""}});
+  EXPECT_STREQ(file_1_Name, "/Library/Caches/_1_20160930140509.txt");
+}
+
 TEST_F(DiagnosticNames, DoNotUseAPrinterIdThatLeadsElsewhere) {
   nameFor({{"DestinationPrinterID", "../../etc/P1"}});
   EXPECT_STREQ(file_1_Name, "/Library/Caches/1_20160930140509.txt");
