@@ -4,7 +4,9 @@
 #include "platform/computer_name.hpp"
 #include "platform/console_user.hpp"
 #include "platform/file_root.hpp"
+#include "platform/home_folder.hpp"
 #include "platform/job_language.hpp"
+#include "platform/preferred_languages.hpp"
 #include "platform/system_log.hpp"
 #include "platform/wall_clock.hpp"
 
@@ -18,6 +20,8 @@ struct Platform {
   SystemLog* systemLog;
   ComputerName* computerName;
   ConsoleUser* consoleUser;
+  PreferredLanguages* preferredLanguages;
+  HomeFolder* homeFolder;
 };
 
 // The process's set: the operating system's own bodies, unless a test put others in their place

@@ -11,6 +11,8 @@ FakePlatform::FakePlatform()
           .systemLog = &systemLog,
           .computerName = &computerName,
           .consoleUser = &consoleUser,
+          .preferredLanguages = &preferredLanguages,
+          .homeFolder = &homeFolder,
       },
       scope_(set_) {}
 

@@ -46,6 +46,18 @@ class FakeConsoleUser final : public ConsoleUser {
   std::string user;
 };
 
+class FakePreferredLanguages final : public PreferredLanguages {
+ public:
+  std::vector<std::string> tags() override { return preferred; }
+  std::vector<std::string> preferred = {"en"};
+};
+
+class FakeHomeFolder final : public HomeFolder {
+ public:
+  std::string path() override { return home; }
+  std::string home = "/home/tester";
+};
+
 // Takes the place of the process's platform while it lives.
 class FakePlatform {
  public:
@@ -57,6 +69,8 @@ class FakePlatform {
   FakeSystemLog systemLog;
   FakeComputerName computerName;
   FakeConsoleUser consoleUser;
+  FakePreferredLanguages preferredLanguages;
+  FakeHomeFolder homeFolder;
 
  private:
   Platform set_;

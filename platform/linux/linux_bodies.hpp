@@ -22,6 +22,17 @@ class LinuxFileRoot final : public FileRoot {
   std::string locate(std::string_view absolutePath) const override;
 };
 
+// The language priority list of gettext ("LANGUAGE") before the locale for messages.
+class LinuxPreferredLanguages final : public PreferredLanguages {
+ public:
+  std::vector<std::string> tags() override;
+};
+
+class LinuxHomeFolder final : public HomeFolder {
+ public:
+  std::string path() override;
+};
+
 class LinuxSystemLog final : public SystemLog {
  public:
   void error(const std::string& message) override;

@@ -12,6 +12,8 @@ const Platform& systemBodies() {
   static linux_bodies::LinuxSystemLog systemLog;
   static linux_bodies::LinuxComputerName computerName;
   static linux_bodies::LinuxConsoleUser consoleUser;
+  static linux_bodies::LinuxPreferredLanguages preferredLanguages;
+  static linux_bodies::LinuxHomeFolder homeFolder;
   static const Platform set{
       .jobLanguage = &jobLanguage,
       .wallClock = &wallClock,
@@ -19,6 +21,8 @@ const Platform& systemBodies() {
       .systemLog = &systemLog,
       .computerName = &computerName,
       .consoleUser = &consoleUser,
+      .preferredLanguages = &preferredLanguages,
+      .homeFolder = &homeFolder,
   };
   return set;
 }

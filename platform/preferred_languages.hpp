@@ -1,0 +1,17 @@
+// The languages that the user of this process prefers.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace kelm::platform {
+
+class PreferredLanguages {
+ public:
+  virtual ~PreferredLanguages() = default;
+
+  // BCP 47 tags, the most preferred first ("de-DE", "zh-Hant-TW", "en"); never empty.
+  virtual std::vector<std::string> tags() = 0;
+};
+
+}  // namespace kelm::platform
