@@ -1,0 +1,155 @@
+// PPD files read as text: reading and localisation, over the pieces that do the work.
+#include "ppdtext/kelm_ppd.hpp"
+
+#include <algorithm>
+#include <cstdlib>
+#include <limits>
+
+#include "platform/platform.hpp"
+#include "platform/property_files.hpp"
+#include "ppdtext/language.hpp"
+#include "ppdtext/localizer.hpp"
+#include "ppdtext/model.hpp"
+#include "ppdtext/record.hpp"
+#include "ppdtext/text_file.hpp"
+#include "ppdtext/unicode_text.hpp"
+
+namespace kelm::ppdtext {
+namespace {
+
+constexpr const char* kUnreadable = "[Driver] PPD file open Error!!! - ";
+
+constexpr const char* kVersionFile = "/System/Library/CoreServices/SystemVersion.plist";
+constexpr const char* kPreferencesInHome = "/Library/Preferences/.GlobalPreferences.plist";
+
+// From this version on, the user's languages stand in a property file.
+constexpr std::int32_t kLanguagesInFile = 15;
+
+std::vector<std::string> split(std::string_view text, char at) {
+  std::vector<std::string> parts(1);
+  for (const char c : text) {
+    if (c == at) {
+      parts.emplace_back();
+    } else {
+      parts.back() += c;
+    }
+  }
+  return parts;
+}
+
+// The leading integer of `text`, 0 without one, at the limits of 32 bits.
+std::int32_t integerValue(const std::string& text) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  const long value = std::strtol(text.c_str(), nullptr, 10);
+  return static_cast<std::int32_t>(std::clamp<long>(value, Limits::min(), Limits::max()));
+}
+
+// None without one of the three that a translation line needs.
+std::optional<std::u16string> patternFor(OptionalText text, OptionalText language,
+                                         OptionalText option, OptionalText choice) {
+  if (!text || !language || !option) return std::nullopt;
+  return translationPattern(*language, *option, choice);
+}
+
+}  // namespace
+
+ppd_file_t* KelmPPD::ppdOpenFile_(const char* path) {
+  const auto text = readTextFile(path);
+  if (!text) {
+    platform::platform().systemLog->error(kUnreadable + std::string(path));
+    return nullptr;
+  }
+  const auto model = modelOf(readPart(*text));
+  return model ? buildRecord(*model, std::calloc) : nullptr;
+}
+
+void KelmPPD::ppdClose_(ppd_file_t* ppd) {
+  freeRecord(ppd);
+}
+
+std::vector<std::u16string> KelmPPD::groupKeyword_(std::u16string_view text) {
+  return PPDText(text).groupKeywords();
+}
+
+TextRange KelmPPD::groupRange_keyword_(std::u16string_view text, std::u16string_view keyword) {
+  return PPDText(text).groupRange(keyword);
+}
+
+std::u16string KelmPPD::findGroupKey_itemRange_(const GroupRanges& ranges, TextRange item) {
+  return groupHolding(ranges, item);
+}
+
+std::vector<std::u16string> KelmPPD::optionKeywords_(std::u16string_view text) {
+  return PPDText(text).optionKeywords();
+}
+
+TextRange KelmPPD::optionRagne_keyword_(std::u16string_view text, std::u16string_view keyword) {
+  return PPDText(text).optionRange(keyword);
+}
+
+void KelmPPD::getSystemVersion_middle_minor_(std::int32_t* major, std::int32_t* middle,
+                                             std::int32_t* minor) {
+  const auto version = platform::propertyText(kVersionFile, "ProductVersion");
+  if (!version) return;
+  const std::vector<std::string> parts = split(*version, '.');
+  std::int32_t* const outputs[] = {major, middle, minor};
+  for (std::size_t i = 0; i < std::min(parts.size(), std::size(outputs)); ++i) {
+    if (outputs[i] != nullptr) *outputs[i] = integerValue(parts[i]);
+  }
+}
+
+std::vector<std::string> KelmPPD::getLanguageArrayFromGlobalPreference() {
+  const platform::Platform& system = platform::platform();
+  std::vector<std::string> languages;
+  if (systemVersion().isAtLeast10(kLanguagesInFile)) {
+    languages =
+        platform::propertyTexts(system.homeFolder->path() + kPreferencesInHome, "AppleLanguages");
+  }
+  return languages.empty() ? system.preferredLanguages->tags() : languages;
+}
+
+std::string KelmPPD::getSystemLanguage_priority_(std::int32_t form, std::size_t priority) {
+  return languageInForm(getLanguageArrayFromGlobalPreference(), systemVersion(), form, priority);
+}
+
+bool KelmPPD::isSupportLanguage_ppd_(std::string_view language, ppd_file_t* ppd) {
+  const ppd_attr_t* attribute = ppdFindAttr_attrName_attrSpcec_(ppd, "cupsLanguages", nullptr);
+  if (attribute == nullptr || attribute->value == nullptr) return false;
+  const std::string_view names = attribute->value;
+  if (std::ranges::any_of(names, [](char c) { return static_cast<signed char>(c) < 0; })) {
+    return false;
+  }
+  return std::ranges::count(split(names, ' '), language) > 0;
+}
+
+std::string KelmPPD::ppdGetLanguage_(ppd_file_t* ppd) {
+  return languageForRecord(ppd, getLanguageArrayFromGlobalPreference(), systemVersion());
+}
+
+std::u16string KelmPPD::ppdGetAttributes_pattern_idx_(OptionalText text, OptionalText pattern,
+                                                      std::size_t index) {
+  if (!text || !pattern) return u"";
+  const auto match = Pattern(*pattern, Letters::kAnyCase).firstMatch(*text);
+  return match ? captured(*text, *match, index).value_or(u"") : u"";
+}
+
+std::u16string KelmPPD::ppdLocalGetLocalize_local_key_option_(OptionalText text,
+                                                              OptionalText language,
+                                                              OptionalText option,
+                                                              OptionalText choice) {
+  return ppdGetAttributes_pattern_idx_(text, patternFor(text, language, option, choice),
+                                       kTranslationGroup);
+}
+
+bool KelmPPD::isDefinePpdLocalLocalize_local_key_option_(OptionalText text, OptionalText language,
+                                                         OptionalText option, OptionalText choice) {
+  const auto pattern = patternFor(text, language, option, choice);
+  return pattern && Pattern(*pattern, Letters::kAnyCase).firstMatch(*text).has_value();
+}
+
+int KelmPPD::ppdLocalize_ppdPath_(ppd_file_t* ppd, const char* path) {
+  localizeRecordFromFile(ppd, path, ppdGetLanguage_(ppd));
+  return 0;
+}
+
+}  // namespace kelm::ppdtext

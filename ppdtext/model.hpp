@@ -1,0 +1,53 @@
+// What a PPD offers, as found in its text: the stage between the text and the print system's
+// record.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelm::ppdtext {
+
+// Stands for the code of a choice that has none. A file that gives this very text as a code says so
+// too.
+inline constexpr std::u16string_view kNoCode = u"__EMPTY__";
+
+struct ModelChoice {
+  std::u16string keyword;
+  std::u16string text;
+  std::u16string code;  // kNoCode: none
+};
+
+struct ModelOption {
+  std::u16string keyword;
+  std::optional<std::u16string> text;
+  std::optional<std::u16string> defaultChoice;
+  std::vector<ModelChoice> choices;
+};
+
+struct ModelGroup {
+  std::u16string keyword;
+  std::vector<ModelOption> options;
+};
+
+struct ModelAttribute {
+  std::u16string name;
+  std::u16string value;
+};
+
+// One group per group keyword of the file, "General" first. Groups of the same keyword hold the
+// same options.
+struct Model {
+  std::vector<ModelGroup> groups;
+  std::vector<ModelAttribute> attributes;
+};
+
+// The text as far as it is read: through the first "*CloseGroup: Advanced", else all of it.
+std::u16string_view readPart(std::u16string_view text);
+
+// None when the text has no option, or an option without any line of a choice. The whole of `text`
+// is read.
+std::optional<Model> modelOf(std::u16string_view text);
+
+}  // namespace kelm::ppdtext

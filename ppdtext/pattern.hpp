@@ -1,0 +1,79 @@
+// Regular expressions as PPD texts are searched with: ICU's, bounded in time and memory.
+#pragma once
+
+#include <unicode/uregex.h>
+
+#include <cstddef>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelm::ppdtext {
+
+// A piece of a text, in UTF-16 code units.
+struct TextRange {
+  std::size_t start = 0;
+  std::size_t length = 0;
+
+  std::size_t end() const { return start + length; }
+  friend bool operator==(const TextRange&, const TextRange&) = default;
+};
+
+// From the smaller start to the larger end; an empty range at 0 counts as a place like any other.
+TextRange unionOf(TextRange a, TextRange b);
+
+std::u16string_view pieceOf(std::u16string_view text, TextRange range);
+
+// One match: the whole of it, then its capture groups; a group that took no part has no range.
+struct Match {
+  std::vector<std::optional<TextRange>> groups;
+
+  TextRange whole() const { return *groups.front(); }
+  std::size_t captureCount() const { return groups.size() - 1; }
+};
+
+// What the group `index` of `match` caught in `text`; none when it caught nothing or is not there.
+std::optional<std::u16string> captured(std::u16string_view text, const Match& match,
+                                       std::size_t index);
+
+enum class Letters { kExact, kAnyCase };
+
+// May be shared between threads once it is made.
+class Pattern {
+ public:
+  explicit Pattern(std::u16string_view pattern, Letters letters = Letters::kExact);
+
+  // False when the expression does not compile; such a pattern has no matches.
+  bool isValid() const { return expression_ != nullptr; }
+
+  // The matches that do not overlap, from the left. A search that exceeds its limits has none.
+  std::vector<Match> allMatches(std::u16string_view text) const;
+
+  // The leftmost match; none also when the search exceeds its limits.
+  std::optional<Match> firstMatch(std::u16string_view text) const;
+
+ private:
+  struct Close {
+    void operator()(URegularExpression* expression) const { uregex_close(expression); }
+  };
+  using Expression = std::unique_ptr<URegularExpression, Close>;
+  Expression searchOf(std::u16string_view text) const;
+
+  Expression expression_;
+};
+
+// `format` with each "%@" replaced by the next of `arguments`, as it stands: characters that mean
+// something to a pattern keep their meaning.
+std::u16string formatted(std::u16string_view format,
+                         std::initializer_list<std::u16string_view> arguments);
+
+// A letter, a digit, "_" or "-" of ASCII: what means itself in a pattern.
+bool isPlainUnit(char16_t c);
+
+// Whether `keyword` means itself in a pattern and stays within a line: plain units, at least one.
+bool isPlain(std::u16string_view keyword);
+
+}  // namespace kelm::ppdtext

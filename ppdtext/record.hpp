@@ -1,0 +1,33 @@
+// The print system's PPD record, built from the model of a text: the layout is that of libcups
+// (CUPS API: ppd.h), of which only the fields that the text gives are filled.
+#pragma once
+
+#include <cups/ppd.h>
+
+#include <cstddef>
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include "ppdtext/model.hpp"
+
+namespace kelm::ppdtext {
+
+// Gives `count` elements of `size` bytes each, all zero, to be freed with free(3); null when there
+// is no memory. calloc(3), save in tests.
+using AllocateZeroed = std::function<void*(std::size_t count, std::size_t size)>;
+
+// The record, owned by the caller until freeRecord. Null without memory for the record itself;
+// without memory for more, what was built so far. Both are told to the system log. Keywords are cut
+// to 40 bytes and texts to 80, between two characters.
+ppd_file_t* buildRecord(const Model& model, const AllocateZeroed& allocate);
+
+// Frees all of a record that buildRecord gave; null is allowed.
+void freeRecord(ppd_file_t* ppd);
+
+struct FreeRecord {
+  void operator()(ppd_file_t* ppd) const { freeRecord(ppd); }
+};
+using Record = std::unique_ptr<ppd_file_t, FreeRecord>;
+
+}  // namespace kelm::ppdtext

@@ -1,0 +1,26 @@
+// Text in two encodings: UTF-16, as the patterns see it, and UTF-8, as files and records hold it.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kelm::ppdtext {
+
+// None when `utf8` is not valid UTF-8, or is longer than ICU's 32-bit lengths can say.
+std::optional<std::u16string> toUtf16(std::string_view utf8);
+
+// Half of a surrogate pair becomes U+FFFD.
+std::string toUtf8(std::u16string_view text);
+
+// The longest beginning of `utf8` that has at most `bytes` bytes and ends between two characters.
+std::string_view wholeCharacters(std::string_view utf8, std::size_t bytes);
+
+// The upper-case form in no particular language; it may be longer than `text`.
+std::u16string upperCase(std::u16string_view text);
+
+// The form in which two texts are equal when they differ in case only.
+std::u16string foldedCase(std::u16string_view text);
+
+}  // namespace kelm::ppdtext
