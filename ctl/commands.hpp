@@ -5,6 +5,7 @@
 
 namespace kelm::ctl {
 
+Action declarePpd(CLI::App& app);
 Action declareSettings(CLI::App& app);
 
 }  // namespace kelm::ctl

@@ -13,11 +13,22 @@ _kelmctl_settings() {
   fi
 }
 
+_kelmctl_ppd() {
+  if [[ $2 == --language ]]; then
+    return
+  elif [[ $1 == -* ]]; then
+    _kelmctl_words '--language --json --help' "$1"
+  else
+    compopt -o filenames 2>/dev/null
+    mapfile -t COMPREPLY < <(compgen -f -- "$1")
+  fi
+}
+
 _kelmctl() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    _kelmctl_words 'settings --help --version' "$current"
+    _kelmctl_words 'settings ppd --help --version' "$current"
   elif declare -F "_kelmctl_${COMP_WORDS[1]}" >/dev/null; then
     "_kelmctl_${COMP_WORDS[1]}" "$current" "$previous"
   fi

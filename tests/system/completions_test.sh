@@ -25,15 +25,17 @@ cups_queue lobby file:/dev/null "$HERE/lib/queue.ppd"
 cd "$W"
 : >sample.ppd
 
-expect "bash: subcommands" "settings --help --version" "$(in_bash '')"
+expect "bash: subcommands" "settings ppd --help --version" "$(in_bash '')"
 expect "bash: subcommand" "settings" "$(in_bash se)"
 expect "bash: queues" "lobby office" "$(in_bash settings '')"
 expect "bash: queue" "office" "$(in_bash settings of)"
 expect "bash: options" "--ppd --json --help" "$(in_bash settings --)"
 expect "bash: files" "sample.ppd" "$(in_bash settings --ppd sam)"
+expect "bash: PPD files" "sample.ppd" "$(in_bash ppd sam)"
 expect "bash: unknown subcommand" "" "$(in_bash frobnicate '')"
 
 expect "zsh: subcommand" "kelmctl settings " "$(in_zsh 'kelmctl se')"
+expect "zsh: PPD file" "kelmctl ppd sample.ppd " "$(in_zsh 'kelmctl ppd sam')"
 expect "zsh: queue" "kelmctl settings office " "$(in_zsh 'kelmctl settings of')"
 expect "zsh: option" "kelmctl settings --json " "$(in_zsh 'kelmctl settings --j')"
 expect "zsh: file" "kelmctl settings --ppd sample.ppd " "$(in_zsh 'kelmctl settings --ppd sam')"

@@ -1,0 +1,148 @@
+// kelmctl ppd: what a PPD offers, in the user's language, for people and for programs.
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "ctl/commands.hpp"
+#include "ctl/exit_status.hpp"
+#include "ctl/safe_text.hpp"
+#include "ppdtext/kelm_ppd.hpp"
+#include "ppdtext/language.hpp"
+#include "ppdtext/localizer.hpp"
+#include "ppdtext/record.hpp"
+#include "ppdtext/record_parts.hpp"
+#include "ppdtext/text_file.hpp"
+#include "ppdtext/unicode_text.hpp"
+
+namespace kelm::ctl {
+namespace {
+
+using Json = nlohmann::ordered_json;
+using ppdtext::KelmPPD;
+
+struct Arguments {
+  std::string file;
+  std::optional<std::string> language;
+  bool json = false;
+};
+
+// A record in a language, with its defaults marked.
+struct Shown {
+  ppdtext::Record record;
+  std::string language;
+};
+
+// A translation may end within a character (its field is full); what is left of it is not shown.
+std::string wholeText(const char* text) {
+  const std::string_view all = text;
+  for (std::size_t length = all.size(); length > 0; --length) {
+    if (ppdtext::toUtf16(all.substr(0, length))) return std::string(all.substr(0, length));
+  }
+  return "";
+}
+
+std::string readable(const char* text) {
+  return safeText(wholeText(text));
+}
+
+void printChoice(std::ostream& out, const ppd_choice_t& choice) {
+  out << (choice.marked != 0 ? "    * " : "      ") << readable(choice.text) << "  ("
+      << readable(choice.choice) << ")\n";
+}
+
+void printOption(std::ostream& out, const ppd_option_t& option) {
+  out << "  " << readable(option.text) << "  (" << readable(option.keyword) << ")\n";
+  for (const ppd_choice_t& choice : ppdtext::choicesOf(option)) printChoice(out, choice);
+}
+
+// Groups have no names in the record, so they are counted.
+void printReadable(std::ostream& out, const Shown& shown) {
+  out << "Language: " << safeText(shown.language) << '\n';
+  int number = 0;
+  for (const ppd_group_t& group : ppdtext::groupsOf(*shown.record)) {
+    ++number;
+    if (group.num_options == 0) continue;
+    out << "\nGroup " << number << '\n';
+    for (const ppd_option_t& option : ppdtext::optionsOf(group)) printOption(out, option);
+  }
+}
+
+Json jsonOf(const ppd_choice_t& choice) {
+  return {{"choice", choice.choice},
+          {"text", wholeText(choice.text)},
+          {"code", choice.code == nullptr ? Json() : Json(choice.code)},
+          {"marked", choice.marked != 0}};
+}
+
+Json jsonOf(const ppd_option_t& option) {
+  Json choices = Json::array();
+  for (const ppd_choice_t& choice : ppdtext::choicesOf(option)) choices.push_back(jsonOf(choice));
+  return {{"keyword", option.keyword},
+          {"text", wholeText(option.text)},
+          {"default", option.defchoice},
+          {"choices", choices}};
+}
+
+Json jsonOf(const ppd_group_t& group) {
+  Json options = Json::array();
+  for (const ppd_option_t& option : ppdtext::optionsOf(group)) options.push_back(jsonOf(option));
+  return {{"options", options}};
+}
+
+void printJson(std::ostream& out, const Shown& shown) {
+  Json groups = Json::array();
+  for (const ppd_group_t& group : ppdtext::groupsOf(*shown.record)) groups.push_back(jsonOf(group));
+  Json attributes = Json::array();
+  for (const ppd_attr_t* attribute : ppdtext::attributesOf(*shown.record)) {
+    const char* value = attribute->value == nullptr ? "" : attribute->value;
+    attributes.push_back({{"name", attribute->name}, {"value", value}});
+  }
+  const Json object{{"language", shown.language}, {"groups", groups}, {"attributes", attributes}};
+  out << object.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+}
+
+// `language` stands in for the user's first one.
+std::string languageFor(ppd_file_t* ppd, const std::optional<std::string>& language) {
+  std::vector<std::string> languages = KelmPPD::getLanguageArrayFromGlobalPreference();
+  if (language) languages.front() = *language;
+  return ppdtext::languageForRecord(ppd, languages, ppdtext::systemVersion());
+}
+
+std::string problemWith(const std::string& file) {
+  if (!ppdtext::readTextFile(file.c_str())) {
+    return file + ": cannot be read as UTF-8 text; check the path, and unpack a compressed PPD";
+  }
+  return file +
+         ": no record; every PPD needs an option with a text (*OpenUI *Key/Text: ...), and every "
+         "such option a choice with a text and its code on one line (*Key choice/Text: \"code\")";
+}
+
+int showPpd(const Arguments& arguments, const Console& console) {
+  const char* path = arguments.file.c_str();
+  Shown shown{ppdtext::Record(KelmPPD::ppdOpenFile_(path)), ""};
+  if (shown.record == nullptr) {
+    console.err << "kelmctl: " << problemWith(arguments.file) << '\n';
+    return kExitFailed;
+  }
+  shown.language = languageFor(shown.record.get(), arguments.language);
+  ppdtext::localizeRecordFromFile(shown.record.get(), path, shown.language);
+  KelmPPD::ppdMarkDefaults_(shown.record.get());
+  (arguments.json ? printJson : printReadable)(console.out, shown);
+  return kExitDone;
+}
+
+}  // namespace
+
+Action declarePpd(CLI::App& app) {
+  auto arguments = std::make_shared<Arguments>();
+  app.add_option("FILE", arguments->file, "The PPD file")->type_name("")->required();
+  app.add_option("--language", arguments->language, "The first language, such as de or zh-Hant-TW")
+      ->type_name("TAG");
+  app.add_flag("--json", arguments->json, "One JSON object, for programs");
+  return [arguments](const Console& console) { return showPpd(*arguments, console); };
+}
+
+}  // namespace kelm::ctl
