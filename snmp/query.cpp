@@ -1,0 +1,69 @@
+// The one way to ask a printer: a single SNMP GET in a session of its own.
+#include "snmp/query.hpp"
+
+#include <array>
+#include <cstring>
+
+namespace kelm::snmp {
+namespace {
+
+struct CloseSession {
+  void operator()(netsnmp_session* session) const { snmp_close(session); }
+};
+using SessionHandle = std::unique_ptr<netsnmp_session, CloseSession>;
+
+// What an administrator set for the SNMP tools must not change how a printer is asked. init_snmp,
+// which reads configuration and MIB files, is never called; the files per host are a matter of
+// their own. Without a log handler the library would write to standard error.
+void keepLibraryToItself() {
+  [[maybe_unused]] static const bool done = [] {
+    netsnmp_ds_set_boolean(NETSNMP_DS_LIBRARY_ID, NETSNMP_DS_LIB_DONT_LOAD_HOST_FILES, 1);
+    netsnmp_register_loghandler(NETSNMP_LOGHANDLER_NONE, LOG_DEBUG);
+    return true;
+  }();
+}
+
+void addObject(netsnmp_pdu& request, const OidText& object) {
+  std::array<oid, MAX_OID_LEN> identifiers{};
+  std::size_t count = identifiers.size();
+  if (snmp_parse_oid(object.text(), identifiers.data(), &count) == nullptr) return;
+  snmp_add_null_var(&request, identifiers.data(), count);
+}
+
+// The library reads these texts and copies them, but its types do not say so.
+char* asLibraryText(const char* text) { return const_cast<char*>(text); }
+
+}  // namespace
+
+netsnmp_session sessionFor(const char* peer, const char* community, const Manner& manner) {
+  netsnmp_session session;
+  snmp_sess_init(&session);
+  session.version = manner.version;
+  session.peername = asLibraryText(peer);
+  session.community = reinterpret_cast<u_char*>(asLibraryText(community));
+  session.community_len = std::strlen(community);
+  session.timeout = manner.timeout;
+  session.retries = manner.retries;
+  return session;
+}
+
+PduHandle requestFor(std::span<const OidText> objects) {
+  PduHandle request(snmp_pdu_create(SNMP_MSG_GET));
+  for (const OidText& object : objects) addObject(*request, object);
+  return request;
+}
+
+Answer get(const char* peer, const char* community, std::span<const OidText> objects,
+           const Manner& manner) {
+  keepLibraryToItself();
+  netsnmp_session wanted = sessionFor(peer, community, manner);
+  const SessionHandle session(snmp_open(&wanted));
+  if (session == nullptr) return {STAT_ERROR, nullptr};
+  netsnmp_pdu* response = nullptr;
+  // The library takes the request over, whatever comes of it.
+  const int status =
+      snmp_synch_response(session.get(), requestFor(objects).release(), &response);
+  return {status, PduHandle(response)};
+}
+
+}  // namespace kelm::snmp
