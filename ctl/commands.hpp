@@ -7,5 +7,6 @@ namespace kelm::ctl {
 
 Action declarePpd(CLI::App& app);
 Action declareSettings(CLI::App& app);
+Action declarePrinter(CLI::App& app);
 
 }  // namespace kelm::ctl

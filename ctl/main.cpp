@@ -1,8 +1,10 @@
 // kelmctl: the administrator's command.
+#include <unistd.h>
+
 #include <iostream>
 
 #include "ctl/command_line.hpp"
 
 int main(int argc, char* argv[]) {
-  return kelm::ctl::runCommandLine(argc, argv, {std::cout, std::cerr});
+  return kelm::ctl::runCommandLine(argc, argv, {std::cout, std::cerr, isatty(STDERR_FILENO) == 1});
 }

@@ -12,6 +12,7 @@ namespace kelm::ctl {
 struct Console {
   std::ostream& out;
   std::ostream& err;
+  bool errIsTerminal = false;  // somebody watches: progress may be shown on `err`
 };
 
 // What a subcommand does once its arguments are read; the result is its exit status.

@@ -8,6 +8,7 @@ namespace {
 constexpr Subcommand kSubcommands[] = {
     {"settings", "Show what is stored about a queue's printer", declareSettings},
     {"ppd", "Show what a PPD offers, in your language", declarePpd},
+    {"printer", "Show what a printer says about itself", declarePrinter},
 };
 
 }  // namespace

@@ -1,0 +1,111 @@
+// What a printer says about itself, asked for in one go.
+#include "ctl/printer_facts.hpp"
+
+#include "ctl/progress_line.hpp"
+#include "snmp/qv_snmp_helper.hpp"
+
+namespace kelm::ctl {
+namespace {
+
+using snmp::QVSNMPHelper;
+
+constexpr int kWithoutAnswer = 30;  // shared boxes of a printer that does not say
+constexpr int kCouldNotAsk = 1;
+
+// The SNMP library takes what follows the last colon of an IPv6 address without brackets for one
+// more group of the address, not for the port.
+std::string bracketed(const std::string& address) {
+  const bool plainIPv6 = address.find(':') != std::string::npos && !address.starts_with('[');
+  return plainIPv6 ? "[" + address + "]" : address;
+}
+
+class Questions {
+ public:
+  Questions(const std::string& address, const std::string& community, const Progress& progress)
+      : peer_(bracketed(address)), community_(community), progress_(progress) {}
+
+  PrinterFacts askAll() {
+    askWhetherThere();
+    if (!facts_.answered) return facts_;
+    askSwitches();
+    askLists();
+    return facts_;
+  }
+
+ private:
+  const char* peer() const { return peer_.c_str(); }
+  const char* community() const { return community_.c_str(); }
+
+  void askWhetherThere() {
+    facts_.sharedBoxCount = kWithoutAnswer;
+    progress_("sleep mode");
+    facts_.sleepModeStatus = QVSNMPHelper::getSleepMode_community_sleepMode_(
+        peer(), community(), &facts_.sleepMode);
+    progress_("MAC address");
+    facts_.macAddress = QVSNMPHelper::getMacAddress_community_(peer(), community());
+    facts_.answered = facts_.sleepModeStatus == 0 || facts_.macAddress;
+  }
+
+  void askSwitches() {
+    progress_("administrator log-in");
+    facts_.adminLoginModeEnabled =
+        QVSNMPHelper::getAdminLoginModeEnabled_community_(peer(), community());
+    progress_("number of shared boxes");
+    facts_.sharedBoxCount =
+        QVSNMPHelper::snmpGetSharedBoxEntryForIPAddress_community_(peer(), community());
+  }
+
+  void askLists() {
+    progress_("shared boxes");
+    facts_.sharedBoxes = askSharedBoxes();
+    progress_("forms");
+    facts_.forms =
+        QVSNMPHelper::getValidatedFormNameArrayForIPAddress_community_(peer(), community());
+    progress_("barcode areas");
+    facts_.barcodeAreas =
+        QVSNMPHelper::getValidatedBarcodeAreaNameArrayForIPAddress_community_(peer(), community());
+    progress_("colour profiles");
+    facts_.colorProfiles =
+        QVSNMPHelper::getValidatedColorProfileForIPAddress_community_(peer(), community());
+  }
+
+  std::optional<std::vector<SharedBox>> askSharedBoxes() {
+    const auto states = QVSNMPHelper::
+        getValidatedSharedBoxStateArrayForIPAddress_community_totalCount_(
+            peer(), community(), facts_.sharedBoxCount);
+    if (!states) return std::nullopt;
+    const auto names = QVSNMPHelper::
+        getValidatedSharedBoxNameArrayForIPAddress_community_totalCount_(
+            peer(), community(), facts_.sharedBoxCount);
+    if (!names || names->size() != states->size()) return std::nullopt;
+    std::vector<SharedBox> boxes;
+    for (std::size_t i = 0; i < states->size(); ++i) boxes.push_back({(*states)[i], (*names)[i]});
+    return boxes;
+  }
+
+  std::string peer_;
+  std::string community_;
+  const Progress& progress_;
+  PrinterFacts facts_;
+};
+
+}  // namespace
+
+PrinterFacts askPrinter(const std::string& address, const std::string& community,
+                        const Progress& progress) {
+  return Questions(address, community, progress).askAll();
+}
+
+std::string noAnswerMessage(const PrinterFacts& facts, const std::string& address,
+                            const std::string& community) {
+  if (facts.sleepModeStatus == kCouldNotAsk) {
+    return "the printer \"" + address +
+           "\" cannot be asked: it is no known host or address, or there is no way to it; check its "
+           "spelling and the network.";
+  }
+  return "the printer \"" + address + "\" does not answer SNMP requests of the community \"" +
+         community +
+         "\"; check that it is switched on, that its SNMP is, and its community (--community).";
+}
+
+}  // namespace kelm::ctl

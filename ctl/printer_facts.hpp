@@ -1,0 +1,49 @@
+// What a printer says about itself, asked for in one go.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "ctl/subcommand.hpp"
+
+namespace kelm::ctl {
+
+struct SharedBox {
+  std::string state;  // a decimal number
+  std::string name;
+
+  bool inUse() const { return state == "1"; }
+};
+
+// Lists that the printer does not give, or not whole, are absent.
+struct PrinterFacts {
+  bool answered = false;    // whether anything came back; if not, all else is as without an answer
+  int sleepModeStatus = 0;  // 0: the printer answered; 1: it could not be asked; 2: it kept silent
+  std::int32_t sleepMode = -1;
+  std::optional<std::string> macAddress;
+  bool adminLoginModeEnabled = false;
+  int sharedBoxCount = 0;
+  std::optional<std::vector<SharedBox>> sharedBoxes;  // box n at n - 1, in use or not
+  std::optional<std::vector<std::string>> forms;
+  std::optional<std::vector<std::string>> barcodeAreas;
+  std::optional<std::vector<std::string>> colorProfiles;
+};
+
+// Told what is asked next, for a person who waits.
+using Progress = std::function<void(std::string_view)>;
+
+// Asks the printer at `address` (an IPv4 or IPv6 address or a host name) for everything; a printer
+// that does not answer the first two questions is not asked the others, so that a wrong address
+// costs seconds and not minutes.
+PrinterFacts askPrinter(const std::string& address, const std::string& community,
+                        const Progress& progress);
+
+// Why a printer whose `answered` is false gave nothing, and what to do: one sentence.
+std::string noAnswerMessage(const PrinterFacts& facts, const std::string& address,
+                            const std::string& community);
+
+}  // namespace kelm::ctl

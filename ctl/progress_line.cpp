@@ -1,0 +1,15 @@
+// What somebody at a terminal sees while they wait.
+#include "ctl/progress_line.hpp"
+
+#include <ostream>
+
+#include "ctl/safe_text.hpp"
+
+namespace kelm::ctl {
+
+void ProgressLine::show(std::string_view text) {
+  constexpr char kEraseLine[] = "\r\033[K";
+  if (console_.errIsTerminal) console_.err << kEraseLine << safeText(text) << std::flush;
+}
+
+}  // namespace kelm::ctl

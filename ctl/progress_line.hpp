@@ -1,0 +1,25 @@
+// What somebody at a terminal sees while they wait.
+#pragma once
+
+#include <string_view>
+
+#include "ctl/subcommand.hpp"
+
+namespace kelm::ctl {
+
+// One line on the console's standard error that changes while something is under way, and is gone
+// at the end; nothing where standard error is no terminal. The console outlives it.
+class ProgressLine {
+ public:
+  explicit ProgressLine(const Console& console) : console_(console) {}
+  ~ProgressLine() { show(""); }
+  ProgressLine(const ProgressLine&) = delete;
+  ProgressLine& operator=(const ProgressLine&) = delete;
+
+  void show(std::string_view text);
+
+ private:
+  const Console& console_;
+};
+
+}  // namespace kelm::ctl

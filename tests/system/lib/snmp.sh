@@ -1,0 +1,39 @@
+# snmp.sh : a printer's SNMP agent, played by a real snmpd; read after common.sh.
+# shellcheck shell=sh
+
+# printer_mib FILE... : snmpd.conf of the printer that the data files describe one after the other
+# ("-" is standard input; the format is in printer_mib.awk); its community is "public"
+printer_mib() {
+  printf 'rocommunity public\nrocommunity6 public\n'
+  cat "$@" | awk -f "$HERE/lib/printer_mib.awk"
+}
+
+agent_answers() { snmpget -v1 -c public -t 0.2 -r 0 "$1" .1.3.6.1.2.1.1.3.0 >/dev/null 2>&1; }
+
+# agent_start NAME ADDRESS : an agent with the configuration on standard input, listening on port 161
+# of ADDRESS (IPv4, or IPv6 in brackets) until the test ends or "stop NAME"
+agent_start() {
+  [ -x /usr/sbin/snmpd ] || fail "no /usr/sbin/snmpd: install the package snmpd"
+  mkdir -p "$W/$1/var"
+  cat >"$W/$1/snmpd.conf"
+  case $2 in
+    \[*) transport=udp6 ;;
+    *) transport=udp ;;
+  esac
+  MIBS='' SNMP_PERSISTENT_DIR=$W/$1/var SNMPCONFPATH=$W/$1 \
+    /usr/sbin/snmpd -f -Lf "$W/$1/snmpd_log" -C -c "$W/$1/snmpd.conf" -I -smux,ifTable \
+    "$transport:$2:161" >"$W/$1/out_log" 2>&1 </dev/null &
+  started "$1" $!
+  wait_until 5 agent_answers "$transport:$2" || fail "the agent $1 did not come up"
+}
+
+# odd_agent_start NAME ADDRESS BEHAVIOUR... : an agent that answers as no proper one does; the
+# behaviours are those of odd_agent.py
+odd_agent_start() {
+  name=$1
+  mkdir -p "$W/$name"
+  shift
+  /usr/bin/python3 "$HERE/lib/odd_agent.py" "$@" >"$W/$name/requests" 2>"$W/$name/odd_log" &
+  started "$name" $!
+  wait_until 5 test -s "$W/$name/requests" || fail "the agent $name did not come up"
+}
