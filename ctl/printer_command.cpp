@@ -83,9 +83,8 @@ void writeSharedBoxes(std::ostream& out, const PrinterFacts& facts) {
 }
 
 void writeSleepMode(std::ostream& out, const PrinterFacts& facts) {
-  row(out, "Sleep mode");
-  if (facts.sleepMode < 0) out << kNotGiven << '\n';
-  else out << facts.sleepMode << '\n';
+  row(out, "Sleep mode")
+      << (facts.sleepMode < 0 ? kNotGiven : std::to_string(facts.sleepMode)) << '\n';
 }
 
 void writeTable(std::ostream& out, const PrinterFacts& facts) {
@@ -117,7 +116,8 @@ Action declarePrinter(CLI::App& app) {
   auto arguments = std::make_shared<Arguments>();
   app.add_option("ADDRESS", arguments->address, "The printer's IP address or host name")
       ->required()
-      ->type_name("");
+      ->type_name("")
+      ->check(addressProblem);
   app.add_option("--community", arguments->community, "The printer's SNMP community")
       ->type_name("NAME")
       ->capture_default_str();

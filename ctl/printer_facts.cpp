@@ -96,6 +96,14 @@ PrinterFacts askPrinter(const std::string& address, const std::string& community
   return Questions(address, community, progress).askAll();
 }
 
+std::string addressProblem(const std::string& address) {
+  constexpr char kLettersOfAddresses[] =
+      "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ.-_:%[]";
+  const bool sound =
+      !address.empty() && address.find_first_not_of(kLettersOfAddresses) == std::string::npos;
+  return sound ? "" : "\"" + address + "\" is no IP address and no host name";
+}
+
 std::string noAnswerMessage(const PrinterFacts& facts, const std::string& address,
                             const std::string& community) {
   if (facts.sleepModeStatus == kCouldNotAsk) {

@@ -42,6 +42,10 @@ using Progress = std::function<void(std::string_view)>;
 PrinterFacts askPrinter(const std::string& address, const std::string& community,
                         const Progress& progress);
 
+// What is wrong with `address` as an argument; empty when nothing is. The SNMP library would take
+// some texts for other ways to an agent than over the network.
+std::string addressProblem(const std::string& address);
+
 // Why a printer whose `answered` is false gave nothing, and what to do: one sentence.
 std::string noAnswerMessage(const PrinterFacts& facts, const std::string& address,
                             const std::string& community);

@@ -8,8 +8,6 @@ one does. Every value it gives is the INTEGER 1. Behaviours:
   doubled          answers twice
   garbled          answers with bytes that are no SNMP message first, then properly
   error STATUS     reports the error, with no variables
-  reversed         gives the variables last to first
-  toolong SIZE     gives OCTET STRINGs of SIZE bytes
 It prints "ready" first, then a line with the number of bytes of each request.
 """
 import socket
@@ -42,12 +40,12 @@ def children(contents):
     return found
 
 
-def response(request, change=lambda variables: variables, status=0, value=tlv(2, b"\x01")):
+def response(request, change=lambda variables: variables, status=0):
     _, message, _ = read_tlv(request, 0)
     version, community, (_, pdu) = children(message)
     request_id, _, _, (_, bindings) = children(pdu)
     names = [children(binding)[0] for _, binding in children(bindings)]
-    variables = change([tlv(0x30, tlv(*name) + value) for name in names])
+    variables = change([tlv(0x30, tlv(*name) + tlv(2, b"\x01")) for name in names])
     parts = [tlv(*request_id), tlv(2, bytes([status])), tlv(2, b"\0"), tlv(0x30, b"".join(variables))]
     return tlv(0x30, tlv(*version) + tlv(*community) + tlv(0xA2, b"".join(parts)))
 
@@ -71,8 +69,6 @@ def main():
             "doubled": lambda: [response(request)] * 2,
             "garbled": lambda: [b"\x30\x82", b"no message", request[:20], response(request)],
             "error": lambda: [response(request, lambda variables: [], int(number))],
-            "reversed": lambda: [response(request, lambda variables: variables[::-1])],
-            "toolong": lambda: [response(request, value=tlv(4, b"n" * int(number)))],
         }[behaviour]()
         if behaviour == "late":
             time.sleep(number)

@@ -4,7 +4,8 @@
 #   TYPE    integer NUMBER
 #           text TEXT    up to the end of the line; every # in it becomes the index
 #           bytes HEX    two digits a byte, no blanks
-#           long COUNT   COUNT times "n"
+#           long COUNT   COUNT times "n"; snmpd's configuration holds at most 4094
+#           settable     a text that agent_set of snmp.sh gives its value
 #           absent       the printer does not have the object
 # Empty lines and lines that begin with "//" say nothing.
 BEGIN {
@@ -31,6 +32,7 @@ function repeated(text, count,   result) {
 function value_of(type, text, index_) {
   if (type == "integer") return "integer " text
   if (type == "bytes") return "octet_str 0x" text
+  if (type == "settable") return "octet_str \"\""
   if (type == "long") return "octet_str \"" repeated("n", text) "\""
   gsub(/#/, index_, text)
   gsub(/["\\]/, "\\\\&", text)
@@ -47,7 +49,8 @@ function value_of(type, text, index_) {
   for (i = range[1]; i <= range[last] + 0; i++) {
     name = oid[$1] "." i
     if (!(name in line)) order[++count] = name
-    line[name] = $3 == "absent" ? "" : "override " name " " value_of($3, text, i)
+    rights = $3 == "settable" ? "-rw " : ""
+    line[name] = $3 == "absent" ? "" : "override " rights name " " value_of($3, text, i)
   }
 }
 

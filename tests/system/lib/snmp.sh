@@ -2,13 +2,14 @@
 # shellcheck shell=sh
 
 # printer_mib FILE... : snmpd.conf of the printer that the data files describe one after the other
-# ("-" is standard input; the format is in printer_mib.awk); its community is "public"
+# ("-" is standard input; the format is in printer_mib.awk); its community is $COMMUNITY
+COMMUNITY=public
 printer_mib() {
-  printf 'rocommunity public\nrocommunity6 public\n'
+  printf 'rocommunity %s\nrocommunity6 %s\nrwcommunity private\n' "$COMMUNITY" "$COMMUNITY"
   cat "$@" | awk -f "$HERE/lib/printer_mib.awk"
 }
 
-agent_answers() { snmpget -v1 -c public -t 0.2 -r 0 "$1" .1.3.6.1.2.1.1.3.0 >/dev/null 2>&1; }
+agent_answers() { snmpget -v1 -c "$COMMUNITY" -t 0.2 -r 0 "$1" .1.3.6.1.2.1.1.3.0 >/dev/null 2>&1; }
 
 # agent_start NAME ADDRESS : an agent with the configuration on standard input, listening on port 161
 # of ADDRESS (IPv4, or IPv6 in brackets) until the test ends or "stop NAME"
@@ -25,6 +26,14 @@ agent_start() {
     "$transport:$2:161" >"$W/$1/out_log" 2>&1 </dev/null &
   started "$1" $!
   wait_until 5 agent_answers "$transport:$2" || fail "the agent $1 did not come up"
+}
+
+# agent_set ADDRESS OBJECT INDEX COUNT : gives a settable text of the data file COUNT times "n"
+agent_set() {
+  oid=$(echo "$2 $3 settable" | awk -f "$HERE/lib/printer_mib.awk" | cut -d' ' -f3)
+  text=$(head -c "$4" /dev/zero | tr '\0' n)
+  snmpset -v1 -c private -t 1 -r 0 "$1" "$oid" s "$text" >"$W/snmpset_log" 2>&1 ||
+    fail "the agent at $1 does not let $2 $3 be set"
 }
 
 # odd_agent_start NAME ADDRESS BEHAVIOUR... : an agent that answers as no proper one does; the

@@ -1,0 +1,102 @@
+#!/bin/sh
+# kelmctl printer: what an administrator sees of a printer, and that nobody's SNMP settings change it.
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/snmp.sh
+. "$HERE/lib/snmp.sh"
+
+P=$HERE/printers
+KELMCTL=$BUILD/kelmctl
+
+# expect_json FILE CONDITION : the JSON object in FILE, named d, fulfils the Python condition
+expect_json() {
+  /usr/bin/python3 -c 'import json, sys
+d = json.load(open(sys.argv[1]))
+sys.exit(0 if eval(sys.argv[2]) else 1)' "$1" "$2" || fail "$(cat "$1"): not so: $2"
+}
+
+# status_of COMMAND... : its exit status; its output goes to $W/out and $W/err
+status_of() {
+  status=0
+  "$@" >"$W/out" 2>"$W/err" || status=$?
+  echo $status
+}
+
+printer_mib "$P/many_boxes.mib" | agent_start many 127.0.0.1
+printer_mib "$P/few_boxes.mib" | agent_start few '[::1]'
+printf 'boxState 2 integer 1\nboxName 2 bytes 411b5b324a42c29b\nformState 1 absent\nmacAddress 0 absent\n' |
+  printer_mib "$P/few_boxes.mib" - | agent_start holes 127.0.0.2
+
+# A full printer as JSON.
+expect "the status for 127.0.0.1" 0 "$(status_of "$KELMCTL" printer 127.0.0.1 --json)"
+expect "standard error" '' "$(cat "$W/err")"
+expect_json "$W/out" 'list(d) == ["sharedBoxCount", "sharedBoxes", "forms", "barcodeAreas",
+  "colorProfiles", "adminLoginModeEnabled", "sleepMode", "sleepModeStatus", "macAddress"]'
+expect_json "$W/out" 'd["sharedBoxCount"] == 100 and len(d["sharedBoxes"]) == 100'
+expect_json "$W/out" 'd["sharedBoxes"][1] == {"state": "0", "name": "Box 2"}'
+expect_json "$W/out" 'd["sharedBoxes"][2] == {"state": "1", "name": "Lagerhaus Süd"}'
+expect_json "$W/out" 'd["forms"] == ["Form %d" % n for n in range(1, 101) if n not in (2, 3)]'
+expect_json "$W/out" 'd["barcodeAreas"][98:] == ["Area 99", "帳票"]'
+expect_json "$W/out" 'd["colorProfiles"] == ["Profile %d" % n for n in range(1, 31)]'
+expect_json "$W/out" 'd["adminLoginModeEnabled"] is True'
+expect_json "$W/out" '(d["sleepMode"], d["sleepModeStatus"]) == (2, 0)'
+expect_json "$W/out" 'd["macAddress"] == "00:1B:A9:0C:4D:5E"'
+
+# An IPv6 address as people write it.
+expect "the status for ::1" 0 "$(status_of "$KELMCTL" printer ::1 --json)"
+expect_json "$W/out" 'd["sharedBoxCount"] == 30 and len(d["sharedBoxes"]) == 30'
+expect_json "$W/out" 'd["forms"] == ["Briefkopf", "請求書"] and d["colorProfiles"] == []'
+expect_json "$W/out" 'd["adminLoginModeEnabled"] is False and d["sleepMode"] == 0'
+
+# For people.
+expect "the status of the table" 0 "$(status_of "$KELMCTL" printer ::1)"
+cat >"$W/expected" <<'END'
+MAC address           00:1b:a9:00:00:01
+Sleep mode            0
+Administrator log-in  off
+Shared boxes          2 of 30 in use
+    1  Einkauf
+   17  Müller "intern"
+Forms                 2
+    1  Briefkopf
+    2  請求書
+Barcode areas         1
+    1  Kopf links
+Colour profiles       0
+END
+diff "$W/expected" "$W/out" || fail "the table is another one"
+
+# What the printer does not give whole is no list; a name cannot steer the terminal.
+expect "the status with holes" 0 "$(status_of "$KELMCTL" printer 127.0.0.2 --json)"
+expect_json "$W/out" 'd["forms"] is None and d["macAddress"] is None'
+expect_json "$W/out" 'd["sharedBoxes"][1] == {"state": "1", "name": "A\x1b[2JB\x9b"}'
+expect "the status of the table with holes" 0 "$(status_of "$KELMCTL" printer 127.0.0.2)"
+expect_line "$W/out" 'Forms                 not given by the printer'
+expect_line "$W/out" 'MAC address           not given by the printer'
+expect_line "$W/out" '    2  A\u001B[2JB\u009B'
+
+# Nobody's settings count: not the user's, not the environment's. No file of the SNMP library is
+# even looked for, and each question has one socket of its own.
+mkdir -p "$W/home/.snmp" "$W/etc"
+printf "defaultPort 9161\ndefVersion 3\nretries 0\ntimeout 1\nmibs +ALL\n" |
+  tee "$W/home/.snmp/snmp.conf" >"$W/etc/snmp.conf"
+expect "the status with settings" 0 "$(status_of env HOME="$W/home" SNMPCONFPATH="$W/etc" MIBS=+ALL \
+  ASAN_OPTIONS=detect_leaks=0 strace -f -o "$W/trace" -e trace=openat,open,stat,access,socket \
+  "$KELMCTL" printer 127.0.0.1 --json)"
+expect_json "$W/out" 'd["sleepMode"] == 2 and len(d["forms"]) == 98'
+! grep -i 'snmp\|mibs' "$W/trace" | grep -v 'libnetsnmp\.so' || fail "it looks for SNMP settings"
+expect "sockets" 12 "$(grep -c 'socket(AF_INET, SOCK_DGRAM' "$W/trace")"
+
+# No answer: a word about what to do, status 1.
+expect "the status for a wrong community" 1 \
+  "$(status_of "$KELMCTL" printer 127.0.0.1 --community wrong --json)"
+grep -q '"127.0.0.1" does not answer .*"wrong".*--community' "$W/err" || fail "$(cat "$W/err")"
+expect_json "$W/out" '(d["sleepMode"], d["sleepModeStatus"], d["sharedBoxes"]) == (-1, 2, None)'
+expect "the status for an unknown host" 1 "$(status_of "$KELMCTL" printer no.such.host.invalid)"
+grep -q '"no.such.host.invalid" cannot be asked' "$W/err" || fail "$(cat "$W/err")"
+expect "output for an unknown host" '' "$(cat "$W/out")"
+
+# Arguments that make no sense.
+expect "the status without an address" 2 "$(status_of "$KELMCTL" printer)"
+expect "the status for no address" 2 "$(status_of "$KELMCTL" printer '')"
+expect "the status for a path" 2 "$(status_of "$KELMCTL" printer /run/agent.sock)"
