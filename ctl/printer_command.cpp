@@ -11,7 +11,6 @@
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/printer_facts.hpp"
-#include "ctl/progress_line.hpp"
 #include "ctl/safe_text.hpp"
 
 namespace kelm::ctl {
@@ -26,7 +25,9 @@ struct Arguments {
   bool json = false;
 };
 
-Json jsonOf(const Names& names) { return names ? Json(*names) : Json(nullptr); }
+Json jsonOf(const Names& names) {
+  return names ? Json(*names) : Json(nullptr);
+}
 
 Json jsonOf(const std::optional<std::vector<SharedBox>>& boxes) {
   if (!boxes) return nullptr;
@@ -74,8 +75,8 @@ void writeSharedBoxes(std::ostream& out, const PrinterFacts& facts) {
     return;
   }
   const auto& boxes = *facts.sharedBoxes;
-  const auto used = std::count_if(boxes.begin(), boxes.end(),
-                                  [](const SharedBox& box) { return box.inUse(); });
+  const auto used =
+      std::count_if(boxes.begin(), boxes.end(), [](const SharedBox& box) { return box.inUse(); });
   row(out, "Shared boxes") << used << " of " << boxes.size() << " in use\n";
   for (std::size_t i = 0; i < boxes.size(); ++i) {
     if (boxes[i].inUse()) writeEntry(out, i + 1, boxes[i].name);
@@ -83,8 +84,8 @@ void writeSharedBoxes(std::ostream& out, const PrinterFacts& facts) {
 }
 
 void writeSleepMode(std::ostream& out, const PrinterFacts& facts) {
-  row(out, "Sleep mode")
-      << (facts.sleepMode < 0 ? kNotGiven : std::to_string(facts.sleepMode)) << '\n';
+  row(out, "Sleep mode") << (facts.sleepMode < 0 ? kNotGiven : std::to_string(facts.sleepMode))
+                         << '\n';
 }
 
 void writeTable(std::ostream& out, const PrinterFacts& facts) {
@@ -98,7 +99,7 @@ void writeTable(std::ostream& out, const PrinterFacts& facts) {
 }
 
 int run(const Arguments& arguments, const Console& console) {
-  const PrinterFacts facts = askWithProgress(arguments.address, arguments.community, console);
+  const PrinterFacts facts = askPrinter(arguments.address, arguments.community, console);
   if (arguments.json) {
     console.out << jsonOf(facts).dump(2) << '\n';
   } else if (facts.answered) {

@@ -21,8 +21,8 @@ std::string bracketed(const std::string& address) {
 
 class Questions {
  public:
-  Questions(const std::string& address, const std::string& community, const Progress& progress)
-      : peer_(bracketed(address)), community_(community), progress_(progress) {}
+  Questions(const std::string& address, const std::string& community, const Console& console)
+      : address_(address), peer_(bracketed(address)), community_(community), line_(console) {}
 
   PrinterFacts askAll() {
     askWhetherThere();
@@ -33,49 +33,50 @@ class Questions {
   }
 
  private:
+  void announce(const char* question) { line_.show("asking " + address_ + ": " + question); }
   const char* peer() const { return peer_.c_str(); }
   const char* community() const { return community_.c_str(); }
 
   void askWhetherThere() {
     facts_.sharedBoxCount = kWithoutAnswer;
-    progress_("sleep mode");
-    facts_.sleepModeStatus = QVSNMPHelper::getSleepMode_community_sleepMode_(
-        peer(), community(), &facts_.sleepMode);
-    progress_("MAC address");
+    announce("sleep mode");
+    facts_.sleepModeStatus =
+        QVSNMPHelper::getSleepMode_community_sleepMode_(peer(), community(), &facts_.sleepMode);
+    announce("MAC address");
     facts_.macAddress = QVSNMPHelper::getMacAddress_community_(peer(), community());
     facts_.answered = facts_.sleepModeStatus == 0 || facts_.macAddress;
   }
 
   void askSwitches() {
-    progress_("administrator log-in");
+    announce("administrator log-in");
     facts_.adminLoginModeEnabled =
         QVSNMPHelper::getAdminLoginModeEnabled_community_(peer(), community());
-    progress_("number of shared boxes");
+    announce("number of shared boxes");
     facts_.sharedBoxCount =
         QVSNMPHelper::snmpGetSharedBoxEntryForIPAddress_community_(peer(), community());
   }
 
   void askLists() {
-    progress_("shared boxes");
+    announce("shared boxes");
     facts_.sharedBoxes = askSharedBoxes();
-    progress_("forms");
+    announce("forms");
     facts_.forms =
         QVSNMPHelper::getValidatedFormNameArrayForIPAddress_community_(peer(), community());
-    progress_("barcode areas");
+    announce("barcode areas");
     facts_.barcodeAreas =
         QVSNMPHelper::getValidatedBarcodeAreaNameArrayForIPAddress_community_(peer(), community());
-    progress_("colour profiles");
+    announce("colour profiles");
     facts_.colorProfiles =
         QVSNMPHelper::getValidatedColorProfileForIPAddress_community_(peer(), community());
   }
 
   std::optional<std::vector<SharedBox>> askSharedBoxes() {
-    const auto states = QVSNMPHelper::
-        getValidatedSharedBoxStateArrayForIPAddress_community_totalCount_(
+    const auto states =
+        QVSNMPHelper::getValidatedSharedBoxStateArrayForIPAddress_community_totalCount_(
             peer(), community(), facts_.sharedBoxCount);
     if (!states) return std::nullopt;
-    const auto names = QVSNMPHelper::
-        getValidatedSharedBoxNameArrayForIPAddress_community_totalCount_(
+    const auto names =
+        QVSNMPHelper::getValidatedSharedBoxNameArrayForIPAddress_community_totalCount_(
             peer(), community(), facts_.sharedBoxCount);
     if (!names || names->size() != states->size()) return std::nullopt;
     std::vector<SharedBox> boxes;
@@ -83,17 +84,18 @@ class Questions {
     return boxes;
   }
 
+  std::string address_;
   std::string peer_;
   std::string community_;
-  const Progress& progress_;
+  ProgressLine line_;
   PrinterFacts facts_;
 };
 
 }  // namespace
 
 PrinterFacts askPrinter(const std::string& address, const std::string& community,
-                        const Progress& progress) {
-  return Questions(address, community, progress).askAll();
+                        const Console& console) {
+  return Questions(address, community, console).askAll();
 }
 
 std::string addressProblem(const std::string& address) {
@@ -108,7 +110,8 @@ std::string noAnswerMessage(const PrinterFacts& facts, const std::string& addres
                             const std::string& community) {
   if (facts.sleepModeStatus == kCouldNotAsk) {
     return "the printer \"" + address +
-           "\" cannot be asked: it is no known host or address, or there is no way to it; check its "
+           "\" cannot be asked: it is no known host or address, or there is no way to it; check "
+           "its "
            "spelling and the network.";
   }
   return "the printer \"" + address + "\" does not answer SNMP requests of the community \"" +

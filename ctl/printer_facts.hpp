@@ -2,10 +2,8 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "ctl/subcommand.hpp"
@@ -33,14 +31,11 @@ struct PrinterFacts {
   std::optional<std::vector<std::string>> colorProfiles;
 };
 
-// Told what is asked next, for a person who waits.
-using Progress = std::function<void(std::string_view)>;
-
 // Asks the printer at `address` (an IPv4 or IPv6 address or a host name) for everything; a printer
 // that does not answer the first two questions is not asked the others, so that a wrong address
-// costs seconds and not minutes.
+// costs seconds and not minutes. Shows a progress line to whoever watches the console.
 PrinterFacts askPrinter(const std::string& address, const std::string& community,
-                        const Progress& progress);
+                        const Console& console);
 
 // What is wrong with `address` as an argument; empty when nothing is. The SNMP library would take
 // some texts for other ways to an agent than over the network.

@@ -64,8 +64,7 @@ inline constexpr auto colorProfileStateOID = oidTable<30>(".1.3.6.1.4.1.47193.1.
 inline constexpr auto colorProfileNameOID = oidTable<30>(".1.3.6.1.4.1.47193.1.2.2.2.11.1.4");
 
 // Only printers with 100 shared boxes have this one.
-inline constexpr OidText kLastSharedBoxStateOid =
-    oidText(".1.3.6.1.4.1.47193.1.2.2.2.6.1.2.100");
+inline constexpr OidText kLastSharedBoxStateOid = oidText(".1.3.6.1.4.1.47193.1.2.2.2.6.1.2.100");
 inline constexpr OidText kAdminLoginModeOid = oidText(".1.3.6.1.4.1.47193.1.2.2.2.5.6.0");
 inline constexpr OidText kSleepModeOid = oidText(".1.3.6.1.4.1.47193.1.2.1.1.6.0");
 inline constexpr OidText kMacAddressOid = oidText(".1.3.6.1.4.1.47193.1.2.2.4.1.2.0");

@@ -31,7 +31,9 @@ void addObject(netsnmp_pdu& request, const OidText& object) {
 }
 
 // The library reads these texts and copies them, but its types do not say so.
-char* asLibraryText(const char* text) { return const_cast<char*>(text); }
+char* asLibraryText(const char* text) {
+  return const_cast<char*>(text);
+}
 
 }  // namespace
 
@@ -61,8 +63,7 @@ Answer get(const char* peer, const char* community, std::span<const OidText> obj
   if (session == nullptr) return {STAT_ERROR, nullptr};
   netsnmp_pdu* response = nullptr;
   // The library takes the request over, whatever comes of it.
-  const int status =
-      snmp_synch_response(session.get(), requestFor(objects).release(), &response);
+  const int status = snmp_synch_response(session.get(), requestFor(objects).release(), &response);
   return {status, PduHandle(response)};
 }
 

@@ -130,17 +130,17 @@ std::optional<TextArray> copyUnlessEmpty(bool succeeded, const TextArray& array)
 std::optional<TextArray>
 QVSNMPHelper::getValidatedSharedBoxNameArrayForIPAddress_community_totalCount_(
     const char* address, const char* community, std::int64_t totalCount) {
-  return copyUnlessEmpty(snmpGetSharedBoxNameForIPAddress_community_totalCount_(address, community,
-                                                                                totalCount),
-                         sharedBoxNameArray);
+  return copyUnlessEmpty(
+      snmpGetSharedBoxNameForIPAddress_community_totalCount_(address, community, totalCount),
+      sharedBoxNameArray);
 }
 
 std::optional<TextArray>
 QVSNMPHelper::getValidatedSharedBoxStateArrayForIPAddress_community_totalCount_(
     const char* address, const char* community, std::int64_t totalCount) {
-  return copyUnlessEmpty(snmpGetSharedBoxStateForIPAddress_community_totalCount_(address, community,
-                                                                                 totalCount),
-                         sharedBoxStateArray);
+  return copyUnlessEmpty(
+      snmpGetSharedBoxStateForIPAddress_community_totalCount_(address, community, totalCount),
+      sharedBoxStateArray);
 }
 
 std::optional<TextArray> QVSNMPHelper::getValidatedFormNameArrayForIPAddress_community_(
@@ -168,16 +168,14 @@ std::optional<TextArray> QVSNMPHelper::getValidatedColorProfileForIPAddress_comm
   return namesInUse(colorProfileStateArray, colorProfileNameArray);
 }
 
-bool QVSNMPHelper::getAdminLoginModeEnabled_community_(const char* address,
-                                                       const char* community) {
+bool QVSNMPHelper::getAdminLoginModeEnabled_community_(const char* address, const char* community) {
   return snmpGetAdminLoginModeEnabled_community_(address, community);
 }
 
 int QVSNMPHelper::snmpGetSharedBoxEntryForIPAddress_community_(const char* address,
                                                                const char* community) {
   const Answer answer = ask(address, community, kLastSharedBoxStateOid);
-  const bool exists =
-      answer.response != nullptr && answer.response->errstat == SNMP_ERR_NOERROR;
+  const bool exists = answer.response != nullptr && answer.response->errstat == SNMP_ERR_NOERROR;
   return exists ? static_cast<int>(kManySharedBoxes) : kFewSharedBoxes;
 }
 

@@ -1,5 +1,5 @@
-// The printer queries against real agents. Each suite wants the printer that printer_queries_test.sh
-// starts for it, at the address PRINTER.
+// The printer queries against real agents. Each suite wants the printer that
+// printer_queries_test.sh starts for it, at the address PRINTER.
 #include <gmock/gmock.h>
 
 #include <chrono>
@@ -75,7 +75,9 @@ double secondsOf(Question question) {
 
 // --- many_boxes.mib ---
 
-TEST(ManyBoxes, AreAHundred) { EXPECT_EQ(sharedBoxCount(), 100); }
+TEST(ManyBoxes, AreAHundred) {
+  EXPECT_EQ(sharedBoxCount(), 100);
+}
 
 TEST(ManyBoxes, AreGivenInUseOrNot) {
   const auto states = boxStates(100);
@@ -135,7 +137,9 @@ TEST(SingleFacts, AreWhatThePrinterSays) {
   expectSleepMode(0, 2);
 }
 
-TEST(TestValue, IsEmptyWhateverTheAgentSays) { EXPECT_EQ(QVSNMPHelper::snmpGetTestValue(), ""); }
+TEST(TestValue, IsEmptyWhateverTheAgentSays) {
+  EXPECT_EQ(QVSNMPHelper::snmpGetTestValue(), "");
+}
 
 // --- few_boxes.mib ---
 
@@ -144,7 +148,9 @@ TEST(FewBoxes, AreThirty) {
   EXPECT_THAT(boxStates(30), testing::Optional(SizeIs(30)));
 }
 
-TEST(FewBoxes, AreNoneWhenAHundredAreAskedFor) { EXPECT_EQ(boxStates(100), std::nullopt); }
+TEST(FewBoxes, AreNoneWhenAHundredAreAskedFor) {
+  EXPECT_EQ(boxStates(100), std::nullopt);
+}
 
 TEST(FewBoxes, KeepTheirPlaceWithAnEmptyName) {
   const auto names = boxNames(30);
@@ -188,8 +194,8 @@ TEST(OddValues, ANameOf4095BytesIsKept) {
 }
 
 TEST(OddValues, ANameOf4096BytesIsSkippedWhichBreaksTheCount) {
-  EXPECT_FALSE(QVSNMPHelper::snmpGetBarcodeAreDefinitionNameForIPAddress_community_(printer(),
-                                                                                   kCommunity));
+  EXPECT_FALSE(
+      QVSNMPHelper::snmpGetBarcodeAreDefinitionNameForIPAddress_community_(printer(), kCommunity));
   EXPECT_THAT(QVSNMPHelper::barcodeAreaDefinitionNameArray, IsEmpty());
   EXPECT_EQ(barcodeAreas(), std::nullopt);
 }
@@ -213,8 +219,8 @@ TEST(LongNames, FitIntoOneReplyUpToTheLimitOfUdp) {
 }
 
 TEST(LongNames, BeyondItAreNeverAnswered) {
-  EXPECT_FALSE(QVSNMPHelper::snmpGetBarcodeAreDefinitionNameForIPAddress_community_(printer(),
-                                                                                   kCommunity));
+  EXPECT_FALSE(
+      QVSNMPHelper::snmpGetBarcodeAreDefinitionNameForIPAddress_community_(printer(), kCommunity));
   EXPECT_THAT(QVSNMPHelper::barcodeAreaDefinitionNameArray, IsEmpty());
 }
 
@@ -234,11 +240,15 @@ TEST(SilenceTimes, AreThreeTimesLongerForTheMacAddressThanForTheSleepMode) {
   EXPECT_LT(address, 3.5 * sleepMode);
 }
 
-TEST(WrongCommunity, IsSilence) { expectSleepMode(2, -1); }
+TEST(WrongCommunity, IsSilence) {
+  expectSleepMode(2, -1);
+}
 
 // --- odd_agent.py ---
 
-TEST(LateAgent, IsHeardAfterTheRequestWasRepeated) { expectSleepMode(0, 1); }
+TEST(LateAgent, IsHeardAfterTheRequestWasRepeated) {
+  expectSleepMode(0, 1);
+}
 
 TEST(SecondRequest, ForAHundredBoxesComesTenTimesLaterThanForThirty) {
   const char* address = printer();
@@ -254,7 +264,8 @@ TEST(DroppedVariable, FailsTheWholeList) {
   EXPECT_FALSE(QVSNMPHelper::snmpGetFormStateForIPAddress_community_(printer(), kCommunity));
   EXPECT_THAT(QVSNMPHelper::formStateArray, IsEmpty());
   EXPECT_EQ(boxStates(100), std::nullopt);
-  EXPECT_FALSE(QVSNMPHelper::snmpGetColorProfileStateForIPAddress_community_(printer(), kCommunity));
+  EXPECT_FALSE(
+      QVSNMPHelper::snmpGetColorProfileStateForIPAddress_community_(printer(), kCommunity));
 }
 
 TEST(ThirtyInsteadOfAHundred, FailTheWholeList) {
@@ -283,7 +294,9 @@ TEST(AgentError, IsACompletedExchangeWithoutAValue) {
 
 // --- An IPv6 address without a zone: the library reads "::1:161" as one address ---
 
-TEST(PlainIPv6Address, IsTakenForAnotherOneByTheLibrary) { expectSleepMode(1, -1); }
+TEST(PlainIPv6Address, IsTakenForAnotherOneByTheLibrary) {
+  expectSleepMode(1, -1);
+}
 
 }  // namespace
 }  // namespace kelm::snmp

@@ -60,7 +60,8 @@ TEST(SessionFor, IsVersionTwoForTheTestOnly) {
 }
 
 TEST(RequestFor, AsksForAllObjectsInOrder) {
-  const std::vector<OidText> objects{oidText(".1.3.6.1.2.1.1.5.0"), oidText(".1.3.6.1.4.1.47193.1")};
+  const std::vector<OidText> objects{oidText(".1.3.6.1.2.1.1.5.0"),
+                                     oidText(".1.3.6.1.4.1.47193.1")};
   const PduHandle request = requestFor(objects);
   EXPECT_EQ(request->command, SNMP_MSG_GET);
   EXPECT_THAT(objectsOf(*request),
@@ -71,8 +72,7 @@ TEST(RequestFor, AsksForAllObjectsInOrder) {
 TEST(RequestFor, PutsAWholeFamilyIntoOneRequest) {
   const auto objects = objectsOf(*requestFor(formNameOID));
   ASSERT_EQ(objects.size(), 100U);
-  EXPECT_EQ(objects.back(),
-            (std::vector<oid>{1, 3, 6, 1, 4, 1, 47193, 1, 2, 2, 2, 10, 1, 4, 100}));
+  EXPECT_EQ(objects.back(), (std::vector<oid>{1, 3, 6, 1, 4, 1, 47193, 1, 2, 2, 2, 10, 1, 4, 100}));
 }
 
 TEST(Get, FailsAtOnceForAPeerThatDoesNotExist) {

@@ -29,8 +29,8 @@ TEST(ConvertedAddress, OfAnIPv4AddressOrAHostNameIsTheAddress) {
 }
 
 TEST(SharedBoxes, RefuseCountsThatTheTableDoesNotHave) {
-  for (const std::int64_t count : {INT64_MIN, std::int64_t{-1}, std::int64_t{0}, std::int64_t{101},
-                                   INT64_MAX}) {
+  for (const std::int64_t count :
+       {INT64_MIN, std::int64_t{-1}, std::int64_t{0}, std::int64_t{101}, INT64_MAX}) {
     QVSNMPHelper::sharedBoxStateArray = {"1"};
     QVSNMPHelper::sharedBoxNameArray = {"old"};
     EXPECT_FALSE(QVSNMPHelper::snmpGetSharedBoxStateForIPAddress_community_totalCount_(
