@@ -8,5 +8,6 @@ namespace kelm::ctl {
 Action declarePpd(CLI::App& app);
 Action declareSettings(CLI::App& app);
 Action declarePrinter(CLI::App& app);
+Action declareSync(CLI::App& app);
 
 }  // namespace kelm::ctl

@@ -1,7 +1,7 @@
 // What a printer says about itself, asked for in one go.
 #include "ctl/printer_facts.hpp"
 
-#include "ctl/progress_line.hpp"
+#include "ctl/terminal.hpp"
 #include "snmp/qv_snmp_helper.hpp"
 
 namespace kelm::ctl {

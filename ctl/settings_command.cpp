@@ -13,6 +13,7 @@
 #include "ctl/exit_status.hpp"
 #include "ctl/queue_ppd.hpp"
 #include "ctl/safe_text.hpp"
+#include "ctl/stored_settings.hpp"
 #include "ppdsettings/snmp_helper.hpp"
 
 namespace kelm::ctl {
@@ -53,32 +54,41 @@ constexpr Setting kSettings[] = {
 
 constexpr int kLabelWidth = 26;
 
-std::string readable(bool value) { return value ? "yes" : "no"; }
-std::string readable(const std::string& text) { return text.empty() ? "(none)" : safeText(text); }
-std::string readable(std::int32_t number) { return std::to_string(number); }
+std::string readable(bool value) {
+  return value ? "yes" : "no";
+}
+std::string readable(const std::string& text) {
+  return text.empty() ? "(none)" : safeText(text);
+}
+std::string readable(std::int32_t number) {
+  return std::to_string(number);
+}
+
+template <class Value>
+StoredSetting readableSetting(const char* label, const Value& value) {
+  return {label, false, {readable(value)}};
+}
+
+template <class Entry>
+StoredSetting readableSetting(const char* label, const std::vector<Entry>& entries) {
+  StoredSetting setting{label, true, {}};
+  for (const Entry& entry : entries) setting.values.push_back(readable(entry));
+  return setting;
+}
 
 void printLine(std::ostream& out, const char* label, const std::string& text) {
   out << std::left << std::setw(kLabelWidth) << label << text << '\n';
 }
 
-template <class Value>
-void printSetting(std::ostream& out, const char* label, const Value& value) {
-  printLine(out, label, readable(value));
-}
-
-// One line for each entry, with the label on the first.
-template <class Entry>
-void printSetting(std::ostream& out, const char* label, const std::vector<Entry>& entries) {
-  if (entries.empty()) printLine(out, label, "(none)");
-  for (const Entry& entry : entries) {
-    printLine(out, label, readable(entry));
-    label = "";
-  }
-}
-
+// One line for each entry of a list, with the label on the first.
 void printReadable(std::ostream& out, ppd_file_t* ppd) {
-  for (const Setting& setting : kSettings) {
-    std::visit([&](auto read) { printSetting(out, setting.label, read(ppd)); }, setting.read);
+  for (const StoredSetting& setting : storedSettings(ppd)) {
+    const char* label = setting.label;
+    if (setting.values.empty()) printLine(out, label, "(none)");
+    for (const std::string& value : setting.values) {
+      printLine(out, label, value);
+      label = "";
+    }
   }
 }
 
@@ -112,6 +122,15 @@ void requireSource(const Arguments& arguments) {
 }
 
 }  // namespace
+
+std::vector<StoredSetting> storedSettings(ppd_file_t* ppd) {
+  std::vector<StoredSetting> settings;
+  for (const Setting& row : kSettings) {
+    settings.push_back(
+        std::visit([&](auto read) { return readableSetting(row.label, read(ppd)); }, row.read));
+  }
+  return settings;
+}
 
 Action declareSettings(CLI::App& app) {
   auto arguments = std::make_shared<Arguments>();

@@ -9,6 +9,7 @@ constexpr Subcommand kSubcommands[] = {
     {"settings", "Show what is stored about a queue's printer", declareSettings},
     {"ppd", "Show what a PPD offers, in your language", declarePpd},
     {"printer", "Show what a printer says about itself", declarePrinter},
+    {"sync", "Store in a queue what its printer says about itself", declareSync},
 };
 
 }  // namespace

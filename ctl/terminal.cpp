@@ -1,5 +1,5 @@
 // What somebody at a terminal sees while they wait.
-#include "ctl/progress_line.hpp"
+#include "ctl/terminal.hpp"
 
 #include <ostream>
 

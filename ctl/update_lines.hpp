@@ -1,0 +1,44 @@
+// What a printer said, as the keywords and values that the queue's PPD keeps of it
+// (docs/stored-facts.md).
+#pragma once
+
+#include <cups/ppd.h>
+
+#include <cstddef>
+#include <string>
+#include <vector>
+
+#include "ctl/printer_facts.hpp"
+
+namespace kelm::ctl {
+
+struct UpdateLine {
+  std::string keyword;
+  std::string value;  // as it is stored; empty where an old value is to go
+};
+
+// The lines, or, when `problem` is not empty, why there are none and what to do about it.
+struct UpdateLines {
+  std::vector<UpdateLine> lines;
+  std::string problem;
+};
+
+// The longest line of a PPD that libcups reads has 255 characters: "*", the keyword, ": " and the
+// value.
+inline constexpr std::size_t kMostOfKeywordAndValue = 252;
+
+// The print system hands a job's options to the filter as one argument, which Linux limits to
+// 131072 bytes; some room is left for the options that the print system adds.
+inline constexpr std::size_t kMostOfAllLines = 100'000;
+
+// The lines that make the PPD say what the printer at `address` said. Of the shared boxes those in
+// use are kept, box n at index n - 1; the other lists are kept from index 0 on. What `stored`
+// (which may be null) holds beyond that is emptied, because the print system cannot take a keyword
+// away. A list that the printer did not give stays as it is stored.
+UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address,
+                           const std::string& community, ppd_file_t* stored);
+
+// The first of `lines` that `ppd` does not hold; null when it holds them all.
+const UpdateLine* firstNotStored(const std::vector<UpdateLine>& lines, ppd_file_t* ppd);
+
+}  // namespace kelm::ctl

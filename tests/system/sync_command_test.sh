@@ -1,0 +1,204 @@
+#!/bin/sh
+# The whole circle: the printer's answers, kelmctl sync, the update job, the queue's PPD, kelmctl
+# settings and the next print job; and everything that can break it.
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+# shellcheck source=tests/system/lib/snmp.sh
+. "$HERE/lib/snmp.sh"
+
+P=$HERE/printers
+KELMCTL=$BUILD/kelmctl
+
+encoded() { printf '%s' "$1" | base64 -w 0; }
+
+# run STATUS ARGUMENT... : kelmctl ends with STATUS; its output is in $W/out and $W/err
+run() {
+  wanted=$1
+  shift
+  status=0
+  "$KELMCTL" "$@" >"$W/out" 2>"$W/err" || status=$?
+  [ $status = "$wanted" ] || fail "kelmctl $*: status $status: $(cat "$W/err")"
+}
+
+# expect_message PATTERN : the last run said why it failed, in one line, and nothing else
+expect_message() {
+  grep -q -e "^kelmctl: .*$1" "$W/err" || fail "no message '$1', but: $(cat "$W/err")"
+  expect "the lines of the message" 1 "$(wc -l <"$W/err")"
+  expect "standard output" '' "$(cat "$W/out")"
+}
+
+# expect_unchanged : the queue's PPD is as "keep" found it
+keep() { cp "$(cups_queue_ppd kelm)" "$W/kept.ppd"; }
+expect_unchanged() { cmp "$W/kept.ppd" "$(cups_queue_ppd kelm)" || fail "the PPD is another one"; }
+
+# settings EXPRESSION : of the stored settings, named d
+settings() {
+  "$KELMCTL" settings kelm --json >"$W/settings.json"
+  /usr/bin/python3 -c 'import json, sys
+d = json.load(open(sys.argv[1]))
+sys.exit(0 if eval(sys.argv[2]) else 1)' "$W/settings.json" "$1" ||
+    fail "$(cut -c 1-200 "$W/settings.json"): not so: $1"
+}
+
+# play FILE... : the printer is now the one of these data files
+play() {
+  [ ! -e "$W/pids/agent" ] || stop agent
+  printer_mib "$@" | agent_start agent 127.0.0.1
+}
+
+cups_setup
+cups_start
+printer_start 9100 "$W/printer.out"
+cups_queue kelm socket://127.0.0.1:9100 "$HERE/lib/queue.ppd"
+play "$P/few_boxes.mib"
+
+# A dry run shows what would be stored.
+keep
+run 0 sync kelm --dry-run
+cat >"$W/expected" <<END
+PPDOptionsUpdated=1
+IsCustomSnmpCommunity=0
+SnmpCommunityName=$(encoded public)
+PrinterMacAddress=$(encoded 00:1b:a9:00:00:01)
+PrinterIPAddress=$(encoded 127.0.0.1)
+SharedBoxName0_Part1=$(encoded Einkauf)
+SharedBoxName16_Part1=$(encoded 'Müller "intern"')
+AdminLoginModeEnabled=0
+PSFormName0_Part1=$(encoded Briefkopf)
+PSFormName1_Part1=$(encoded 請求書)
+BarcodeAreaDefName0_Part1=$(encoded 'Kopf links')
+END
+diff "$W/expected" "$W/out" || fail "the dry run shows something else"
+expect_unchanged
+
+# The circle.
+run 0 sync kelm
+expect "standard error" '' "$(cat "$W/err")"
+cat >"$W/expected" <<'END'
+MAC address: (none) -> 00:1b:a9:00:00:01
+IP address: (none) -> 127.0.0.1
+Updated by the dialog: no -> yes
+Administrator log-in: yes -> no
+Shared boxes: 0 -> 2
+  + Einkauf
+  + Müller "intern"
+Barcode areas: 0 -> 1
+  + Kopf links
+Forms: 0 -> 2
+  + Briefkopf
+  + 請求書
+END
+diff "$W/expected" "$W/out" || fail "the changes are others"
+settings 'd["printerMacAddress"] == "00:1b:a9:00:00:01" and d["printerIPAddress"] == "127.0.0.1"'
+settings 'd["snmpCommunityName"] == "public" and not d["isCustomSnmpCommunity"]'
+settings 'd["sharedBoxes"] == ["Einkauf", "Müller \"intern\""]'
+settings 'd["forms"] == ["Briefkopf", "請求書"] and d["barcodeAreas"] == ["Kopf links"]'
+settings 'd["colorProfiles"] == [] and not d["adminLoginModeEnabled"] and d["ppdOptionsUpdated"]'
+settings 'd["isWakeOnLan"] and not d["isOverTheRouter"] and not d["usePersonalFolder"]'
+expect "what the printer got of it" '' "$(cat "$W/printer.out")"
+
+# A print job goes through the changed PPD with all its features.
+printf '%%!PS-Adobe-3.0\n%%%%Pages: 1\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n%%%%EOF\n' \
+  >"$W/page.ps"
+print_page() {
+  : >"$W/printer.out"
+  cups_job kelm "$W/page.ps" >"$W/job_id" || fail "the job did not leave the queue"
+  wait_until 5 grep -qa '^%%EOF' "$W/printer.out" || fail "no page at the printer"
+  expect_line "$W/printer.out" '@PJL ENTER LANGUAGE=POSTSCRIPT'
+  expect_line "$W/printer.out" '%%BeginFeature: *PageSize A4'
+}
+print_page
+
+run 0 sync kelm
+expect "the second time" 'Nothing changed.' "$(cat "$W/out")"
+
+# Entries come and go; the longest text that fits takes six parts.
+play "$P/few_boxes.mib" "$P/changed.mib"
+run 0 sync kelm
+settings 'd["sharedBoxes"] == ["Buchhaltung", 1038 * "n"] and d["forms"] == ["請求書"]'
+settings 'd["barcodeAreas"] == ["Kopf links", "Fuß \"links\""] and d["adminLoginModeEnabled"]'
+grep -q '^  - Einkauf$' "$W/out" || fail "it does not say that Einkauf is gone"
+expect "the longest line of the PPD" 255 "$(LC_ALL=C awk '/_Part/ && length > n { n = length }
+  END { print n }' "$(cups_queue_ppd kelm)")"
+print_page
+play "$P/few_boxes.mib"
+run 0 sync kelm
+settings 'd["sharedBoxes"] == ["Einkauf", "Müller \"intern\""] and len(d["barcodeAreas"]) == 1'
+
+# A text that is too long is refused by name, and nothing of the rest is stored.
+keep
+echo 'boxName 17 long 1039' | play "$P/few_boxes.mib" "$P/changed.mib" -
+run 1 sync kelm
+expect_message 'shared box 17 "nnnnnn.* of 1039 bytes is too long'
+expect_unchanged
+echo 'macAddress 0 long 200' | play "$P/few_boxes.mib" -
+run 1 sync kelm
+expect_message 'MAC address "nnnnnn.* of 200 bytes is too long'
+expect_unchanged
+
+# A list that is not given whole stays as it is.
+printf 'formState 1-100 integer 1\nformState 50 absent\n' | play "$P/few_boxes.mib" -
+run 0 sync kelm
+expect "the changes" 'Nothing changed.' "$(cat "$W/out")"
+grep -q 'no complete list of its forms' "$W/err" || fail "no word about the forms"
+
+# Everything a printer can have: 330 entries in one job; 100 names of 600 bytes in another.
+play "$P/many_boxes.mib"
+run 0 sync kelm
+settings '(len(d["sharedBoxes"]), len(d["forms"])) == (99, 98)'
+settings '(len(d["barcodeAreas"]), len(d["colorProfiles"])) == (100, 30)'
+settings 'd["sharedBoxes"][1] == "Lagerhaus Süd" and d["barcodeAreas"][99] == "帳票"'
+echo 'formName 1-100 long 600' | play "$P/few_boxes.mib" "$P/many_boxes.mib" -
+run 0 sync kelm
+settings 'd["forms"] == 98 * [600 * "n"]'
+print_page
+keep
+printf 'formName 1-100 long 600\nareaName 1-100 long 500\n' | play "$P/many_boxes.mib" -
+run 1 sync kelm
+expect_message 'lists take [0-9]* bytes.*shorten names'
+expect_unchanged
+
+# Another community, stored, is used the next time; another address on demand.
+COMMUNITY=secret
+play "$P/few_boxes.mib"
+run 0 sync kelm --community secret
+settings 'd["snmpCommunityName"] == "secret" and d["isCustomSnmpCommunity"]'
+settings 'd["sharedBoxes"] == ["Einkauf", "Müller \"intern\""] and d["colorProfiles"] == []'
+run 0 sync kelm
+expect "with the stored community" 'Nothing changed.' "$(cat "$W/out")"
+printer_mib "$P/few_boxes.mib" | agent_start ipv6 '[::1]'
+run 0 sync kelm --address ::1
+expect "with another address" 'IP address: 127.0.0.1 -> ::1' "$(cat "$W/out")"
+
+# What can be wrong: the printer, the queue, the print server.
+keep
+stop agent
+run 1 sync kelm
+expect_message '"127.0.0.1" does not answer .*"secret"'
+run 1 sync nothere --address ::1
+expect_message '"nothere"'
+cups_queue usb 'file:/dev/null' "$HERE/lib/queue.ppd"
+run 1 sync usb
+expect_message 'no address of a printer .*"file:/dev/null" .*--address'
+sed 's/kelmfilter/-/' "$HERE/lib/queue.ppd" >"$W/other.ppd"
+cups_queue other 'file:/dev/null' "$W/other.ppd"
+run 1 sync other --address ::1 --community secret
+expect_message 'did not store .*kelmfilter'
+cupsreject kelm
+run 1 sync kelm --address ::1
+expect_message 'refuses the update job .*"kelm": .*not accepting jobs'
+cupsaccept kelm
+cupsdisable kelm
+run 1 sync kelm --address ::1
+expect_message '"kelm" is stopped.*cupsenable kelm'
+cupsenable kelm
+expect "jobs left behind" '' "$(lpstat -W not-completed -o)"
+expect_unchanged
+cups_stop
+run 1 sync kelm --address ::1
+expect_message 'print server 127.0.0.1 does not answer'
+
+run 2 sync
+run 2 sync kelm --address 'not an address'
