@@ -14,9 +14,12 @@ using SessionHandle = std::unique_ptr<netsnmp_session, CloseSession>;
 
 // What an administrator set for the SNMP tools must not change how a printer is asked. init_snmp,
 // which reads configuration and MIB files, is never called; the files per host are a matter of
-// their own. Without a log handler the library would write to standard error.
+// their own. Without a log handler the library would write to standard error. The first session
+// makes the library ready: before it, no object identifier can be read.
 void keepLibraryToItself() {
   [[maybe_unused]] static const bool done = [] {
+    netsnmp_session first;
+    snmp_sess_init(&first);
     netsnmp_ds_set_boolean(NETSNMP_DS_LIBRARY_ID, NETSNMP_DS_LIB_DONT_LOAD_HOST_FILES, 1);
     netsnmp_register_loghandler(NETSNMP_LOGHANDLER_NONE, LOG_DEBUG);
     return true;
@@ -50,6 +53,7 @@ netsnmp_session sessionFor(const char* peer, const char* community, const Manner
 }
 
 PduHandle requestFor(std::span<const OidText> objects) {
+  keepLibraryToItself();
   PduHandle request(snmp_pdu_create(SNMP_MSG_GET));
   for (const OidText& object : objects) addObject(*request, object);
   return request;
