@@ -3,11 +3,16 @@
 
 #include "platform/computer_name.hpp"
 #include "platform/console_user.hpp"
+#include "platform/destinations.hpp"
+#include "platform/dns_sd.hpp"
 #include "platform/file_root.hpp"
 #include "platform/home_folder.hpp"
 #include "platform/job_language.hpp"
+#include "platform/name_lookup.hpp"
 #include "platform/preferred_languages.hpp"
+#include "platform/steady_clock.hpp"
 #include "platform/system_log.hpp"
+#include "platform/wake_up_bus.hpp"
 #include "platform/wall_clock.hpp"
 
 namespace kelm::platform {
@@ -22,6 +27,11 @@ struct Platform {
   ConsoleUser* consoleUser;
   PreferredLanguages* preferredLanguages;
   HomeFolder* homeFolder;
+  SteadyClock* steadyClock;
+  NameLookup* nameLookup;
+  DnsSd* dnsSd;
+  Destinations* destinations;
+  WakeUpBus* wakeUpBus;
 };
 
 // The process's set: the operating system's own bodies, unless a test put others in their place

@@ -13,6 +13,11 @@ FakePlatform::FakePlatform()
           .consoleUser = &consoleUser,
           .preferredLanguages = &preferredLanguages,
           .homeFolder = &homeFolder,
+          .steadyClock = &steadyClock,
+          .nameLookup = &nameLookup,
+          .dnsSd = &dnsSd,
+          .destinations = &destinations,
+          .wakeUpBus = &wakeUpBus,
       },
       scope_(set_) {}
 

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/fake/fake_network.hpp"
 #include "platform/platform.hpp"
 
 namespace kelm::platform {
@@ -71,6 +72,11 @@ class FakePlatform {
   FakeConsoleUser consoleUser;
   FakePreferredLanguages preferredLanguages;
   FakeHomeFolder homeFolder;
+  FakeSteadyClock steadyClock;
+  FakeNameLookup nameLookup;
+  FakeDnsSd dnsSd{steadyClock};
+  FakeDestinations destinations;
+  FakeWakeUpBus wakeUpBus;
 
  private:
   Platform set_;

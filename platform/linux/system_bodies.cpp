@@ -2,6 +2,7 @@
 #include "platform/system_bodies.hpp"
 
 #include "platform/linux/linux_bodies.hpp"
+#include "platform/linux/network_bodies.hpp"
 
 namespace kelm::platform {
 
@@ -14,6 +15,11 @@ const Platform& systemBodies() {
   static linux_bodies::LinuxConsoleUser consoleUser;
   static linux_bodies::LinuxPreferredLanguages preferredLanguages;
   static linux_bodies::LinuxHomeFolder homeFolder;
+  static linux_bodies::LinuxSteadyClock steadyClock;
+  static linux_bodies::LinuxNameLookup nameLookup;
+  static linux_bodies::LinuxDnsSd dnsSd;
+  static linux_bodies::LinuxDestinations destinations;
+  static linux_bodies::LinuxWakeUpBus wakeUpBus;
   static const Platform set{
       .jobLanguage = &jobLanguage,
       .wallClock = &wallClock,
@@ -23,6 +29,11 @@ const Platform& systemBodies() {
       .consoleUser = &consoleUser,
       .preferredLanguages = &preferredLanguages,
       .homeFolder = &homeFolder,
+      .steadyClock = &steadyClock,
+      .nameLookup = &nameLookup,
+      .dnsSd = &dnsSd,
+      .destinations = &destinations,
+      .wakeUpBus = &wakeUpBus,
   };
   return set;
 }

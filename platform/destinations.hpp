@@ -1,0 +1,19 @@
+// The queues that the print system offers.
+#pragma once
+
+#include <cups/cups.h>
+
+#include <span>
+
+namespace kelm::platform {
+
+class Destinations {
+ public:
+  virtual ~Destinations() = default;
+
+  // All destinations with their options (cupsGetDests); empty when there is none or the print
+  // system does not answer. Lives until the process ends.
+  virtual std::span<cups_dest_t> list() = 0;
+};
+
+}  // namespace kelm::platform

@@ -1,0 +1,41 @@
+// Names on Linux: the system resolver. gethostbyname keeps the resolver's order, which getaddrinfo
+// sorts anew.
+#include <netdb.h>
+#include <sys/socket.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <vector>
+
+#include "platform/linux/network_bodies.hpp"
+
+namespace kelm::platform::linux_bodies {
+namespace {
+
+constexpr std::size_t kFirstRoom = 1024;
+constexpr std::size_t kMostRoom = 1024 * 1024;
+
+std::optional<Ipv4Address> firstOf(const hostent& entry) {
+  const char* first = entry.h_addr_list[0];
+  Ipv4Address address{};
+  if (first == nullptr || entry.h_length != static_cast<int>(address.size())) return std::nullopt;
+  std::copy_n(first, address.size(), address.begin());
+  return address;
+}
+
+}  // namespace
+
+std::optional<Ipv4Address> LinuxNameLookup::firstIpv4(const std::string& host) {
+  hostent entry{};
+  hostent* found = nullptr;
+  int problem = 0;
+  std::vector<char> room(kFirstRoom);
+  while (gethostbyname2_r(host.c_str(), AF_INET, &entry, room.data(), room.size(), &found,
+                          &problem) == ERANGE &&
+         room.size() < kMostRoom) {
+    room.resize(room.size() * 2);
+  }
+  return found == nullptr ? std::nullopt : firstOf(*found);
+}
+
+}  // namespace kelm::platform::linux_bodies

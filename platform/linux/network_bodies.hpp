@@ -1,0 +1,36 @@
+// The bodies on Linux of what leads to a sleeping printer: names, services, queues, the bus, time.
+#pragma once
+
+#include "platform/platform.hpp"
+
+namespace kelm::platform::linux_bodies {
+
+class LinuxSteadyClock final : public SteadyClock {
+ public:
+  std::chrono::nanoseconds now() override;
+  void sleep(std::chrono::nanoseconds time) override;
+};
+
+class LinuxNameLookup final : public NameLookup {
+ public:
+  std::optional<Ipv4Address> firstIpv4(const std::string& host) override;
+};
+
+class LinuxDnsSd final : public DnsSd {
+ public:
+  std::unique_ptr<DnsSdService> create(const std::string& domain, const std::string& type,
+                                       const std::string& name) override;
+};
+
+class LinuxDestinations final : public Destinations {
+ public:
+  std::span<cups_dest_t> list() override;
+};
+
+class LinuxWakeUpBus final : public WakeUpBus {
+ public:
+  std::unique_ptr<WakeUpConnection> send(const WakeUpRequest& request,
+                                         std::function<void()> finished) override;
+};
+
+}  // namespace kelm::platform::linux_bodies

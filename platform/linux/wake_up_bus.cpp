@@ -1,0 +1,184 @@
+// The way to the wake-up service on Linux: the system's D-Bus through sd-bus.
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <systemd/sd-bus.h>
+#include <unistd.h>
+
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <cstring>
+#include <future>
+#include <mutex>
+#include <thread>
+#include <utility>
+
+#include "platform/linux/network_bodies.hpp"
+#include "platform/wake_up_names.hpp"
+
+namespace kelm::platform::linux_bodies {
+namespace {
+
+constexpr char kBusName[] = "org.freedesktop.DBus";
+constexpr std::uint64_t kBusAnswerLimit = 5'000'000;  // microseconds
+
+struct Release {
+  void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
+  void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
+};
+using Bus = std::unique_ptr<sd_bus, Release>;
+using Message = std::unique_ptr<sd_bus_message, Release>;
+
+// Each has a bus of its own and a thread of its own, which is the only one that touches the bus.
+class SdBusConnection final : public WakeUpConnection {
+ public:
+  SdBusConnection(const WakeUpRequest& request, std::function<void()> finished)
+      : finished_(std::move(finished)), stop_(eventfd(0, EFD_CLOEXEC)) {
+    if (stop_ < 0) {
+      giveUp("no descriptor is left for the bus");
+      return;
+    }
+    std::future<void> sent = sent_.get_future();
+    startThread(request);
+    sent.wait();
+  }
+
+  ~SdBusConnection() override {
+    if (stop_ < 0) return;
+    eventfd_write(stop_, 1);
+    thread_.join();
+    close(stop_);
+  }
+
+  SdBusConnection(const SdBusConnection&) = delete;
+  SdBusConnection& operator=(const SdBusConnection&) = delete;
+
+  bool isOpen() const override { return open_; }
+
+  std::string failure() const override {
+    const std::lock_guard lock(mutex_);
+    return failure_;
+  }
+
+ private:
+  // Signals are the business of the thread that was there before.
+  void startThread(const WakeUpRequest& request) {
+    sigset_t all;
+    sigset_t before;
+    sigfillset(&all);
+    pthread_sigmask(SIG_SETMASK, &all, &before);
+    thread_ = std::thread([this, &request] { run(request); });
+    pthread_sigmask(SIG_SETMASK, &before, nullptr);
+  }
+
+  void run(const WakeUpRequest& request) {
+    const Bus bus = openBus();
+    if (bus) sendOn(bus.get(), request);
+    sent_.set_value();
+    while (open_ && waitForBus(bus.get())) handleMessages(bus.get());
+  }
+
+  Bus openBus() {
+    sd_bus* bus = nullptr;
+    int status = sd_bus_open_system(&bus);
+    Bus opened(bus);
+    if (status >= 0) status = sd_bus_add_filter(bus, nullptr, noticeError, this);
+    if (status >= 0) status = sd_bus_add_object(bus, nullptr, kCallBackObject, callBack, this);
+    if (status >= 0) return opened;
+    giveUp("the system bus cannot be reached", status);
+    return nullptr;
+  }
+
+  // The bus answers in order: what it has to say at once about the request comes before the answer
+  // to a question that follows.
+  void sendOn(sd_bus* bus, const WakeUpRequest& request) {
+    sd_bus_message* message = nullptr;
+    int status = sd_bus_message_new_method_call(bus, &message, kWakeUpService, kWakeUpObject,
+                                                kWakeUpInterface, kWakeUpMethod);
+    const Message owner(message);
+    if (status >= 0) {
+      status = sd_bus_message_append(message, "sssss", request.address.value_or("").c_str(),
+                                     request.macAddress.c_str(), request.snmpCommunity.c_str(),
+                                     request.isWakeOnLan.c_str(), request.isOverRouter.c_str());
+    }
+    if (status >= 0) status = sd_bus_message_set_expect_reply(message, 0);
+    if (status >= 0) status = sd_bus_send(bus, message, &cookie_);
+    if (status >= 0) status = askBus(bus);
+    if (status < 0) giveUp("the request cannot be sent", status);
+    handleMessages(bus);
+  }
+
+  static int askBus(sd_bus* bus) {
+    sd_bus_message* question = nullptr;
+    int status = sd_bus_message_new_method_call(bus, &question, kBusName, "/org/freedesktop/DBus",
+                                                kBusName, "GetId");
+    const Message owner(question);
+    if (status >= 0) status = sd_bus_call(bus, question, kBusAnswerLimit, nullptr, nullptr);
+    return status;
+  }
+
+  void handleMessages(sd_bus* bus) {
+    int status = 0;
+    do {
+      status = sd_bus_process(bus, nullptr);
+    } while (status > 0);
+    if (status < 0) giveUp("the system bus is gone", status);
+  }
+
+  // False when the connection is to end.
+  bool waitForBus(sd_bus* bus) const {
+    pollfd sources[] = {{stop_, POLLIN, 0}, {sd_bus_get_fd(bus), POLLIN, 0}};
+    sources[1].events = static_cast<short>(sd_bus_get_events(bus));
+    if (poll(sources, std::size(sources), -1) < 0) return errno == EINTR;
+    return sources[0].revents == 0;
+  }
+
+  static int callBack(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
+    if (sd_bus_message_is_method_call(message, kCallBackInterface, kCallBackMethod) <= 0) return 0;
+    static_cast<SdBusConnection*>(self)->finished_();
+    return sd_bus_reply_method_return(message, "");
+  }
+
+  // A request without an answer has no handler for one; the bus reports that it could not be
+  // delivered all the same.
+  static int noticeError(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
+    auto& connection = *static_cast<SdBusConnection*>(self);
+    std::uint64_t cookie = 0;
+    if (sd_bus_message_is_method_error(message, nullptr) > 0 &&
+        sd_bus_message_get_reply_cookie(message, &cookie) >= 0 && cookie == connection.cookie_) {
+      const sd_bus_error* error = sd_bus_message_get_error(message);
+      connection.giveUp(std::string(error->name) + ": " +
+                        (error->message != nullptr ? error->message : ""));
+    }
+    return 0;
+  }
+
+  void giveUp(const std::string& what, int status) {
+    giveUp(what + ": " + std::strerror(-status));
+  }
+
+  // The first reason counts; others only follow from it.
+  void giveUp(const std::string& reason) {
+    const std::lock_guard lock(mutex_);
+    if (open_) failure_ = reason;
+    open_ = false;
+  }
+
+  std::function<void()> finished_;
+  int stop_;
+  std::atomic<bool> open_ = true;
+  mutable std::mutex mutex_;
+  std::string failure_;
+  std::uint64_t cookie_ = 0;
+  std::promise<void> sent_;
+  std::thread thread_;
+};
+
+}  // namespace
+
+std::unique_ptr<WakeUpConnection> LinuxWakeUpBus::send(const WakeUpRequest& request,
+                                                       std::function<void()> finished) {
+  return std::make_unique<SdBusConnection>(request, std::move(finished));
+}
+
+}  // namespace kelm::platform::linux_bodies

@@ -1,0 +1,23 @@
+// The addresses behind a host's name.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace kelm::platform {
+
+using Ipv4Address = std::array<std::uint8_t, 4>;  // in the order in which it is written
+
+class NameLookup {
+ public:
+  virtual ~NameLookup() = default;
+
+  // The first IPv4 address of `host` (a name, or an address in dotted form) in the resolver's own
+  // order; nothing when the name is unknown, has no such address, or the resolver fails. May wait
+  // for name servers as long as the machine's configuration lets it.
+  virtual std::optional<Ipv4Address> firstIpv4(const std::string& host) = 0;
+};
+
+}  // namespace kelm::platform

@@ -1,0 +1,15 @@
+// The names by which the filter and the wake-up service know each other (docs/wake-up-bus.md).
+#pragma once
+
+namespace kelm::platform {
+
+inline constexpr char kWakeUpService[] = "com.kelm.KelmWoLServices";
+inline constexpr char kWakeUpObject[] = "/com/kelm/KelmWoLServices";
+inline constexpr char kWakeUpInterface[] = "com.kelm.KelmWoLServiceProtocol";
+inline constexpr char kWakeUpMethod[] = "XpcSnmpWakeUpOnLan";
+
+inline constexpr char kCallBackObject[] = "/com/kelm/XPCCallObject";
+inline constexpr char kCallBackInterface[] = "com.kelm.XPCCallProtocol";
+inline constexpr char kCallBackMethod[] = "callFinishedXPCProcess";
+
+}  // namespace kelm::platform
