@@ -15,6 +15,7 @@
 #include "pjl/sequence.hpp"
 #include "ppdsettings/update_job.hpp"
 #include "psrewrite/job_stream.hpp"
+#include "wakeup/xpc_call_object.hpp"
 
 namespace kelm::filter {
 namespace {
@@ -99,6 +100,8 @@ int runFilter(int argc, char* argv[], std::FILE* output) {
   }
 
   ClearLogFileName(&jobData);
+  wakeup::callWoLXPC(argc, argv, &jobData);
+  LogMessage("Wake on LAN (Send Magic Packet)", true);
   if (logCheck) LogOptions(&jobData);
 
   decideCustomPaper(jobData);

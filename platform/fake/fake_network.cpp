@@ -71,8 +71,9 @@ char* FakeDestinations::keep(const char* text) {
 }
 
 void FakeDestinations::add(const char* name, const char* optionName, const char* value) {
-  const auto known = std::find_if(destinations_.begin(), destinations_.end(),
-                                  [&](const cups_dest_t& each) { return each.name == std::string(name); });
+  const auto known =
+      std::find_if(destinations_.begin(), destinations_.end(),
+                   [&](const cups_dest_t& each) { return each.name == std::string(name); });
   const auto index = static_cast<std::size_t>(known - destinations_.begin());
   if (known == destinations_.end()) {
     destinations_.push_back({keep(name), nullptr, 0, 0, nullptr});
@@ -85,7 +86,9 @@ void FakeDestinations::add(const char* name, const char* optionName, const char*
   destinations_[index].num_options = static_cast<int>(options.size());
 }
 
-void FakeDestinations::makeFirstDefault() { destinations_.front().is_default = 1; }
+void FakeDestinations::makeFirstDefault() {
+  destinations_.front().is_default = 1;
+}
 
 std::unique_ptr<WakeUpConnection> FakeWakeUpBus::send(const WakeUpRequest& request,
                                                       std::function<void()> finished) {

@@ -45,7 +45,7 @@ class FakeDnsSd final : public DnsSd {
                                        const std::string& name) override;
 
   std::map<Key, std::vector<sockaddr_storage>> services;
-  std::vector<Key> created;       // every attempt, also a refused one
+  std::vector<Key> created;  // every attempt, also a refused one
   std::vector<Key> resolved;
   std::function<bool(const std::string& name)> accepts = [](const std::string&) { return true; };
 
@@ -82,7 +82,7 @@ class FakeWakeUpBus final : public WakeUpBus {
   std::unique_ptr<WakeUpConnection> send(const WakeUpRequest& request,
                                          std::function<void()> finished) override;
 
-  bool open = true;          // whether the service can be reached
+  bool open = true;  // whether the service can be reached
   bool answersAtOnce = false;
   std::vector<WakeUpRequest> requests;
   std::function<void()> callBack;  // of the newest request, while its connection lives

@@ -153,9 +153,7 @@ class SdBusConnection final : public WakeUpConnection {
     return 0;
   }
 
-  void giveUp(const std::string& what, int status) {
-    giveUp(what + ": " + std::strerror(-status));
-  }
+  void giveUp(const std::string& what, int status) { giveUp(what + ": " + std::strerror(-status)); }
 
   // The first reason counts; others only follow from it.
   void giveUp(const std::string& reason) {

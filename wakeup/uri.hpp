@@ -1,0 +1,28 @@
+// The parts of a device URI that lead to the printer (RFC 3986).
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kelm::wakeup {
+
+struct UriHost {
+  std::string host;  // as it is written: escapes stay, an IP literal has its brackets
+  std::string port;  // empty when the URI has none
+
+  // The host, and ":" and the port where there is one; user information is no part of it.
+  std::string netLocation() const;
+};
+
+// The host of `uri`; nothing when `uri` is not a URI or names no host.
+std::optional<UriHost> hostOfUri(std::string_view uri);
+
+// Whether `uri` follows the grammar of a URI or a relative reference.
+bool isUri(std::string_view uri);
+
+// `text` with every percent escape decoded; nothing when an escape lacks its two hexadecimal digits
+// or the result is not UTF-8.
+std::optional<std::string> percentDecoded(std::string_view text);
+
+}  // namespace kelm::wakeup

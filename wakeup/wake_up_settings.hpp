@@ -1,0 +1,30 @@
+// What a wake-up needs to know: the facts in the queue's PPD, and the queue's device URI.
+#pragma once
+
+#include <cups/ppd.h>
+
+#include <string>
+
+#include "platform/wake_up_bus.hpp"
+#include "wakeup/text.hpp"
+
+namespace kelm::wakeup {
+
+struct WakeUpSettings {
+  std::string snmpCommunity;
+  std::string macAddress;
+  bool isWakeOnLan;
+  bool isOverRouter;
+};
+
+// The settings stored in `ppd`, which may be null.
+WakeUpSettings wakeUpSettingsOf(ppd_file_t* ppd);
+
+// The request that asks for a wake-up with these settings of the printer at `address`.
+platform::WakeUpRequest requestFor(const WakeUpSettings& settings, const Text& address);
+
+// The device URI of the queue `printer` among the print system's destinations (of the default one
+// for an absent name): its last option "device-uri". Absent without such a queue or option.
+Text deviceUriOf(const Text& printer);
+
+}  // namespace kelm::wakeup
