@@ -1,0 +1,41 @@
+// KelmWoLServices: started by the system bus when a job is to wake a printer.
+#include <pthread.h>
+
+#include <csignal>
+#include <cstdint>
+#include <cstdio>
+
+#include "snmp/qv_snmp_helper.hpp"
+#include "wolservice/network.hpp"
+#include "wolservice/service.hpp"
+
+namespace {
+
+constexpr int kExitUsage = 2;
+
+// Any answer means that the printer is awake, an error as well.
+bool answers(const std::string& address, const std::string& community) {
+  std::int32_t sleepMode = 0;
+  return kelm::snmp::QVSNMPHelper::getSleepMode_community_sleepMode_(
+             address.c_str(), community.c_str(), &sleepMode) == 0;
+}
+
+// The service waits for these signals among its other events.
+void blockSignals() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGTERM);
+  sigaddset(&signals, SIGINT);
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
+
+}  // namespace
+
+int main(int argc, char* argv[]) {
+  if (argc != 1) {
+    std::fprintf(stderr, "Usage: %s (no arguments; the system bus starts it)\n", argv[0]);
+    return kExitUsage;
+  }
+  blockSignals();
+  return kelm::wolservice::Service({kelm::wolservice::locate, answers}).run();
+}

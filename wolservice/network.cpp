@@ -1,0 +1,122 @@
+// The network as the service sees it: the broadcast addresses around it, and one printer.
+#include "wolservice/network.hpp"
+
+#include <ifaddrs.h>
+#include <net/if.h>
+#include <netdb.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstring>
+#include <memory>
+
+namespace kelm::wolservice {
+namespace {
+
+// A UDP socket that is closed in the end.
+class Socket {
+ public:
+  explicit Socket(int family) : descriptor_(socket(family, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {}
+  ~Socket() {
+    if (descriptor_ >= 0) close(descriptor_);
+  }
+  Socket(const Socket&) = delete;
+  Socket& operator=(const Socket&) = delete;
+  int get() const { return descriptor_; }
+
+ private:
+  int descriptor_;
+};
+
+in_addr ipv4Of(const sockaddr* address) {
+  sockaddr_in ipv4{};
+  if (address != nullptr && address->sa_family == AF_INET) {
+    std::memcpy(&ipv4, address, sizeof ipv4);
+  }
+  return ipv4.sin_addr;
+}
+
+bool canBroadcast(const ifaddrs& each) {
+  constexpr unsigned int kWanted = IFF_UP | IFF_BROADCAST;
+  return (each.ifa_flags & kWanted) == kWanted && each.ifa_addr != nullptr &&
+         each.ifa_addr->sa_family == AF_INET;
+}
+
+// Names the interface itself: two of them may be in the same network.
+void sendOn(int socket, MagicPacket packet, const Broadcast& to) {
+  sockaddr_in target{};
+  target.sin_family = AF_INET;
+  target.sin_port = htons(kMagicPort);
+  target.sin_addr = to.address;
+  in_pktinfo via{};
+  via.ipi_ifindex = static_cast<int>(to.interface);
+  iovec content{packet.data(), packet.size()};
+  alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof via)> control{};
+  msghdr message{};
+  message.msg_name = &target;
+  message.msg_namelen = sizeof target;
+  message.msg_iov = &content;
+  message.msg_iovlen = 1;
+  message.msg_control = control.data();
+  message.msg_controllen = control.size();
+  cmsghdr* header = CMSG_FIRSTHDR(&message);
+  header->cmsg_level = IPPROTO_IP;
+  header->cmsg_type = IP_PKTINFO;
+  header->cmsg_len = CMSG_LEN(sizeof via);
+  std::memcpy(CMSG_DATA(header), &via, sizeof via);
+  sendmsg(socket, &message, 0);
+}
+
+void sendTo(const MagicPacket& packet, const sockaddr_storage& printer) {
+  const Socket socket(printer.ss_family);
+  const socklen_t length =
+      printer.ss_family == AF_INET6 ? sizeof(sockaddr_in6) : sizeof(sockaddr_in);
+  sendto(socket.get(), packet.data(), packet.size(), 0,
+         reinterpret_cast<const sockaddr*>(&printer), length);
+}
+
+}  // namespace
+
+std::optional<in_addr> broadcastOf(in_addr address, in_addr mask, in_addr configured) {
+  if (configured.s_addr != 0) return configured;
+  constexpr in_addr_t kFewestHostBits = 3;
+  if (ntohl(~mask.s_addr) < kFewestHostBits) return std::nullopt;
+  return in_addr{address.s_addr | ~mask.s_addr};
+}
+
+std::vector<Broadcast> broadcastAddresses() {
+  std::vector<Broadcast> found;
+  ifaddrs* first = nullptr;
+  if (getifaddrs(&first) != 0) return found;
+  const std::unique_ptr<ifaddrs, void (*)(ifaddrs*)> owner(first, freeifaddrs);
+  for (const ifaddrs* each = first; each != nullptr; each = each->ifa_next) {
+    if (!canBroadcast(*each)) continue;
+    const auto address = broadcastOf(ipv4Of(each->ifa_addr), ipv4Of(each->ifa_netmask),
+                                     ipv4Of(each->ifa_broadaddr));
+    if (address) found.push_back({if_nametoindex(each->ifa_name), *address});
+  }
+  return found;
+}
+
+std::optional<sockaddr_storage> locate(const std::string& host) {
+  addrinfo wanted{};
+  wanted.ai_socktype = SOCK_DGRAM;
+  addrinfo* first = nullptr;
+  if (getaddrinfo(host.c_str(), std::to_string(kMagicPort).c_str(), &wanted, &first) != 0) {
+    return std::nullopt;
+  }
+  const std::unique_ptr<addrinfo, void (*)(addrinfo*)> owner(first, freeaddrinfo);
+  sockaddr_storage address{};
+  std::memcpy(&address, first->ai_addr, first->ai_addrlen);
+  return address;
+}
+
+void sendPacket(const MagicPacket& packet, const std::optional<sockaddr_storage>& printer) {
+  const Socket socket(AF_INET);
+  const int on = 1;
+  setsockopt(socket.get(), SOL_SOCKET, SO_BROADCAST, &on, sizeof on);
+  for (const Broadcast& each : broadcastAddresses()) sendOn(socket.get(), packet, each);
+  if (printer) sendTo(packet, *printer);
+}
+
+}  // namespace kelm::wolservice

@@ -1,0 +1,220 @@
+// The wake-up service on the system bus.
+#include "wolservice/service.hpp"
+
+#include <sys/epoll.h>
+
+#include <algorithm>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <utility>
+
+#include "platform/wake_up_names.hpp"
+#include "wolservice/network.hpp"
+
+namespace kelm::wolservice {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds kAskInterval = 1s;
+constexpr std::chrono::milliseconds kLimit = 60s;
+constexpr std::chrono::milliseconds kIdle = 10s;
+constexpr std::size_t kMostWakeUps = 64;
+constexpr std::uint64_t kTimerAccuracy = 1000;  // microseconds
+
+void say(const std::string& text) { std::fprintf(stderr, "KelmWoLServices: %s\n", text.c_str()); }
+
+// Whether `status` is no error; says what could not be done otherwise.
+bool done(int status, const char* what) {
+  if (status < 0) say(std::string("cannot ") + what + ": " + std::strerror(-status));
+  return status >= 0;
+}
+
+std::uint64_t microseconds(std::chrono::milliseconds time) {
+  return static_cast<std::uint64_t>(std::chrono::microseconds(time).count());
+}
+
+std::uint64_t now(sd_event* event) {
+  std::uint64_t time = 0;
+  sd_event_now(event, CLOCK_MONOTONIC, &time);
+  return time;
+}
+
+}  // namespace
+
+Service::Service(PrinterQueries queries)
+    : asker_(std::move(queries), kAskInterval,
+             [this](const Finding& finding) { findings_.put(finding); }) {}
+
+Service::~Service() = default;
+
+int Service::run() {
+  if (!openBus() || !addSources()) return 1;
+  sd_event_loop(event_.get());
+  for (const WakeUp& each : wakeUps_) callBack(each.caller);
+  return 0;
+}
+
+// The object is there before the name: a request that started the service waits for the name.
+bool Service::openBus() {
+  sd_event* event = nullptr;
+  sd_bus* bus = nullptr;
+  if (!done(sd_event_new(&event), "watch for events")) return false;
+  event_.reset(event);
+  if (!done(sd_bus_open_system(&bus), "reach the system bus; does it run")) return false;
+  bus_.reset(bus);
+  return done(sd_bus_add_object(bus, nullptr, platform::kWakeUpObject, onRequest, this),
+              "offer the wake-up object") &&
+         done(sd_bus_attach_event(bus, event, SD_EVENT_PRIORITY_NORMAL), "watch the bus") &&
+         done(sd_bus_request_name(bus, platform::kWakeUpService, 0),
+              "own the name com.kelm.KelmWoLServices; does the bus policy allow it, and does no"
+              " other instance run");
+}
+
+bool Service::addSources() {
+  sd_event* event = event_.get();
+  idleTimer_ = startTimer(kIdle, onIdle, this);
+  return done(sd_event_add_io(event, nullptr, findings_.descriptor(), EPOLLIN, onFindings, this),
+              "watch for answers") &&
+         done(sd_event_add_signal(event, nullptr, SIGTERM, nullptr, nullptr), "watch SIGTERM") &&
+         done(sd_event_add_signal(event, nullptr, SIGINT, nullptr, nullptr), "watch SIGINT");
+}
+
+Service::Timer Service::startTimer(std::chrono::milliseconds delay, sd_event_time_handler_t handler,
+                                   void* data) {
+  sd_event_source* source = nullptr;
+  sd_event_add_time_relative(event_.get(), &source, CLOCK_MONOTONIC, microseconds(delay),
+                             kTimerAccuracy, handler, data);
+  return Timer(source);
+}
+
+int Service::onRequest(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
+  if (sd_bus_message_is_method_call(message, platform::kWakeUpInterface,
+                                    platform::kWakeUpMethod) <= 0) {
+    return 0;
+  }
+  const char* address = nullptr;
+  const char* macAddress = nullptr;
+  const char* community = nullptr;
+  const char* isWakeOnLan = nullptr;
+  const char* isOverRouter = nullptr;
+  const int status = sd_bus_message_read(message, "sssss", &address, &macAddress, &community,
+                                         &isWakeOnLan, &isOverRouter);
+  if (status < 0) return status;
+  const char* caller = sd_bus_message_get_sender(message);
+  static_cast<Service*>(self)->take(caller,
+                                    {address, macAddress, community, isWakeOnLan, isOverRouter});
+  return sd_bus_reply_method_return(message, "");
+}
+
+void Service::take(const std::string& caller, const WakeUpArguments& arguments) {
+  std::string problem;
+  const std::optional<WakeUpOrder> order = checkedOrder(arguments, problem);
+  if (order && wakeUps_.size() < kMostWakeUps) {
+    begin(caller, *order);
+  } else {
+    say("refused a request of " + caller + ": " +
+        (order ? "too many printers are being woken" : problem));
+    callBack(caller);
+  }
+}
+
+void Service::begin(const std::string& caller, const WakeUpOrder& order) {
+  say("waking " + order.address + " for " + caller);
+  idleTimer_.reset();
+  wakeUps_.push_back({.service = this,
+                      .number = ++lastNumber_,
+                      .caller = caller,
+                      .order = order,
+                      .packet = magicPacket(order.macAddress),
+                      .start = now(event_.get()),
+                      .location = std::nullopt,
+                      .packetTimer = nullptr,
+                      .limitTimer = nullptr});
+  WakeUp& wakeUp = wakeUps_.back();
+  wakeUp.limitTimer = startTimer(kLimit, onLimit, &wakeUp);
+  if (order.isWakeOnLan) wakeUp.packetTimer = startTimer(0ms, onPacketDue, &wakeUp);
+  const bool wantsLocation = order.isWakeOnLan && order.isOverRouter;
+  asker_.add({wakeUp.number, order.address, order.snmpCommunity, wantsLocation});
+}
+
+int Service::onPacketDue(sd_event_source* /*source*/, std::uint64_t /*time*/, void* wakeUp) {
+  auto& self = *static_cast<WakeUp*>(wakeUp);
+  self.service->sendPackets(self);
+  return 0;
+}
+
+void Service::sendPackets(WakeUp& wakeUp) {
+  sendPacket(wakeUp.packet, wakeUp.location);
+  ++wakeUp.packetsSent;
+  sd_event_source* timer = wakeUp.packetTimer.get();
+  sd_event_source_set_time(timer, wakeUp.start + microseconds(packetDue(wakeUp.packetsSent)));
+  sd_event_source_set_enabled(timer, SD_EVENT_ONESHOT);
+}
+
+int Service::onFindings(sd_event_source* /*source*/, int /*descriptor*/, std::uint32_t /*events*/,
+                        void* self) {
+  auto& service = *static_cast<Service*>(self);
+  for (const Finding& each : service.findings_.takeAll()) service.use(each);
+  return 0;
+}
+
+void Service::use(const Finding& finding) {
+  const auto found =
+      std::find_if(wakeUps_.begin(), wakeUps_.end(),
+                   [&](const WakeUp& each) { return each.number == finding.number; });
+  if (found == wakeUps_.end()) return;
+  if (finding.location) {
+    found->location = finding.location;
+  } else {
+    finish(*found, "answers");
+  }
+}
+
+int Service::onLimit(sd_event_source* /*source*/, std::uint64_t /*time*/, void* wakeUp) {
+  auto& self = *static_cast<WakeUp*>(wakeUp);
+  self.service->finish(self, "keeps silent");
+  return 0;
+}
+
+void Service::finish(const WakeUp& wakeUp, const char* outcome) {
+  const std::uint64_t seconds = (now(event_.get()) - wakeUp.start) / microseconds(1s);
+  say(wakeUp.order.address + " " + outcome + " after " + std::to_string(seconds) + " s");
+  callBack(wakeUp.caller);
+  asker_.remove(wakeUp.number);
+  wakeUps_.remove_if([number = wakeUp.number](const WakeUp& each) { return each.number == number; });
+  if (wakeUps_.empty()) idleTimer_ = startTimer(kIdle, onIdle, this);
+}
+
+// Nobody answers the call-back, and a caller that has gone is no failure.
+void Service::callBack(const std::string& caller) {
+  sd_bus_message* message = nullptr;
+  if (sd_bus_message_new_method_call(bus_.get(), &message, caller.c_str(),
+                                     platform::kCallBackObject, platform::kCallBackInterface,
+                                     platform::kCallBackMethod) >= 0) {
+    sd_bus_message_set_expect_reply(message, 0);
+    sd_bus_send(bus_.get(), message, nullptr);
+  }
+  sd_bus_message_unref(message);
+}
+
+int Service::onIdle(sd_event_source* /*source*/, std::uint64_t /*time*/, void* self) {
+  static_cast<Service*>(self)->leaveWhenIdle();
+  return 0;
+}
+
+// Without the name no further request arrives, and the bus starts the service anew for the next
+// one; what arrived before is still served.
+void Service::leaveWhenIdle() {
+  sd_bus_release_name(bus_.get(), platform::kWakeUpService);
+  while (sd_bus_process(bus_.get(), nullptr) > 0) {
+  }
+  if (wakeUps_.empty()) {
+    sd_event_exit(event_.get(), 0);
+  } else {
+    sd_bus_request_name(bus_.get(), platform::kWakeUpService, 0);
+  }
+}
+
+}  // namespace kelm::wolservice
