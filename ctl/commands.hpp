@@ -5,9 +5,11 @@
 
 namespace kelm::ctl {
 
+Action declareAddress(CLI::App& app);
 Action declarePpd(CLI::App& app);
 Action declareSettings(CLI::App& app);
 Action declarePrinter(CLI::App& app);
 Action declareSync(CLI::App& app);
+Action declareWake(CLI::App& app);
 
 }  // namespace kelm::ctl

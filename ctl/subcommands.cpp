@@ -10,6 +10,8 @@ constexpr Subcommand kSubcommands[] = {
     {"ppd", "Show what a PPD offers, in your language", declarePpd},
     {"printer", "Show what a printer says about itself", declarePrinter},
     {"sync", "Store in a queue what its printer says about itself", declareSync},
+    {"address", "Show the printer's address behind a device URI", declareAddress},
+    {"wake", "Wake a sleeping printer", declareWake},
 };
 
 }  // namespace

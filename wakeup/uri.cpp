@@ -51,9 +51,7 @@ std::optional<char> byteOf(std::string_view digits) {
 
 }  // namespace
 
-std::string UriHost::netLocation() const {
-  return port.empty() ? host : host + ":" + port;
-}
+std::string UriHost::netLocation() const { return port.empty() ? host : host + ":" + port; }
 
 std::optional<UriHost> hostOfUri(std::string_view uri) {
   const ParsedUri parsed(uri);
@@ -63,9 +61,7 @@ std::optional<UriHost> hostOfUri(std::string_view uri) {
   return UriHost{host, textOf(parsed.uri().portText)};
 }
 
-bool isUri(std::string_view uri) {
-  return ParsedUri(uri).valid();
-}
+bool isUri(std::string_view uri) { return ParsedUri(uri).valid(); }
 
 std::optional<std::string> percentDecoded(std::string_view text) {
   std::string decoded;

@@ -12,9 +12,7 @@ namespace {
 
 using ppdsettings::KelmSNMPHelper;
 
-std::string yesOrNo(bool value) {
-  return value ? "YES" : "NO";
-}
+std::string yesOrNo(bool value) { return value ? "YES" : "NO"; }
 
 }  // namespace
 

@@ -71,14 +71,14 @@ void sendTo(const MagicPacket& packet, const sockaddr_storage& printer) {
   const Socket socket(printer.ss_family);
   const socklen_t length =
       printer.ss_family == AF_INET6 ? sizeof(sockaddr_in6) : sizeof(sockaddr_in);
-  sendto(socket.get(), packet.data(), packet.size(), 0,
-         reinterpret_cast<const sockaddr*>(&printer), length);
+  sendto(socket.get(), packet.data(), packet.size(), 0, reinterpret_cast<const sockaddr*>(&printer),
+         length);
 }
 
 }  // namespace
 
 std::optional<in_addr> broadcastOf(in_addr address, in_addr mask, in_addr configured) {
-  if (configured.s_addr != 0) return configured;
+  if (configured.s_addr != 0 && configured.s_addr != address.s_addr) return configured;
   constexpr in_addr_t kFewestHostBits = 3;
   if (ntohl(~mask.s_addr) < kFewestHostBits) return std::nullopt;
   return in_addr{address.s_addr | ~mask.s_addr};
@@ -91,8 +91,8 @@ std::vector<Broadcast> broadcastAddresses() {
   const std::unique_ptr<ifaddrs, void (*)(ifaddrs*)> owner(first, freeifaddrs);
   for (const ifaddrs* each = first; each != nullptr; each = each->ifa_next) {
     if (!canBroadcast(*each)) continue;
-    const auto address = broadcastOf(ipv4Of(each->ifa_addr), ipv4Of(each->ifa_netmask),
-                                     ipv4Of(each->ifa_broadaddr));
+    const auto address =
+        broadcastOf(ipv4Of(each->ifa_addr), ipv4Of(each->ifa_netmask), ipv4Of(each->ifa_broadaddr));
     if (address) found.push_back({if_nametoindex(each->ifa_name), *address});
   }
   return found;

@@ -17,8 +17,9 @@ struct Broadcast {
   in_addr address;
 };
 
-// The broadcast address of a network from an address in it and its mask; `configured` wins where it
-// is not zero. Nothing for a network that has none (one or two addresses). Network byte order.
+// The broadcast address of a network from an address in it and its mask; `configured` wins unless
+// it is zero or the address itself, as the C library reports an interface where none is configured.
+// Nothing for a network that has none (one or two addresses). Network byte order.
 std::optional<in_addr> broadcastOf(in_addr address, in_addr mask, in_addr configured);
 
 // The IPv4 broadcast addresses of all interfaces that are up; none when the system does not tell.

@@ -90,8 +90,8 @@ Service::Timer Service::startTimer(std::chrono::milliseconds delay, sd_event_tim
 }
 
 int Service::onRequest(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
-  if (sd_bus_message_is_method_call(message, platform::kWakeUpInterface,
-                                    platform::kWakeUpMethod) <= 0) {
+  if (sd_bus_message_is_method_call(message, platform::kWakeUpInterface, platform::kWakeUpMethod) <=
+      0) {
     return 0;
   }
   const char* address = nullptr;
@@ -161,9 +161,9 @@ int Service::onFindings(sd_event_source* /*source*/, int /*descriptor*/, std::ui
 }
 
 void Service::use(const Finding& finding) {
-  const auto found =
-      std::find_if(wakeUps_.begin(), wakeUps_.end(),
-                   [&](const WakeUp& each) { return each.number == finding.number; });
+  const auto found = std::find_if(wakeUps_.begin(), wakeUps_.end(), [&](const WakeUp& each) {
+    return each.number == finding.number;
+  });
   if (found == wakeUps_.end()) return;
   if (finding.location) {
     found->location = finding.location;
@@ -183,7 +183,8 @@ void Service::finish(const WakeUp& wakeUp, const char* outcome) {
   say(wakeUp.order.address + " " + outcome + " after " + std::to_string(seconds) + " s");
   callBack(wakeUp.caller);
   asker_.remove(wakeUp.number);
-  wakeUps_.remove_if([number = wakeUp.number](const WakeUp& each) { return each.number == number; });
+  wakeUps_.remove_if(
+      [number = wakeUp.number](const WakeUp& each) { return each.number == number; });
   if (wakeUps_.empty()) idleTimer_ = startTimer(kIdle, onIdle, this);
 }
 

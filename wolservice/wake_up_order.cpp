@@ -50,9 +50,8 @@ bool isIpv4(const std::string& text) {
 
 bool isZone(std::string_view text) {
   return !text.empty() && text.size() <= kLongestZone &&
-         std::all_of(text.begin(), text.end(), [](char c) {
-           return isLetterOrDigit(c) || c == '-' || c == '_' || c == '.';
-         });
+         std::all_of(text.begin(), text.end(),
+                     [](char c) { return isLetterOrDigit(c) || c == '-' || c == '_' || c == '.'; });
 }
 
 bool isIpv6(const std::string& text) {
@@ -79,7 +78,7 @@ bool isHostName(std::string_view text) {
 }
 
 bool isAddress(const std::string& text) {
-  return isIpv4(text) || isIpv6(text) || isHostName(text);
+  return text.find('\0') == std::string::npos && (isIpv4(text) || isIpv6(text) || isHostName(text));
 }
 
 std::optional<bool> switchOf(std::string_view text) {

@@ -86,9 +86,7 @@ void FakeDestinations::add(const char* name, const char* optionName, const char*
   destinations_[index].num_options = static_cast<int>(options.size());
 }
 
-void FakeDestinations::makeFirstDefault() {
-  destinations_.front().is_default = 1;
-}
+void FakeDestinations::makeFirstDefault() { destinations_.front().is_default = 1; }
 
 std::unique_ptr<WakeUpConnection> FakeWakeUpBus::send(const WakeUpRequest& request,
                                                       std::function<void()> finished) {

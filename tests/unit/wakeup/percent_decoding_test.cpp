@@ -10,13 +10,9 @@ TEST(PercentDecoded, DecodesEveryEscapeInEitherCase) {
   EXPECT_EQ(percentDecoded("My%20Printer%2e%2E"), "My Printer..");
 }
 
-TEST(PercentDecoded, LeavesTextWithoutEscapesAlone) {
-  EXPECT_EQ(percentDecoded("a+b"), "a+b");
-}
+TEST(PercentDecoded, LeavesTextWithoutEscapesAlone) { EXPECT_EQ(percentDecoded("a+b"), "a+b"); }
 
-TEST(PercentDecoded, DecodesOnceOnly) {
-  EXPECT_EQ(percentDecoded("%2520"), "%20");
-}
+TEST(PercentDecoded, DecodesOnceOnly) { EXPECT_EQ(percentDecoded("%2520"), "%20"); }
 
 TEST(PercentDecoded, JoinsTheBytesOfOneCharacter) {
   EXPECT_EQ(percentDecoded("B%C3%BCro"), "B\xC3\xBCro");
@@ -29,9 +25,7 @@ TEST(PercentDecoded, GivesNothingForAnEscapeWithoutItsDigits) {
   EXPECT_FALSE(percentDecoded("a%-1"));
 }
 
-TEST(PercentDecoded, GivesNothingForBytesThatAreNotUtf8) {
-  EXPECT_FALSE(percentDecoded("%FC"));
-}
+TEST(PercentDecoded, GivesNothingForBytesThatAreNotUtf8) { EXPECT_FALSE(percentDecoded("%FC")); }
 
 }  // namespace
 }  // namespace kelm::wakeup

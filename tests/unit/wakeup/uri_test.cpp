@@ -16,9 +16,7 @@ TEST(HostOfUri, IsTheHostWithItsPort) {
   EXPECT_EQ(netLocation("socket://printer.example:9100"), "printer.example:9100");
 }
 
-TEST(HostOfUri, LeavesTheUserOut) {
-  EXPECT_EQ(netLocation("lpd://me:x@10.0.0.5/q"), "10.0.0.5");
-}
+TEST(HostOfUri, LeavesTheUserOut) { EXPECT_EQ(netLocation("lpd://me:x@10.0.0.5/q"), "10.0.0.5"); }
 
 TEST(HostOfUri, LeavesEscapesAsTheyAre) {
   EXPECT_EQ(hostOfUri("dnssd://My%20Printer._ipp._tcp.local/")->host,

@@ -1,14 +1,13 @@
 // The wake-up call of a job: when it is made, what is asked, and how long the job waits.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <unistd.h>
 
-#include <fstream>
+#include <optional>
 #include <stdexcept>
 #include <thread>
 
-#include "filter/ppd_calls.hpp"
 #include "platform/fake/fake_platform.hpp"
+#include "tests/support/memory_ppd.hpp"
 #include "wakeup/xpc_call_object.hpp"
 
 namespace kelm::wakeup {
@@ -61,15 +60,10 @@ class WakeUpCall : public ::testing::Test {
     system.nameLookup.hosts["10.0.0.5"] = {10, 0, 0, 5};
   }
 
-  ~WakeUpCall() override {
-    if (job.ppd != nullptr) filter::r_ppdClose(job.ppd);
-    unlink(path_.c_str());
-  }
-
   // Gives the job a PPD with these lines in it.
   void store(const std::string& lines) {
-    std::ofstream(path_) << "*PPD-Adobe: \"4.3\"\n" << lines;
-    job.ppd = filter::r_ppdOpenFile(path_.c_str());
+    ppd_.emplace(lines);
+    job.ppd = *ppd_;
     ASSERT_NE(job.ppd, nullptr);
   }
 
@@ -91,7 +85,7 @@ class WakeUpCall : public ::testing::Test {
   filter::PrintJobData job;
 
  private:
-  std::string path_ = ::testing::TempDir() + "wake_up_call_" + std::to_string(getpid()) + ".ppd";
+  std::optional<tests::MemoryPpd> ppd_;
 };
 
 TEST_F(WakeUpCall, IsNotMadeWhereWakeOnLanIsOff) {

@@ -1,0 +1,52 @@
+// kelmctl address: what the filter takes for the printer's address.
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <ostream>
+#include <string>
+
+#include "ctl/commands.hpp"
+#include "ctl/exit_status.hpp"
+#include "ctl/safe_text.hpp"
+#include "wakeup/xpc_call_object.hpp"
+
+namespace kelm::ctl {
+namespace {
+
+struct Arguments {
+  std::string uri;
+  bool json = false;
+};
+
+void printJson(std::ostream& out, bool ipv6, const wakeup::Text& address) {
+  const nlohmann::ordered_json object{
+      {"ipv6", ipv6},
+      {"address", address ? nlohmann::ordered_json(*address) : nlohmann::ordered_json(nullptr)}};
+  out << object.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+}
+
+void printReadable(std::ostream& out, bool ipv6, const wakeup::Text& address) {
+  if (address) out << safeText(*address) << (ipv6 ? " (IPv6)" : " (IPv4)") << '\n';
+}
+
+int showAddress(const Arguments& arguments, const Console& console) {
+  const bool ipv6 = wakeup::XPCCallObject::isAddressTypeIPv6_(arguments.uri);
+  const wakeup::Text address = wakeup::XPCCallObject::addressOf(arguments.uri);
+  (arguments.json ? printJson : printReadable)(console.out, ipv6, address);
+  if (address) return kExitDone;
+  console.err << "kelmctl: no address is found for \"" << safeText(arguments.uri)
+              << "\"; check that it is a URI and that its host or service is known\n";
+  return kExitFailed;
+}
+
+}  // namespace
+
+Action declareAddress(CLI::App& app) {
+  auto arguments = std::make_shared<Arguments>();
+  app.add_option("URI", arguments->uri, "A device URI, as lpstat -v shows it")
+      ->type_name("")
+      ->required();
+  app.add_flag("--json", arguments->json, "One JSON object, for programs");
+  return [arguments](const Console& console) { return showAddress(*arguments, console); };
+}
+
+}  // namespace kelm::ctl

@@ -1,0 +1,62 @@
+// The broadcast address of a network, and where a printer is.
+#include "wolservice/network.hpp"
+
+#include <arpa/inet.h>
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+namespace kelm::wolservice {
+namespace {
+
+in_addr address(const char* text) {
+  in_addr result{};
+  inet_pton(AF_INET, text, &result);
+  return result;
+}
+
+std::string text(const std::optional<in_addr>& value) {
+  return value ? inet_ntoa(*value) : "(none)";
+}
+
+TEST(BroadcastOf, IsTheLastAddressOfTheNetwork) {
+  EXPECT_EQ(text(broadcastOf(address("10.77.0.1"), address("255.255.255.0"), {})), "10.77.0.255");
+  EXPECT_EQ(text(broadcastOf(address("10.77.5.1"), address("255.255.252.0"), {})), "10.77.7.255");
+  EXPECT_EQ(text(broadcastOf(address("10.77.0.1"), address("255.255.255.252"), {})), "10.77.0.3");
+}
+
+TEST(BroadcastOf, IsTheConfiguredOneWhereThereIsOne) {
+  EXPECT_EQ(text(broadcastOf(address("10.77.0.1"), address("255.255.255.0"), address("10.77.0.0"))),
+            "10.77.0.0");
+}
+
+TEST(BroadcastOf, IsNeverTheAddressItself) {
+  EXPECT_EQ(text(broadcastOf(address("10.77.0.1"), address("255.255.255.0"), address("10.77.0.1"))),
+            "10.77.0.255");
+}
+
+TEST(BroadcastOf, IsMissingInANetworkOfTwoAddresses) {
+  EXPECT_EQ(text(broadcastOf(address("10.0.0.1"), address("255.255.255.254"), {})), "(none)");
+  EXPECT_EQ(text(broadcastOf(address("10.0.0.1"), address("255.255.255.255"), {})), "(none)");
+}
+
+TEST(Locate, GivesAnAddressItsPort) {
+  const auto found = locate("192.0.2.7");
+  ASSERT_TRUE(found);
+  sockaddr_in ip{};
+  std::memcpy(&ip, &*found, sizeof ip);
+  EXPECT_EQ(ip.sin_family, AF_INET);
+  EXPECT_EQ(ntohs(ip.sin_port), 9);
+  EXPECT_STREQ(inet_ntoa(ip.sin_addr), "192.0.2.7");
+}
+
+TEST(Locate, KnowsIpv6) {
+  const auto found = locate("::1");
+  ASSERT_TRUE(found);
+  EXPECT_EQ(found->ss_family, AF_INET6);
+}
+
+TEST(Locate, GivesNothingForWhatIsNoHost) { EXPECT_FALSE(locate("no host")); }
+
+}  // namespace
+}  // namespace kelm::wolservice
