@@ -1,0 +1,71 @@
+# bus.sh : a private system bus; read after common.sh. It has the policy of a real one: method calls
+# and names are refused unless a file in packaging/ allows them.
+# shellcheck shell=sh
+
+DBUS_SYSTEM_BUS_ADDRESS=unix:path=$W/bus.sock
+export DBUS_SYSTEM_BUS_ADDRESS
+
+# bus_start : a bus with the packaged policy
+bus_start() {
+  command -v dbus-daemon >"$W/which" || fail "no dbus-daemon: install the package dbus-daemon"
+  mkdir -p "$W/services"
+  # The bus starts services as its own user here, and the packaged one is not on this machine.
+  sed 's/user="kelmwol"/user="root"/' "$SOURCE/packaging/com.kelm.KelmWoLServices.conf" \
+    >"$W/wol_policy.conf"
+  bus_configuration >"$W/bus.conf"
+  dbus-daemon --config-file="$W/bus.conf" --nofork --nopidfile --nosyslog \
+    >"$W/bus_log" 2>&1 </dev/null &
+  started bus $!
+  wait_until 5 test -S "$W/bus.sock" || fail "the bus did not come up"
+}
+
+bus_configuration() {
+  cat <<END
+<!DOCTYPE busconfig PUBLIC "-//freedesktop//DTD D-BUS Bus Configuration 1.0//EN"
+ "http://www.freedesktop.org/standards/dbus/1.0/busconfig.dtd">
+<busconfig>
+  <type>system</type>
+  <listen>unix:path=$W/bus.sock</listen>
+  <auth>EXTERNAL</auth>
+  <servicedir>$W/services</servicedir>
+  <limit name="service_start_timeout">5000</limit>
+  <policy context="default">
+    <allow user="*"/>
+    <deny own="*"/>
+    <deny send_type="method_call"/>
+    <allow send_type="signal"/>
+    <allow send_requested_reply="true" send_type="method_return"/>
+    <allow send_requested_reply="true" send_type="error"/>
+    <allow receive_type="method_call"/>
+    <allow receive_type="method_return"/>
+    <allow receive_type="error"/>
+    <allow receive_type="signal"/>
+    <allow send_destination="org.freedesktop.DBus" send_interface="org.freedesktop.DBus"/>
+    <allow send_destination="org.freedesktop.DBus" send_interface="org.freedesktop.DBus.Peer"/>
+    <allow own="org.freedesktop.Avahi"/>
+    <allow send_destination="org.freedesktop.Avahi"/>
+  </policy>
+  <include>$W/wol_policy.conf</include>
+</busconfig>
+END
+}
+
+# bus_service COMMAND : what the bus starts for the wake-up service (a program's path)
+bus_service() {
+  printf '[D-BUS Service]\nName=com.kelm.KelmWoLServices\nExec=%s\nUser=root\n' "$1" \
+    >"$W/services/com.kelm.KelmWoLServices.service"
+}
+
+# bus_wake_service : the real one, its messages in $W/service_log; it runs with no rights at all
+bus_wake_service() {
+  cat >"$W/wake_service" <<END
+#!/bin/sh
+echo \$\$ >>"$W/service_pid"
+exec setpriv --no-new-privs --bounding-set=-all --inh-caps=-all "$BUILD/KelmWoLServices" \
+  2>>"$W/service_log"
+END
+  chmod 755 "$W/wake_service"
+  bus_service "$W/wake_service"
+}
+
+service_is_gone() { gone "$(tail -n 1 "$W/service_pid")"; }

@@ -1,0 +1,65 @@
+#!/bin/sh
+# kelmctl wake without a queue: a printer that stays silent, one beyond a router, bad arguments.
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/bus.sh
+. "$HERE/lib/bus.sh"
+# shellcheck source=tests/system/lib/printer_host.sh
+. "$HERE/lib/printer_host.sh"
+
+MAC=00:80:92:12:34:56
+
+# wake STATUS argument... : kelmctl wake, expected to exit with STATUS
+wake() {
+  wanted=$1
+  shift
+  status=0
+  "$BUILD/kelmctl" wake "$@" >"$W/out" 2>"$W/err" || status=$?
+  expect "exit status of kelmctl wake $*" "$wanted" "$status"
+}
+
+printer_host_start
+bus_start
+bus_wake_service
+
+# Beyond a router, the packet comes to the printer's own address as well; nobody else uses it.
+magic_packets_start 10.88.0.2
+"$BUILD/kelmctl" wake --mac $MAC --address 10.88.0.2 --over-router >"$W/out" 2>"$W/err" &
+started kelmctl $!
+wait_until 5 packets_arrived 2 || fail "no packet beyond the router"
+printer_agent_start
+wait_until 5 grep -q '^10.88.0.2: the wake-up service is done' "$W/out" || fail "no end: $(cat "$W/err")"
+expect_line "$W/out" 'waiting for the wake-up service: 0 s'
+expect "messages" "" "$(cat "$W/err")"
+
+# The switch off: nothing is sent to the printer's own address.
+: >"$W/packets"
+wake 0 --mac $MAC --address 10.88.0.2
+expect "bytes beyond the router" 0 "$(stat -c %s "$W/packets")"
+
+# Another community than the printer's: no answer; the service calls back after a minute.
+"$BUILD/kelmctl" wake --mac $MAC --address 10.77.0.2 --community other >"$W/silent_out" 2>&1 &
+started silent $!
+silent=$!
+
+# Meanwhile others are served, and arguments that make no sense are refused.
+wake 0 --mac $MAC --address 10.77.0.2
+wake 1 --mac 00:80:92 --address 10.77.0.2
+grep -q 'six hexadecimal parts' "$W/err" || fail "no reason: $(cat "$W/err")"
+wake 1 --mac $MAC --address socket://10.77.0.2:9100
+wake 2 --mac $MAC
+wake 2
+wake 2 kelm --mac $MAC --address 10.77.0.2
+
+# What the service refuses it calls back for at once; the bus carries it as the filter would send it.
+refused() { grep -q 'refused a request' "$W/service_log"; }
+dbus-send --bus="$DBUS_SYSTEM_BUS_ADDRESS" --type=method_call \
+  --dest=com.kelm.KelmWoLServices \
+  /com/kelm/KelmWoLServices com.kelm.KelmWoLServiceProtocol.XpcSnmpWakeUpOnLan \
+  string:'' string:$MAC string:public string:YES string:NO
+wait_until 5 refused || fail "an empty address was not refused"
+
+wait_until 65 gone "$silent" || fail "no call-back after a minute"
+grep -q '^10.77.0.2: the wake-up service is done after \(59\|60\|61\) s$' "$W/silent_out" ||
+  fail "kelmctl wake said: $(cat "$W/silent_out")"
+grep -q '10.77.0.2 keeps silent after 60 s' "$W/service_log" || fail "not the service's own limit"

@@ -1,0 +1,18 @@
+#!/bin/sh
+# A service that dies after the request: the job waits its 240 steps and no longer.
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/bus.sh
+. "$HERE/lib/bus.sh"
+
+service_works() { [ -e "$W/service_log" ] && grep -q 'waking 192.0.2.9' "$W/service_log"; }
+
+bus_start
+bus_wake_service
+"$BUILD/tests/system/wake_up_limit" >"$W/steps" 2>"$W/limit_log" &
+started filter $!
+filter=$!
+wait_until 5 service_works || fail "the service was not asked"
+kill -KILL "$(cat "$W/service_pid")"
+wait_until 20 gone "$filter" || fail "the wait does not end"
+expect "steps of the wait" "240" "$(cat "$W/steps")"
