@@ -1,0 +1,36 @@
+// Any device URI: what is looked up is a name that a resolver can be given, and what comes out is
+// an address or, on the IPv6 way, has no "+" left.
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "platform/fake/fake_platform.hpp"
+#include "wakeup/xpc_call_object.hpp"
+
+namespace {
+
+bool canBeAHost(const std::string& name) {
+  return name.size() < 1024 && name.find(':') == std::string::npos &&
+         std::all_of(name.begin(), name.end(), [](char c) { return c >= 0; });
+}
+
+void expect(bool truth) {
+  if (!truth) std::abort();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using kelm::wakeup::XPCCallObject;
+  kelm::platform::FakePlatform network;
+  network.nameLookup.hosts["10.0.0.5"] = {10, 0, 0, 5};
+  const std::string uri(data, data + size);
+  const kelm::wakeup::Text ipv4 = XPCCallObject::ConvertDeviceURItoIPAddress_(uri);
+  expect(!ipv4 || *ipv4 == "10.0.0.5");
+  expect(std::all_of(network.nameLookup.asked.begin(), network.nameLookup.asked.end(), canBeAHost));
+  expect(network.dnsSd.resolved.size() == network.steadyClock.sleeps.size());
+  const kelm::wakeup::Text ipv6 = XPCCallObject::ConvertDeviceURItoIPAddressV6_(uri);
+  expect(ipv6 && ipv6->find('+') == std::string::npos && ipv6->size() <= size);
+  return 0;
+}

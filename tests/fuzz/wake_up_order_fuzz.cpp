@@ -1,0 +1,27 @@
+// Any arguments of a wake-up request, one on each line: what is taken for an address can be looked
+// up and written to the journal.
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <sstream>
+#include <string>
+
+#include "wolservice/wake_up_order.hpp"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  std::istringstream lines(std::string(data, data + size));
+  kelm::wolservice::WakeUpArguments arguments;
+  for (std::string* each : {&arguments.address, &arguments.macAddress, &arguments.snmpCommunity,
+                            &arguments.isWakeOnLan, &arguments.isOverRouter}) {
+    std::getline(lines, *each);
+  }
+  std::string problem;
+  const auto order = kelm::wolservice::checkedOrder(arguments, problem);
+  if (order.has_value() != problem.empty()) std::abort();
+  if (!order) return 0;
+  const std::string& address = order->address;
+  const bool printable =
+      std::all_of(address.begin(), address.end(), [](char c) { return c > ' ' && c < 0x7F; });
+  if (address.empty() || address.size() > 254 || !printable) std::abort();
+  return 0;
+}
