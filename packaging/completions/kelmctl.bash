@@ -24,11 +24,26 @@ _kelmctl_ppd() {
   fi
 }
 
+_kelmctl_address() {
+  if [[ $1 == -* ]]; then _kelmctl_words '--json --help' "$1"; fi
+}
+
+_kelmctl_wake() {
+  case $2 in
+    --mac | --address | --community) return ;;
+  esac
+  if [[ $1 == -* ]]; then
+    _kelmctl_words '--mac --address --community --over-router --help' "$1"
+  else
+    _kelmctl_words "$(lpstat -e 2>/dev/null)" "$1"
+  fi
+}
+
 _kelmctl() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    _kelmctl_words 'settings ppd --help --version' "$current"
+    _kelmctl_words 'settings ppd address wake --help --version' "$current"
   elif declare -F "_kelmctl_${COMP_WORDS[1]}" >/dev/null; then
     "_kelmctl_${COMP_WORDS[1]}" "$current" "$previous"
   fi
