@@ -39,11 +39,25 @@ _kelmctl_wake() {
   fi
 }
 
+_kelmctl_printer() {
+  if [[ $1 == -* ]]; then _kelmctl_words '--community --json --help' "$1"; fi
+}
+
+_kelmctl_sync() {
+  if [[ $2 == --address || $2 == --community ]]; then
+    return
+  elif [[ $1 == -* ]]; then
+    _kelmctl_words '--address --community --dry-run --help' "$1"
+  else
+    _kelmctl_words "$(lpstat -e 2>/dev/null)" "$1"
+  fi
+}
+
 _kelmctl() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    _kelmctl_words 'settings ppd address wake --help --version' "$current"
+    _kelmctl_words 'settings ppd printer sync address wake --help --version' "$current"
   elif declare -F "_kelmctl_${COMP_WORDS[1]}" >/dev/null; then
     "_kelmctl_${COMP_WORDS[1]}" "$current" "$previous"
   fi

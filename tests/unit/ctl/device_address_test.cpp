@@ -1,0 +1,32 @@
+// The printer's address, from the device URI of its queue.
+#include "ctl/device_address.hpp"
+
+#include <gtest/gtest.h>
+
+namespace kelm::ctl {
+namespace {
+
+TEST(AddressOfDevice, IsTheHostOfANetworkUri) {
+  EXPECT_EQ(addressOfDevice("socket://192.0.2.7:9100"), "192.0.2.7");
+  EXPECT_EQ(addressOfDevice("lpd://192.0.2.7/queue"), "192.0.2.7");
+  EXPECT_EQ(addressOfDevice("ipp://user@192.0.2.7:631/ipp/print?waitjob=false"), "192.0.2.7");
+}
+
+TEST(AddressOfDevice, IsAnIPv6AddressWithItsZone) {
+  EXPECT_EQ(addressOfDevice("ipp://[2001:db8::7]:631/ipp/print"), "2001:db8::7");
+  EXPECT_EQ(addressOfDevice("socket://[v1.fe80::1+eth0]:9100"), "fe80::1%eth0");
+}
+
+TEST(AddressOfDevice, LooksAHostNameUp) {
+  EXPECT_EQ(addressOfDevice("socket://localhost:9100"), "127.0.0.1");
+}
+
+TEST(AddressOfDevice, IsEmptyWithoutAHostOnTheNetwork) {
+  EXPECT_EQ(addressOfDevice("usb://KELM/IJ?serial=1"), "");
+  EXPECT_EQ(addressOfDevice("file:/dev/null"), "");
+  EXPECT_EQ(addressOfDevice("no URI"), "");
+  EXPECT_EQ(addressOfDevice(""), "");
+}
+
+}  // namespace
+}  // namespace kelm::ctl
