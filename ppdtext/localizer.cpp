@@ -119,7 +119,7 @@ SearchArea TranslationLines::linesOf(std::u16string_view subject,
     return SearchArea::wholeText(text_);
   }
   const auto found = lines_.find(lineKey(foldedCase(subject), foldedCase(keyword)));
-  return SearchArea(text_, found == lines_.end() ? std::vector<TextRange>() : found->second);
+  return {text_, found == lines_.end() ? std::vector<TextRange>() : found->second};
 }
 
 Localizer::Localizer(std::u16string_view text, std::u16string_view language)

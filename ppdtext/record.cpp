@@ -27,8 +27,8 @@ class RecordBuilder {
  public:
   explicit RecordBuilder(const AllocateZeroed& allocate) : allocate_(allocate) {}
 
-  ppd_file_t* build(const Model& model) const {
-    ppd_file_t* ppd = array<ppd_file_t>(1);
+  [[nodiscard]] ppd_file_t* build(const Model& model) const {
+    auto* ppd = array<ppd_file_t>(1);
     if (ppd == nullptr) {
       platform::platform().systemLog->error(kNoRecord);
     } else if (!fillGroups(*ppd, model) || !fillAttributes(*ppd, model)) {
@@ -39,7 +39,8 @@ class RecordBuilder {
 
  private:
   template <class Element>
-  Element* array(std::size_t count) const {
+  [[nodiscard]] Element* array(std::size_t count) const {
+    // The attributes' array is one of pointers. NOLINTNEXTLINE(bugprone-sizeof-expression)
     return static_cast<Element*>(allocate_(count, sizeof(Element)));
   }
 
@@ -95,7 +96,7 @@ class RecordBuilder {
   bool fillAttributes(ppd_file_t& ppd, const Model& model) const {
     if (!makeArray(ppd.attrs, model.attributes)) return false;
     for (const ModelAttribute& attribute : model.attributes) {
-      ppd_attr_t* made = array<ppd_attr_t>(1);
+      auto* made = array<ppd_attr_t>(1);
       if (made == nullptr) return false;
       ppd.attrs[ppd.num_attrs++] = made;
       copyInto(made->name, attribute.name);

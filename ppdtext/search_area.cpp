@@ -53,9 +53,10 @@ std::optional<Match> SearchArea::firstMatch(const Pattern& pattern) const {
 }
 
 std::optional<Match> SearchArea::lastMatch(const Pattern& pattern) const {
-  for (auto piece = pieces_.rbegin(); piece != pieces_.rend(); ++piece) {
-    auto matches = pattern.allMatches(pieceOf(text_, *piece));
-    if (!matches.empty()) return movedBy(piece->start, std::move(matches.back()));
+  for (std::size_t i = pieces_.size(); i > 0; --i) {
+    const TextRange& piece = pieces_[i - 1];
+    auto matches = pattern.allMatches(pieceOf(text_, piece));
+    if (!matches.empty()) return movedBy(piece.start, std::move(matches.back()));
   }
   return std::nullopt;
 }
@@ -84,7 +85,7 @@ SearchArea SearchArea::before(std::size_t end) const {
     if (piece.start >= end) break;
     pieces.push_back({piece.start, std::min(piece.end(), end) - piece.start});
   }
-  return SearchArea(text_, std::move(pieces));
+  return {text_, std::move(pieces)};
 }
 
 MarkedLines::MarkedLines(std::u16string_view text, std::u16string_view marker)
@@ -123,7 +124,7 @@ SearchArea MarkedLines::linesWithWordFor(std::u16string_view keyword) const {
   std::vector<TextRange> lines;
   std::ranges::set_union(linesWithEnd(keyword), linesWithEnd(keyword.substr(0, keyword.size() - 1)),
                          std::back_inserter(lines), {}, &TextRange::start, &TextRange::start);
-  return SearchArea(text_, std::move(lines));
+  return {text_, std::move(lines)};
 }
 
 }  // namespace kelm::ppdtext
