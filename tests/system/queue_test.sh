@@ -100,12 +100,18 @@ expect "bytes at the printer" "$before" "$(wc -c <"$W/printer.out")"
 # printed_since BYTES : what the printer got behind them
 printed_since() { tail -c "+$(($1 + 1))" "$W/printer.out"; }
 
-# A default of the server travels with the job; one in the PPD reaches the PostScript alone.
+# Defaults of the server and of its users travel with the job; one in the PPD reaches the PostScript
+# alone.
 lpadmin -p kelm -o QVStapleMode-default=TwoStaple -o QVPunchMode=TwoHoles 2>"$W/lpadmin_log"
+CUPS_SERVERROOT=$CUPS/etc
+export CUPS_SERVERROOT
+lpoptions -p kelm -o QVJog=Set
 cups_job kelm "$W/page.ps" >"$W/job_id" || fail "the job did not end"
 printed_since "$before" >"$W/defaults"
 expect_line "$W/defaults" '@PJL SET QVSTAPLEMODE=2STAPLES'
 expect_line "$W/defaults" '%%BeginFeature: *QVStapleMode TwoStaple'
+expect_line "$W/defaults" '@PJL SET QVJOG=SET'
+expect_line "$W/defaults" '%%BeginFeature: *QVJog Set'
 expect_line "$W/defaults" '@PJL SET QVPUNCHMODE=OFF'
 expect_line "$W/defaults" '%%BeginFeature: *QVPunchMode TwoHoles'
 

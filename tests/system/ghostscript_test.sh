@@ -1,0 +1,94 @@
+#!/bin/sh
+# The PostScript stays PostScript: behind the header a job runs through Ghostscript without an error
+# and gives the same pages as before the filter; and every code line of the PPD stores its value.
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+
+PPD=$SOURCE/ppd/kelm-ij.ppd
+PSTOPS=/usr/lib/cups/filter/pstops
+[ -x "$PSTOPS" ] || fail "no $PSTOPS: install the package cups-filters"
+export PPD
+
+# pages FILE FOLDER : FILE's pages as pictures in FOLDER, and what the interpreter said in FOLDER/log
+pages() {
+  mkdir "$2"
+  gs -dSAFER -dBATCH -dNOPAUSE -q -r30 -sDEVICE=ppmraw "-sOutputFile=$2/%d.ppm" "$1" \
+    >"$2/log" 2>&1 || fail "$1: $(cat "$2/log")"
+  expect "words of the interpreter" "" "$(cat "$2/log")"
+}
+
+# stored FILE KEYWORD... : the values that FILE leaves for the printer, one a line; "-" for none
+stored() {
+  file=$1
+  shift
+  for keyword; do
+    echo "userdict /$keyword known {userdict /$keyword get =} {(-) =} ifelse"
+  done >"$W/probe.ps"
+  gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=nullpage "$file" "$W/probe.ps"
+}
+
+# job NAME OPTIONS : the example document with OPTIONS before the filter and behind it; their pages
+# are compared
+job() {
+  "$PSTOPS" 7 miller Report 1 "$2" "$SOURCE/examples/document.ps" >"$W/$1.before" 2>"$W/$1.log"
+  "$BUILD/kelmfilter" 7 miller Report 1 "$2" <"$W/$1.before" >"$W/$1.prn"
+  sed '1,/^@PJL ENTER LANGUAGE=POSTSCRIPT$/d' "$W/$1.prn" >"$W/$1.after"
+  pages "$W/$1.before" "$W/$1.pages_before" &
+  before=$!
+  pages "$W/$1.after" "$W/$1.pages_after"
+  wait $before || fail "$1: not printed before the filter"
+  expect "$1: pages" "$3" "$(find "$W/$1.pages_after" -name '*.ppm' | wc -l)"
+  diff -r "$W/$1.pages_before" "$W/$1.pages_after" >&2 || fail "$1: the pages differ"
+}
+
+# A blank page proves nothing.
+has_ink() { [ "$(tail -c +20 "$1" | tr -d '\377' | wc -c)" -gt 1000 ]; }
+
+TEXTS='QVOwnerNameInfo=Custom.M\ Miller QVJobNameInfo=Custom.Report\ (2) QVSecretNumInfo=Custom.0042
+  QVJobComment=Custom.Hello\ World QVBarcodeSelection=Custom.a(b QVOutputProfileSelection=Custom.My_1
+  QVFormSelect1=Custom.Head QVFormSelect2=Custom.Grüße QVZoomRate=Custom.141
+  QVImageShiftFrontV=Custom.-150 QVGCCyan=Custom.90'
+
+# The example job, and the document as the maker's dialog would have sent it.
+job plain "$(cat "$SOURCE/examples/options")" 3
+for picture in "$W"/plain.pages_after/*.ppm; do
+  has_ink "$picture" || fail "$picture is blank"
+done
+job dialog "PrintPDE QVDuplex=LongEdge QVTargetPaperSize=Custom QVPageNumPrintPSValue=On
+  QVTextInfoTextValueUTF8=54657874 QVJobCommentTextValueUTF8=436F6D QVPageTrayStandardTrayValue=1-2" 3
+expect "values of the dialog" "On 54657874 436F6D 1-2 8" \
+  "$(stored "$W/dialog.after" QVPageNumPrint QVTextInfo QVJobComment QVPageTrayStandard \
+    QVStampPageSize | xargs)"
+
+# Every typed text, parentheses included, and typed numbers.
+job texts "$TEXTS" 3
+expect "typed values" "4D204D696C6C6572 5265706F727420283229 0042 48656C6C6F20576F726C64 612862 \
+4D795F31 48656164 4772C3BCC39F65 141 -150 90 On -" \
+  "$(stored "$W/texts.after" QVOwnerNameInfo QVJobNameInfo QVSecretNumInfo QVJobComment \
+    QVBarcodeSelection QVOutputProfileSelection QVFormSelect1 QVFormSelect2 QVZoomRate \
+    QVImageShiftFrontV QVGCCyan QVBarcodeArea QVPageNumPrint | xargs)"
+
+# Wide paper, with the page device asked for its size in 1/100 mm (842 x 595 points).
+job wide 'media=Custom.842x595 PageSize=Custom.842x595 QVOrientation=Landscape' 3
+expect "page size" "29704 20990 Landscape" \
+  "$(stored "$W/wide.after" QVPAGESizeWidth QVPAGESizeHeight QVOrientation | xargs)"
+
+# Every code line of the PPD by itself: it stores a string and leaves nothing on the stack. pstops
+# hides errors in features, so here nothing stands around the line.
+awk '
+  /^\*(Custom)?QV[A-Za-z0-9]+ [^:]*: "..*"$/ {
+    keyword = substr($1, 2)
+    custom = sub(/^Custom/, "", keyword)
+    code = $0
+    sub(/^[^:]*: "/, "", code)
+    sub(/"$/, "", code)
+    print "userdict /" keyword " undef count"
+    if (custom && code ~ /^20 string/) print "-1234"
+    print code
+    print "count 1 sub ne userdict /" keyword " 2 copy known {get type /stringtype ne} {pop pop true} ifelse or"
+    print "{(wrong: " keyword ") =} if"
+    ++lines
+  }
+  END { print "(" lines " lines) =" }' "$PPD" >"$W/lines.ps"
+expect "code lines" "472 lines" \
+  "$(gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=nullpage "$W/lines.ps" 2>&1)"

@@ -1,0 +1,38 @@
+#!/bin/sh
+# The PPD is sound, the print server finds it where it is installed, and a queue can be made of it.
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+
+PPD=$SOURCE/ppd/kelm-ij.ppd
+
+# cupstestppd looks for the filter under a root of its own. It remarks on two things that the printer
+# decides, and on nothing else: the names and sizes of its papers, and keywords that begin alike.
+install -D -m 755 "$BUILD/kelmfilter" "$W/root/usr/lib/cups/filter/kelmfilter"
+cupstestppd -R "$W/root" -W none "$PPD" >"$W/remarks" || fail "cupstestppd: $(cat "$W/remarks")"
+expect_line "$W/remarks" "$PPD: PASS"
+grep -v -e ': PASS$' \
+  -e '^ *WARN    Size "[A-Za-z0-9]*" should be \(the Adobe standard name \)\{0,1\}"[A-Za-z0-9]*"\.$' \
+  -e '^ *WARN    QV[A-Za-z]* shares a common prefix with QV[A-Za-z0-9]*$' \
+  -e '^ *REF: Page 15, section 3\.2\.$' "$W/remarks" >"$W/other_remarks" || true
+expect "other remarks of cupstestppd" "" "$(cat "$W/other_remarks")"
+
+# Installed as "make install" does it.
+mount -t tmpfs none /usr/share/ppd
+cmake -P "$BUILD/ppd/cmake_install.cmake" >"$W/install_log"
+cups_setup
+cups_start
+lpinfo -m >"$W/models"
+name=$(sed -n 's/ KELM IJ PostScript$//p' "$W/models" | grep 'kelm/kelm-ij.ppd$') ||
+  fail "lpinfo -m does not list the printer"
+lpadmin -p office -E -v socket://127.0.0.1:9100 -m "$name" 2>"$W/lpadmin_log" ||
+  fail "lpadmin refused the model $name"
+cmp "$PPD" "$(cups_queue_ppd office)" || fail "the queue's PPD is another one"
+
+# Every option of the printer is there for a command line, and no conflict in the defaults.
+lpoptions -p office -l >"$W/options"
+expect "options" 129 "$(grep -c '^QV' "$W/options")"
+expect_line "$W/options" 'QVStapleMode/Staple: *OFF OneStaple TwoStaple Left1 Right1'
+expect_line "$W/options" 'QVJobComment/Job comment: *OFF Custom.STRING'
+expect_line "$W/options" 'QVGCCyan/Colour balance, cyan: *100 Custom.INT'

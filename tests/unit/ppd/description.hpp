@@ -1,0 +1,51 @@
+// The queue's PPD as libcups reads it, for the tests of this folder.
+#pragma once
+
+#include <cups/ppd.h>
+
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace kelm::tests {
+
+// One choice of an option, with the code that pstops writes for it.
+struct Choice {
+  std::string name;
+  std::string code;
+  bool custom = false;  // the typed one; its name is "Custom"
+};
+
+struct Option {
+  std::string keyword;
+  std::string defaultChoice;
+  std::vector<Choice> choices;  // the typed one last
+
+  // The names of the choices that need no typing.
+  std::set<std::string> choiceNames() const;
+  bool hasChoice(std::string_view name) const;
+};
+
+// The file in the source tree. A file that libcups refuses has no options at all.
+class Description {
+ public:
+  Description();
+  ~Description();
+  Description(const Description&) = delete;
+  Description& operator=(const Description&) = delete;
+
+  static const char* path();
+  ppd_file_t* ppd() const { return ppd_; }
+  const std::vector<Option>& options() const { return options_; }
+  // Null when there is no such option.
+  const Option* find(std::string_view keyword) const;
+  // The options of the printer's own, without paper sizes.
+  std::vector<const Option*> printerOptions() const;
+
+ private:
+  ppd_file_t* ppd_;
+  std::vector<Option> options_;
+};
+
+}  // namespace kelm::tests

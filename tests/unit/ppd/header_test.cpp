@@ -1,0 +1,213 @@
+// The PPD's options against the rows of the header: choices, options, and what defaults mean.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <strings.h>
+
+#include <algorithm>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <variant>
+
+#include "pjl/paper_tables.hpp"
+#include "pjl/sequence.hpp"
+#include "pjl/value_tables.hpp"
+#include "platform/fake/fake_platform.hpp"
+#include "psrewrite/features.hpp"
+#include "psrewrite/forms.hpp"
+#include "tests/support/memory_job.hpp"
+#include "tests/unit/ppd/description.hpp"
+
+namespace kelm::tests {
+namespace {
+
+using Names = std::set<std::string>;
+
+// What the header reads: the choices of options that go through a table, and the options that are
+// copied or have a writer of their own.
+struct HeaderSources {
+  std::map<std::string, Names> choices;
+  Names others;
+};
+
+void addTable(HeaderSources& sources, const char* option, std::span<const base::ValueRow> rows) {
+  for (const base::ValueRow& row : rows) {
+    if (row.key != nullptr) sources.choices[option].insert(row.key);
+  }
+}
+
+// Collects the options that one row reads for a plain job.
+struct Collector {
+  HeaderSources& sources;
+
+  void operator()(const pjl::TableVariable* row) { add(*row); }
+  void operator()(const pjl::CopyVariable* row) { add(*row); }
+  void operator()(const pjl::UpperCaseVariable* row) { add(*row); }
+  void operator()(const pjl::OrientationVariable* row) {
+    for (const pjl::OrientationRow& each : row->rows) {
+      sources.choices[row->optionKey].insert(each.name);
+    }
+  }
+  template <class Row>
+  void operator()(const pjl::TwoRoads<Row>* row) {
+    add(row->plain);
+  }
+  // Its sources are named in prose.
+  void operator()(const pjl::OwnVariable* row) {
+    static const std::regex kKeyword("QV[A-Za-z0-9]+");
+    const std::string prose = row->plainSource;
+    for (std::sregex_iterator at(prose.begin(), prose.end(), kKeyword), end; at != end; ++at) {
+      sources.others.insert(at->str());
+    }
+  }
+
+  void add(const pjl::TableVariable& row) { addTable(sources, row.optionKey, row.table.rows); }
+  void add(const pjl::CopyVariable& row) { sources.others.insert(row.optionKey); }
+  void add(const pjl::UpperCaseVariable& row) { sources.others.insert(row.optionKey); }
+};
+
+// Tables that belong to writers with logic of their own.
+void addOwnTables(HeaderSources& sources) {
+  addTable(sources, "QVOutputFace", pjl::kOutputFace.rows);
+  addTable(sources, "QVTargetPaperSize", pjl::kTargetPaperNames.rows);
+  addTable(sources, "QVFormSelect1", psrewrite::kFormTags);
+  addTable(sources, "QVFormSelect2", psrewrite::kFormTags);
+  addTable(sources, "PageSize", pjl::kPaperNames.rows);
+  sources.choices["QVDuplex"] = {"OFF", "LongEdge", "ShortEdge"};
+  sources.choices["QVOutputProfileSelection"] = {"Auto", "NotUse"};
+}
+
+HeaderSources headerSources(bool dialogOnly) {
+  HeaderSources sources;
+  for (const pjl::HeaderSection& section : pjl::headerSections()) {
+    if (section.dialogOnly != dialogOnly) continue;
+    for (const pjl::HeaderStep& step : section.steps) std::visit(Collector{sources}, step);
+  }
+  if (!dialogOnly) addOwnTables(sources);
+  return sources;
+}
+
+// The tables of both kinds of sections: a table of the dialog's counts when it reads a PPD keyword.
+std::map<std::string, Names> allTables() {
+  std::map<std::string, Names> tables = headerSources(false).choices;
+  tables.merge(headerSources(true).choices);
+  return tables;
+}
+
+// Keys that the maker's dialog and the print system fill; they are no options of the PPD.
+bool isValueKey(const std::string& key) {
+  return key.ends_with("Value") || key.ends_with("Value100");
+}
+
+std::string header(const TestJob::Options& options) {
+  TestJob job(options, Description::path());
+  MemoryOutput output;
+  pjl::OutputPJL(output.stream(), *job);
+  return output.text();
+}
+
+TEST(HeaderTables, HaveARowForEveryChoiceOfThePpd) {
+  const Description description;
+  for (const auto& [keyword, rows] : allTables()) {
+    const Option* option = description.find(keyword);
+    if (option == nullptr) continue;
+    for (const std::string& choice : option->choiceNames()) {
+      EXPECT_THAT(rows, testing::Contains(choice)) << keyword;
+    }
+  }
+}
+
+// A row without a choice of its own is a second spelling of one (print systems send "true" for
+// "True"), or the choice "Custom", a name that print systems refuse.
+TEST(HeaderTables, HaveNoRowWithoutAChoiceOfThePpd) {
+  const Description description;
+  for (const auto& [keyword, rows] : allTables()) {
+    const Option* option = description.find(keyword);
+    if (option == nullptr) continue;
+    Names missing;
+    for (const std::string& row : rows) {
+      const bool found = std::ranges::any_of(option->choices, [&](const Choice& choice) {
+        return strcasecmp(choice.name.c_str(), row.c_str()) == 0;
+      });
+      if (!found) missing.insert(row);
+    }
+    const Names expected = keyword == "QVDateSpecify" ? Names{"Custom"} : Names{};
+    EXPECT_EQ(expected, missing) << keyword;
+  }
+}
+
+TEST(HeaderTables, ReadNoOptionThatThePpdLacks) {
+  const Description description;
+  const HeaderSources plain = headerSources(false);
+  Names keys = plain.others;
+  for (const auto& [keyword, rows] : plain.choices) keys.insert(keyword);
+  for (const std::string& key : keys) {
+    EXPECT_TRUE(isValueKey(key) || description.find(key) != nullptr) << key;
+  }
+}
+
+TEST(HeaderTables, AndFeaturesTogetherKnowEveryOptionOfThePpd) {
+  const Description description;
+  const HeaderSources plain = headerSources(false);
+  for (const Option* option : description.printerOptions()) {
+    const bool inHeader =
+        plain.choices.contains(option->keyword) || plain.others.contains(option->keyword);
+    const bool isFeature = std::ranges::any_of(psrewrite::features(), [&](const auto& feature) {
+      return feature.keyword == option->keyword;
+    });
+    EXPECT_TRUE(inHeader || isFeature) << option->keyword;
+  }
+}
+
+TEST(HeaderTables, HaveThe129OptionsOfThePrinter) {
+  EXPECT_EQ(129U, Description().printerOptions().size());
+}
+
+TEST(Default, IsAChoiceOfItsOption) {
+  const Description description;
+  for (const Option& option : description.options()) {
+    EXPECT_TRUE(option.hasChoice(option.defaultChoice)) << option.keyword;
+  }
+}
+
+TEST(Default, MeansTheSameAsAnAbsentOption) {
+  platform::FakePlatform platform;
+  const Description description;
+  const std::string absent = header({});
+  TestJob::Options all;
+  for (const Option* option : description.printerOptions()) {
+    EXPECT_EQ(absent, header({{option->keyword, option->defaultChoice}})) << option->keyword;
+    all.emplace_back(option->keyword, option->defaultChoice);
+  }
+  EXPECT_EQ(absent, header(all));
+}
+
+TEST(Default, PaperMeansTheSameAsNoMedia) {
+  platform::FakePlatform platform;
+  EXPECT_EQ(header({}), header({{"media", Description().find("PageSize")->defaultChoice}}));
+}
+
+TEST(Default, OutputFaceMeansTheSameAsNoneWhereTheTrayLeavesTheFaceToTheJob) {
+  platform::FakePlatform platform;
+  const std::string face = Description().find("QVOutputFace")->defaultChoice;
+  EXPECT_EQ(header({{"QVOutputTray", "Stacker"}}),
+            header({{"QVOutputTray", "Stacker"}, {"QVOutputFace", face}}));
+}
+
+// The maker's dialog takes sheets from tray 1 where plain dialogs take the standard tray.
+TEST(Default, MeansTheSameInADialogJobButForSheetTrays) {
+  platform::FakePlatform platform;
+  const Names sheetTrays = {"QVBookletCoverSheetTray", "QVJobSepSheetTray", "QVFrontCoverSheetTray",
+                            "QVBackCoverSheetTray"};
+  const std::string absent = header({{"PrintPDE", "1"}});
+  const Description description;
+  for (const Option* option : description.printerOptions()) {
+    const std::string chosen =
+        header({{"PrintPDE", "1"}, {option->keyword, option->defaultChoice}});
+    EXPECT_EQ(sheetTrays.contains(option->keyword), absent != chosen) << option->keyword;
+  }
+}
+
+}  // namespace
+}  // namespace kelm::tests

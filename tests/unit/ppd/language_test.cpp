@@ -1,0 +1,121 @@
+// The PPD's translations: every text that a dialog shows, in every language.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <span>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "tests/unit/ppd/description.hpp"
+
+// libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace kelm::tests {
+namespace {
+
+struct Language {
+  const char* code;    // as the PPD prefixes its keywords
+  const char* locale;  // as the environment names it
+  const char* stapleOff;
+  const char* form3;
+};
+
+constexpr Language kLanguages[] = {
+    {"de", "de_DE.UTF-8", "Aus", "Formular 3"},
+    {"fr", "fr_FR.UTF-8", "Désactivé", "Formulaire 3"},
+    {"ja", "ja_JP.UTF-8", "オフ", "フォーム3"},
+};
+
+class Translation : public testing::TestWithParam<Language> {
+ protected:
+  // libcups keeps the language of a thread, and of a PPD only the translations into it.
+  template <class Check>
+  void inLanguage(Check check) {
+    setenv("LC_ALL", GetParam().locale, 1);
+    std::thread([&] { check(Description()); }).join();
+    unsetenv("LC_ALL");
+  }
+
+  void expectText(const Description& description, const std::string& keyword,
+                  const std::string& choice) {
+    const std::string localized = std::string(GetParam().code) + "." + keyword;
+    const ppd_attr_t* attribute = ppdFindAttr(description.ppd(), localized.c_str(), choice.c_str());
+    ASSERT_NE(nullptr, attribute) << localized << " " << choice << " is missing";
+    EXPECT_STRNE("", attribute->text) << localized << " " << choice;
+  }
+};
+
+INSTANTIATE_TEST_SUITE_P(, Translation, testing::ValuesIn(kLanguages),
+                         [](const auto& language) { return std::string(language.param.code); });
+
+TEST_P(Translation, CoversEveryGroup) {
+  inLanguage([&](const Description& description) {
+    const std::span groups(description.ppd()->groups, size_t(description.ppd()->num_groups));
+    EXPECT_EQ(8U, groups.size());
+    for (const ppd_group_t& group : groups) expectText(description, "Translation", group.name);
+  });
+}
+
+TEST_P(Translation, CoversEveryOptionAndEveryChoice) {
+  inLanguage([&](const Description& description) {
+    for (const Option& option : description.options()) {
+      expectText(description, "Translation", option.keyword);
+      for (const std::string& choice : option.choiceNames()) {
+        expectText(description, option.keyword, choice);
+      }
+    }
+  });
+}
+
+TEST_P(Translation, CoversEveryTypedValue) {
+  inLanguage([&](const Description& description) {
+    for (const Option& option : description.options()) {
+      ppd_coption_t* custom = ppdFindCustomOption(description.ppd(), option.keyword.c_str());
+      if (custom == nullptr) continue;
+      expectText(description, "Custom" + option.keyword, "True");
+      for (ppd_cparam_t* parameter = ppdFirstCustomParam(custom); parameter != nullptr;
+           parameter = ppdNextCustomParam(custom)) {
+        expectText(description, "ParamCustom" + option.keyword, parameter->name);
+      }
+    }
+  });
+}
+
+TEST_P(Translation, ReachesDialogsThroughThePrintSystem) {
+  inLanguage([&](const Description& description) {
+    ppdLocalize(description.ppd());
+    const auto label = [&](const char* keyword, const char* choice) {
+      return std::string(ppdFindChoice(ppdFindOption(description.ppd(), keyword), choice)->text);
+    };
+    EXPECT_EQ(GetParam().stapleOff, label("QVStapleMode", "OFF"));
+    EXPECT_EQ(GetParam().form3, label("QVFormSelect1", "Form3"));
+  });
+}
+
+// A form or a profile may be named by its label, so no label stands for two choices.
+TEST_P(Translation, GivesNoTwoChoicesOfAnOptionOneLabel) {
+  inLanguage([&](const Description& description) {
+    ppdLocalize(description.ppd());
+    for (const Option& option : description.options()) {
+      const ppd_option_t* localized = ppdFindOption(description.ppd(), option.keyword.c_str());
+      std::set<std::string> labels;
+      for (const ppd_choice_t& choice :
+           std::span(localized->choices, size_t(localized->num_choices))) {
+        EXPECT_TRUE(labels.insert(choice.text).second) << option.keyword << ": " << choice.text;
+      }
+    }
+  });
+}
+
+TEST(Languages, AreNamedInThePpd) {
+  const Description description;
+  const ppd_attr_t* languages = ppdFindAttr(description.ppd(), "cupsLanguages", nullptr);
+  ASSERT_NE(nullptr, languages);
+  EXPECT_STREQ("en de fr ja", languages->value);
+}
+
+}  // namespace
+}  // namespace kelm::tests

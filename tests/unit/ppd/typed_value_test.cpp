@@ -1,0 +1,90 @@
+// The PPD's custom parameters against the fields that the filter checks.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "psrewrite/text_fields.hpp"
+#include "tests/unit/ppd/description.hpp"
+
+// libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace kelm::tests {
+namespace {
+
+constexpr psrewrite::TextField kFields[] = {
+    psrewrite::kOwnerName,        psrewrite::kJobName,       psrewrite::kSecretNum,
+    psrewrite::kJobComment,       psrewrite::kFormSelect1,   psrewrite::kFormSelect2,
+    psrewrite::kBarcodeSelection, psrewrite::kOutputProfile,
+};
+
+const std::set<std::string> kNumbers = {
+    "QVZoomRate",
+    "QVImageShiftFrontV",
+    "QVImageShiftFrontH",
+    "QVImageShiftBackV",
+    "QVImageShiftBackH",
+    "QVGutterDistance",
+    "QVBookletGutterDistance",
+    "QVGCCyan",
+    "QVGCMagenta",
+    "QVGCYellow",
+    "QVGCBlack",
+    "QVGCGray",
+    "QVGCRed",
+};
+
+// The only parameter of a typed value; null when there is none.
+const ppd_cparam_t* parameterOf(const Description& description, const std::string& keyword) {
+  ppd_coption_t* option = ppdFindCustomOption(description.ppd(), keyword.c_str());
+  return option == nullptr ? nullptr : ppdFirstCustomParam(option);
+}
+
+TEST(TypedText, HasTheLimitsThatTheFilterChecks) {
+  const Description description;
+  for (const psrewrite::TextField& field : kFields) {
+    const ppd_cparam_t* parameter = parameterOf(description, field.key);
+    ASSERT_NE(nullptr, parameter) << field.key;
+    const bool pin = field.rule == psrewrite::kSecretNumSet;
+    EXPECT_EQ(pin ? PPD_CUSTOM_PASSCODE : PPD_CUSTOM_STRING, parameter->type) << field.key;
+    // The limits of strings and passcodes are in one place of a union.
+    EXPECT_EQ(field.min, std::size_t(parameter->minimum.custom_string)) << field.key;
+    EXPECT_EQ(field.max, std::size_t(parameter->maximum.custom_string)) << field.key;
+  }
+}
+
+TEST(TypedText, CanBeLeftOutByTheChoiceThatTheFilterTakesForNothing) {
+  const Description description;
+  for (const psrewrite::TextField& field : kFields) {
+    EXPECT_TRUE(description.find(field.key)->hasChoice(field.offWord)) << field.key;
+  }
+}
+
+TEST(TypedNumber, IsAWholeNumberWithTheDefaultInItsRange) {
+  const Description description;
+  for (const std::string& keyword : kNumbers) {
+    const ppd_cparam_t* parameter = parameterOf(description, keyword);
+    ASSERT_NE(nullptr, parameter) << keyword;
+    EXPECT_EQ(PPD_CUSTOM_INT, parameter->type) << keyword;
+    const std::string choice = description.find(keyword)->defaultChoice;
+    const int usual = choice == "OFF" ? 100 : std::stoi(choice);
+    EXPECT_LE(parameter->minimum.custom_int, usual) << keyword;
+    EXPECT_GE(parameter->maximum.custom_int, usual) << keyword;
+  }
+}
+
+TEST(TypedValue, ExistsForNoOtherOption) {
+  std::set<std::string> expected = kNumbers;
+  for (const psrewrite::TextField& field : kFields) expected.insert(field.key);
+  const Description description;
+  std::set<std::string> found;
+  for (const Option* option : description.printerOptions()) {
+    if (option->hasChoice("Custom")) found.insert(option->keyword);
+  }
+  EXPECT_EQ(expected, found);
+}
+
+}  // namespace
+}  // namespace kelm::tests
