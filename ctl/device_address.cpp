@@ -8,6 +8,8 @@
 #include <memory>
 #include <string_view>
 
+#include "wakeup/xpc_call_object.hpp"
+
 namespace kelm::ctl {
 namespace {
 
@@ -45,6 +47,9 @@ std::string lookUp(const std::string& host, int family) {
 }  // namespace
 
 std::string addressOfDevice(const std::string& deviceUri) {
+  if (deviceUri.starts_with("dnssd://")) {
+    return wakeup::XPCCallObject::ConvertDeviceURItoIPAddress_(deviceUri).value_or("");
+  }
   const std::string host = hostOf(deviceUri);
   if (host.empty() || host.find(':') != std::string::npos) return host;
   const std::string address = lookUp(host, AF_INET);

@@ -44,9 +44,7 @@ std::string wholeText(const char* text) {
   return "";
 }
 
-std::string readable(const char* text) {
-  return safeText(wholeText(text));
-}
+std::string readable(const char* text) { return safeText(wholeText(text)); }
 
 void printChoice(std::ostream& out, const ppd_choice_t& choice) {
   out << (choice.marked != 0 ? "    * " : "      ") << readable(choice.text) << "  ("

@@ -25,9 +25,7 @@ struct Arguments {
   bool json = false;
 };
 
-Json jsonOf(const Names& names) {
-  return names ? Json(*names) : Json(nullptr);
-}
+Json jsonOf(const Names& names) { return names ? Json(*names) : Json(nullptr); }
 
 Json jsonOf(const std::optional<std::vector<SharedBox>>& boxes) {
   if (!boxes) return nullptr;

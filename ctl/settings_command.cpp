@@ -54,15 +54,9 @@ constexpr Setting kSettings[] = {
 
 constexpr int kLabelWidth = 26;
 
-std::string readable(bool value) {
-  return value ? "yes" : "no";
-}
-std::string readable(const std::string& text) {
-  return text.empty() ? "(none)" : safeText(text);
-}
-std::string readable(std::int32_t number) {
-  return std::to_string(number);
-}
+std::string readable(bool value) { return value ? "yes" : "no"; }
+std::string readable(const std::string& text) { return text.empty() ? "(none)" : safeText(text); }
+std::string readable(std::int32_t number) { return std::to_string(number); }
 
 template <class Value>
 StoredSetting readableSetting(const char* label, const Value& value) {

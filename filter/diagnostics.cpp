@@ -66,9 +66,7 @@ bool diagnosticsWanted() {
   return access(path.c_str(), F_OK) == 0;
 }
 
-void LogFileMessageCheck(bool flag) {
-  fileOutPutFlag = flag;
-}
+void LogFileMessageCheck(bool flag) { fileOutPutFlag = flag; }
 
 void ClearLogFileName(const PrintJobData* job) {
   if (!fileOutPutFlag) return;
@@ -79,25 +77,15 @@ void ClearLogFileName(const PrintJobData* job) {
   nameFile(file_3_Name, 3, prefix, time);
 }
 
-void LogFile1Message(const char* text, bool newline) {
-  append(file_1_Name, text, newline);
-}
+void LogFile1Message(const char* text, bool newline) { append(file_1_Name, text, newline); }
 
-void LogFile2Message_char(const char* text, bool newline) {
-  append(file_2_Name, text, newline);
-}
+void LogFile2Message_char(const char* text, bool newline) { append(file_2_Name, text, newline); }
 
-void LogFile3Message_char(const char* text, bool newline) {
-  append(file_3_Name, text, newline);
-}
+void LogFile3Message_char(const char* text, bool newline) { append(file_3_Name, text, newline); }
 
-void LogFile2Message(int character) {
-  appendCharacter(file_2_Name, character);
-}
+void LogFile2Message(int character) { appendCharacter(file_2_Name, character); }
 
-void LogFile3Message(int character) {
-  appendCharacter(file_3_Name, character);
-}
+void LogFile3Message(int character) { appendCharacter(file_3_Name, character); }
 
 void LogFile3Message_char_join(const char* format, int value, bool newline) {
   std::array<char, kJoinBufferSize> text{};

@@ -63,9 +63,7 @@ ppd_file_t* KelmPPD::ppdOpenFile_(const char* path) {
   return model ? buildRecord(*model, std::calloc) : nullptr;
 }
 
-void KelmPPD::ppdClose_(ppd_file_t* ppd) {
-  freeRecord(ppd);
-}
+void KelmPPD::ppdClose_(ppd_file_t* ppd) { freeRecord(ppd); }
 
 std::vector<std::u16string> KelmPPD::groupKeyword_(std::u16string_view text) {
   return PPDText(text).groupKeywords();

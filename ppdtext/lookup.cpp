@@ -9,9 +9,7 @@
 namespace kelm::ppdtext {
 namespace {
 
-bool isAbsent(const char* text) {
-  return text == nullptr || *text == '\0';
-}
+bool isAbsent(const char* text) { return text == nullptr || *text == '\0'; }
 
 // The choice that is `keyword` when both are in upper case; null also when either is not UTF-8.
 ppd_choice_t* choiceInAnyCase(const ppd_option_t& option, const char* keyword) {

@@ -17,9 +17,7 @@ constexpr std::size_t kMaxUnits = std::numeric_limits<std::int32_t>::max() / kGr
 
 constexpr UChar32 kReplacement = 0xFFFD;
 
-bool continuesCharacter(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
-}
+bool continuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; }
 
 // Fills a text of at most `room` units by `convert`(units, room, length, status).
 template <class String, class Convert>
@@ -33,9 +31,7 @@ std::optional<String> filled(std::size_t room, Convert convert) {
   return result;
 }
 
-std::int32_t unitsOf(std::u16string_view text) {
-  return static_cast<std::int32_t>(text.size());
-}
+std::int32_t unitsOf(std::u16string_view text) { return static_cast<std::int32_t>(text.size()); }
 
 }  // namespace
 

@@ -34,9 +34,7 @@ void addObject(netsnmp_pdu& request, const OidText& object) {
 }
 
 // The library reads these texts and copies them, but its types do not say so.
-char* asLibraryText(const char* text) {
-  return const_cast<char*>(text);
-}
+char* asLibraryText(const char* text) { return const_cast<char*>(text); }
 
 }  // namespace
 

@@ -58,9 +58,7 @@ struct Times {
   double mark = 1e9;
 };
 
-double since(Clock::time_point start) {
-  return Milliseconds(Clock::now() - start).count();
-}
+double since(Clock::time_point start) { return Milliseconds(Clock::now() - start).count(); }
 
 void measure(const std::u16string& text, Times& best) {
   auto start = Clock::now();

@@ -35,4 +35,4 @@ lpoptions -p office -l >"$W/options"
 expect "options" 129 "$(grep -c '^QV' "$W/options")"
 expect_line "$W/options" 'QVStapleMode/Staple: *OFF OneStaple TwoStaple Left1 Right1'
 expect_line "$W/options" 'QVJobComment/Job comment: *OFF Custom.STRING'
-expect_line "$W/options" 'QVGCCyan/Colour balance, cyan: *100 Custom.INT'
+expect_line "$W/options" 'QVGCCyan/Colour balance, cyan: *100 Custom.INTEGER'

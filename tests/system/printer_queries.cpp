@@ -75,9 +75,7 @@ double secondsOf(Question question) {
 
 // --- many_boxes.mib ---
 
-TEST(ManyBoxes, AreAHundred) {
-  EXPECT_EQ(sharedBoxCount(), 100);
-}
+TEST(ManyBoxes, AreAHundred) { EXPECT_EQ(sharedBoxCount(), 100); }
 
 TEST(ManyBoxes, AreGivenInUseOrNot) {
   const auto states = boxStates(100);
@@ -137,9 +135,7 @@ TEST(SingleFacts, AreWhatThePrinterSays) {
   expectSleepMode(0, 2);
 }
 
-TEST(TestValue, IsEmptyWhateverTheAgentSays) {
-  EXPECT_EQ(QVSNMPHelper::snmpGetTestValue(), "");
-}
+TEST(TestValue, IsEmptyWhateverTheAgentSays) { EXPECT_EQ(QVSNMPHelper::snmpGetTestValue(), ""); }
 
 // --- few_boxes.mib ---
 
@@ -148,9 +144,7 @@ TEST(FewBoxes, AreThirty) {
   EXPECT_THAT(boxStates(30), testing::Optional(SizeIs(30)));
 }
 
-TEST(FewBoxes, AreNoneWhenAHundredAreAskedFor) {
-  EXPECT_EQ(boxStates(100), std::nullopt);
-}
+TEST(FewBoxes, AreNoneWhenAHundredAreAskedFor) { EXPECT_EQ(boxStates(100), std::nullopt); }
 
 TEST(FewBoxes, KeepTheirPlaceWithAnEmptyName) {
   const auto names = boxNames(30);
@@ -240,15 +234,11 @@ TEST(SilenceTimes, AreThreeTimesLongerForTheMacAddressThanForTheSleepMode) {
   EXPECT_LT(address, 3.5 * sleepMode);
 }
 
-TEST(WrongCommunity, IsSilence) {
-  expectSleepMode(2, -1);
-}
+TEST(WrongCommunity, IsSilence) { expectSleepMode(2, -1); }
 
 // --- odd_agent.py ---
 
-TEST(LateAgent, IsHeardAfterTheRequestWasRepeated) {
-  expectSleepMode(0, 1);
-}
+TEST(LateAgent, IsHeardAfterTheRequestWasRepeated) { expectSleepMode(0, 1); }
 
 TEST(SecondRequest, ForAHundredBoxesComesTenTimesLaterThanForThirty) {
   const char* address = printer();
@@ -294,9 +284,7 @@ TEST(AgentError, IsACompletedExchangeWithoutAValue) {
 
 // --- An IPv6 address without a zone: the library reads "::1:161" as one address ---
 
-TEST(PlainIPv6Address, IsTakenForAnotherOneByTheLibrary) {
-  expectSleepMode(1, -1);
-}
+TEST(PlainIPv6Address, IsTakenForAnotherOneByTheLibrary) { expectSleepMode(1, -1); }
 
 }  // namespace
 }  // namespace kelm::snmp

@@ -107,9 +107,7 @@ TEST_F(PpdCommand, NamesAFileWithoutARecord) {
   EXPECT_THAT(outcome.err, HasSubstr("kelmctl: " + file + ": no record"));
 }
 
-TEST_F(PpdCommand, WithoutAFileIsAUsageError) {
-  EXPECT_EQ(runKelmctl({"ppd"}).status, kExitUsage);
-}
+TEST_F(PpdCommand, WithoutAFileIsAUsageError) { EXPECT_EQ(runKelmctl({"ppd"}).status, kExitUsage); }
 
 }  // namespace
 }  // namespace kelm::ctl

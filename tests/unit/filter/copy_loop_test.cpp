@@ -43,9 +43,7 @@ class CopyLoop : public testing::Test {
 
 const Options kStartNumberFive{{"PrintPDE", ""}, {"QVPageNumStartNumValue", "5"}};
 
-TEST_F(CopyLoop, WritesNothingForNothing) {
-  EXPECT_EQ(copied(""), "");
-}
+TEST_F(CopyLoop, WritesNothingForNothing) { EXPECT_EQ(copied(""), ""); }
 
 TEST_F(CopyLoop, PassesEverythingElseUnchanged) {
   const std::string bytes("%!PS\n50% of 100%\r\n%%Page: 1 1\n\0\xFF\n%\n%", 39);

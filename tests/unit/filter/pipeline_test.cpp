@@ -103,9 +103,7 @@ TEST_F(Pipeline, TakesAFolderForAnEmptyInput) {
               EndsWith(kLastHeaderLine));
 }
 
-void shortly() {
-  std::this_thread::sleep_for(std::chrono::milliseconds(10));
-}
+void shortly() { std::this_thread::sleep_for(std::chrono::milliseconds(10)); }
 
 bool terminationIsCaught() {
   struct sigaction action {};

@@ -25,9 +25,7 @@ class PpdCalls : public testing::Test {
   ppd_file_t* ppd_;
 };
 
-TEST_F(PpdCalls, OpenNothingWithoutAFile) {
-  EXPECT_EQ(r_ppdOpenFile("/nonexistent"), nullptr);
-}
+TEST_F(PpdCalls, OpenNothingWithoutAFile) { EXPECT_EQ(r_ppdOpenFile("/nonexistent"), nullptr); }
 
 TEST_F(PpdCalls, FindAttributesByNameAndSpec) {
   const ppd_attr_t* name = r_ppdFindAttr(ppd_, "ModelName", nullptr);

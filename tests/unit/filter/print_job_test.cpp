@@ -188,17 +188,11 @@ TEST(JobName, IsTheTitleInHex) {
   EXPECT_EQ(jobNameFor("", "\xC3\xA9"), "C3A9");
 }
 
-TEST(JobName, WritesATabOfTheTitleAsABlankAndNine) {
-  EXPECT_EQ(jobNameFor("", "A\tB"), "41 942");
-}
+TEST(JobName, WritesATabOfTheTitleAsABlankAndNine) { EXPECT_EQ(jobNameFor("", "A\tB"), "41 942"); }
 
-TEST(JobName, OfAnEmptyTitleIsEmpty) {
-  EXPECT_EQ(jobNameFor("", ""), "");
-}
+TEST(JobName, OfAnEmptyTitleIsEmpty) { EXPECT_EQ(jobNameFor("", ""), ""); }
 
-TEST(JobName, SwitchedOnWithoutATextIsEmpty) {
-  EXPECT_EQ(jobNameFor("QVJobName=ON", "AB"), "");
-}
+TEST(JobName, SwitchedOnWithoutATextIsEmpty) { EXPECT_EQ(jobNameFor("QVJobName=ON", "AB"), ""); }
 
 TEST(JobName, SwitchedOnWithAnEmptyTextIsTheTitle) {
   EXPECT_EQ(jobNameFor("QVJobName=ON QVJobNameTextValueUTF8=\"\"", "AB"), "4142");

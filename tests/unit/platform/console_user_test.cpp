@@ -56,9 +56,7 @@ TEST(ConsoleUser, MayHaveALongRecordAndANameThatIsNotAscii) {
   EXPECT_EQ(consoleUserOf(seatFile("ACTIVE=c1\nACTIVE_UID=4712\n")), "[jürgen]");
 }
 
-TEST(ConsoleUser, IsNobodyWhileNoSessionIsInFront) {
-  EXPECT_EQ(consoleUserOf(seatFile("")), "[]");
-}
+TEST(ConsoleUser, IsNobodyWhileNoSessionIsInFront) { EXPECT_EQ(consoleUserOf(seatFile("")), "[]"); }
 
 TEST(ConsoleUser, IsNobodyWhomTheUserDatabaseDoesNotKnow) {
   EXPECT_EQ(consoleUserOf(seatFile("ACTIVE=4\nACTIVE_UID=4713\n")), "[]");

@@ -57,15 +57,6 @@ TEST_P(Papers, SetThePageToTheSizeOfTheTable) {
   }
 }
 
-TEST(PaperDimension, IsTheSizeOfTheTable) {
-  const Description description;
-  for (const psrewrite::Paper& paper : kPapers) {
-    const ppd_attr_t* attribute = ppdFindAttr(description.ppd(), "PaperDimension", paper.name);
-    ASSERT_NE(nullptr, attribute) << paper.name;
-    EXPECT_EQ(points(paper.width) + " " + points(paper.height), attribute->value) << paper.name;
-  }
-}
-
 // What the print system works with, back in 1/100 mm: 3 mm of each edge are not printed on.
 TEST(PaperDimension, ReachesThePrintSystemWithMarginsOfThreeMillimetres) {
   const Description description;

@@ -70,13 +70,9 @@ std::string chosen(const std::string& language, const std::string& names,
   return languageForRecord(recordNaming(names).get(), {language}, version);
 }
 
-TEST(ChosenLanguage, IsTheUsersWhereThePpdHasIt) {
-  EXPECT_EQ(chosen("de-DE", "en de fr"), "de");
-}
+TEST(ChosenLanguage, IsTheUsersWhereThePpdHasIt) { EXPECT_EQ(chosen("de-DE", "en de fr"), "de"); }
 
-TEST(ChosenLanguage, IsEnglishWhereThePpdHasItNot) {
-  EXPECT_EQ(chosen("it-IT", "en de"), "en");
-}
+TEST(ChosenLanguage, IsEnglishWhereThePpdHasItNot) { EXPECT_EQ(chosen("it-IT", "en de"), "en"); }
 
 TEST(ChosenLanguage, IsEnglishWithoutTheListOfLanguages) {
   const Record record =

@@ -49,9 +49,7 @@ std::string codeOf(const ppd_choice_t& choice) {
   return choice.code == nullptr ? "-" : choice.code;
 }
 
-bool isCustom(const ppd_choice_t& choice) {
-  return std::string_view(choice.choice) == "Custom";
-}
+bool isCustom(const ppd_choice_t& choice) { return std::string_view(choice.choice) == "Custom"; }
 
 // Custom choices have the text "Custom" here, and the text of their line there.
 void expectSameChoices(const ppd_option_t& ours, const ppd_option_t& theirs) {

@@ -100,9 +100,7 @@ TEST(LocalizationEnd, IsTheStartWithoutALine) {
   EXPECT_EQ(localizationEnd(u"*fr.A\nde.B\n", u"de"), 0U);
 }
 
-TEST(LocalizationEnd, TellsLettersApart) {
-  EXPECT_EQ(localizationEnd(u"*DE.A\n", u"de"), 0U);
-}
+TEST(LocalizationEnd, TellsLettersApart) { EXPECT_EQ(localizationEnd(u"*DE.A\n", u"de"), 0U); }
 
 TEST(LocalizationEnd, IsTheEndForALanguageThatIsNoPattern) {
   EXPECT_EQ(localizationEnd(u"*(.A\n--", u"("), 7U);

@@ -131,9 +131,7 @@ TEST_F(Lookup, LeavesAnOptionUnmarkedWhoseDefaultNamesNoChoice) {
   EXPECT_THAT(markedIn("Fold"), IsEmpty());
 }
 
-TEST(MarkDefaults, TakesNoRecord) {
-  KelmPPD::ppdMarkDefaults_(nullptr);
-}
+TEST(MarkDefaults, TakesNoRecord) { KelmPPD::ppdMarkDefaults_(nullptr); }
 
 TEST_F(Lookup, FindsTheMarkedChoiceOfAnOptionInAnyCase) {
   KelmPPD::ppdMarkDefaults_(ppd());

@@ -64,9 +64,7 @@ TEST_F(OpenFile, SaysNothingOfAnOptionWithoutChoices) {
   EXPECT_THAT(system.systemLog.messages, IsEmpty());
 }
 
-TEST(ClosePpd, TakesNoRecord) {
-  KelmPPD::ppdClose_(nullptr);
-}
+TEST(ClosePpd, TakesNoRecord) { KelmPPD::ppdClose_(nullptr); }
 
 TEST(Record, HoldsNoOptionBehindTheEndOfTheAdvancedGroup) {
   const Record record =

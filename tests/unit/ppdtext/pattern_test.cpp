@@ -36,13 +36,9 @@ TEST(Pattern, ThatDoesNotCompileHasNoMatches) {
   EXPECT_THAT(pattern.allMatches(u"(a"), ElementsAre());
 }
 
-TEST(Pattern, WithoutTextIsInvalid) {
-  EXPECT_FALSE(Pattern(u"").isValid());
-}
+TEST(Pattern, WithoutTextIsInvalid) { EXPECT_FALSE(Pattern(u"").isValid()); }
 
-TEST(Pattern, SearchesAnEmptyText) {
-  EXPECT_FALSE(Pattern(u"a").firstMatch({}));
-}
+TEST(Pattern, SearchesAnEmptyText) { EXPECT_FALSE(Pattern(u"a").firstMatch({})); }
 
 TEST(Pattern, ThatRunsAwayHasNoMatches) {
   const Pattern pattern(u"(a+)+b");

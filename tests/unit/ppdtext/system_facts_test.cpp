@@ -42,9 +42,7 @@ class LocaleEnvironment : public testing::Test {
   std::map<std::string, std::optional<std::string>> before_;
 };
 
-TEST_F(LocaleEnvironment, IsEnglishWhenNothingIsSet) {
-  EXPECT_THAT(tags(), ElementsAre("en"));
-}
+TEST_F(LocaleEnvironment, IsEnglishWhenNothingIsSet) { EXPECT_THAT(tags(), ElementsAre("en")); }
 
 TEST_F(LocaleEnvironment, IsEnglishInTheStandardLocale) {
   EXPECT_THAT(tagsOf("C"), ElementsAre("en"));

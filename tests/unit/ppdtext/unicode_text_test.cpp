@@ -12,9 +12,7 @@ TEST(ToUtf16, ReadsEveryLengthOfCharacter) {
   EXPECT_EQ(toUtf16("aä用\U0001F5A8"), u"aä用\U0001F5A8");
 }
 
-TEST(ToUtf16, KeepsAZeroByte) {
-  EXPECT_EQ(toUtf16("a\0b"sv), u"a\0b"sv);
-}
+TEST(ToUtf16, KeepsAZeroByte) { EXPECT_EQ(toUtf16("a\0b"sv), u"a\0b"sv); }
 
 TEST(ToUtf16, RefusesBytesThatAreNoCharacters) {
   EXPECT_FALSE(toUtf16("Gr\xF6\xDF"));
@@ -30,9 +28,7 @@ TEST(ToUtf8, ReplacesHalfAPair) {
   EXPECT_EQ(toUtf8({half, 3}), "a\uFFFDb");
 }
 
-TEST(WholeCharacters, KeepsWhatFits) {
-  EXPECT_EQ(wholeCharacters("abc", 3), "abc");
-}
+TEST(WholeCharacters, KeepsWhatFits) { EXPECT_EQ(wholeCharacters("abc", 3), "abc"); }
 
 TEST(WholeCharacters, NeverCutsWithinACharacter) {
   EXPECT_EQ(wholeCharacters("ab用", 4), "ab");
@@ -40,13 +36,9 @@ TEST(WholeCharacters, NeverCutsWithinACharacter) {
   EXPECT_EQ(wholeCharacters("用", 2), "");
 }
 
-TEST(UpperCase, MayGrow) {
-  EXPECT_EQ(upperCase(u"maß"), u"MASS");
-}
+TEST(UpperCase, MayGrow) { EXPECT_EQ(upperCase(u"maß"), u"MASS"); }
 
-TEST(FoldedCase, IsTheSameForBothCases) {
-  EXPECT_EQ(foldedCase(u"ÄẞK"), foldedCase(u"äßk"));
-}
+TEST(FoldedCase, IsTheSameForBothCases) { EXPECT_EQ(foldedCase(u"ÄẞK"), foldedCase(u"äßk")); }
 
 }  // namespace
 }  // namespace kelm::ppdtext

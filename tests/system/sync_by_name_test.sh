@@ -1,0 +1,35 @@
+#!/bin/sh
+# The queue of a printer that announces itself: kelmctl sync finds the printer behind its name.
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/bus.sh
+. "$HERE/lib/bus.sh"
+# shellcheck source=tests/system/lib/avahi.sh
+. "$HERE/lib/avahi.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+# shellcheck source=tests/system/lib/snmp.sh
+. "$HERE/lib/snmp.sh"
+
+published() { grep -q Established "$W/publish_log"; }
+has_box() { "$BUILD/kelmctl" settings kelm | grep -q '^Shared boxes  *[^ (]'; }
+
+mount -t tmpfs none /run
+bus_start
+avahi_start printer lo
+avahi-publish-service "My.Printer 2" _pdl-datastream._tcp 9100 ty=KELM >"$W/publish_log" 2>&1 &
+started publish $!
+wait_until 10 published || fail "the service was not published"
+printer_mib "$HERE/printers/few_boxes.mib" | agent_start agent 127.0.0.1
+
+cups_setup
+cat >"$CUPS/bin/backend/dnssd" <<'END'
+#!/bin/sh
+exec cat
+END
+chmod 755 "$CUPS/bin/backend/dnssd"
+cups_start
+cups_queue kelm 'dnssd://My.Printer%202._pdl-datastream._tcp.local/' "$HERE/lib/queue.ppd"
+
+"$BUILD/kelmctl" sync kelm >"$W/out" 2>"$W/err" || fail "kelmctl sync: $(cat "$W/err")"
+has_box || fail "no shared box is stored: $(cat "$W/out")"
