@@ -50,7 +50,7 @@ std::string addressOfDevice(const std::string& deviceUri) {
   if (deviceUri.starts_with("dnssd://")) {
     return wakeup::XPCCallObject::ConvertDeviceURItoIPAddress_(deviceUri).value_or("");
   }
-  const std::string host = hostOf(deviceUri);
+  std::string host = hostOf(deviceUri);
   if (host.empty() || host.find(':') != std::string::npos) return host;
   const std::string address = lookUp(host, AF_INET);
   return address.empty() ? lookUp(host, AF_INET6) : address;

@@ -1,6 +1,8 @@
 // What a printer says about itself, asked for in one go.
 #include "ctl/printer_facts.hpp"
 
+#include <utility>
+
 #include "ctl/terminal.hpp"
 #include "snmp/qv_snmp_helper.hpp"
 
@@ -21,8 +23,11 @@ std::string bracketed(const std::string& address) {
 
 class Questions {
  public:
-  Questions(const std::string& address, const std::string& community, const Console& console)
-      : address_(address), peer_(bracketed(address)), community_(community), line_(console) {}
+  Questions(const std::string& address, std::string community, const Console& console)
+      : address_(address),
+        peer_(bracketed(address)),
+        community_(std::move(community)),
+        line_(console) {}
 
   PrinterFacts askAll() {
     askWhetherThere();

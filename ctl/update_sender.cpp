@@ -102,14 +102,14 @@ bool isOver(std::optional<ipp_jstate_t> state) {
 }
 
 std::string waitFor(const std::string& queue, int job) {
-  const std::string name = "the update job " + queue + "-" + std::to_string(job);
+  std::string name = "the update job " + queue + "-" + std::to_string(job);
   const auto end = std::chrono::steady_clock::now() + kLongestWait;
   std::optional<ipp_jstate_t> state = jobState(job);
   for (; !isOver(state); state = jobState(job)) {
     if (*state == IPP_JSTATE_STOPPED || std::chrono::steady_clock::now() > end) {
       cupsCancelJob2(CUPS_HTTP_DEFAULT, queue.c_str(), job, 0);
-      return name + " does not end and is cancelled; see what holds the queue up: lpstat -p " +
-             queue;
+      name += " does not end and is cancelled; see what holds the queue up: lpstat -p ";
+      return name += queue;
     }
     std::this_thread::sleep_for(kPause);
   }
@@ -144,7 +144,7 @@ std::string sendUpdate(const std::string& queue, const std::vector<UpdateLine>& 
       cupsCreateJob(CUPS_HTTP_DEFAULT, queue.c_str(), kTitle, options.count(), options.options());
   if (job == 0) return refusal(queue);
   if (!sendDocument(queue, job)) {
-    const std::string problem = refusal(queue);
+    std::string problem = refusal(queue);
     cupsCancelJob2(CUPS_HTTP_DEFAULT, queue.c_str(), job, 0);
     return problem;
   }

@@ -13,7 +13,7 @@ namespace kelm::platform::linux_bodies {
 namespace {
 
 constexpr std::size_t kFirstRoom = 1024;
-constexpr std::size_t kMostRoom = 1024 * 1024;
+constexpr std::size_t kMostRoom = std::size_t{1024} * 1024;
 
 std::optional<Ipv4Address> firstOf(const hostent& entry) {
   const char* first = entry.h_addr_list[0];
