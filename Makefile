@@ -4,7 +4,7 @@
 all: ; @scripts/build release
 demo: ; @scripts/install-deps && scripts/build release && scripts/demo
 check: ; @scripts/install-deps && scripts/build release && ctest --preset release
-bench: ; @scripts/install-deps && scripts/build release && build/tests/bench/bench
+bench: ; @scripts/install-deps && scripts/build release && build/tests/bench/bench && build/tests/bench/ppdtext_growth
 asan: ; @scripts/install-deps && scripts/build asan && ctest --preset asan
 tsan: ; @scripts/install-deps && scripts/build tsan && ctest --preset tsan
 fuzz: ; @scripts/install-deps && scripts/build fuzz && scripts/fuzz
