@@ -14,13 +14,14 @@ namespace kelm::pjl {
 namespace {
 
 constexpr std::size_t kConsoleUserBufferSize = 512;
+constexpr auto kForms = valueTable(psrewrite::kFormTags, "");
 
 void writeForm(std::FILE* stream, PrintJobData& job, const char* dialogKey, const char* pjlName,
                const psrewrite::TextField& field) {
   if (job.isPrintPDE) return Output_CopyValue(stream, job, dialogKey, pjlName, "");
   const char* choice = field.namedChoice(job);
   if (choice == nullptr) return writeTypedText(stream, job, pjlName, field);
-  Output_ValueWithArray(stream, job, pjlName, choice, psrewrite::kFormTags, true);
+  Output_ValueWithArray(stream, job, pjlName, choice, kForms.rows, true);
 }
 
 // The switch of a typed text: as the dialog sets it, else whether there is a text.

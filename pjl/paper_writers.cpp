@@ -1,6 +1,7 @@
 // The writers with logic of their own among the variables of host, zoom, paper, copies and trays.
 #include "pjl/paper_writers.hpp"
 
+#include <algorithm>
 #include <cstring>
 #include <iterator>
 #include <string>
@@ -22,10 +23,11 @@ constexpr char kCopiesKey[] = "com.apple.print.PrintSettings.PMCopies..n.";
 
 // Without a default in the PPD, an absent option is the second row.
 constexpr std::size_t kDuplexWithoutPpd = 1;
-constexpr const char* kDuplexKeys[] = {"OFF", "LongEdge", "ShortEdge"};
-constexpr ValueRow kDuplexRows[] = {{"OFF", "OFF"}, {"LongEdge", "ON"}, {"ShortEdge", "ON"}};
-constexpr ValueRow kBindingEdgeRows[] = {
-    {"OFF", "OFF"}, {"LongEdge", "LONGEDGE"}, {"ShortEdge", "SHORTEDGE"}};
+// Both have the same choices in the same order.
+constexpr auto kDuplex =
+    valueTable({{"OFF", "OFF"}, {"LongEdge", "ON"}, {"ShortEdge", "ON"}}, "OFF");
+constexpr auto kBindingEdge =
+    valueTable({{"OFF", "OFF"}, {"LongEdge", "LONGEDGE"}, {"ShortEdge", "SHORTEDGE"}}, "OFF");
 
 // One side of a sheet: where it stands in the pair of sizes, and its names.
 struct Side {
@@ -75,8 +77,11 @@ void forceShortEdgeForBooklet(PrintJobData& job) {
 
 std::size_t duplexDefaultIndex(const PrintJobData& job) {
   const char* choice = psrewrite::getDefaultValue(&job, "QVDuplex");
-  return choice == nullptr ? kDuplexWithoutPpd
-                           : Output_GetDefaultIndexWithArray(choice, kDuplexKeys);
+  if (choice == nullptr) return kDuplexWithoutPpd;
+  const auto isChoice = [&](const ValueRow& row) { return std::strcmp(row.key, choice) == 0; };
+  const auto row = std::find_if(std::begin(kDuplex.rows), std::end(kDuplex.rows), isChoice);
+  return row == std::end(kDuplex.rows) ? 0
+                                       : static_cast<std::size_t>(row - std::begin(kDuplex.rows));
 }
 
 std::string sheetSize(const PrintJobData& job, const Side& side) {
@@ -159,12 +164,12 @@ void writeCopies(std::FILE* stream, PrintJobData& job) {
 
 void writeDuplex(std::FILE* stream, PrintJobData& job) {
   forceShortEdgeForBooklet(job);
-  Output_KeyValue(stream, job, "QVDuplex", "DUPLEX", kDuplexRows, duplexDefaultIndex(job));
+  Output_KeyValue(stream, job, "QVDuplex", "DUPLEX", kDuplex.rows, duplexDefaultIndex(job));
 }
 
 void writeBindingEdge(std::FILE* stream, PrintJobData& job) {
   forceShortEdgeForBooklet(job);
-  Output_KeyValue(stream, job, "QVDuplex", "BINDING", kBindingEdgeRows, duplexDefaultIndex(job));
+  Output_KeyValue(stream, job, "QVDuplex", "BINDING", kBindingEdge.rows, duplexDefaultIndex(job));
 }
 
 void writePageSize(std::FILE* stream, PrintJobData& job) {

@@ -40,13 +40,13 @@ void logKeyword(const std::string& keyword, const char* what) {
 // One write, so that no other message of the print job's filters comes between.
 bool writeLine(const std::string& keyword, std::string_view value, Trace trace) {
   const std::string line = "PPD: " + keyword + "=" + std::string(value) + "\n";
-  if (couldForge(value, line.size())) {
-    logKeyword(keyword, " not updated: its value could forge other keywords");
-    return false;
-  }
   if (line.size() >= base::kTextBufferSize) {
     logKeyword(keyword, " not updated: its value is too long; the update job ends");
     std::abort();
+  }
+  if (couldForge(value, line.size())) {
+    logKeyword(keyword, " not updated: its value could forge other keywords");
+    return false;
   }
   std::fputs(line.c_str(), stderr);
   if (trace == Trace::yes) filter::LogMessage(line.c_str(), true);
