@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ctl/terminal.hpp"
+#include "snmp/bracketed_address.hpp"
 #include "snmp/qv_snmp_helper.hpp"
 
 namespace kelm::ctl {
@@ -14,18 +15,11 @@ using snmp::QVSNMPHelper;
 constexpr int kWithoutAnswer = 30;  // shared boxes of a printer that does not say
 constexpr int kCouldNotAsk = 1;
 
-// The SNMP library takes what follows the last colon of an IPv6 address without brackets for one
-// more group of the address, not for the port.
-std::string bracketed(const std::string& address) {
-  const bool plainIPv6 = address.find(':') != std::string::npos && !address.starts_with('[');
-  return plainIPv6 ? "[" + address + "]" : address;
-}
-
 class Questions {
  public:
   Questions(const std::string& address, std::string community, const Console& console)
       : address_(address),
-        peer_(bracketed(address)),
+        peer_(snmp::bracketed(address)),
         community_(std::move(community)),
         line_(console) {}
 

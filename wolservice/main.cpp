@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "snmp/bracketed_address.hpp"
 #include "snmp/qv_snmp_helper.hpp"
 #include "wolservice/network.hpp"
 #include "wolservice/service.hpp"
@@ -17,7 +18,7 @@ constexpr int kExitUsage = 2;
 bool answers(const std::string& address, const std::string& community) {
   std::int32_t sleepMode = 0;
   return kelm::snmp::QVSNMPHelper::getSleepMode_community_sleepMode_(
-             address.c_str(), community.c_str(), &sleepMode) == 0;
+             kelm::snmp::bracketed(address).c_str(), community.c_str(), &sleepMode) == 0;
 }
 
 // The service waits for these signals among its other events.

@@ -20,6 +20,8 @@ BUILD=${KELM_BUILD:-$SOURCE/build}
 W=$(mktemp -d)
 chmod 755 "$W"
 mkdir "$W/pids"
+# The print system's commands keep what a user chose in the home folder: no test reads or changes it.
+export HOME="$W"
 ip link set lo up multicast on
 
 # alive PID : a zombie counts as gone
