@@ -1,0 +1,14 @@
+// The pipes between the print system's programs: their capacity, pipe(7).
+#include "platform/pipe.hpp"
+
+#include <fcntl.h>
+
+namespace kelm::platform {
+
+// Four times the usual capacity; a user may have 64 MB of pipes in all before Linux refuses.
+void widenPipe(int descriptor) {
+  constexpr int kCapacity = 256 * 1024;
+  fcntl(descriptor, F_SETPIPE_SZ, kCapacity);
+}
+
+}  // namespace kelm::platform
