@@ -1,13 +1,10 @@
 // KelmWoLServices: started by the system bus when a job is to wake a printer.
-#include <pthread.h>
-
 #include <csignal>
 #include <cstdint>
 #include <cstdio>
 
 #include "snmp/bracketed_address.hpp"
 #include "snmp/qv_snmp_helper.hpp"
-#include "wolservice/network.hpp"
 #include "wolservice/service.hpp"
 
 namespace {
@@ -27,7 +24,8 @@ void blockSignals() {
   sigemptyset(&signals);
   sigaddset(&signals, SIGTERM);
   sigaddset(&signals, SIGINT);
-  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+  sigaddset(&signals, SIGCHLD);
+  sigprocmask(SIG_BLOCK, &signals, nullptr);
 }
 
 }  // namespace
@@ -38,5 +36,5 @@ int main(int argc, char* argv[]) {
     return kExitUsage;
   }
   blockSignals();
-  return kelm::wolservice::Service({kelm::wolservice::locate, answers}).run();
+  return kelm::wolservice::Service(answers).run();
 }

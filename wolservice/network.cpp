@@ -67,14 +67,6 @@ void sendOn(int socket, MagicPacket packet, const Broadcast& to) {
   sendmsg(socket, &message, 0);
 }
 
-void sendTo(const MagicPacket& packet, const sockaddr_storage& printer) {
-  const Socket socket(printer.ss_family);
-  const socklen_t length =
-      printer.ss_family == AF_INET6 ? sizeof(sockaddr_in6) : sizeof(sockaddr_in);
-  sendto(socket.get(), packet.data(), packet.size(), 0, reinterpret_cast<const sockaddr*>(&printer),
-         length);
-}
-
 }  // namespace
 
 std::optional<in_addr> broadcastOf(in_addr address, in_addr mask, in_addr configured) {
@@ -111,12 +103,19 @@ std::optional<sockaddr_storage> locate(const std::string& host) {
   return address;
 }
 
-void sendPacket(const MagicPacket& packet, const std::optional<sockaddr_storage>& printer) {
+void sendPacket(const MagicPacket& packet, const sockaddr_storage& printer) {
+  const Socket socket(printer.ss_family);
+  const socklen_t length =
+      printer.ss_family == AF_INET6 ? sizeof(sockaddr_in6) : sizeof(sockaddr_in);
+  sendto(socket.get(), packet.data(), packet.size(), 0, reinterpret_cast<const sockaddr*>(&printer),
+         length);
+}
+
+void broadcastPacket(const MagicPacket& packet) {
   const Socket socket(AF_INET);
   const int on = 1;
   setsockopt(socket.get(), SOL_SOCKET, SO_BROADCAST, &on, sizeof on);
   for (const Broadcast& each : broadcastAddresses()) sendOn(socket.get(), packet, each);
-  if (printer) sendTo(packet, *printer);
 }
 
 }  // namespace kelm::wolservice

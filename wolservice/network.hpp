@@ -29,8 +29,10 @@ std::vector<Broadcast> broadcastAddresses();
 // it is not known. May wait for name servers.
 std::optional<sockaddr_storage> locate(const std::string& host);
 
-// Sends one packet to every broadcast address and to `printer` where it is given. A network that
-// takes none is left out: the next packet tries again.
-void sendPacket(const MagicPacket& packet, const std::optional<sockaddr_storage>& printer);
+// Sends the packet to one address. A network that takes none loses it: the next one tries again.
+void sendPacket(const MagicPacket& packet, const sockaddr_storage& printer);
+
+// Sends the packet to every broadcast address, likewise.
+void broadcastPacket(const MagicPacket& packet);
 
 }  // namespace kelm::wolservice

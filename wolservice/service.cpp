@@ -1,16 +1,18 @@
 // The wake-up service on the system bus.
 #include "wolservice/service.hpp"
 
-#include <sys/epoll.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
-#include <algorithm>
+#include <cerrno>
 #include <csignal>
 #include <cstdio>
 #include <cstring>
-#include <utility>
 
 #include "platform/wake_up_names.hpp"
 #include "wolservice/network.hpp"
+#include "wolservice/printer_work.hpp"
 
 namespace kelm::wolservice {
 namespace {
@@ -35,6 +37,22 @@ std::uint64_t microseconds(std::chrono::milliseconds time) {
   return static_cast<std::uint64_t>(std::chrono::microseconds(time).count());
 }
 
+constexpr int packetsWithin(std::chrono::milliseconds time) {
+  int count = 0;
+  while (packetDue(count) < time) ++count;
+  return count;
+}
+
+// A process that does `work` and ends, with the service at the latest; negative errno otherwise.
+pid_t fork(const std::function<void()>& work) {
+  const pid_t service = getpid();
+  const pid_t process = ::fork();
+  if (process != 0) return process < 0 ? -errno : process;
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  if (getppid() == service) work();
+  _exit(0);
+}
+
 std::uint64_t now(sd_event* event) {
   std::uint64_t time = 0;
   sd_event_now(event, CLOCK_MONOTONIC, &time);
@@ -43,17 +61,12 @@ std::uint64_t now(sd_event* event) {
 
 }  // namespace
 
-Service::Service(PrinterQueries queries)
-    : asker_(std::move(queries), kAskInterval,
-             [this](const Finding& finding) { findings_.put(finding); }) {}
-
-Service::~Service() = default;
-
 int Service::run() {
   if (!openBus() || !addSources()) return 1;
-  sd_event_loop(event_.get());
+  const bool busIsGone = sd_event_loop(event_.get()) != 0;
+  if (busIsGone) say("the system bus has gone");
   for (const WakeUp& each : wakeUps_) callBack(each.caller);
-  return 0;
+  return busIsGone ? 1 : 0;
 }
 
 // The object is there before the name: a request that started the service waits for the name.
@@ -67,6 +80,7 @@ bool Service::openBus() {
   return done(sd_bus_add_object(bus, nullptr, platform::kWakeUpObject, onRequest, this),
               "offer the wake-up object") &&
          done(sd_bus_attach_event(bus, event, SD_EVENT_PRIORITY_NORMAL), "watch the bus") &&
+         done(sd_bus_set_exit_on_disconnect(bus, 1), "watch the bus's end") &&
          done(sd_bus_request_name(bus, platform::kWakeUpService, 0),
               "own the name com.kelm.KelmWoLServices; does the bus policy allow it, and does no"
               " other instance run");
@@ -75,18 +89,33 @@ bool Service::openBus() {
 bool Service::addSources() {
   sd_event* event = event_.get();
   idleTimer_ = startTimer(kIdle, onIdle, this);
-  return done(sd_event_add_io(event, nullptr, findings_.descriptor(), EPOLLIN, onFindings, this),
-              "watch for answers") &&
-         done(sd_event_add_signal(event, nullptr, SIGTERM, nullptr, nullptr), "watch SIGTERM") &&
+  return done(sd_event_add_signal(event, nullptr, SIGTERM, nullptr, nullptr), "watch SIGTERM") &&
          done(sd_event_add_signal(event, nullptr, SIGINT, nullptr, nullptr), "watch SIGINT");
 }
 
-Service::Timer Service::startTimer(std::chrono::milliseconds delay, sd_event_time_handler_t handler,
-                                   void* data) {
+Service::Source Service::startTimer(std::chrono::milliseconds delay,
+                                    sd_event_time_handler_t handler, void* data) {
   sd_event_source* source = nullptr;
   sd_event_add_time_relative(event_.get(), &source, CLOCK_MONOTONIC, microseconds(delay),
                              kTimerAccuracy, handler, data);
-  return Timer(source);
+  return Source(source);
+}
+
+// The process ends with its source. Without it the printer is still sent packets, and its caller is
+// called back at the limit.
+Service::Source Service::startProcess(const std::function<void()>& work,
+                                      sd_event_child_handler_t ended, WakeUp& wakeUp) {
+  sd_event_source* source = nullptr;
+  const pid_t process = fork(work);
+  if (!done(process, "start a process")) return nullptr;
+  if (!done(sd_event_add_child(event_.get(), &source, process, WEXITED, ended, &wakeUp),
+            "watch a process")) {
+    kill(process, SIGKILL);
+    waitpid(process, nullptr, 0);
+    return nullptr;
+  }
+  sd_event_source_set_child_process_own(source, 1);
+  return Source(source);
 }
 
 int Service::onRequest(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
@@ -124,19 +153,28 @@ void Service::begin(const std::string& caller, const WakeUpOrder& order) {
   say("waking " + order.address + " for " + caller);
   idleTimer_.reset();
   wakeUps_.push_back({.service = this,
-                      .number = ++lastNumber_,
                       .caller = caller,
                       .order = order,
                       .packet = magicPacket(order.macAddress),
                       .start = now(event_.get()),
-                      .location = std::nullopt,
                       .packetTimer = nullptr,
-                      .limitTimer = nullptr});
+                      .limitTimer = nullptr,
+                      .asker = nullptr,
+                      .sender = nullptr});
   WakeUp& wakeUp = wakeUps_.back();
   wakeUp.limitTimer = startTimer(kLimit, onLimit, &wakeUp);
-  if (order.isWakeOnLan) wakeUp.packetTimer = startTimer(0ms, onPacketDue, &wakeUp);
-  const bool wantsLocation = order.isWakeOnLan && order.isOverRouter;
-  asker_.add({wakeUp.number, order.address, order.snmpCommunity, wantsLocation});
+  wakeUp.asker = startProcess(
+      [&] {
+        askUntilAnswered([&] { return answers_(order.address, order.snmpCommunity); },
+                         kAskInterval);
+      },
+      onAskerEnd, wakeUp);
+  if (!order.isWakeOnLan) return;
+  wakeUp.packetTimer = startTimer(0ms, onPacketDue, &wakeUp);
+  if (!order.isOverRouter) return;
+  wakeUp.sender =
+      startProcess([&] { sendToPrinter(wakeUp.packet, order.address, packetsWithin(kLimit)); },
+                   onSenderEnd, wakeUp);
 }
 
 int Service::onPacketDue(sd_event_source* /*source*/, std::uint64_t /*time*/, void* wakeUp) {
@@ -146,30 +184,26 @@ int Service::onPacketDue(sd_event_source* /*source*/, std::uint64_t /*time*/, vo
 }
 
 void Service::sendPackets(WakeUp& wakeUp) {
-  sendPacket(wakeUp.packet, wakeUp.location);
+  broadcastPacket(wakeUp.packet);
   ++wakeUp.packetsSent;
   sd_event_source* timer = wakeUp.packetTimer.get();
   sd_event_source_set_time(timer, wakeUp.start + microseconds(packetDue(wakeUp.packetsSent)));
   sd_event_source_set_enabled(timer, SD_EVENT_ONESHOT);
 }
 
-int Service::onFindings(sd_event_source* /*source*/, int /*descriptor*/, std::uint32_t /*events*/,
-                        void* self) {
-  auto& service = *static_cast<Service*>(self);
-  for (const Finding& each : service.findings_.takeAll()) service.use(each);
+int Service::onAskerEnd(sd_event_source* /*source*/, const siginfo_t* end, void* wakeUp) {
+  auto& self = *static_cast<WakeUp*>(wakeUp);
+  if (end->si_code == CLD_EXITED) {
+    self.service->finish(self, "answers");
+  } else {
+    say(self.order.address + " cannot be asked any more: its process was killed");
+  }
   return 0;
 }
 
-void Service::use(const Finding& finding) {
-  const auto found = std::find_if(wakeUps_.begin(), wakeUps_.end(), [&](const WakeUp& each) {
-    return each.number == finding.number;
-  });
-  if (found == wakeUps_.end()) return;
-  if (finding.location) {
-    found->location = finding.location;
-  } else {
-    finish(*found, "answers");
-  }
+// It has sent all its packets; the limit is near.
+int Service::onSenderEnd(sd_event_source* /*source*/, const siginfo_t* /*end*/, void* /*wakeUp*/) {
+  return 0;
 }
 
 int Service::onLimit(sd_event_source* /*source*/, std::uint64_t /*time*/, void* wakeUp) {
@@ -178,13 +212,11 @@ int Service::onLimit(sd_event_source* /*source*/, std::uint64_t /*time*/, void* 
   return 0;
 }
 
-void Service::finish(const WakeUp& wakeUp, const char* outcome) {
+void Service::finish(WakeUp& wakeUp, const char* outcome) {
   const std::uint64_t seconds = (now(event_.get()) - wakeUp.start) / microseconds(1s);
   say(wakeUp.order.address + " " + outcome + " after " + std::to_string(seconds) + " s");
   callBack(wakeUp.caller);
-  asker_.remove(wakeUp.number);
-  wakeUps_.remove_if(
-      [number = wakeUp.number](const WakeUp& each) { return each.number == number; });
+  wakeUps_.remove_if([&](const WakeUp& each) { return &each == &wakeUp; });
   if (wakeUps_.empty()) idleTimer_ = startTimer(kIdle, onIdle, this);
 }
 

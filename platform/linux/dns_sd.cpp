@@ -57,8 +57,7 @@ void watchDaemon(AvahiClient* /*client*/, AvahiClientState state, void* data) {
 }
 
 // The daemon's own "not found" comes after 5 seconds only: the caller's limit is kept here.
-void waitForAnswer(AvahiSimplePoll* poll, const Answer& answer, std::chrono::milliseconds limit) {
-  const Clock::time_point end = Clock::now() + limit;
+void waitForAnswer(AvahiSimplePoll* poll, const Answer& answer, Clock::time_point end) {
   while (!answer.ended) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
     if (left.count() <= 0) return;
@@ -72,6 +71,7 @@ class AvahiService final : public DnsSdService {
       : domain_(std::move(domain)), type_(std::move(type)), name_(std::move(name)) {}
 
   std::vector<sockaddr_storage> resolve(std::chrono::milliseconds limit) override {
+    const Clock::time_point end = Clock::now() + limit;
     Answer answer;
     const std::unique_ptr<AvahiSimplePoll, Release> poll(avahi_simple_poll_new());
     if (!poll) return {};
@@ -82,7 +82,7 @@ class AvahiService final : public DnsSdService {
         client.get(), AVAHI_IF_UNSPEC, AVAHI_PROTO_UNSPEC, name_.c_str(), type_.c_str(),
         domain_.c_str(), AVAHI_PROTO_INET, AvahiLookupFlags{}, takeAnswer, &answer));
     if (!resolver) return {};
-    waitForAnswer(poll.get(), answer, limit);
+    waitForAnswer(poll.get(), answer, end);
     return answer.addresses;
   }
 

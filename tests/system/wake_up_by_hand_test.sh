@@ -22,11 +22,33 @@ printer_host_start
 bus_start
 bus_wake_service
 
+# Two printers that sleep on are asked once a second, both of them.
+questions() { wc -l <"$W/questions_$1"; }
+asked_thrice() { [ "$(questions 3)" -ge 3 ] && [ "$(questions 4)" -ge 3 ]; }
+for printer in 3 4; do
+  at_printer ip addr add "10.77.0.$printer/24" dev far
+  : >"$W/questions_$printer"
+  at_printer_start "sleeper_$printer" socat -u "UDP4-RECVFROM:161,bind=10.77.0.$printer,fork" \
+    "SYSTEM:cat >/dev/null; echo asked >>'$W/questions_$printer'"
+done
+sleep 0.5
+for printer in 3 4; do
+  "$BUILD/kelmctl" wake --mac $MAC --address "10.77.0.$printer" >"$W/sleeper_${printer}_out" 2>&1 &
+  started "wake_$printer" $!
+done
+wait_until 3 asked_thrice || fail "asked $(questions 3) and $(questions 4) times in 3 seconds"
+sleep 2
+for printer in 3 4; do
+  [ "$(questions $printer)" -le 7 ] || fail "asked $(questions $printer) times in 5 seconds"
+  stop "wake_$printer"
+  stop "sleeper_$printer"
+done
+
 # Beyond a router, the packet comes to the printer's own address as well; nobody else uses it.
 magic_packets_start 10.88.0.2
 "$BUILD/kelmctl" wake --mac $MAC --address 10.88.0.2 --over-router >"$W/out" 2>"$W/err" &
 started kelmctl $!
-wait_until 5 packets_arrived 2 || fail "no packet beyond the router"
+wait_until 5 packets_arrived 3 || fail "no packet beyond the router"
 printer_agent_start
 wait_until 5 grep -q '^10.88.0.2: the wake-up service is done' "$W/out" || fail "no end: $(cat "$W/err")"
 expect_line "$W/out" 'waiting for the wake-up service: 0 s'
@@ -44,6 +66,7 @@ silent=$!
 
 # Meanwhile others are served, and arguments that make no sense are refused.
 wake 0 --mac $MAC --address 10.77.0.2
+wake 0 --mac $MAC --address fd77::2
 wake 1 --mac 00:80:92 --address 10.77.0.2
 grep -q 'six hexadecimal parts' "$W/err" || fail "no reason: $(cat "$W/err")"
 wake 1 --mac $MAC --address socket://10.77.0.2:9100

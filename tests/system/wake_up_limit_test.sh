@@ -13,6 +13,10 @@ bus_wake_service
 started filter $!
 filter=$!
 wait_until 5 service_works || fail "the service was not asked"
-kill -KILL "$(cat "$W/service_pid")"
+service=$(cat "$W/service_pid")
+printer_is_asked() { asker=$(cat "/proc/$service/task/$service/children") && [ -n "$asker" ]; }
+wait_until 5 printer_is_asked || fail "no process asks the printer"
+kill -KILL "$service"
+wait_until 5 gone "${asker% }" || fail "the process that asks the printer outlives the service"
 wait_until 20 gone "$filter" || fail "the wait does not end"
 expect "steps of the wait" "240" "$(cat "$W/steps")"

@@ -1,5 +1,6 @@
 # bus.sh : a private system bus; read after common.sh. It has the policy of a real one: method calls
-# and names are refused unless a file in packaging/ allows them.
+# and names are refused unless the packaged file allows them. The service's user, which an
+# installation makes, is known in the test's own mount namespace only.
 # shellcheck shell=sh
 
 DBUS_SYSTEM_BUS_ADDRESS=unix:path=$W/bus.sock
@@ -9,9 +10,10 @@ export DBUS_SYSTEM_BUS_ADDRESS
 bus_start() {
   command -v dbus-daemon >"$W/which" || fail "no dbus-daemon: install the package dbus-daemon"
   mkdir -p "$W/services"
-  # The bus starts services as its own user here, and the packaged one is not on this machine.
-  sed 's/user="kelmwol"/user="root"/' "$SOURCE/packaging/com.kelm.KelmWoLServices.conf" \
-    >"$W/wol_policy.conf"
+  cp /etc/passwd "$W/passwd"
+  echo 'kelmwol:x:61717:65534:KELM wake-up service:/:/usr/sbin/nologin' >>"$W/passwd"
+  chmod 644 "$W/passwd"
+  mount --bind "$W/passwd" /etc/passwd
   bus_configuration >"$W/bus.conf"
   dbus-daemon --config-file="$W/bus.conf" --nofork --nopidfile --nosyslog \
     >"$W/bus_log" 2>&1 </dev/null &
@@ -45,24 +47,25 @@ bus_configuration() {
     <allow own="org.freedesktop.Avahi"/>
     <allow send_destination="org.freedesktop.Avahi"/>
   </policy>
-  <include>$W/wol_policy.conf</include>
+  <include>$SOURCE/packaging/com.kelm.KelmWoLServices.conf</include>
 </busconfig>
 END
 }
 
-# bus_service COMMAND : what the bus starts for the wake-up service (a program's path)
+# bus_service PROGRAM : the packaged activation file, with PROGRAM instead of the installed one. The
+# bus starts it as its own user, root.
 bus_service() {
-  printf '[D-BUS Service]\nName=com.kelm.KelmWoLServices\nExec=%s\nUser=root\n' "$1" \
+  sed "s|^Exec=.*|Exec=$1|" "$BUILD/packaging/com.kelm.KelmWoLServices.service" \
     >"$W/services/com.kelm.KelmWoLServices.service"
 }
 
-# bus_wake_service : the real one, its messages in $W/service_log; it runs with no rights at all
+# bus_wake_service : the real one, its messages in $W/service_log; it runs as its own user
 bus_wake_service() {
   cat >"$W/wake_service" <<END
 #!/bin/sh
 echo \$\$ >>"$W/service_pid"
-exec setpriv --no-new-privs --bounding-set=-all --inh-caps=-all "$BUILD/KelmWoLServices" \
-  2>>"$W/service_log"
+exec setpriv --reuid=kelmwol --regid=nogroup --clear-groups --no-new-privs --bounding-set=-all \
+  --inh-caps=-all "$BUILD/KelmWoLServices" 2>>"$W/service_log"
 END
   chmod 755 "$W/wake_service"
   bus_service "$W/wake_service"

@@ -1,6 +1,6 @@
 # printer_host.sh : a second machine on a wire, the printer's; read after common.sh.
-# This end of the wire is 10.77.0.1, the printer is 10.77.0.2; it is 10.88.0.2 too, an address in
-# another network, behind a router as it were.
+# This end of the wire is 10.77.0.1 and fd77::1, the printer is 10.77.0.2 and fd77::2; it is 10.88.0.2
+# too, an address in another network, behind a router as it were.
 # shellcheck shell=sh
 
 # printer_host_start : makes the machine and the wire
@@ -12,10 +12,12 @@ printer_host_start() {
   ip link add near type veth peer name far
   ip link set far netns "$PRINTER_HOST"
   ip addr add 10.77.0.1/24 dev near
+  ip addr add fd77::1/64 dev near nodad
   ip link set near up
   ip route add 10.88.0.0/24 via 10.77.0.2
   at_printer ip link set lo up
   at_printer ip addr add 10.77.0.2/24 dev far
+  at_printer ip addr add fd77::2/64 dev far nodad
   at_printer ip addr add 10.88.0.2/32 dev lo
   at_printer ip link set far up
 }
@@ -58,5 +60,6 @@ printer_agent_start() {
     >"$W/agent/snmpd.conf"
   at_printer_start agent env MIBS='' "SNMP_PERSISTENT_DIR=$W/agent/var" "SNMPCONFPATH=$W/agent" \
     /usr/sbin/snmpd -f -Lf "$W/agent/snmpd_log" -C -c "$W/agent/snmpd.conf" -I -smux,ifTable udp:161 \
+    udp6:161 \
     >"$W/agent/out_log" 2>&1 </dev/null
 }
