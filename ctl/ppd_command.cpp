@@ -23,6 +23,13 @@ namespace {
 using Json = nlohmann::ordered_json;
 using ppdtext::KelmPPD;
 
+constexpr const char* kUnreadable =
+    ": cannot be read as UTF-8 text; check the path, and unpack a compressed PPD";
+constexpr const char* kNoRecord =
+    ": no record; every PPD needs an option with a text (*OpenUI *Key/Text: ...), and every such "
+    "option a choice with a text and its code on one line (*Key choice/Text: \"code\") before its "
+    "*CloseUI: *Key; lines end with a line feed alone";
+
 struct Arguments {
   std::string file;
   std::optional<std::string> language;
@@ -109,24 +116,17 @@ std::string languageFor(ppd_file_t* ppd, const std::optional<std::string>& langu
   return ppdtext::languageForRecord(ppd, languages, ppdtext::systemVersion());
 }
 
-std::string problemWith(const std::string& file) {
-  if (!ppdtext::readTextFile(file.c_str())) {
-    return file + ": cannot be read as UTF-8 text; check the path, and unpack a compressed PPD";
-  }
-  return file +
-         ": no record; every PPD needs an option with a text (*OpenUI *Key/Text: ...), and every "
-         "such option a choice with a text and its code on one line (*Key choice/Text: \"code\")";
-}
-
 int showPpd(const Arguments& arguments, const Console& console) {
-  const char* path = arguments.file.c_str();
-  Shown shown{ppdtext::Record(KelmPPD::ppdOpenFile_(path)), ""};
+  const auto text = ppdtext::readTextFile(arguments.file.c_str());
+  Shown shown{ppdtext::Record(text ? ppdtext::recordOf(*text) : nullptr), ""};
   if (shown.record == nullptr) {
-    console.err << "kelmctl: " << problemWith(arguments.file) << '\n';
+    console.err << "kelmctl: " << arguments.file << (text ? kNoRecord : kUnreadable) << '\n';
     return kExitFailed;
   }
   shown.language = languageFor(shown.record.get(), arguments.language);
-  ppdtext::localizeRecordFromFile(shown.record.get(), path, shown.language);
+  if (const auto language = ppdtext::toUtf16(shown.language)) {
+    ppdtext::localizeRecord(*shown.record, *text, *language);
+  }
   KelmPPD::ppdMarkDefaults_(shown.record.get());
   (arguments.json ? printJson : printReadable)(console.out, shown);
   return kExitDone;

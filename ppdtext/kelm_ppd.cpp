@@ -9,7 +9,6 @@
 #include "platform/property_files.hpp"
 #include "ppdtext/language.hpp"
 #include "ppdtext/localizer.hpp"
-#include "ppdtext/model.hpp"
 #include "ppdtext/record.hpp"
 #include "ppdtext/text_file.hpp"
 #include "ppdtext/unicode_text.hpp"
@@ -18,6 +17,7 @@ namespace kelm::ppdtext {
 namespace {
 
 constexpr const char* kUnreadable = "[Driver] PPD file open Error!!! - ";
+constexpr const char* kNoPath = "(null)";
 
 constexpr const char* kVersionFile = "/System/Library/CoreServices/SystemVersion.plist";
 constexpr const char* kPreferencesInHome = "/Library/Preferences/.GlobalPreferences.plist";
@@ -56,11 +56,10 @@ std::optional<std::u16string> patternFor(OptionalText text, OptionalText languag
 ppd_file_t* KelmPPD::ppdOpenFile_(const char* path) {
   const auto text = readTextFile(path);
   if (!text) {
-    platform::platform().systemLog->error(kUnreadable + std::string(path));
+    platform::platform().systemLog->error(kUnreadable + std::string(path ? path : kNoPath));
     return nullptr;
   }
-  const auto model = modelOf(readPart(*text));
-  return model ? buildRecord(*model, std::calloc) : nullptr;
+  return recordOf(*text);
 }
 
 void KelmPPD::ppdClose_(ppd_file_t* ppd) { freeRecord(ppd); }
@@ -146,7 +145,9 @@ bool KelmPPD::isDefinePpdLocalLocalize_local_key_option_(OptionalText text, Opti
 }
 
 int KelmPPD::ppdLocalize_ppdPath_(ppd_file_t* ppd, const char* path) {
-  localizeRecordFromFile(ppd, path, ppdGetLanguage_(ppd));
+  const auto text = readTextFile(path);
+  const auto language = toUtf16(ppdGetLanguage_(ppd));
+  if (ppd != nullptr && text && language) localizeRecord(*ppd, *text, *language);
   return 0;
 }
 

@@ -5,7 +5,6 @@
 #include <cstring>
 
 #include "ppdtext/record_parts.hpp"
-#include "ppdtext/text_file.hpp"
 #include "ppdtext/unicode_text.hpp"
 
 namespace kelm::ppdtext {
@@ -146,12 +145,6 @@ void localizeRecord(const ppd_file_t& ppd, std::u16string_view text, std::u16str
   for (const ppd_group_t& group : groupsOf(ppd)) {
     for (ppd_option_t& option : optionsOf(group)) localizeOption(option, localizer);
   }
-}
-
-void localizeRecordFromFile(const ppd_file_t* ppd, const char* path, std::string_view language) {
-  const auto text = readTextFile(path);
-  const auto identifier = toUtf16(language);
-  if (ppd != nullptr && text && identifier) localizeRecord(*ppd, *text, *identifier);
 }
 
 }  // namespace kelm::ppdtext

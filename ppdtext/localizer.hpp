@@ -68,8 +68,4 @@ class Localizer {
 // translation replaces the text, cut at the field's last byte, and an empty one empties it.
 void localizeRecord(const ppd_file_t& ppd, std::u16string_view text, std::u16string_view language);
 
-// As localizeRecord with the text of the file at `path`; a file that cannot be read and a null
-// record change nothing.
-void localizeRecordFromFile(const ppd_file_t* ppd, const char* path, std::string_view language);
-
 }  // namespace kelm::ppdtext

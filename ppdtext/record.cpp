@@ -119,6 +119,11 @@ ppd_file_t* buildRecord(const Model& model, const AllocateZeroed& allocate) {
   return RecordBuilder(allocate).build(model);
 }
 
+ppd_file_t* recordOf(std::u16string_view text) {
+  const auto model = modelOf(readPart(text));
+  return model ? buildRecord(*model, std::calloc) : nullptr;
+}
+
 void freeRecord(ppd_file_t* ppd) {
   if (ppd == nullptr) return;
   for (ppd_group_t& group : groupsOf(*ppd)) {

@@ -1,13 +1,9 @@
 // A file as text.
 #include "ppdtext/text_file.hpp"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstddef>
-#include <span>
+#include <fstream>
 
-#include "base/byte_source.hpp"
 #include "ppdtext/unicode_text.hpp"
 
 namespace kelm::ppdtext {
@@ -16,27 +12,25 @@ namespace {
 constexpr std::size_t kMaxBytes = std::size_t{1} << 29;
 constexpr std::size_t kBlock = std::size_t{1} << 16;
 
-// None beyond the longest file, and for a descriptor that is no file (a folder).
-std::optional<std::string> allBytes(int descriptor) {
-  base::DescriptorSource source(descriptor);
-  char probe = 0;
-  if (::read(descriptor, &probe, 0) != 0) return std::nullopt;
+// None beyond the longest file, and when reading fails (of a folder, say).
+std::optional<std::string> allBytes(std::istream& file) {
   std::string bytes;
   std::string block(kBlock, '\0');
-  while (const std::size_t count = source.read(block)) {
-    bytes.append(block, 0, count);
+  do {
+    file.read(block.data(), static_cast<std::streamsize>(block.size()));
+    bytes.append(block, 0, static_cast<std::size_t>(file.gcount()));
     if (bytes.size() > kMaxBytes) return std::nullopt;
-  }
-  return bytes;
+  } while (file.good());
+  return file.bad() ? std::nullopt : std::optional(bytes);
 }
 
 }  // namespace
 
 std::optional<std::u16string> readTextFile(const char* path) {
-  const int descriptor = ::open(path, O_RDONLY | O_CLOEXEC);
-  if (descriptor < 0) return std::nullopt;
-  const auto bytes = allBytes(descriptor);
-  ::close(descriptor);
+  if (path == nullptr) return std::nullopt;
+  std::ifstream file(path, std::ios::binary);
+  if (!file.is_open()) return std::nullopt;
+  const auto bytes = allBytes(file);
   return bytes ? toUtf16(*bytes) : std::nullopt;
 }
 

@@ -6,8 +6,8 @@
 
 namespace kelm::ppdtext {
 
-// The whole file; none when it cannot be read, is longer than half a gibibyte, or is not valid
-// UTF-8.
+// The whole file; none without a path, and when the file cannot be read to its end, is longer than
+// half a gibibyte, or is not valid UTF-8.
 std::optional<std::u16string> readTextFile(const char* path);
 
 }  // namespace kelm::ppdtext

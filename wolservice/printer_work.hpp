@@ -10,12 +10,12 @@
 
 namespace kelm::wolservice {
 
-// Asks until the printer answers: one question per `interval` at most, and the next one at once when
-// a question took longer.
+// Asks until the printer answers: one question per `interval` at most, and the next one at once
+// when a question took longer.
 void askUntilAnswered(const std::function<bool()>& answers, std::chrono::milliseconds interval);
 
-// Sends the packet to the address of `host` whenever one is due (packetDue), counted from the start,
-// at most `packets` times. A name that is not known is looked up again for the next packet.
+// Sends the packet to the address of `host` whenever one is due (packetDue), counted from the
+// start, at most `packets` times. A name that is not known is looked up again for the next packet.
 void sendToPrinter(const MagicPacket& packet, const std::string& host, int packets);
 
 }  // namespace kelm::wolservice

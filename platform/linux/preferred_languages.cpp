@@ -36,12 +36,13 @@ std::string_view cutAt(std::string_view& text, char mark) {
   return behind;
 }
 
-// `name` is a locale name: language[_REGION][.codeset][@modifier].
+// `name` is a locale name: language[_REGION][.codeset][@modifier]. Without a language it is
+// English.
 std::string languageTag(std::string_view name) {
   const std::string_view modifier = cutAt(name, '@');
   cutAt(name, '.');
   const std::string_view region = cutAt(name, '_');
-  if (name == "C" || name == "POSIX") return "en";
+  if (name.empty() || name == "C" || name == "POSIX") return "en";
   std::string_view script = scriptOf(kScriptModifiers, modifier, {});
   if (name == "zh") script = scriptOf(kTraditionalRegions, region, "Hans");
   std::string tag(name);

@@ -5,7 +5,6 @@
 
 #include "ppdtext/kelm_ppd.hpp"
 #include "ppdtext/localizer.hpp"
-#include "ppdtext/model.hpp"
 #include "ppdtext/record.hpp"
 #include "ppdtext/record_parts.hpp"
 #include "ppdtext/unicode_text.hpp"
@@ -14,9 +13,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   using namespace kelm::ppdtext;
   const auto text = toUtf16({reinterpret_cast<const char*>(data), size});
   if (!text) return 0;
-  const auto model = modelOf(readPart(*text));
-  if (!model) return 0;
-  const Record record(buildRecord(*model, std::calloc));
+  const Record record(recordOf(*text));
+  if (record == nullptr) return 0;
   localizeRecord(*record, *text, u"de");
   KelmPPD::ppdMarkDefaults_(record.get());
   for (const ppd_group_t& group : groupsOf(*record)) {

@@ -1,8 +1,11 @@
 // kelmctl ppd, over PPD files.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include <fstream>
 #include <nlohmann/json.hpp>
+#include <thread>
 
 #include "ctl/exit_status.hpp"
 #include "platform/fake/fake_platform.hpp"
@@ -91,6 +94,16 @@ TEST_F(PpdCommand, DoesNotLetATextSteerTheTerminal) {
   const std::string file =
       folder.write("bell.ppd", "*OpenUI *F/\x1B[2J: PickOne\n*F O/O: \"1\"\n*CloseUI: *F\n");
   EXPECT_THAT(runKelmctl({"ppd", file.c_str()}).out, testing::Not(HasSubstr("\x1B")));
+}
+
+// Such as the output of another program: ... | kelmctl ppd /dev/stdin
+TEST_F(PpdCommand, ReadsAPipeOnce) {
+  const std::string pipe = folder.path() + "/pipe";
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  std::thread writer([&] { std::ofstream(pipe) << kText; });
+  EXPECT_THAT(runKelmctl({"ppd", pipe.c_str(), "--language", "de"}).out,
+              HasSubstr("    * A vier  (A4)\n"));
+  writer.join();
 }
 
 TEST_F(PpdCommand, NamesAFileThatCannotBeRead) {

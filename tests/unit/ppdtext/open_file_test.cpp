@@ -36,6 +36,11 @@ TEST_F(OpenFile, GivesTheRecordOfAFile) {
   EXPECT_THAT(system.systemLog.messages, IsEmpty());
 }
 
+TEST_F(OpenFile, TellsTheSystemLogOfAMissingPath) {
+  EXPECT_EQ(KelmPPD::ppdOpenFile_(nullptr), nullptr);
+  EXPECT_THAT(system.systemLog.messages, ElementsAre("[Driver] PPD file open Error!!! - (null)"));
+}
+
 TEST_F(OpenFile, TellsTheSystemLogOfAMissingFile) {
   const std::string path = folder.path() + "/missing.ppd";
   EXPECT_EQ(KelmPPD::ppdOpenFile_(path.c_str()), nullptr);
@@ -51,6 +56,18 @@ TEST_F(OpenFile, TellsTheSystemLogOfAFileThatIsNotUtf8) {
 TEST_F(OpenFile, TellsTheSystemLogOfAFolder) {
   EXPECT_EQ(KelmPPD::ppdOpenFile_(folder.path().c_str()), nullptr);
   EXPECT_EQ(system.systemLog.messages.size(), 1U);
+}
+
+// It opens, and every read of its first page fails.
+TEST_F(OpenFile, TellsTheSystemLogOfAFileWhoseReadingFails) {
+  EXPECT_EQ(KelmPPD::ppdOpenFile_("/proc/self/mem"), nullptr);
+  EXPECT_EQ(system.systemLog.messages.size(), 1U);
+}
+
+TEST_F(OpenFile, SaysNothingOfAFileWithLinesThatEndInCrLf) {
+  const std::string text = "*OpenUI *Fold/F: PickOne\r\n*Fold One/1: \"\"\r\n*CloseUI: *Fold\r\n";
+  EXPECT_EQ(KelmPPD::ppdOpenFile_(folder.write("crlf.ppd", text).c_str()), nullptr);
+  EXPECT_THAT(system.systemLog.messages, IsEmpty());
 }
 
 TEST_F(OpenFile, SaysNothingOfAFileWithoutOptions) {
@@ -131,6 +148,13 @@ TEST(Option, HasTheTextOfItsOpenLineUpToTheLastColon) {
   EXPECT_STREQ(record->groups[0].options[0].text, "Fold: in or out");
 }
 
+TEST(Option, HasItsTextFromAnOpenLineWithoutTheKeywordsLastCharacter) {
+  const Record record = recordOf(
+      "*OpenUI *Fold/F: PickOne\n*OpenUI *Fol/Other: PickOne\n*Fold One/First: \"1\"\n"
+      "*Fol One/First: \"1\"\n*CloseUI: *Fold\n*CloseUI: *Fol\n");
+  EXPECT_STREQ(record->groups[0].options[0].text, "Other");
+}
+
 TEST(Option, HasTheLastDefaultOfItsSection) {
   const Record record = recordOf(
       "*DefaultFold: Zero\n*OpenUI *Fold/F: PickOne\n*DefaultFold:One\n*DefaultFold:   Two\n"
@@ -173,6 +197,11 @@ TEST(CustomChoice, OfTheWholeTextFollowsTheOnesOfTheSection) {
       "*CustomFold True: \"c\"\n*OpenUI *Fold/F: PickOne\n*Fold One/First: \"1\"\n"
       "*CloseUI: *Fold\n");
   EXPECT_THAT(choicesIn(record, "Fold"), ElementsAre("One/First=1", "Custom/Custom=c"));
+}
+
+TEST(CustomChoice, MayHaveBlanksAndSeveralQuotedPieces) {
+  const Record record = recordOf(plainOption("Fold") + "*CustomFold   True: \"a\" \"b\"\n");
+  EXPECT_THAT(choicesIn(record, "Fold"), ElementsAre("One/First=1", "Custom/Custom=b"));
 }
 
 TEST(CustomChoice, AloneIsEnoughForAnOption) {
@@ -230,6 +259,11 @@ TEST(Attribute, IsTheTextBetweenTheFirstAndTheLastQuote) {
 TEST(Attribute, KeepsAQuoteThatStandsAlone) {
   EXPECT_THAT(attributesIn(recordOf("*Foo: \"bar\nbaz\"\n" + plainOption("Fold"))),
               Contains("Foo=\"bar"));
+}
+
+TEST(Attribute, MayHaveAnyNumberOfBlanksBeforeItsValue) {
+  EXPECT_THAT(attributesIn(recordOf("*Foo:bar\n*Baz:   1 2\n" + plainOption("Fold"))),
+              testing::IsSupersetOf({"Foo=bar", "Baz=1 2"}));
 }
 
 TEST(Attribute, MayBeEmpty) {

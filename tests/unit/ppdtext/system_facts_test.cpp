@@ -44,6 +44,13 @@ class LocaleEnvironment : public testing::Test {
 
 TEST_F(LocaleEnvironment, IsEnglishWhenNothingIsSet) { EXPECT_THAT(tags(), ElementsAre("en")); }
 
+TEST_F(LocaleEnvironment, IsEnglishForALocaleWithoutALanguage) {
+  for (const char* locale : {".UTF-8", "@euro", "_DE"}) {
+    setenv("LANG", locale, 1);
+    EXPECT_THAT(tags(), ElementsAre("en")) << locale;
+  }
+}
+
 TEST_F(LocaleEnvironment, IsEnglishInTheStandardLocale) {
   EXPECT_THAT(tagsOf("C"), ElementsAre("en"));
   EXPECT_THAT(tagsOf("POSIX"), ElementsAre("en"));
