@@ -1,13 +1,12 @@
-// The filter's wake-up call on a real bus, with a clock on which a second takes 20 ms: prints how
-// many steps it waited.
+// The filter with a queue of its own and a clock on which a second takes 20 ms: says on standard
+// error how many steps it waited for the wake-up service.
 #include <chrono>
 #include <cstdio>
 #include <string>
 #include <thread>
 
+#include "filter/pipeline.hpp"
 #include "platform/platform.hpp"
-#include "tests/support/memory_ppd.hpp"
-#include "wakeup/xpc_call_object.hpp"
 
 namespace {
 
@@ -39,19 +38,14 @@ class OneQueue final : public kelm::platform::Destinations {
 
 }  // namespace
 
-int main() {
+int main(int argc, char* argv[]) {
   FastClock clock;
   OneQueue queue;
   kelm::platform::Platform set = kelm::platform::platform();
   set.steadyClock = &clock;
   set.destinations = &queue;
   const kelm::platform::ScopedPlatform scope(set);
-
-  const kelm::tests::MemoryPpd ppd("*PrinterMacAddress: \"MDA6ODA6OTI6MTI6MzQ6NTY=\"\n");
-  kelm::filter::PrintJobData job;
-  job.ppd = ppd;
-  std::string name = "queue";
-  char* arguments[] = {name.data(), nullptr};
-  kelm::wakeup::callWoLXPC(1, arguments, &job);
-  std::printf("%d\n", clock.sleeps);
+  const int status = kelm::filter::runFilter(argc, argv, stdout);
+  std::fprintf(stderr, "%d\n", clock.sleeps);
+  return status;
 }

@@ -1,5 +1,5 @@
 #!/bin/sh
-# A service that dies after the request: the job waits its 240 steps and no longer.
+# A service that dies after the request: the job waits its 240 steps and no longer, and is printed.
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/bus.sh
@@ -9,7 +9,10 @@ service_works() { [ -e "$W/service_log" ] && grep -q 'waking 192.0.2.9' "$W/serv
 
 bus_start
 bus_wake_service
-"$BUILD/tests/system/wake_up_limit" >"$W/steps" 2>"$W/limit_log" &
+sed '/^\*cupsFilter/a *PrinterMacAddress: "MDA6ODA6OTI6MTI6MzQ6NTY="' "$HERE/lib/queue.ppd" >"$W/wol.ppd"
+printf '%%!PS-Adobe-3.0\nshowpage\n%%%%EOF\n' >"$W/page.ps"
+ln -s "$BUILD/tests/system/wake_up_limit" "$W/queue"
+PPD=$W/wol.ppd PATH=$W:$PATH queue 1 user title 1 '' "$W/page.ps" >"$W/out" 2>"$W/steps" &
 started filter $!
 filter=$!
 wait_until 5 service_works || fail "the service was not asked"
@@ -20,3 +23,4 @@ kill -KILL "$service"
 wait_until 5 gone "${asker% }" || fail "the process that asks the printer outlives the service"
 wait_until 20 gone "$filter" || fail "the wait does not end"
 expect "steps of the wait" "240" "$(cat "$W/steps")"
+sed -n '/^%!PS-Adobe/,$p' "$W/out" | cmp "$W/page.ps" - || fail "the job is not complete"

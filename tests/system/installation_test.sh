@@ -1,0 +1,49 @@
+#!/bin/sh
+# What "make install" puts where, and that the pieces find each other.
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+
+ROOT=$W/root
+PREFIX=$(sed -n 's/^CMAKE_INSTALL_PREFIX:PATH=//p' "$BUILD/CMakeCache.txt")
+DESTDIR=$ROOT cmake --install "$BUILD" >"$W/install_log"
+
+(cd "$ROOT" && find . -type f | sed "s|^\\.$PREFIX/|PREFIX/|; s|^\\./|/|" | sort) >"$W/installed"
+cat >"$W/expected" <<'END'
+/usr/lib/cups/filter/kelmfilter
+/usr/share/dbus-1/system.d/com.kelm.KelmWoLServices.conf
+/usr/share/ppd/kelm/kelm-ij.ppd
+PREFIX/bin/kelmctl
+PREFIX/lib/systemd/system/kelm-wol.service
+PREFIX/lib/sysusers.d/kelm-wol.conf
+PREFIX/libexec/kelm/KelmWoLServices
+PREFIX/share/bash-completion/completions/kelmctl
+PREFIX/share/dbus-1/system-services/com.kelm.KelmWoLServices.service
+PREFIX/share/man/man1/kelmctl.1
+PREFIX/share/man/man8/KelmWoLServices.8
+PREFIX/share/zsh/vendor-completions/_kelmctl
+END
+diff "$W/expected" "$W/installed" || fail "other files are installed"
+
+# Bus and systemd start the program that is there, as the user that is made.
+unit=$ROOT$PREFIX/lib/systemd/system/kelm-wol.service
+for file in "$unit" "$ROOT$PREFIX/share/dbus-1/system-services/com.kelm.KelmWoLServices.service"; do
+  program=$(sed -n 's/^Exec\(Start\)\{0,1\}=//p' "$file")
+  [ -x "$ROOT$program" ] || fail "$file starts $program, which is not installed"
+  expect_line "$file" User=kelmwol
+done
+mkdir "$ROOT/etc"
+systemd-sysusers --root="$ROOT" "$ROOT$PREFIX/lib/sysusers.d/kelm-wol.conf" 2>"$W/sysusers_log"
+grep -q '^kelmwol:' "$ROOT/etc/passwd" || fail "the service's user is not made"
+
+# systemd understands every line of the unit.
+sed "s|^ExecStart=|&$ROOT|" "$unit" >"$W/kelm-wol.service"
+systemd-analyze verify --man=no "$W/kelm-wol.service" >"$W/verify_log" 2>&1 ||
+  fail "systemd refuses the unit"
+expect "what systemd says of the unit" '' "$(grep kelm-wol "$W/verify_log" || :)"
+exposure=$(systemd-analyze security --offline=true "$W/kelm-wol.service" |
+  sed -n 's/^.*exposure level for kelm-wol.service: \([0-9]*\).*/\1/p')
+[ "$exposure" -le 1 ] || fail "the unit's exposure level is $exposure"
+
+# The filter that is installed prints.
+printf '%%!PS\n' | "$ROOT/usr/lib/cups/filter/kelmfilter" 1 user title 1 '' >"$W/out"
+expect_line "$W/out" '@PJL ENTER LANGUAGE=POSTSCRIPT'
