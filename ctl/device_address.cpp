@@ -2,6 +2,7 @@
 #include "ctl/device_address.hpp"
 
 #include <cups/http.h>
+#include <netdb.h>
 
 #include <algorithm>
 #include <iterator>
@@ -37,10 +38,14 @@ std::string hostOf(const std::string& uri) {
   return network ? host : "";
 }
 
+// Not httpAddrString, which writes IPv6 addresses as URIs have them.
 std::string lookUp(const std::string& host, int family) {
   const AddressList list(httpAddrGetList(host.c_str(), family, nullptr));
   char text[HTTP_MAX_HOST] = "";
-  if (list != nullptr) httpAddrString(&list->addr, text, sizeof text);
+  if (list != nullptr) {
+    getnameinfo(&list->addr.addr, static_cast<socklen_t>(httpAddrLength(&list->addr)), text,
+                sizeof text, nullptr, 0, NI_NUMERICHOST);
+  }
   return text;
 }
 

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "ctl/safe_text.hpp"
 #include "ctl/terminal.hpp"
 #include "snmp/bracketed_address.hpp"
 #include "snmp/qv_snmp_helper.hpp"
@@ -32,7 +33,9 @@ class Questions {
   }
 
  private:
-  void announce(const char* question) { line_.show("asking " + address_ + ": " + question); }
+  void announce(const char* question) {
+    line_.show("asking " + safeText(address_) + ": " + question);
+  }
   const char* peer() const { return peer_.c_str(); }
   const char* community() const { return community_.c_str(); }
 
@@ -108,13 +111,13 @@ std::string addressProblem(const std::string& address) {
 std::string noAnswerMessage(const PrinterFacts& facts, const std::string& address,
                             const std::string& community) {
   if (facts.sleepModeStatus == kCouldNotAsk) {
-    return "the printer \"" + address +
+    return "the printer \"" + safeText(address) +
            "\" cannot be asked: it is no known host or address, or there is no way to it; check "
            "its "
            "spelling and the network.";
   }
-  return "the printer \"" + address + "\" does not answer SNMP requests of the community \"" +
-         community +
+  return "the printer \"" + safeText(address) +
+         "\" does not answer SNMP requests of the community \"" + safeText(community) +
          "\"; check that it is switched on, that its SNMP is, and its community (--community).";
 }
 

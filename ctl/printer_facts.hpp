@@ -29,6 +29,12 @@ struct PrinterFacts {
   std::optional<std::vector<std::string>> forms;
   std::optional<std::vector<std::string>> barcodeAreas;
   std::optional<std::vector<std::string>> colorProfiles;
+
+  // Whether it is a printer of the family at all: another device's agent answers too, but knows
+  // none of its facts.
+  bool knowsAnything() const {
+    return macAddress || sleepMode != -1 || sharedBoxes || forms || barcodeAreas || colorProfiles;
+  }
 };
 
 // Asks the printer at `address` (an IPv4 or IPv6 address or a host name) for everything; a printer

@@ -11,10 +11,12 @@
 #include "ctl/exit_status.hpp"
 #include "ctl/printer_facts.hpp"
 #include "ctl/queue_ppd.hpp"
+#include "ctl/safe_text.hpp"
 #include "ctl/stored_settings.hpp"
 #include "ctl/update_lines.hpp"
 #include "ctl/update_sender.hpp"
 #include "ppdsettings/snmp_helper.hpp"
+#include "snmp/bracketed_address.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -52,7 +54,8 @@ void writeChange(std::ostream& out, const StoredSetting& before, const StoredSet
   writeOnlyIn(out, "+", after.values, before.values);
 }
 
-void writeChanges(std::ostream& out, const std::vector<StoredSetting>& before,
+// Whether there was anything to write.
+bool writeChanges(std::ostream& out, const std::vector<StoredSetting>& before,
                   const std::vector<StoredSetting>& after) {
   bool changed = false;
   for (std::size_t i = 0; i < after.size(); ++i) {
@@ -60,20 +63,20 @@ void writeChanges(std::ostream& out, const std::vector<StoredSetting>& before,
     writeChange(out, before[i], after[i]);
     changed = true;
   }
-  if (!changed) out << "Nothing changed.\n";
+  return changed;
 }
 
-void warnAbout(const Console& console, const char* list, bool given) {
+void warnAbout(const Console& console, const char* missing, bool given) {
   if (given) return;
-  console.err << "kelmctl: the printer gives no complete list of its " << list
-              << "; what is stored of them stays\n";
+  console.err << "kelmctl: the printer gives no " << missing << "; what is stored of it stays\n";
 }
 
-void warnAboutMissingLists(const Console& console, const PrinterFacts& facts) {
-  warnAbout(console, "shared boxes", facts.sharedBoxes.has_value());
-  warnAbout(console, "forms", facts.forms.has_value());
-  warnAbout(console, "barcode areas", facts.barcodeAreas.has_value());
-  warnAbout(console, "colour profiles", facts.colorProfiles.has_value());
+void warnAboutMissingFacts(const Console& console, const PrinterFacts& facts) {
+  warnAbout(console, "MAC address of six hexadecimal parts", storableMacAddress(facts).has_value());
+  warnAbout(console, "complete list of its shared boxes", facts.sharedBoxes.has_value());
+  warnAbout(console, "complete list of its forms", facts.forms.has_value());
+  warnAbout(console, "complete list of its barcode areas", facts.barcodeAreas.has_value());
+  warnAbout(console, "complete list of its colour profiles", facts.colorProfiles.has_value());
 }
 
 void writeLines(std::ostream& out, const std::vector<UpdateLine>& lines) {
@@ -82,15 +85,18 @@ void writeLines(std::ostream& out, const std::vector<UpdateLine>& lines) {
 
 int store(const Arguments& arguments, const std::vector<UpdateLine>& lines, ppd_file_t* before,
           const Console& console) {
-  const std::string problem = sendUpdate(arguments.queue, lines, console);
-  if (!problem.empty()) return fail(console, problem);
+  std::string problem = sendUpdate(arguments.queue, lines, console);
   const OpenedPpd after = openQueuePpd(arguments.queue);
-  if (after.ppd == nullptr) return fail(console, after.problem);
-  if (const UpdateLine* missing = firstNotStored(lines, after.ppd.get())) {
-    return fail(console, "the print server did not store " + missing->keyword +
-                             "; does the queue \"" + arguments.queue + "\" print with kelmfilter?");
+  if (after.ppd == nullptr) return fail(console, problem.empty() ? after.problem : problem);
+  const UpdateLine* missing = firstNotStored(lines, after.ppd.get());
+  if (problem.empty() && missing != nullptr) {
+    problem = "the print server did not store " + missing->keyword + "; does the queue \"" +
+              arguments.queue + "\" print with kelmfilter?";
   }
-  writeChanges(console.out, storedSettings(before), storedSettings(after.ppd.get()));
+  const bool changed =
+      writeChanges(console.out, storedSettings(before), storedSettings(after.ppd.get()));
+  if (!problem.empty()) return fail(console, problem);
+  if (!changed) console.out << "Nothing changed.\n";
   return kExitDone;
 }
 
@@ -100,9 +106,14 @@ int askAndStore(const Arguments& arguments, const std::string& address, ppd_file
       arguments.community.value_or(ppdsettings::KelmSNMPHelper::snmpCommunityName_(ppd));
   const PrinterFacts facts = askPrinter(address, community, console);
   if (!facts.answered) return fail(console, noAnswerMessage(facts, address, community));
+  if (!facts.knowsAnything()) {
+    return fail(console,
+                "\"" + safeText(address) +
+                    "\" answers, but knows nothing of a KELM IJ printer; check the address");
+  }
   const UpdateLines update = updateLinesFor(facts, address, community, ppd);
   if (!update.problem.empty()) return fail(console, update.problem);
-  warnAboutMissingLists(console, facts);
+  warnAboutMissingFacts(console, facts);
   if (!arguments.dryRun) return store(arguments, update.lines, ppd, console);
   writeLines(console.out, update.lines);
   return kExitDone;
@@ -113,10 +124,12 @@ int sync(const Arguments& arguments, const Console& console) {
   if (stored.ppd == nullptr) return fail(console, stored.problem);
   const QueueState state = queueState(arguments.queue);
   if (!state.problem.empty() && !arguments.dryRun) return fail(console, state.problem);
-  const std::string address = arguments.address.value_or(addressOfDevice(state.deviceUri));
+  const std::string address =
+      arguments.address ? snmp::unbracketed(*arguments.address) : addressOfDevice(state.deviceUri);
   if (address.empty()) {
-    return fail(console, "no address of a printer is found in the device URI \"" + state.deviceUri +
-                             "\" of the queue \"" + arguments.queue + "\"; give it with --address");
+    return fail(console, "no address of a printer is found in the device URI \"" +
+                             safeText(state.deviceUri) + "\" of the queue \"" + arguments.queue +
+                             "\"; give it with --address");
   }
   return askAndStore(arguments, address, stored.ppd.get(), console);
 }

@@ -11,6 +11,7 @@
 #include "ctl/safe_text.hpp"
 #include "filter/ppd_calls.hpp"
 #include "ppdsettings/stored_facts.hpp"
+#include "wolservice/wake_up_order.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -122,14 +123,19 @@ Texts namesInUse(const std::vector<SharedBox>& boxes) {
 
 }  // namespace
 
+std::optional<std::string> storableMacAddress(const PrinterFacts& facts) {
+  const bool sound = facts.macAddress && wolservice::macAddressOf(*facts.macAddress);
+  return sound ? facts.macAddress : std::nullopt;
+}
+
 UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address,
                            const std::string& community, ppd_file_t* stored) {
   Composer composer(stored);
   composer.addPlain(storedFact("PPDOptionsUpdated"), true);
   composer.addPlain(storedFact("IsCustomSnmpCommunity"), community != kDefaultCommunity);
   composer.addText(storedFact("SnmpCommunityName"), "community", community);
-  if (facts.macAddress) {
-    composer.addText(storedFact("PrinterMacAddress"), "MAC address", *facts.macAddress);
+  if (const auto macAddress = storableMacAddress(facts)) {
+    composer.addText(storedFact("PrinterMacAddress"), "MAC address", *macAddress);
   }
   composer.addText(storedFact("PrinterIPAddress"), "address", address);
   if (facts.sharedBoxes) {

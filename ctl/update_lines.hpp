@@ -5,6 +5,7 @@
 #include <cups/ppd.h>
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -31,10 +32,14 @@ inline constexpr std::size_t kMostOfKeywordAndValue = 252;
 // 131072 bytes; some room is left for the options that the print system adds.
 inline constexpr std::size_t kMostOfAllLines = 100'000;
 
+// The printer's MAC address where it can be stored: six hexadecimal parts, not all zero. Any other
+// text would end every job of a queue that wakes its printer.
+std::optional<std::string> storableMacAddress(const PrinterFacts& facts);
+
 // The lines that make the PPD say what the printer at `address` said. Of the shared boxes those in
 // use are kept, box n at index n - 1; the other lists are kept from index 0 on. What `stored`
 // (which may be null) holds beyond that is emptied, because the print system cannot take a keyword
-// away. A list that the printer did not give stays as it is stored.
+// away. A list that the printer did not give stays as it is stored, and so does the MAC address.
 UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address,
                            const std::string& community, ppd_file_t* stored);
 

@@ -17,6 +17,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr auto kLongestWait = 2min;
+constexpr auto kLongestCancel = 5s;
 constexpr auto kPause = 50ms;
 constexpr char kTitle[] = "Printer settings";
 // In the filter's own format, so that no other filter comes before it; and without a page, should
@@ -101,17 +102,26 @@ bool isOver(std::optional<ipp_jstate_t> state) {
          *state == IPP_JSTATE_COMPLETED;
 }
 
+// The job's state when it is over or stopped, or after `limit`.
+std::optional<ipp_jstate_t> stateWithin(std::chrono::seconds limit, int job) {
+  const auto end = std::chrono::steady_clock::now() + limit;
+  std::optional<ipp_jstate_t> state = jobState(job);
+  while (!isOver(state) && *state != IPP_JSTATE_STOPPED && std::chrono::steady_clock::now() < end) {
+    std::this_thread::sleep_for(kPause);
+    state = jobState(job);
+  }
+  return state;
+}
+
+// What a job said before it was cancelled is stored at its end, so that end is waited for too.
 std::string waitFor(const std::string& queue, int job) {
   std::string name = "the update job " + queue + "-" + std::to_string(job);
-  const auto end = std::chrono::steady_clock::now() + kLongestWait;
-  std::optional<ipp_jstate_t> state = jobState(job);
-  for (; !isOver(state); state = jobState(job)) {
-    if (*state == IPP_JSTATE_STOPPED || std::chrono::steady_clock::now() > end) {
-      cupsCancelJob2(CUPS_HTTP_DEFAULT, queue.c_str(), job, 0);
-      name += " does not end and is cancelled; see what holds the queue up: lpstat -p ";
-      return name += queue;
-    }
-    std::this_thread::sleep_for(kPause);
+  const std::optional<ipp_jstate_t> state = stateWithin(kLongestWait, job);
+  if (!isOver(state)) {
+    cupsCancelJob2(CUPS_HTTP_DEFAULT, queue.c_str(), job, 0);
+    stateWithin(kLongestCancel, job);
+    name += " does not end and is cancelled; see what holds the queue up: lpstat -p ";
+    return name += queue;
   }
   if (state && *state != IPP_JSTATE_COMPLETED) {
     return name + " was stopped; the print server's error log says why";

@@ -12,4 +12,10 @@ inline std::string bracketed(const std::string& address) {
   return plainIPv6 ? "[" + address + "]" : address;
 }
 
+// `address` without brackets around the whole of it.
+inline std::string unbracketed(const std::string& address) {
+  const bool bracketed = address.starts_with('[') && address.ends_with(']');
+  return bracketed ? address.substr(1, address.size() - 2) : address;
+}
+
 }  // namespace kelm::snmp

@@ -10,9 +10,10 @@ namespace kelm::snmp {
 
 // Class methods only; each asks the printer with one or more SNMP GET requests and waits for the
 // answers. Addresses are IPv4 addresses, IPv6 addresses or host names; addresses and communities
-// are UTF-8 and never null. No answer, an agent's error, a wrong type and an incomplete list are
-// all the same: false, nothing, or what the method says. The arrays are shared by all calls, so the
-// class is for one thread at a time.
+// are UTF-8 and never null. An IPv6 address is best given in brackets: without them the SNMP
+// library takes its last group for the port. No answer, an agent's error, a wrong type and an
+// incomplete list are all the same: false, nothing, or what the method says. The arrays are shared
+// by all calls, so the class is for one thread at a time.
 class QVSNMPHelper {
  public:
   using TextArray = std::vector<std::string>;

@@ -33,16 +33,6 @@ bool readByte(std::string_view digits, std::uint8_t& byte) {
   return digits.size() <= 2 && problem == std::errc() && stop == end;
 }
 
-std::optional<MacAddress> macAddressOf(std::string_view text) {
-  constexpr std::ptrdiff_t kSeparators = std::tuple_size_v<MacAddress> - 1;
-  if (std::count(text.begin(), text.end(), ':') != kSeparators) return std::nullopt;
-  MacAddress address{};
-  for (std::uint8_t& byte : address) {
-    if (!readByte(nextPart(text, ':'), byte)) return std::nullopt;
-  }
-  return address == MacAddress{} ? std::nullopt : std::optional(address);
-}
-
 bool isIpv4(const std::string& text) {
   in_addr address{};
   return inet_pton(AF_INET, text.c_str(), &address) == 1;
@@ -88,6 +78,16 @@ std::optional<bool> switchOf(std::string_view text) {
 }
 
 }  // namespace
+
+std::optional<MacAddress> macAddressOf(std::string_view text) {
+  constexpr std::ptrdiff_t kSeparators = std::tuple_size_v<MacAddress> - 1;
+  if (std::count(text.begin(), text.end(), ':') != kSeparators) return std::nullopt;
+  MacAddress address{};
+  for (std::uint8_t& byte : address) {
+    if (!readByte(nextPart(text, ':'), byte)) return std::nullopt;
+  }
+  return address == MacAddress{} ? std::nullopt : std::optional(address);
+}
 
 std::optional<WakeUpOrder> checkedOrder(const WakeUpArguments& arguments, std::string& problem) {
   const auto macAddress = macAddressOf(arguments.macAddress);

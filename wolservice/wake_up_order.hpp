@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace kelm::wolservice {
 
@@ -19,6 +20,10 @@ struct WakeUpArguments {
   std::string isOverRouter;
 };
 
+// The address of six hexadecimal parts of one or two digits between ":"; nothing for any other
+// text, and for an address that is all zero.
+std::optional<MacAddress> macAddressOf(std::string_view text);
+
 struct WakeUpOrder {
   std::string address;  // IPv4, IPv6 (with a zone or without) or a host name
   MacAddress macAddress;
@@ -27,9 +32,9 @@ struct WakeUpOrder {
   bool isOverRouter;  // also to the printer's address itself
 };
 
-// The order that the arguments give: a MAC address of six hexadecimal parts of one or two digits
-// between ":", not all zero; an address or host name; a community of at most 255 bytes; "YES" or
-// "NO" twice. Nothing otherwise, and `problem` says what is wrong, without the arguments' text.
+// The order that the arguments give: a MAC address (macAddressOf); an address or host name; a
+// community of at most 255 bytes; "YES" or "NO" twice. Nothing otherwise, and `problem` says what
+// is wrong, without the arguments' text.
 std::optional<WakeUpOrder> checkedOrder(const WakeUpArguments& arguments, std::string& problem);
 
 }  // namespace kelm::wolservice

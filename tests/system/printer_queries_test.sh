@@ -75,5 +75,13 @@ ask PlainIPv6Address ::1 || fail PlainIPv6Address
 all_asked
 
 # The whole family goes into one request, which is larger than one Ethernet frame holds.
-size=$(sed -n 2p "$W/dropping/requests")
+size=$(sed -n '2s/ .*//p' "$W/dropping/requests")
 [ "$size" -gt 2200 ] || fail "a request for 100 forms of only $size bytes"
+
+# The test query goes to this machine: version 2c (1), community "public", one GET of sysName.0.
+stop many
+odd_agent_start local 127.0.0.1 doubled
+ask TestValue 127.0.0.1 || fail "TestValue with an agent of its own"
+expect "requests of the test query" 1 "$(sed 1d "$W/local/requests" | wc -l)"
+sed -n 2p "$W/local/requests" | grep -q ' 30..02010104067075626c6963a0.*300e300c06082b060102010105000500$' ||
+  fail "not the test query: $(sed -n 2p "$W/local/requests")"

@@ -33,3 +33,10 @@ cups_queue kelm 'dnssd://My.Printer%202._pdl-datastream._tcp.local/' "$HERE/lib/
 
 "$BUILD/kelmctl" sync kelm >"$W/out" 2>"$W/err" || fail "kelmctl sync: $(cat "$W/err")"
 has_box || fail "no shared box is stored: $(cat "$W/out")"
+
+# With an address given, nobody is asked for a name that is gone.
+lpadmin -p kelm -v dnssd://Nobody._pdl-datastream._tcp.local/ 2>"$W/lpadmin_log"
+before=$(date +%s%N)
+"$BUILD/kelmctl" sync kelm --address 127.0.0.1 --dry-run >"$W/out" 2>"$W/err" ||
+  fail "kelmctl sync --address: $(cat "$W/err")"
+[ $((($(date +%s%N) - before) / 1000000)) -le 2500 ] || fail "the name was looked up in spite of --address"

@@ -133,12 +133,13 @@ echo 'boxName 17 long 1039' | play "$P/few_boxes.mib" "$P/changed.mib" -
 run 1 sync kelm
 expect_message 'shared box 17 "nnnnnn.* of 1039 bytes is too long'
 expect_unchanged
-echo 'macAddress 0 long 200' | play "$P/few_boxes.mib" -
-run 1 sync kelm
-expect_message 'MAC address "nnnnnn.* of 200 bytes is too long'
-expect_unchanged
 
-# A list that is not given whole stays as it is.
+# A MAC address that would end the next job stays as it is, and so does a list that is not given whole.
+echo 'macAddress 0 text 00-1B-A9-00-00-02' | play "$P/few_boxes.mib" -
+run 0 sync kelm
+expect "the changes" 'Nothing changed.' "$(cat "$W/out")"
+grep -q 'no MAC address of six hexadecimal parts' "$W/err" || fail "no word about the MAC address"
+print_page
 printf 'formState 1-100 integer 1\nformState 50 absent\n' | play "$P/few_boxes.mib" -
 run 0 sync kelm
 expect "the changes" 'Nothing changed.' "$(cat "$W/out")"
@@ -172,8 +173,25 @@ printer_mib "$P/few_boxes.mib" | agent_start ipv6 '[::1]'
 run 0 sync kelm --address ::1
 expect "with another address" 'IP address: 127.0.0.1 -> ::1' "$(cat "$W/out")"
 
+run 0 sync kelm --address '[::1]'
+expect "with brackets" 'Nothing changed.' "$(cat "$W/out")"
+
+# A host name that has an IPv6 address only.
+ip addr add fd77::9/128 dev lo nodad
+printer_mib "$P/few_boxes.mib" | agent_start six '[fd77::9]'
+cp /etc/hosts "$W/hosts"
+echo 'fd77::9 six.example' >>"$W/hosts"
+mount --bind "$W/hosts" /etc/hosts
+lpadmin -p kelm -v socket://six.example:9100 2>"$W/lpadmin_log"
+run 0 sync kelm
+expect "a host name with an IPv6 address" 'IP address: ::1 -> fd77::9' "$(cat "$W/out")"
+lpadmin -p kelm -v socket://127.0.0.1:9100 2>"$W/lpadmin_log"
+
 # What can be wrong: the printer, the queue, the print server.
 keep
+odd_agent_start foreign 127.0.0.9 error 2
+run 1 sync kelm --address 127.0.0.9
+expect_message '"127.0.0.9" answers, but knows nothing of a KELM IJ printer'
 stop agent
 run 1 sync kelm
 expect_message '"127.0.0.1" does not answer .*"secret"'

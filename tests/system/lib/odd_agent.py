@@ -8,7 +8,7 @@ one does. Every value it gives is the INTEGER 1. Behaviours:
   doubled          answers twice
   garbled          answers with bytes that are no SNMP message first, then properly
   error STATUS     reports the error, with no variables
-It prints "ready" first, then a line with the number of bytes of each request.
+It prints "ready" first, then for each request a line with its number of bytes and its bytes.
 """
 import socket
 import sys
@@ -60,7 +60,7 @@ def main():
     while True:
         request, client = agent.recvfrom(65536)
         heard += 1
-        print(len(request), flush=True)
+        print(len(request), request.hex(), flush=True)
         answers = {
             "late": lambda: [response(request)],
             "after": lambda: [response(request)] if heard > number else [],

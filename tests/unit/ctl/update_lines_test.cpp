@@ -91,12 +91,24 @@ TEST(UpdateLines, UseSixPartsAtMostAndRefuseALongerTextByName) {
 }
 
 TEST(UpdateLines, RefuseASingleTextThatDoesNotFitOneLine) {
-  // "PrinterMacAddress" leaves 235 characters: 58 groups of 4 for 174 bytes.
+  // "SnmpCommunityName" leaves 235 characters: 58 groups of 4 for 174 bytes.
+  const auto problemOf = [](std::size_t length) {
+    return updateLinesFor({}, "192.0.2.7", std::string(length, 'm'), nullptr).problem;
+  };
+  EXPECT_THAT(problemOf(174), IsEmpty());
+  EXPECT_THAT(problemOf(175), HasSubstr("community \"mmmm"));
+}
+
+TEST(UpdateLines, HoldAMacAddressOfSixPartsOnly) {
   PrinterFacts facts;
-  facts.macAddress = std::string(174, 'm');
-  EXPECT_THAT(linesFor(facts).problem, IsEmpty());
-  facts.macAddress = std::string(175, 'm');
-  EXPECT_THAT(linesFor(facts).problem, HasSubstr("MAC address \"mmmm"));
+  facts.macAddress = "00:1b:a9:0:4D:5e";
+  EXPECT_THAT(valuesOf(linesFor(facts), "PrinterMac"),
+              ElementsAre(Pair("PrinterMacAddress", "MDA6MWI6YTk6MDo0RDo1ZQ==")));
+  for (const char* other : {"", "00-1B-A9-0C-4D-5E", "001BA90C4D5E", "00:1b:a9:0c:4d",
+                            "00:1b:a9:0c:4d:5e:6f", "00:00:00:00:00:00"}) {
+    facts.macAddress = other;
+    EXPECT_THAT(valuesOf(linesFor(facts), "PrinterMac"), IsEmpty()) << other;
+  }
 }
 
 TEST(UpdateLines, RefuseMoreThanOneJobCarries) {

@@ -76,7 +76,7 @@ TEST(RequestFor, PutsAWholeFamilyIntoOneRequest) {
 }
 
 TEST(Get, FailsAtOnceForAPeerThatDoesNotExist) {
-  const Answer answer = get("udp6:no such address:161", "public", formNameOID, kUsualManner);
+  const Answer answer = get("udp6:..:161", "public", formNameOID, kUsualManner);
   EXPECT_EQ(answer.status, STAT_ERROR);
   EXPECT_EQ(answer.response, nullptr);
 }

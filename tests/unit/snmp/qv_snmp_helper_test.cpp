@@ -8,7 +8,7 @@ namespace {
 
 using testing::IsEmpty;
 
-constexpr char kNobody[] = "no such address:";  // has a colon and is no IPv6 address: never opened
+constexpr char kNobody[] = "..:";  // has a colon and is no IPv6 address: never opened
 constexpr char kCommunity[] = "public";
 
 std::string converted(const char* address) {
