@@ -11,6 +11,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+constexpr std::chrono::seconds kPauseBetweenLookups{1};
+
 }  // namespace
 
 void askUntilAnswered(const std::function<bool()>& answers, std::chrono::milliseconds interval) {
@@ -21,14 +23,21 @@ void askUntilAnswered(const std::function<bool()>& answers, std::chrono::millise
   }
 }
 
-void sendToPrinter(const MagicPacket& packet, const std::string& host, int packets) {
+void sendWhenDue(const std::function<void()>& send, int packets) {
   const Clock::time_point start = Clock::now();
-  std::optional<sockaddr_storage> address;
   for (int number = 0; number < packets; ++number) {
     std::this_thread::sleep_until(start + packetDue(number));
-    if (!address) address = locate(host);
-    if (address) sendPacket(packet, *address);
+    send();
   }
+}
+
+void sendToPrinter(const MagicPacket& packet, const std::string& host, int packets) {
+  std::optional<sockaddr_storage> address = locate(host);
+  while (!address) {
+    std::this_thread::sleep_for(kPauseBetweenLookups);
+    address = locate(host);
+  }
+  sendWhenDue([&] { sendPacket(packet, *address); }, packets);
 }
 
 }  // namespace kelm::wolservice

@@ -14,8 +14,10 @@ namespace kelm::wolservice {
 // when a question took longer.
 void askUntilAnswered(const std::function<bool()>& answers, std::chrono::milliseconds interval);
 
-// Sends the packet to the address of `host` whenever one is due (packetDue), counted from the
-// start, at most `packets` times. A name that is not known is looked up again for the next packet.
+// Calls `send` whenever a packet is due (packetDue), counted from the start, `packets` times.
+void sendWhenDue(const std::function<void()>& send, int packets);
+
+// Looks the host up until it is known, then sends it the packet likewise.
 void sendToPrinter(const MagicPacket& packet, const std::string& host, int packets);
 
 }  // namespace kelm::wolservice

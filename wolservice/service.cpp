@@ -96,8 +96,9 @@ bool Service::addSources() {
 Service::Source Service::startTimer(std::chrono::milliseconds delay,
                                     sd_event_time_handler_t handler, void* data) {
   sd_event_source* source = nullptr;
-  sd_event_add_time_relative(event_.get(), &source, CLOCK_MONOTONIC, microseconds(delay),
-                             kTimerAccuracy, handler, data);
+  done(sd_event_add_time_relative(event_.get(), &source, CLOCK_MONOTONIC, microseconds(delay),
+                                  kTimerAccuracy, handler, data),
+       "set a timer");
   return Source(source);
 }
 
@@ -130,8 +131,11 @@ int Service::onRequest(sd_bus_message* message, void* self, sd_bus_error* /*erro
   const char* isOverRouter = nullptr;
   const int status = sd_bus_message_read(message, "sssss", &address, &macAddress, &community,
                                          &isWakeOnLan, &isOverRouter);
-  if (status < 0) return status;
   const char* caller = sd_bus_message_get_sender(message);
+  if (status < 0) {
+    static_cast<Service*>(self)->refuse(caller, "it does not have five strings");
+    return status;
+  }
   static_cast<Service*>(self)->take(caller,
                                     {address, macAddress, community, isWakeOnLan, isOverRouter});
   return sd_bus_reply_method_return(message, "");
@@ -143,10 +147,13 @@ void Service::take(const std::string& caller, const WakeUpArguments& arguments) 
   if (order && wakeUps_.size() < kMostWakeUps) {
     begin(caller, *order);
   } else {
-    say("refused a request of " + caller + ": " +
-        (order ? "too many printers are being woken" : problem));
-    callBack(caller);
+    refuse(caller, order ? "too many printers are being woken" : problem);
   }
+}
+
+void Service::refuse(const std::string& caller, const std::string& reason) {
+  say("refused a request of " + caller + ": " + reason);
+  callBack(caller);
 }
 
 void Service::begin(const std::string& caller, const WakeUpOrder& order) {
@@ -193,7 +200,7 @@ void Service::sendPackets(WakeUp& wakeUp) {
 
 int Service::onAskerEnd(sd_event_source* /*source*/, const siginfo_t* end, void* wakeUp) {
   auto& self = *static_cast<WakeUp*>(wakeUp);
-  if (end->si_code == CLD_EXITED) {
+  if (end->si_code == CLD_EXITED && end->si_status == 0) {
     self.service->finish(self, "answers");
   } else {
     say(self.order.address + " cannot be asked any more: its process was killed");

@@ -62,6 +62,7 @@ class Service {
                       WakeUp& wakeUp);
 
   void take(const std::string& caller, const WakeUpArguments& arguments);
+  void refuse(const std::string& caller, const std::string& reason);
   void begin(const std::string& caller, const WakeUpOrder& order);
   void sendPackets(WakeUp& wakeUp);
   void finish(WakeUp& wakeUp, const char* outcome);

@@ -8,6 +8,9 @@
 
 #include <algorithm>
 #include <cstring>
+#include <future>
+#include <system_error>
+#include <thread>
 #include <utility>
 
 #include "platform/linux/network_bodies.hpp"
@@ -70,8 +73,25 @@ class AvahiService final : public DnsSdService {
   AvahiService(std::string domain, std::string type, std::string name)
       : domain_(std::move(domain)), type_(std::move(type)), name_(std::move(name)) {}
 
+  // Avahi's library waits for its daemon without a limit of its own when the daemon hangs: its
+  // thread is left behind then, and ends with the process.
   std::vector<sockaddr_storage> resolve(std::chrono::milliseconds limit) override {
     const Clock::time_point end = Clock::now() + limit;
+    std::promise<std::vector<sockaddr_storage>> promise;
+    std::future<std::vector<sockaddr_storage>> found = promise.get_future();
+    try {
+      std::thread([service = *this, end, promise = std::move(promise)]() mutable {
+        promise.set_value(service.ask(end));
+      }).detach();
+    } catch (const std::system_error&) {
+      return {};
+    }
+    if (found.wait_until(end) != std::future_status::ready) return {};
+    return found.get();
+  }
+
+ private:
+  std::vector<sockaddr_storage> ask(Clock::time_point end) const {
     Answer answer;
     const std::unique_ptr<AvahiSimplePoll, Release> poll(avahi_simple_poll_new());
     if (!poll) return {};
@@ -86,7 +106,6 @@ class AvahiService final : public DnsSdService {
     return answer.addresses;
   }
 
- private:
   std::string domain_;
   std::string type_;
   std::string name_;

@@ -6,10 +6,12 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <cstring>
 #include <future>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -20,7 +22,10 @@ namespace kelm::platform::linux_bodies {
 namespace {
 
 constexpr char kBusName[] = "org.freedesktop.DBus";
-constexpr std::uint64_t kBusAnswerLimit = 5'000'000;  // microseconds
+constexpr std::chrono::microseconds kBusAnswerLimit = std::chrono::seconds(5);
+constexpr std::chrono::milliseconds kForEver{-1};
+
+using Clock = std::chrono::steady_clock;
 
 struct Release {
   void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
@@ -39,14 +44,17 @@ class SdBusConnection final : public WakeUpConnection {
       return;
     }
     std::future<void> sent = sent_.get_future();
-    startThread(request);
-    sent.wait();
+    if (startThread(request)) {
+      sent.wait();
+    } else {
+      giveUp("no thread is left for the bus");
+    }
   }
 
   ~SdBusConnection() override {
     if (stop_ < 0) return;
     eventfd_write(stop_, 1);
-    thread_.join();
+    if (thread_.joinable()) thread_.join();
     close(stop_);
   }
 
@@ -61,21 +69,26 @@ class SdBusConnection final : public WakeUpConnection {
   }
 
  private:
-  // Signals are the business of the thread that was there before.
-  void startThread(const WakeUpRequest& request) {
+  // Signals are the business of the thread that was there before. False when the system has no
+  // thread left.
+  bool startThread(const WakeUpRequest& request) {
     sigset_t all;
     sigset_t before;
     sigfillset(&all);
     pthread_sigmask(SIG_SETMASK, &all, &before);
-    thread_ = std::thread([this, &request] { run(request); });
+    try {
+      thread_ = std::thread([this, &request] { run(request); });
+    } catch (const std::system_error&) {
+    }
     pthread_sigmask(SIG_SETMASK, &before, nullptr);
+    return thread_.joinable();
   }
 
   void run(const WakeUpRequest& request) {
     const Bus bus = openBus();
     if (bus) sendOn(bus.get(), request);
     sent_.set_value();
-    while (open_ && waitForBus(bus.get())) handleMessages(bus.get());
+    while (open_ && waitForBus(bus.get(), kForEver)) handleMessages(bus.get());
   }
 
   Bus openBus() {
@@ -89,12 +102,28 @@ class SdBusConnection final : public WakeUpConnection {
     return nullptr;
   }
 
+  // sd-bus would wait for minutes where something accepts connections and says nothing.
+  int waitUntilReady(sd_bus* bus) const {
+    const auto end = Clock::now() + kBusAnswerLimit;
+    int status = 0;
+    while (status >= 0 && sd_bus_is_ready(bus) == 0) {
+      status = sd_bus_process(bus, nullptr);
+      if (status != 0) continue;
+      const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+      if (left.count() <= 0 || !waitForBus(bus, left)) status = -ETIMEDOUT;
+    }
+    return status;
+  }
+
   // The bus answers in order: what it has to say at once about the request comes before the answer
   // to a question that follows.
   void sendOn(sd_bus* bus, const WakeUpRequest& request) {
     sd_bus_message* message = nullptr;
-    int status = sd_bus_message_new_method_call(bus, &message, kWakeUpService, kWakeUpObject,
-                                                kWakeUpInterface, kWakeUpMethod);
+    int status = waitUntilReady(bus);
+    if (status >= 0) {
+      status = sd_bus_message_new_method_call(bus, &message, kWakeUpService, kWakeUpObject,
+                                              kWakeUpInterface, kWakeUpMethod);
+    }
     const Message owner(message);
     if (status >= 0) {
       status = sd_bus_message_append(message, "sssss", request.address.value_or("").c_str(),
@@ -113,7 +142,8 @@ class SdBusConnection final : public WakeUpConnection {
     int status = sd_bus_message_new_method_call(bus, &question, kBusName, "/org/freedesktop/DBus",
                                                 kBusName, "GetId");
     const Message owner(question);
-    if (status >= 0) status = sd_bus_call(bus, question, kBusAnswerLimit, nullptr, nullptr);
+    const auto limit = static_cast<std::uint64_t>(kBusAnswerLimit.count());
+    if (status >= 0) status = sd_bus_call(bus, question, limit, nullptr, nullptr);
     return status;
   }
 
@@ -125,11 +155,12 @@ class SdBusConnection final : public WakeUpConnection {
     if (status < 0) giveUp("the system bus is gone", status);
   }
 
-  // False when the connection is to end.
-  bool waitForBus(sd_bus* bus) const {
+  // Waits for the bus to have something to do, or for `limit`. False when the connection is to end.
+  bool waitForBus(sd_bus* bus, std::chrono::milliseconds limit) const {
     pollfd sources[] = {{stop_, POLLIN, 0}, {sd_bus_get_fd(bus), POLLIN, 0}};
     sources[1].events = static_cast<short>(sd_bus_get_events(bus));
-    if (poll(sources, std::size(sources), -1) < 0) return errno == EINTR;
+    if (poll(sources, std::size(sources), static_cast<int>(limit.count())) < 0)
+      return errno == EINTR;
     return sources[0].revents == 0;
   }
 

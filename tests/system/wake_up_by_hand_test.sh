@@ -67,6 +67,8 @@ silent=$!
 # Meanwhile others are served, and arguments that make no sense are refused.
 wake 0 --mac $MAC --address 10.77.0.2
 wake 0 --mac $MAC --address fd77::2
+grep -q '^fd77::2: the wake-up service is done after [0-5] s$' "$W/out" ||
+  fail "kelmctl wake over IPv6 said: $(cat "$W/out")"
 wake 1 --mac 00:80:92 --address 10.77.0.2
 grep -q 'six hexadecimal parts' "$W/err" || fail "no reason: $(cat "$W/err")"
 wake 1 --mac $MAC --address socket://10.77.0.2:9100
@@ -81,6 +83,20 @@ dbus-send --bus="$DBUS_SYSTEM_BUS_ADDRESS" --type=method_call \
   /com/kelm/KelmWoLServices com.kelm.KelmWoLServiceProtocol.XpcSnmpWakeUpOnLan \
   string:'' string:$MAC string:public string:YES string:NO
 wait_until 5 refused || fail "an empty address was not refused"
+
+# As many as the service wakes at the same time (one waits already), and one more.
+request_many() {
+  for number in $(seq 64); do
+    dbus-send --bus="$DBUS_SYSTEM_BUS_ADDRESS" --type=method_call \
+      --dest=com.kelm.KelmWoLServices \
+      /com/kelm/KelmWoLServices com.kelm.KelmWoLServiceProtocol.XpcSnmpWakeUpOnLan \
+      "string:10.77.9.$number" string:$MAC string:public string:NO string:NO
+  done
+}
+one_too_many() { grep -q 'too many printers' "$W/service_log"; }
+! one_too_many || fail "too many printers before there were"
+request_many
+wait_until 5 one_too_many || fail "more than 64 printers are woken"
 
 wait_until 65 gone "$silent" || fail "no call-back after a minute"
 grep -q '^10.77.0.2: the wake-up service is done after \(59\|60\|61\) s$' "$W/silent_out" ||

@@ -68,6 +68,13 @@ expect_time "one split point" 3000 3900
 address 1 dnssd://Nobody._ipp._tcp.local._pdl-datastream._tcp.local/
 expect_time "two split points" 6000 6900
 
+# A daemon that hangs: the limit holds all the same.
+daemon=$(cat "$W/pids/office")
+kill -STOP "$daemon"
+address 1 dnssd://My.Printer%202._pdl-datastream._tcp.local/
+expect_time "asking a daemon that hangs" 3000 3900
+kill -CONT "$daemon"
+
 # Too few parts: nobody is asked.
 address 1 dnssd://Nobody._pdl-datastream._tcp/
 expect_time "a name of three parts" 0 900

@@ -56,7 +56,7 @@ packets_arrived() { [ "$(stat -c %s "$W/packets")" -ge $((102 * $1)) ]; }
 printer_agent_start() {
   [ -x /usr/sbin/snmpd ] || fail "no /usr/sbin/snmpd: install the package snmpd"
   mkdir -p "$W/agent/var"
-  printf 'rocommunity public default\noverride .1.3.6.1.4.1.47193.1.2.1.1.6.0 integer 0\n' \
+  printf 'rocommunity public default\nrocommunity6 public default\noverride .1.3.6.1.4.1.47193.1.2.1.1.6.0 integer 0\n' \
     >"$W/agent/snmpd.conf"
   at_printer_start agent env MIBS='' "SNMP_PERSISTENT_DIR=$W/agent/var" "SNMPCONFPATH=$W/agent" \
     /usr/sbin/snmpd -f -Lf "$W/agent/snmpd_log" -C -c "$W/agent/snmpd.conf" -I -smux,ifTable udp:161 \
