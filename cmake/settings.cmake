@@ -30,7 +30,8 @@ endif()
 target_link_options(kelm_settings INTERFACE -pie -Wl,-z,relro,-z,now,-z,noexecstack,--as-needed)
 
 if(KELM_SANITIZE)
-  target_compile_options(kelm_settings INTERFACE
+  # The sanitizers' own code makes g++ warn of variables in its library that are initialised.
+  target_compile_options(kelm_settings INTERFACE -Wno-maybe-uninitialized
     -fsanitize=${KELM_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kelm_settings INTERFACE -fsanitize=${KELM_SANITIZE})
 elseif(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")

@@ -1,4 +1,5 @@
-// The diagnostic files for the field: the job's options, the PostScript as read, as written.
+// The diagnostic files for the field: the job's options, the PostScript as read, as written. Each
+// writer of a line decides whether it goes to the files.
 //
 // They are kept only where the switch file exists, are appended to, and are never open between two
 // calls, so that nothing is lost when a job is killed. A file that cannot be opened is left out

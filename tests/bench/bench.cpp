@@ -49,7 +49,7 @@ void throughput(const char* name, const std::string& content) {
 }
 
 void startUp() {
-  const std::string file = writeJob("small", kelm::bench::lineArt(0).substr(0, 1000));
+  const std::string file = writeJob("small", kelm::bench::lineArt(1000).substr(0, 1000));
   const auto withPpd = [&](const char* ppd) {
     ppd != nullptr ? setenv("PPD", ppd, 1) : unsetenv("PPD");
     return secondsToExit(kFilter, file);

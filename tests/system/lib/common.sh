@@ -1,7 +1,7 @@
 # common.sh : what every system test reads first:  . "${0%/*}/lib/common.sh"
 # shellcheck shell=sh disable=SC2034
-# It moves the test into a network and mount namespace of its own, so that every port is free and
-# nothing leaves the machine, and sets
+# It moves the test into namespaces of its own (network, mounts, host name), so that every port is
+# free and nothing leaves the machine, and sets
 #   W       the test's temporary folder (mode 755: filters run as another user); removed at the end,
 #           unless KELM_KEEP is set
 #   SOURCE  the top of the source tree
@@ -10,8 +10,8 @@
 set -eu
 
 if [ -z "${KELM_ISOLATED-}" ]; then
-  [ "$(id -u)" = 0 ] || { echo "$0: run as root: the test makes namespaces" >&2; exit 1; }
-  KELM_ISOLATED=1 exec unshare -n -m sh "$0" "$@"
+  [ "$(id -u)" = 0 ] || exec sudo -n KELM_BUILD="${KELM_BUILD-}" KELM_KEEP="${KELM_KEEP-}" sh "$0" "$@"
+  KELM_ISOLATED=1 exec unshare -n -m -u sh "$0" "$@"
 fi
 
 HERE=$(cd "${0%/*}" && pwd)

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <fstream>
 #include <iterator>
+#include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
 #include <string>
@@ -133,6 +134,19 @@ TEST_P(Hardening, ChecksTheLibraryCallsOfBuffers) {
     if (symbol.starts_with("__") && symbol.ends_with("_chk")) checked.insert(symbol);
   }
   EXPECT_FALSE(checked.empty());
+}
+
+// The compiler does not record definitions in its output: the commands themselves tell.
+TEST(CompileCommands, CheckTheLibraryCallsOfBuffersEverywhere) {
+  std::ifstream file(KELM_COMPILE_COMMANDS);
+  const nlohmann::json commands = nlohmann::json::parse(file);
+  ASSERT_FALSE(commands.empty());
+  const bool checked = *KELM_SANITIZE == '\0' && std::string_view(KELM_BUILD_TYPE) != "Debug";
+  for (const auto& each : commands) {
+    const std::string command = each["command"];
+    if (command.find("/tests/") != std::string::npos) continue;
+    EXPECT_EQ(command.find(" -D_FORTIFY_SOURCE=3 ") != std::string::npos, checked) << command;
+  }
 }
 
 TEST_P(Hardening, EveryCompilationHadTheOptions) {

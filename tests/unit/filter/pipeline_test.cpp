@@ -7,6 +7,8 @@
 
 #include <chrono>
 #include <csignal>
+#include <filesystem>
+#include <iterator>
 #include <string>
 #include <thread>
 #include <vector>
@@ -100,7 +102,7 @@ TEST_F(Pipeline, TakesAFolderForAnEmptyInput) {
                 platform::FakePlatform platform;
                 return run(jobOf("", "/"));
               }),
-              EndsWith(kLastHeaderLine));
+              testing::AllOf(testing::StartsWith("0|"), EndsWith(kLastHeaderLine)));
 }
 
 void shortly() { std::this_thread::sleep_for(std::chrono::milliseconds(10)); }
@@ -132,6 +134,7 @@ TEST_F(Pipeline, RunsToTheEndAfterATerminationRequest) {
     feeder.join();
     return text;
   });
+  EXPECT_THAT(result, testing::StartsWith("0|"));
   EXPECT_THAT(result, EndsWith(std::string(kLastHeaderLine) + "one\ntwo\n"));
 }
 
@@ -161,6 +164,18 @@ TEST_F(Pipeline, LeavesOptionsInputAndOutputInTheDiagnosticFiles) {
   EXPECT_THAT(files, testing::ElementsAre(
                          "DestinationPrinterID=P1\nPrintPDE=true\nQVPageNumStartNumValue=5\n",
                          kInput, kWritten));
+}
+
+TEST_F(Pipeline, LeavesNoDiagnosticFilesOfAnUpdateJob) {
+  const tests::DiagnosticsOn diagnostics;
+  const std::string file = fileOf(kInput);
+  EXPECT_EQ(tests::inChild([&] {
+              LogFileMessageCheck(false);
+              return run(jobOf("UpdatePPDOptions=1", file));
+            }),
+            "0|");
+  const auto files = std::filesystem::directory_iterator(diagnostics.caches());
+  EXPECT_EQ(std::distance(begin(files), end(files)), 1);  // the switch file
 }
 
 TEST_F(Pipeline, PrintsTheSameWithDiagnostics) {

@@ -32,7 +32,8 @@ TEST_F(PpdCalls, FindAttributesByNameAndSpec) {
   ASSERT_NE(name, nullptr);
   EXPECT_STREQ(name->value, "KELM IJ");
   const ppd_attr_t* font = r_ppdFindAttr(ppd_, "Font", "Courier");
-  EXPECT_TRUE(font == nullptr || std::string(font->spec) == "Courier");
+  ASSERT_NE(font, nullptr);
+  EXPECT_STREQ(font->spec, "Courier");
   EXPECT_EQ(r_ppdFindAttr(ppd_, "NoSuchAttribute", nullptr), nullptr);
 }
 

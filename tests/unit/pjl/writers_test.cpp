@@ -3,11 +3,14 @@
 
 #include <gtest/gtest.h>
 
+#include <cctype>
 #include <clocale>
+#include <cstdlib>
 #include <string>
 
 #include "filter/custom_paper.hpp"
 #include "tests/support/memory_job.hpp"
+#include "tests/support/temporary_folder.hpp"
 
 namespace kelm::pjl {
 namespace {
@@ -102,11 +105,17 @@ TEST(CopyValueWithUpperCase, GoesByteByByte) {
   EXPECT_EQ(inUpperCase({{"QVText", "aü"}}, ""), "@PJL SET TEXT=Aü\n");
 }
 
+// A locale in which 0xFC is a small letter, made for the test.
 TEST(CopyValueWithUpperCase, DoesNotFollowTheJobsLanguage) {
-  const std::string before = std::setlocale(LC_ALL, nullptr);
-  std::setlocale(LC_ALL, "");
+  const tests::TemporaryFolder folder;
+  const std::string locale = folder.path() / "latin";
+  ASSERT_EQ(std::system(("localedef -i de_DE -f ISO-8859-1 " + locale + " >/dev/null").c_str()), 0);
+  setenv("LOCPATH", folder.path().c_str(), 1);
+  ASSERT_NE(std::setlocale(LC_ALL, "latin"), nullptr);
+  EXPECT_NE(std::toupper(0xFC), 0xFC);
   EXPECT_EQ(inUpperCase({{"QVText", "istanbul\xFC"}}, ""), "@PJL SET TEXT=ISTANBUL\xFC\n");
-  std::setlocale(LC_ALL, before.c_str());
+  std::setlocale(LC_ALL, "C");
+  unsetenv("LOCPATH");
 }
 
 TEST(KeyValue, IsTheValueOfTheChoice) {

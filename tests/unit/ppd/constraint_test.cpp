@@ -41,7 +41,8 @@ TEST_F(Conflicts, ComeFromOneChoiceAloneOnlyForAFinishedBooklet) {
       }
     }
   }
-  EXPECT_THAT(alone, testing::ElementsAre("QVBookletBinding FoldStaple", "QVBookletBinding TwoFold"));
+  EXPECT_THAT(alone,
+              testing::ElementsAre("QVBookletBinding FoldStaple", "QVBookletBinding TwoFold"));
   EXPECT_EQ(among({{"QVBookletBinding", "FoldStaple"}, {"QVDuplex", "ShortEdge"}}), 0);
 }
 
