@@ -34,7 +34,7 @@ class Questions {
 
  private:
   void announce(const char* question) {
-    line_.show("asking " + safeText(address_) + ": " + question);
+    line_.show("asking " + address_ + ": " + question);
   }
   const char* peer() const { return peer_.c_str(); }
   const char* community() const { return community_.c_str(); }

@@ -75,6 +75,16 @@ expect_line "$W/out" 'Forms                 not given by the printer'
 expect_line "$W/out" 'MAC address           not given by the printer'
 expect_line "$W/out" '    2  A\u001B[2JB\u009B'
 
+# On a terminal a line says what is being asked, erased for the next one and in the end.
+script -qec "'$KELMCTL' printer 127.0.0.1" /dev/null >"$W/terminal" </dev/null
+tr '\r' '\n' <"$W/terminal" | tr '\033' '^' | sed -n 's/^^\[K//p' | head -n 8 >"$W/progress"
+for question in 'sleep mode' 'MAC address' 'administrator log-in' 'number of shared boxes' \
+  'shared boxes' forms 'barcode areas' 'colour profiles'; do
+  echo "asking 127.0.0.1: $question"
+done >"$W/expected"
+diff "$W/expected" "$W/progress" || fail "other progress lines"
+expect "lines that erase the one before" 9 "$(tr '\033' '^' <"$W/terminal" | grep -o '\^\[K' | wc -l)"
+
 # Nobody's settings count: not the user's, not the environment's. No file of the SNMP library is
 # even looked for, and each question has one socket of its own.
 mkdir -p "$W/home/.snmp" "$W/etc"

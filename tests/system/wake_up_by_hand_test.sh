@@ -66,6 +66,9 @@ silent=$!
 
 # Meanwhile others are served, and arguments that make no sense are refused.
 wake 0 --mac $MAC --address 10.77.0.2
+script -qec "'$BUILD/kelmctl' wake --mac $MAC --address 10.77.0.2" /dev/null >"$W/terminal" </dev/null
+tr '\r' '\n' <"$W/terminal" | grep -qaxF "$(printf '\033[K')waiting for the wake-up service: 0 s" ||
+  fail "no progress line on a terminal: $(cat "$W/terminal")"
 wake 0 --mac $MAC --address fd77::2
 grep -q '^fd77::2: the wake-up service is done after [0-5] s$' "$W/out" ||
   fail "kelmctl wake over IPv6 said: $(cat "$W/out")"
