@@ -46,7 +46,8 @@ const Options kStartNumberFive{{"PrintPDE", ""}, {"QVPageNumStartNumValue", "5"}
 TEST_F(CopyLoop, WritesNothingForNothing) { EXPECT_EQ(copied(""), ""); }
 
 TEST_F(CopyLoop, PassesEverythingElseUnchanged) {
-  const std::string bytes("%!PS\n50% of 100%\r\n%%Page: 1 1\n\0\xFF\n%\n%", 39);
+  using namespace std::string_literals;
+  const std::string bytes = "%!PS\n50% of 100%\r\n%%Page: 1 1\n\0\xFF\n%\n%"s;
   EXPECT_EQ(copied(bytes), bytes);
 }
 
