@@ -29,7 +29,7 @@ for printer in 3 4; do
   at_printer ip addr add "10.77.0.$printer/24" dev far
   : >"$W/questions_$printer"
   at_printer_start "sleeper_$printer" socat -u "UDP4-RECVFROM:161,bind=10.77.0.$printer,fork" \
-    "SYSTEM:cat >/dev/null; echo asked >>'$W/questions_$printer'"
+    "SYSTEM:cat >/dev/null; echo asked >>'$W/questions_$printer'" >"$W/sleeper_${printer}_log" 2>&1
 done
 sleep 0.5
 for printer in 3 4; do

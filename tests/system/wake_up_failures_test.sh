@@ -40,7 +40,7 @@ run_filter "$W/wol.ppd" --no-new-privs
 expect_job "no bus" 900
 
 # By hand: a job asks the print system for the queue first, whose library asks the bus without a limit.
-socat "UNIX-LISTEN:$W/mute.sock,fork" "SYSTEM:sleep 60" &
+socat "UNIX-LISTEN:$W/mute.sock,fork" "SYSTEM:sleep 60" >"$W/mute_log" 2>&1 </dev/null &
 started mute_bus $!
 wait_until 5 test -S "$W/mute.sock" || fail "no bus that says nothing"
 before=$(date +%s%N)
