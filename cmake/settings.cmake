@@ -31,7 +31,10 @@ target_link_options(kelm_settings INTERFACE -pie -Wl,-z,relro,-z,now,-z,noexecst
 
 if(KELM_SANITIZE)
   # The sanitizers' own code makes g++ warn of variables in its library that are initialised.
-  target_compile_options(kelm_settings INTERFACE -Wno-maybe-uninitialized
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    target_compile_options(kelm_settings INTERFACE -Wno-maybe-uninitialized)
+  endif()
+  target_compile_options(kelm_settings INTERFACE
     -fsanitize=${KELM_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kelm_settings INTERFACE -fsanitize=${KELM_SANITIZE})
 elseif(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")

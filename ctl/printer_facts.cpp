@@ -33,9 +33,7 @@ class Questions {
   }
 
  private:
-  void announce(const char* question) {
-    line_.show("asking " + address_ + ": " + question);
-  }
+  void announce(const char* question) { line_.show("asking " + address_ + ": " + question); }
   const char* peer() const { return peer_.c_str(); }
   const char* community() const { return community_.c_str(); }
 
@@ -103,8 +101,8 @@ PrinterFacts askPrinter(const std::string& address, const std::string& community
 std::string addressProblem(const std::string& address) {
   constexpr char kLettersOfAddresses[] =
       "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ.-_:%[]";
-  const bool sound =
-      !address.empty() && address.find_first_not_of(kLettersOfAddresses) == std::string::npos;
+  const bool sound = !snmp::unbracketed(address).empty() &&
+                     address.find_first_not_of(kLettersOfAddresses) == std::string::npos;
   return sound ? "" : "\"" + address + "\" is no IP address and no host name";
 }
 

@@ -12,7 +12,7 @@ class Destinations {
   virtual ~Destinations() = default;
 
   // All destinations with their options (cupsGetDests); empty when there is none or the print
-  // system does not answer. Lives until the process ends.
+  // system does not answer within seconds. Lives until the process ends.
   virtual std::span<cups_dest_t> list() = 0;
 };
 

@@ -3,6 +3,7 @@
 
 #include <sys/prctl.h>
 #include <sys/wait.h>
+#include <systemd/sd-daemon.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -63,9 +64,9 @@ std::uint64_t now(sd_event* event) {
 
 int Service::run() {
   if (!openBus() || !addSources()) return 1;
+  sd_notify(0, "READY=1");
   const bool busIsGone = sd_event_loop(event_.get()) != 0;
   if (busIsGone) say("the system bus has gone");
-  for (const WakeUp& each : wakeUps_) callBack(each.caller);
   return busIsGone ? 1 : 0;
 }
 
@@ -89,8 +90,8 @@ bool Service::openBus() {
 bool Service::addSources() {
   sd_event* event = event_.get();
   idleTimer_ = startTimer(kIdle, onIdle, this);
-  return done(sd_event_add_signal(event, nullptr, SIGTERM, nullptr, nullptr), "watch SIGTERM") &&
-         done(sd_event_add_signal(event, nullptr, SIGINT, nullptr, nullptr), "watch SIGINT");
+  return done(sd_event_add_signal(event, nullptr, SIGTERM, onEnd, this), "watch SIGTERM") &&
+         done(sd_event_add_signal(event, nullptr, SIGINT, onEnd, this), "watch SIGINT");
 }
 
 Service::Source Service::startTimer(std::chrono::milliseconds delay,
@@ -132,9 +133,9 @@ int Service::onRequest(sd_bus_message* message, void* self, sd_bus_error* /*erro
   const int status = sd_bus_message_read(message, "sssss", &address, &macAddress, &community,
                                          &isWakeOnLan, &isOverRouter);
   const char* caller = sd_bus_message_get_sender(message);
-  if (status < 0) {
+  if (status < 0 || sd_bus_message_at_end(message, 1) <= 0) {
     static_cast<Service*>(self)->refuse(caller, "it does not have five strings");
-    return status;
+    return status < 0 ? status : -EINVAL;
   }
   static_cast<Service*>(self)->take(caller,
                                     {address, macAddress, community, isWakeOnLan, isOverRouter});
@@ -228,7 +229,7 @@ void Service::finish(WakeUp& wakeUp, const char* outcome) {
 }
 
 // Nobody answers the call-back, and a caller that has gone is no failure.
-void Service::callBack(const std::string& caller) {
+void Service::callBack(const std::string& caller) const {
   sd_bus_message* message = nullptr;
   if (sd_bus_message_new_method_call(bus_.get(), &message, caller.c_str(),
                                      platform::kCallBackObject, platform::kCallBackInterface,
@@ -239,14 +240,23 @@ void Service::callBack(const std::string& caller) {
   sd_bus_message_unref(message);
 }
 
+// The bus is closed when the event loop ends: who waits is called back before.
+int Service::onEnd(sd_event_source* /*source*/, const signalfd_siginfo* /*signal*/, void* self) {
+  const auto& service = *static_cast<Service*>(self);
+  for (const WakeUp& each : service.wakeUps_) service.callBack(each.caller);
+  sd_bus_flush(service.bus_.get());
+  return sd_event_exit(service.event_.get(), 0);
+}
+
 int Service::onIdle(sd_event_source* /*source*/, std::uint64_t /*time*/, void* self) {
   static_cast<Service*>(self)->leaveWhenIdle();
   return 0;
 }
 
 // Without the name no further request arrives, and the bus starts the service anew for the next
-// one; what arrived before is still served.
+// one, after this one's end where systemd does it; what arrived before is still served.
 void Service::leaveWhenIdle() {
+  sd_notify(0, "STOPPING=1");
   sd_bus_release_name(bus_.get(), platform::kWakeUpService);
   while (sd_bus_process(bus_.get(), nullptr) > 0) {
   }

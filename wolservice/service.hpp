@@ -66,7 +66,7 @@ class Service {
   void begin(const std::string& caller, const WakeUpOrder& order);
   void sendPackets(WakeUp& wakeUp);
   void finish(WakeUp& wakeUp, const char* outcome);
-  void callBack(const std::string& caller);
+  void callBack(const std::string& caller) const;
   void leaveWhenIdle();
 
   static int onRequest(sd_bus_message* message, void* self, sd_bus_error* error);
@@ -74,6 +74,7 @@ class Service {
   static int onAskerEnd(sd_event_source* source, const siginfo_t* end, void* wakeUp);
   static int onSenderEnd(sd_event_source* source, const siginfo_t* end, void* wakeUp);
   static int onLimit(sd_event_source* source, std::uint64_t time, void* wakeUp);
+  static int onEnd(sd_event_source* source, const signalfd_siginfo* signal, void* self);
   static int onIdle(sd_event_source* source, std::uint64_t time, void* self);
 
   PrinterAnswers answers_;

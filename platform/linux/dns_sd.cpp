@@ -73,8 +73,8 @@ class AvahiService final : public DnsSdService {
   AvahiService(std::string domain, std::string type, std::string name)
       : domain_(std::move(domain)), type_(std::move(type)), name_(std::move(name)) {}
 
-  // Avahi's library waits for its daemon without a limit of its own when the daemon hangs: its
-  // thread is left behind then, and ends with the process.
+  // Avahi's library waits for a daemon that hangs far longer than the limit: its thread is left
+  // behind then, and ends with the process.
   std::vector<sockaddr_storage> resolve(std::chrono::milliseconds limit) override {
     const Clock::time_point end = Clock::now() + limit;
     std::promise<std::vector<sockaddr_storage>> promise;

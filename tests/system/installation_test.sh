@@ -6,9 +6,10 @@
 ROOT=$W/root
 PREFIX=$(sed -n 's/^CMAKE_INSTALL_PREFIX:PATH=//p' "$BUILD/CMakeCache.txt")
 DESTDIR=$ROOT cmake --install "$BUILD" >"$W/install_log"
+rm -f "$BUILD/install_manifest.txt"
 
-(cd "$ROOT" && find . -type f | sed "s|^\\.$PREFIX/|PREFIX/|; s|^\\./|/|" | sort) >"$W/installed"
-cat >"$W/expected" <<'END'
+(cd "$ROOT" && find . -type f | sed 's|^\.||' | sort) >"$W/installed"
+sed "s|^PREFIX|$PREFIX|" <<'END' | sort >"$W/expected"
 /usr/lib/cups/filter/kelmfilter
 /usr/share/dbus-1/system.d/com.kelm.KelmWoLServices.conf
 /usr/share/ppd/kelm/kelm-ij.ppd

@@ -31,15 +31,16 @@ for printer in 3 4; do
   at_printer_start "sleeper_$printer" socat -u "UDP4-RECVFROM:161,bind=10.77.0.$printer,fork" \
     "SYSTEM:cat >/dev/null; echo asked >>'$W/questions_$printer'" >"$W/sleeper_${printer}_log" 2>&1
 done
-sleep 0.5
+sleepers_listen() { [ "$(at_printer ss -lunH 'sport = :161' | grep -c '10.77.0.[34]:')" = 2 ]; }
+wait_until 5 sleepers_listen || fail "nobody listens on UDP port 161"
 for printer in 3 4; do
   "$BUILD/kelmctl" wake --mac $MAC --address "10.77.0.$printer" >"$W/sleeper_${printer}_out" 2>&1 &
   started "wake_$printer" $!
 done
-wait_until 3 asked_thrice || fail "asked $(questions 3) and $(questions 4) times in 3 seconds"
+wait_until 4 asked_thrice || fail "asked $(questions 3) and $(questions 4) times in 4 seconds"
 sleep 2
 for printer in 3 4; do
-  [ "$(questions $printer)" -le 7 ] || fail "asked $(questions $printer) times in 5 seconds"
+  [ "$(questions $printer)" -le 8 ] || fail "asked $(questions $printer) times in 6 seconds"
   stop "wake_$printer"
   stop "sleeper_$printer"
 done
@@ -79,29 +80,57 @@ wake 2 --mac $MAC
 wake 2
 wake 2 kelm --mac $MAC --address 10.77.0.2
 
+request() {
+  dbus-send --bus="$DBUS_SYSTEM_BUS_ADDRESS" --type=method_call --dest=com.kelm.KelmWoLServices \
+    /com/kelm/KelmWoLServices com.kelm.KelmWoLServiceProtocol.XpcSnmpWakeUpOnLan "$@"
+}
+
 # What the service refuses it calls back for at once; the bus carries it as the filter would send it.
 refused() { grep -q 'refused a request' "$W/service_log"; }
-dbus-send --bus="$DBUS_SYSTEM_BUS_ADDRESS" --type=method_call \
-  --dest=com.kelm.KelmWoLServices \
-  /com/kelm/KelmWoLServices com.kelm.KelmWoLServiceProtocol.XpcSnmpWakeUpOnLan \
-  string:'' string:$MAC string:public string:YES string:NO
+request string:'' string:$MAC string:public string:YES string:NO
 wait_until 5 refused || fail "an empty address was not refused"
 
-# As many as the service wakes at the same time (one waits already), and one more.
-request_many() {
-  for number in $(seq 64); do
-    dbus-send --bus="$DBUS_SYSTEM_BUS_ADDRESS" --type=method_call \
-      --dest=com.kelm.KelmWoLServices \
-      /com/kelm/KelmWoLServices com.kelm.KelmWoLServiceProtocol.XpcSnmpWakeUpOnLan \
-      "string:10.77.9.$number" string:$MAC string:public string:NO string:NO
-  done
-}
-one_too_many() { grep -q 'too many printers' "$W/service_log"; }
-! one_too_many || fail "too many printers before there were"
-request_many
-wait_until 5 one_too_many || fail "more than 64 printers are woken"
+# A request with other arguments than five strings is refused too.
+not_five() { [ "$(grep -c 'it does not have five strings' "$W/service_log")" = "$1" ]; }
+request string:10.77.0.2 string:$MAC
+wait_until 5 not_five 1 || fail "two strings were not refused"
+request string:10.77.0.2 string:$MAC string:public string:NO string:NO string:more
+wait_until 5 not_five 2 || fail "six strings were not refused"
 
 wait_until 65 gone "$silent" || fail "no call-back after a minute"
 grep -q '^10.77.0.2: the wake-up service is done after \(59\|60\|61\) s$' "$W/silent_out" ||
   fail "kelmctl wake said: $(cat "$W/silent_out")"
 grep -q '10.77.0.2 keeps silent after 60 s' "$W/service_log" || fail "not the service's own limit"
+
+# A service without work ends; the next one wakes as many printers as it may, and not one more.
+wait_until 15 service_is_gone || fail "the service stays without work"
+: >"$W/service_log"
+"$BUILD/kelmctl" wake --mac $MAC --address 10.77.0.2 --community other >"$W/last_out" 2>&1 &
+started last $!
+last=$!
+woken() { [ "$(grep -c ' waking ' "$W/service_log")" -ge "$1" ]; }
+one_too_many() { grep -q 'too many printers' "$W/service_log"; }
+wait_until 5 woken 1 || fail "the service was not asked"
+for number in $(seq 63); do
+  request "string:10.77.9.$number" string:$MAC string:public string:NO string:NO
+done
+wait_until 5 woken 64 || fail "64 printers are not woken at the same time"
+! one_too_many || fail "64 printers were too many"
+request string:10.77.9.64 string:$MAC string:public string:NO string:NO
+wait_until 5 one_too_many || fail "more than 64 printers are woken"
+
+# Told to end, it calls back those who wait; so does the bus's end for the next one.
+kill -TERM "$(tail -n 1 "$W/service_pid")"
+wait_until 5 gone "$last" || fail "nobody was called back at the service's end"
+grep -q '^10.77.0.2: the wake-up service is done' "$W/last_out" || fail "$(cat "$W/last_out")"
+wait_until 5 service_is_gone || fail "the service does not end"
+: >"$W/service_log"
+"$BUILD/kelmctl" wake --mac $MAC --address 10.77.0.2 --community other >"$W/last_out" 2>&1 &
+started last $!
+last=$!
+wait_until 5 woken 1 || fail "the service was not asked again"
+stop bus
+wait_until 5 service_is_gone || fail "the service outlives the bus"
+grep -q 'the system bus has gone' "$W/service_log" || fail "no word about the bus"
+wait_until 5 gone "$last" || fail "kelmctl wake waits without a bus"
+grep -q 'was not woken' "$W/last_out" || fail "$(cat "$W/last_out")"

@@ -39,18 +39,15 @@ expect_job() {
 run_filter "$W/wol.ppd" --no-new-privs
 expect_job "no bus" 900
 
-# By hand: a job asks the print system for the queue first, whose library asks the bus without a limit.
 socat "UNIX-LISTEN:$W/mute.sock,fork" "SYSTEM:sleep 60" >"$W/mute_log" 2>&1 </dev/null &
 started mute_bus $!
 wait_until 5 test -S "$W/mute.sock" || fail "no bus that says nothing"
-before=$(date +%s%N)
-status=0
-DBUS_SYSTEM_BUS_ADDRESS=unix:path=$W/mute.sock "$BUILD/kelmctl" wake --mac 00:80:92:12:34:56 \
-  --address 10.77.0.2 >"$W/out" 2>"$W/err" || status=$?
-expect "exit status of kelmctl wake with a bus that says nothing" 1 "$status"
-seconds=$((($(date +%s%N) - before) / 1000000000))
-[ $seconds -le 6 ] || fail "a bus that says nothing was waited for $seconds s"
+real_bus=$DBUS_SYSTEM_BUS_ADDRESS
+DBUS_SYSTEM_BUS_ADDRESS=unix:path=$W/mute.sock
+run_filter "$W/wol.ppd" --no-new-privs
+expect_job "a bus that says nothing" 17900
 stop mute_bus
+DBUS_SYSTEM_BUS_ADDRESS=$real_bus
 
 bus_start
 run_filter "$W/wol.ppd" --no-new-privs
