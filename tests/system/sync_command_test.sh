@@ -214,6 +214,23 @@ expect_message '"kelm" is stopped.*cupsenable kelm'
 cupsenable kelm
 expect "jobs left behind" '' "$(lpstat -W not-completed -o)"
 expect_unchanged
+
+# An update job that is cancelled while its backend hangs: what it stored all the same is shown.
+install -d -m 1777 "$W/hung"
+printf '#!/bin/sh\ncat >"%s/job"\n: >"%s/read"\nexec sleep 30\n' "$W/hung" "$W/hung" \
+  >"$CUPS/bin/backend/hang"
+chmod 755 "$CUPS/bin/backend/hang"
+cups_queue hung hang://127.0.0.1 "$HERE/lib/queue.ppd"
+"$KELMCTL" sync hung --address ::1 --community secret >"$W/out" 2>"$W/err" &
+hung=$!
+wait_until 5 test -e "$W/hung/read" || fail "no update job for the hung queue"
+cancel -a hung
+status=0
+wait $hung || status=$?
+expect "exit status for a cancelled update job" 1 "$status"
+grep -q 'the update job hung-[0-9]* was stopped' "$W/err" || fail "no word about it: $(cat "$W/err")"
+expect_line "$W/out" 'IP address: (none) -> ::1'
+
 cups_stop
 run 1 sync kelm --address ::1
 expect_message 'print server 127.0.0.1 does not answer'
