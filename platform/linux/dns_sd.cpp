@@ -20,6 +20,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
+constexpr std::chrono::milliseconds kLongestEnd{300};
+
 struct Release {
   void operator()(AvahiSimplePoll* poll) const { avahi_simple_poll_free(poll); }
   void operator()(AvahiClient* client) const { avahi_client_free(client); }
@@ -74,7 +76,7 @@ class AvahiService final : public DnsSdService {
       : domain_(std::move(domain)), type_(std::move(type)), name_(std::move(name)) {}
 
   // Avahi's library waits for a daemon that hangs far longer than the limit: its thread is left
-  // behind then, and ends with the process.
+  // behind then, and ends with the process. One that keeps the limit is waited for to its end.
   std::vector<sockaddr_storage> resolve(std::chrono::milliseconds limit) override {
     const Clock::time_point end = Clock::now() + limit;
     std::promise<std::vector<sockaddr_storage>> promise;
@@ -86,7 +88,7 @@ class AvahiService final : public DnsSdService {
     } catch (const std::system_error&) {
       return {};
     }
-    if (found.wait_until(end) != std::future_status::ready) return {};
+    if (found.wait_until(end + kLongestEnd) != std::future_status::ready) return {};
     return found.get();
   }
 
