@@ -60,6 +60,16 @@ expect "messages" "" "$(cat "$W/err")"
 wake 0 --mac $MAC --address 10.88.0.2
 expect "bytes beyond the router" 0 "$(stat -c %s "$W/packets")"
 
+# On a terminal a line says how long it has taken so far.
+script -qec "'$BUILD/kelmctl' wake --mac $MAC --address 10.77.0.2 --community other" /dev/null \
+  >"$W/terminal" 2>"$W/script_log" </dev/null &
+started terminal $!
+progress_is_shown() {
+  tr '\r' '\n' <"$W/terminal" | grep -qaF "$(printf '\033[K')waiting for the wake-up service: 1 s"
+}
+wait_until 5 progress_is_shown || fail "no progress line on a terminal: $(cat "$W/terminal")"
+stop terminal
+
 # Another community than the printer's: no answer; the service calls back after a minute.
 "$BUILD/kelmctl" wake --mac $MAC --address 10.77.0.2 --community other >"$W/silent_out" 2>&1 &
 started silent $!
@@ -67,9 +77,6 @@ silent=$!
 
 # Meanwhile others are served, and arguments that make no sense are refused.
 wake 0 --mac $MAC --address 10.77.0.2
-script -qec "'$BUILD/kelmctl' wake --mac $MAC --address 10.77.0.2" /dev/null >"$W/terminal" </dev/null
-tr '\r' '\n' <"$W/terminal" | grep -qaxF "$(printf '\033[K')waiting for the wake-up service: 0 s" ||
-  fail "no progress line on a terminal: $(cat "$W/terminal")"
 wake 0 --mac $MAC --address fd77::2
 grep -q '^fd77::2: the wake-up service is done after [0-5] s$' "$W/out" ||
   fail "kelmctl wake over IPv6 said: $(cat "$W/out")"

@@ -17,6 +17,7 @@ fi
 HERE=$(cd "${0%/*}" && pwd)
 SOURCE=$(cd "$HERE/../.." && pwd)
 BUILD=${KELM_BUILD:-$SOURCE/build}
+umask 022
 W=$(mktemp -d)
 chmod 755 "$W"
 mkdir "$W/pids"
