@@ -114,6 +114,11 @@ TEST_F(PrinterAddress, UsbUriIsLookedUpAsAHost) {
   EXPECT_THAT(network.nameLookup.asked, ElementsAre("KELM"));
 }
 
+TEST_F(PrinterAddress, UsbUriIsLookedUpAsFarAsItsColon) {
+  EXPECT_EQ(XPCCallObject::ConvertDeviceURItoIPAddress_("usb://KELM:1/IJ"), std::nullopt);
+  EXPECT_THAT(network.nameLookup.asked, ElementsAre("KELM"));
+}
+
 TEST_F(PrinterAddress, WhatIsNoUriYieldsNothing) {
   EXPECT_EQ(XPCCallObject::ConvertDeviceURItoIPAddress_("lpd://10.0.0.5/a b"), std::nullopt);
   EXPECT_EQ(XPCCallObject::ConvertDeviceURItoIPAddress_(std::nullopt), std::nullopt);
