@@ -1,9 +1,7 @@
 // The queues on Linux: libcups asks the print server.
 #include <chrono>
-#include <future>
-#include <system_error>
-#include <thread>
 
+#include "platform/linux/bounded_call.hpp"
 #include "platform/linux/network_bodies.hpp"
 
 namespace kelm::platform::linux_bodies {
@@ -22,20 +20,12 @@ List askPrintServer() {
 
 }  // namespace
 
-// libcups asks the mDNS daemon too, over the bus and without a limit: where one of them hangs, its
-// thread is left behind and ends with the process. The list is kept as long.
+// libcups asks the mDNS daemon too, over the bus and without a limit, and either may hang. The list
+// is kept as long as the process.
 List LinuxDestinations::list() {
   static List kept;
-  std::promise<List> promise;
-  std::future<List> found = promise.get_future();
-  try {
-    std::thread([promise = std::move(promise)]() mutable {
-      promise.set_value(askPrintServer());
-    }).detach();
-  } catch (const std::system_error&) {
-    return {};
-  }
-  kept = found.wait_for(kLongestWait) == std::future_status::ready ? found.get() : List();
+  kept = resultBefore(std::chrono::steady_clock::now() + kLongestWait, askPrintServer)
+             .value_or(List{});
   return kept;
 }
 

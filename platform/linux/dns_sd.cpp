@@ -8,11 +8,9 @@
 
 #include <algorithm>
 #include <cstring>
-#include <future>
-#include <system_error>
-#include <thread>
 #include <utility>
 
+#include "platform/linux/bounded_call.hpp"
 #include "platform/linux/network_bodies.hpp"
 
 namespace kelm::platform::linux_bodies {
@@ -75,21 +73,12 @@ class AvahiService final : public DnsSdService {
   AvahiService(std::string domain, std::string type, std::string name)
       : domain_(std::move(domain)), type_(std::move(type)), name_(std::move(name)) {}
 
-  // Avahi's library waits for a daemon that hangs far longer than the limit: its thread is left
-  // behind then, and ends with the process. One that keeps the limit is waited for to its end.
+  // Avahi's library waits for a daemon that hangs far longer than the limit. One that keeps the
+  // limit is waited for to its end.
   std::vector<sockaddr_storage> resolve(std::chrono::milliseconds limit) override {
     const Clock::time_point end = Clock::now() + limit;
-    std::promise<std::vector<sockaddr_storage>> promise;
-    std::future<std::vector<sockaddr_storage>> found = promise.get_future();
-    try {
-      std::thread([service = *this, end, promise = std::move(promise)]() mutable {
-        promise.set_value(service.ask(end));
-      }).detach();
-    } catch (const std::system_error&) {
-      return {};
-    }
-    if (found.wait_until(end + kLongestEnd) != std::future_status::ready) return {};
-    return found.get();
+    return resultBefore(end + kLongestEnd, [service = *this, end] { return service.ask(end); })
+        .value_or(std::vector<sockaddr_storage>{});
   }
 
  private:
