@@ -20,8 +20,7 @@ namespace {
 
 void openPpd(PrintJobData& job) {
   const char* path = std::getenv("PPD");
-  if (path == nullptr) return;
-  job.ppd = r_ppdOpenFile(path);
+  job.ppd = path == nullptr ? nullptr : r_ppdOpenFile(path);
   if (job.ppd == nullptr) return;
   r_ppdMarkDefaults(job.ppd);
   r_cupsMarkOptions(job.ppd, job.numOptions, job.options);

@@ -5,6 +5,7 @@
 #include <cstring>
 #include <iterator>
 #include <string>
+#include <utility>
 
 #include "base/hex_text.hpp"
 #include "pjl/paper_tables.hpp"
@@ -67,12 +68,21 @@ bool isCollated(const PrintJobData& job) {
          (std::strcmp(collate, "False") != 0 && std::strcmp(collate, "false") != 0);
 }
 
+// Libcups makes and frees the values of options itself.
+void replaceValue(cups_option_t& option, const char* value) {
+  cups_option_t* replacement = nullptr;
+  const int count = cupsAddOption(option.name, value, 0, &replacement);
+  if (count == 1) std::swap(option.value, replacement->value);
+  cupsFreeOptions(count, replacement);
+}
+
 // A booklet is bound at the short edge, whatever the job asks for.
 void forceShortEdgeForBooklet(PrintJobData& job) {
   const char* booklet = firstValue(job, "QVBookletBinding");
   if (booklet == nullptr || std::strcmp(booklet, "OFF") == 0) return;
-  if (findJobOption(&job, "QVDuplex") == nullptr) return;
-  job.numOptions = cupsAddOption("QVDuplex", "ShortEdge", job.numOptions, &job.options);
+  for (cups_option_t& option : jobOptions(&job)) {
+    if (std::strcmp(option.name, "QVDuplex") == 0) replaceValue(option, "ShortEdge");
+  }
 }
 
 std::size_t duplexDefaultIndex(const PrintJobData& job) {

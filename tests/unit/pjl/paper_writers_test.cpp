@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "filter/print_job.hpp"
 #include "pjl/paper_variables.hpp"
@@ -162,6 +163,19 @@ TEST(Duplex, OfABookletStaysShortEdgeForEveryLaterReaderOfTheJob) {
     EXPECT_EQ(value, "TwoFold");
     EXPECT_EQ(job->numOptions, 3);
   }
+}
+
+// The print system names an option once, whoever fills the record by hand may name it twice.
+TEST(Duplex, OfABookletIsShortEdgeUnderEachOptionOfThatName) {
+  TestJob job({{"QVBookletBinding", "TwoFold"}, {"QVDuplex", "LongEdge"}, {"QVJog", "Set"}});
+  cups_option_t* second = nullptr;
+  ASSERT_EQ(cupsAddOption("QVDuplex", "OFF", 0, &second), 1);
+  std::swap(job->options[2], *second);
+  cupsFreeOptions(1, second);
+  written(Output_DUPLEX, job);
+  EXPECT_STREQ(job->options[0].value, "TwoFold");
+  EXPECT_STREQ(job->options[1].value, "ShortEdge");
+  EXPECT_STREQ(job->options[2].value, "ShortEdge");
 }
 
 TEST(Duplex, OfABookletAddsNoOptionToTheJob) {
