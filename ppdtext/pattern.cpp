@@ -8,10 +8,12 @@
 namespace kelm::ppdtext {
 namespace {
 
-// Keywords of strangers become patterns, so a search may run away. A unit of time is 10,000 steps
-// of ICU's matcher; a PPD of several megabytes needs some tens of units, and 500 are a tenth of a
-// second or so. The memory is that of the matcher's backtracking.
+// Keywords of strangers become patterns, so a search may run away. A unit of time is 10,000 steps of
+// ICU's matcher. A search has 500 of them, a tenth of a second or so, and two to four times what the
+// patterns of plain keywords need for a text full of matches. The memory is that of the matcher's
+// backtracking.
 constexpr std::int32_t kTimeUnits = 500;
+constexpr std::size_t kTextUnitsPerTimeUnit = 4096;
 constexpr std::int32_t kStackBytes = 1 << 20;
 
 constexpr std::size_t kMaxUnits = std::numeric_limits<std::int32_t>::max();
@@ -67,7 +69,8 @@ Pattern::Expression Pattern::searchOf(std::u16string_view text) const {
   const char16_t* units = text.empty() ? u"" : text.data();
   UErrorCode status = U_ZERO_ERROR;
   Expression search(uregex_clone(expression_.get(), &status));
-  uregex_setTimeLimit(search.get(), kTimeUnits, &status);
+  const std::size_t textTime = text.size() / kTextUnitsPerTimeUnit;
+  uregex_setTimeLimit(search.get(), kTimeUnits + static_cast<std::int32_t>(textTime), &status);
   uregex_setStackLimit(search.get(), kStackBytes, &status);
   uregex_setText(search.get(), units, static_cast<std::int32_t>(text.size()), &status);
   return U_SUCCESS(status) ? std::move(search) : nullptr;

@@ -52,6 +52,15 @@ TEST(Pattern, ThatRunsAwayLaterHasNoMatchesEither) {
   EXPECT_THAT(Pattern(u"(a+)+b").allMatches(text), ElementsAre());
 }
 
+// A PPD of 100,000 choices: far more than any printer has.
+TEST(Pattern, HasTimeForATextFullOfMatches) {
+  std::u16string text;
+  for (int i = 0; i < 100'000; ++i)
+    text += u"*Fold C12345/Choice number 12345 of it: \"code code code\"\n";
+  const Pattern pattern(uR"re(\*Fold[ ]+(.*?)/(.*?):.*\"(.*)\")re");
+  EXPECT_EQ(pattern.allMatches(text).size(), 100'000U);
+}
+
 TEST(Pattern, ThatNeedsTooMuchMemoryHasNoMatches) {
   EXPECT_FALSE(Pattern(u"(a|b)*c").firstMatch(std::u16string(1 << 20, u'a') + u"c"));
 }
