@@ -18,7 +18,7 @@ std::optional<std::string> replace_str(const char* source, const char* from, con
   const std::size_t fromLength = std::strlen(from);
   std::string result;
   const char* rest = source;
-  for (const char* hit = nullptr; (hit = std::strstr(rest, from)) != nullptr;
+  for (const char* hit = nullptr; fromLength > 0 && (hit = std::strstr(rest, from)) != nullptr;
        rest = hit + fromLength) {
     result.append(rest, hit);
     result.append(to);

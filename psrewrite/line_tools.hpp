@@ -10,8 +10,8 @@ namespace kelm::psrewrite {
 
 inline constexpr char kPlaceholder[] = "XXX";
 
-// `source` with every non-overlapping `from` (not empty), from left to right, replaced by `to`;
-// nothing when memory is exhausted.
+// `source` with every non-overlapping `from`, from left to right, replaced by `to`; an empty `from`
+// is nowhere. Nothing when memory is exhausted.
 std::optional<std::string> replace_str(const char* source, const char* from, const char* to);
 
 // Puts `value` into a value line "(old) tail": "(" value ")" and what stands between the first ")"

@@ -35,6 +35,8 @@ TEST(ReplaceStr, DoesNotLookAtWhatItPutIn) {
   EXPECT_EQ(replace_str("XaX", "a", "XXX"), "XXXXX");
 }
 
+TEST(ReplaceStr, FindsNoEmptyText) { EXPECT_EQ(replace_str("(a) b", "", "1"), "(a) b"); }
+
 TEST(ReplaceStr, LooksForLettersAsTheyAre) { EXPECT_EQ(replace_str("xxx", "XXX", "1"), "xxx"); }
 
 // The rewritten line, and the line as it is left for the log.
