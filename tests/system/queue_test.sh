@@ -83,11 +83,46 @@ job_named() {
   basename "$found" .name
 }
 
-# Copies that the print system makes are asked for in the PostScript, and no other job has them.
-copies=$W/jobs/$(job_named 'three copies').postscript
-expect_line "$copies" '%RBINumCopies: 3'
-expect_line "$copies" '%RBIBeginNonPPDFeature: *NumCopies 3'
-expect "jobs with copies" "$copies" "$(grep -l 'NumCopies 3' "$W"/jobs/*.postscript)"
+# Copies are asked for in the PostScript, in sets or not, and no other job has them: the one page
+# comes once.
+for what in 'three copies' 'three copies in sets'; do
+  copies=$W/jobs/$(job_named "$what").postscript
+  expect_line "$copies" '%RBINumCopies: 3'
+  expect_line "$copies" '%RBIBeginNonPPDFeature: *NumCopies 3'
+  expect "$what: pages" 1 "$(grep -c '^%%Page:' "$copies")"
+done
+expect "jobs with copies" 2 "$(grep -l 'NumCopies 3' "$W"/jobs/*.postscript | wc -l)"
+
+# Outside of the sections the PostScript is as pstops wrote it: the same job by a queue without the
+# filter.
+sed 's/^\(\*cupsFilter: "application.vnd.cups-postscript 0\) kelmfilter"$/\1 -"/' "$PPD" >"$W/no_filter.ppd"
+cups_queue unfiltered socket://127.0.0.1:9101 "$W/no_filter.ppd"
+printer_start 9101 "$W/unfiltered.out"
+typed=$(job_named 'texts typed with blanks')
+set --
+while read -r argument; do set -- "$@" "$argument"; done <"$W/jobs/$typed.arguments"
+cups_job unfiltered -t Report "$@" "$W/page.ps" >"$W/job_id" || fail "the job did not end"
+# outside_sections FILE : and without the Ctrl-D that ends a job
+outside_sections() {
+  sed -e '/^%%BeginFeature: /,/^%%EndFeature/d' "$1" | tr -d '\004'
+}
+outside_sections "$W/unfiltered.out" >"$W/unfiltered"
+[ "$(wc -l <"$W/unfiltered")" -gt 100 ] || fail "no job came without the filter"
+outside_sections "$W/jobs/$typed.postscript" >"$W/filtered"
+diff "$W/unfiltered" "$W/filtered" || fail "the filter changed what is no section"
+sections "$W/unfiltered.out" | grep -q XXX || fail "the filter had nothing to fill"
+
+# printed_since BYTES : what the printer got behind them
+printed_since() { tail -c "+$(($1 + 1))" "$W/printer.out"; }
+
+# A PDF, as dialogs send it: the same header and the same sections as of PostScript.
+gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=pdfwrite "-sOutputFile=$W/page.pdf" "$W/page.ps"
+before=$(wc -c <"$W/printer.out")
+cups_job kelm -t Report "$@" "$W/page.pdf" >"$W/job_id" || fail "the PDF did not end"
+printed_since "$before" | tr -d '\004' >"$W/pdf.printed"
+sed -n '2,/^@PJL ENTER/p' "$W/pdf.printed" | diff "$W/jobs/$typed.header" - || fail "the header of a PDF"
+sed '1,/^@PJL ENTER/d' "$W/pdf.printed" >"$W/pdf.postscript"
+sections "$W/pdf.postscript" | diff "$W/jobs/$typed.sections" - || fail "the sections of a PDF"
 
 # An update job prints nothing.
 before=$(wc -c <"$W/printer.out")
@@ -95,9 +130,6 @@ cups_job kelm -o UpdatePPDOptions -o IsWakeOnLan=0 "$W/page.ps" >"$W/job_id" ||
   fail "the update job did not end"
 wait_until 5 grep -q '^\*IsWakeOnLan: 0$' "$(cups_queue_ppd kelm)" || fail "nothing was stored"
 expect "bytes at the printer" "$before" "$(wc -c <"$W/printer.out")"
-
-# printed_since BYTES : what the printer got behind them
-printed_since() { tail -c "+$(($1 + 1))" "$W/printer.out"; }
 
 # Defaults of the server and of its users travel with the job; one in the PPD reaches the PostScript
 # alone.

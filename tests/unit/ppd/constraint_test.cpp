@@ -3,8 +3,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <set>
+#include <span>
 #include <string>
+#include <vector>
 
 #include "tests/unit/ppd/description.hpp"
 
@@ -15,6 +18,62 @@ namespace kelm::tests {
 namespace {
 
 using Choices = std::vector<std::pair<const char*, const char*>>;
+
+// An option's name, or with a blank behind it one of its choices.
+using Side = std::string;
+using Constraints = std::multiset<std::pair<Side, Side>>;
+
+constexpr std::array kEnvelopes = {
+    "Kaku0", "Kaku1", "Kaku2", "Kaku3",     "Naga3",     "Naga4",        "C4",
+    "C5",    "C6",    "DLR",   "Envelope1", "Envelope2", "No10envelope",
+};
+constexpr std::array kStackers = {"Stacker", "AutoStacker", "WideStacker", "HighCapacityStacker"};
+
+Side side(const char* option, const char* choice) {
+  return *choice == '\0' ? Side(option) : Side(option) + " " + choice;
+}
+
+// Each of `ones` with each of `others`, in both directions: a dialog looks at either first.
+void add(Constraints& constraints, const std::vector<Side>& ones, const std::vector<Side>& others) {
+  for (const Side& one : ones) {
+    for (const Side& other : others) {
+      constraints.emplace(one, other);
+      constraints.emplace(other, one);
+    }
+  }
+}
+
+template <class Names>
+std::vector<Side> choices(const char* option, const Names& names) {
+  std::vector<Side> sides;
+  for (const char* name : names) sides.push_back(side(option, name));
+  return sides;
+}
+
+TEST(Constraints, AreTheseAndNoOther) {
+  Constraints expected;
+  add(expected, {"QVBooklet"}, {"QVMultiUp", "QVMultiUpSinglePage"});
+  add(expected, {"QVMultiUp"}, {"QVMultiUpSinglePage"});
+  add(expected, {"QVBookletBinding"},
+      {"QVDuplex OFF", "QVDuplex LongEdge", "QVStapleMode", "QVPunchMode", "QVFoldMode",
+       "QVMultiUp", "QVMultiUpSinglePage"});
+  add(expected, {"QVFoldMode Fold2", "QVFoldMode FoldInner3", "QVFoldMode FoldOuter3"},
+      {"QVStapleMode", "QVPunchMode"});
+  add(expected, choices("QVOutputTray", kStackers), {"QVOutputFace FaceDown"});
+  for (const char* paper : {"PageSize", "QVTargetPaperSize"}) {
+    add(expected, choices(paper, kEnvelopes),
+        {"QVStapleMode", "QVPunchMode", "QVFoldMode", "QVBooklet", "QVBookletBinding"});
+  }
+
+  const Description description;
+  Constraints found;
+  for (const ppd_const_t& constraint :
+       std::span(description.ppd()->consts, std::size_t(description.ppd()->num_consts))) {
+    found.emplace(side(constraint.option1, constraint.choice1),
+                  side(constraint.option2, constraint.choice2));
+  }
+  EXPECT_EQ(expected, found);
+}
 
 class Conflicts : public testing::Test {
  protected:
@@ -51,7 +110,7 @@ TEST_F(Conflicts, AreBetweenABookletAndSeveralPagesPerSheet) {
 }
 
 TEST_F(Conflicts, AreBetweenEveryStackerAndFaceDown) {
-  for (const char* tray : {"Stacker", "AutoStacker", "WideStacker", "HighCapacityStacker"}) {
+  for (const char* tray : kStackers) {
     EXPECT_EQ(among({{"QVOutputTray", tray}, {"QVOutputFace", "FaceDown"}}), 1) << tray;
     EXPECT_EQ(among({{"QVOutputTray", tray}, {"QVOutputFace", "FaceUp"}}), 0) << tray;
   }
@@ -59,6 +118,14 @@ TEST_F(Conflicts, AreBetweenEveryStackerAndFaceDown) {
 
 TEST_F(Conflicts, AreBetweenAnEnvelopeAndAStaple) {
   EXPECT_EQ(among({{"PageSize", "C5"}, {"QVStapleMode", "OneStaple"}}), 1);
+  EXPECT_EQ(among({{"QVTargetPaperSize", "C5"}, {"QVStapleMode", "OneStaple"}}), 1);
+  EXPECT_EQ(among({{"QVTargetPaperSize", "A4"}, {"QVStapleMode", "OneStaple"}}), 0);
+}
+
+TEST_F(Conflicts, LeaveAZFoldItsStapleAndItsHoles) {
+  EXPECT_EQ(among({{"QVFoldMode", "ZFold"}, {"QVStapleMode", "OneStaple"}}), 0);
+  EXPECT_EQ(among({{"QVFoldMode", "ZFold"}, {"QVPunchMode", "TwoHoles"}}), 0);
+  EXPECT_EQ(among({{"QVFoldMode", "Fold2"}, {"QVPunchMode", "TwoHoles"}}), 1);
 }
 
 }  // namespace

@@ -3,9 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <map>
+#include <ostream>
+#include <set>
 #include <span>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "tests/unit/ppd/description.hpp"
@@ -21,12 +25,23 @@ struct Language {
   const char* locale;  // as the environment names it
   const char* stapleOff;
   const char* form3;
+  std::set<std::string> asInEnglish;  // the texts that are the same, but for numbers and papers
 };
+void PrintTo(const Language& language, std::ostream* out) { *out << language.code; }
 
-constexpr Language kLanguages[] = {
-    {"de", "de_DE.UTF-8", "Aus", "Formular 3"},
-    {"fr", "fr_FR.UTF-8", "Désactivé", "Formulaire 3"},
-    {"ja", "ja_JP.UTF-8", "オフ", "フォーム3"},
+const Language kLanguages[] = {
+    {"de",
+     "de_DE.UTF-8",
+     "Aus",
+     "Formular 3",
+     {"Arial", "Cyan", "Layout", "Magenta", "Original", "PIN", "Standard"}},
+    {"fr",
+     "fr_FR.UTF-8",
+     "Désactivé",
+     "Formulaire 3",
+     {"8 points", "Arial", "Copies", "Cyan", "Fine", "Magenta", "Orientation", "Original", "Page 1",
+      "Photos", "Portrait", "Saturation", "Standard"}},
+    {"ja", "ja_JP.UTF-8", "オフ", "フォーム3", {"Arial"}},
 };
 
 class Translation : public testing::TestWithParam<Language> {
@@ -82,6 +97,41 @@ TEST_P(Translation, CoversEveryTypedValue) {
       }
     }
   });
+}
+
+// A number, or the name of a paper that has one everywhere.
+bool hasNoLanguage(const std::string& text) {
+  static const std::set<std::string> kPapers = {
+      "Letter",   "Legal",    "A3",       "A4",
+      "A5",       "A6",       "SRA3",     "B4 (JIS)",
+      "B5 (JIS)", "B6 (JIS)", "Foolscap", "Statement",
+      "8-kai",    "16-kai",   "Tabloid",  "Legal (Philippines)"};
+  return kPapers.contains(text) || text.find_first_not_of("+-0123456789") == std::string::npos;
+}
+
+TEST_P(Translation, IsNoEnglishText) {
+  const Description english;
+  std::map<std::pair<std::string, std::string>, std::string> texts;
+  for (const ppd_group_t& group :
+       std::span(english.ppd()->groups, size_t(english.ppd()->num_groups))) {
+    texts[{"Translation", group.name}] = group.text;
+  }
+  for (const Option& option : english.options()) {
+    const ppd_option_t* own = ppdFindOption(english.ppd(), option.keyword.c_str());
+    texts[{"Translation", option.keyword}] = own->text;
+    for (const ppd_choice_t& choice : std::span(own->choices, size_t(own->num_choices))) {
+      texts[{option.keyword, choice.choice}] = choice.text;
+    }
+  }
+  std::set<std::string> same;
+  inLanguage([&](const Description& description) {
+    for (const auto& [place, text] : texts) {
+      const std::string keyword = std::string(GetParam().code) + "." + place.first;
+      const ppd_attr_t* own = ppdFindAttr(description.ppd(), keyword.c_str(), place.second.c_str());
+      if (own != nullptr && text == own->text && !hasNoLanguage(text)) same.insert(text);
+    }
+  });
+  EXPECT_EQ(GetParam().asInEnglish, same);
 }
 
 TEST_P(Translation, ReachesDialogsThroughThePrintSystem) {

@@ -20,20 +20,27 @@ constexpr psrewrite::TextField kFields[] = {
     psrewrite::kBarcodeSelection, psrewrite::kOutputProfile,
 };
 
-const std::set<std::string> kNumbers = {
-    "QVZoomRate",
-    "QVImageShiftFrontV",
-    "QVImageShiftFrontH",
-    "QVImageShiftBackV",
-    "QVImageShiftBackH",
-    "QVGutterDistance",
-    "QVBookletGutterDistance",
-    "QVGCCyan",
-    "QVGCMagenta",
-    "QVGCYellow",
-    "QVGCBlack",
-    "QVGCGray",
-    "QVGCRed",
+struct Number {
+  const char* keyword;
+  int min;
+  int max;
+};
+
+// Per cent, and 1/100 mm.
+constexpr Number kNumbers[] = {
+    {"QVZoomRate", 50, 200},
+    {"QVImageShiftFrontV", -2000, 2000},
+    {"QVImageShiftFrontH", -2000, 2000},
+    {"QVImageShiftBackV", -2000, 2000},
+    {"QVImageShiftBackH", -2000, 2000},
+    {"QVGutterDistance", 0, 5000},
+    {"QVBookletGutterDistance", 0, 5000},
+    {"QVGCCyan", 0, 200},
+    {"QVGCMagenta", 0, 200},
+    {"QVGCYellow", 0, 200},
+    {"QVGCBlack", 0, 200},
+    {"QVGCGray", 0, 200},
+    {"QVGCRed", 0, 200},
 };
 
 // The only parameter of a typed value; null when there is none.
@@ -62,21 +69,30 @@ TEST(TypedText, CanBeLeftOutByTheChoiceThatTheFilterTakesForNothing) {
   }
 }
 
-TEST(TypedNumber, IsAWholeNumberWithTheDefaultInItsRange) {
+TEST(TypedNumber, IsAWholeNumberWithinTheseLimits) {
   const Description description;
-  for (const std::string& keyword : kNumbers) {
-    const ppd_cparam_t* parameter = parameterOf(description, keyword);
-    ASSERT_NE(nullptr, parameter) << keyword;
-    EXPECT_EQ(PPD_CUSTOM_INT, parameter->type) << keyword;
-    const std::string choice = description.find(keyword)->defaultChoice;
+  for (const Number& number : kNumbers) {
+    const ppd_cparam_t* parameter = parameterOf(description, number.keyword);
+    ASSERT_NE(nullptr, parameter) << number.keyword;
+    EXPECT_EQ(PPD_CUSTOM_INT, parameter->type) << number.keyword;
+    EXPECT_EQ(number.min, parameter->minimum.custom_int) << number.keyword;
+    EXPECT_EQ(number.max, parameter->maximum.custom_int) << number.keyword;
+  }
+}
+
+TEST(TypedNumber, MayBeTheDefault) {
+  const Description description;
+  for (const Number& number : kNumbers) {
+    const std::string choice = description.find(number.keyword)->defaultChoice;
     const int usual = choice == "OFF" ? 100 : std::stoi(choice);
-    EXPECT_LE(parameter->minimum.custom_int, usual) << keyword;
-    EXPECT_GE(parameter->maximum.custom_int, usual) << keyword;
+    EXPECT_LE(number.min, usual) << number.keyword;
+    EXPECT_GE(number.max, usual) << number.keyword;
   }
 }
 
 TEST(TypedValue, ExistsForNoOtherOption) {
-  std::set<std::string> expected = kNumbers;
+  std::set<std::string> expected;
+  for (const Number& number : kNumbers) expected.insert(number.keyword);
   for (const psrewrite::TextField& field : kFields) expected.insert(field.key);
   const Description description;
   std::set<std::string> found;

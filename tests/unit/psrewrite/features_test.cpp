@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 namespace kelm::psrewrite {
@@ -13,6 +14,7 @@ struct Row {
   int code;
   bool hasWriter = true;
 };
+void PrintTo(const Row& row, std::ostream* out) { *out << row.keyword; }
 
 // In the order in which a line is searched.
 constexpr Row kRows[] = {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 #include "tests/support/memory_job.hpp"
@@ -20,6 +21,9 @@ struct Row {
   TestJob::Options options;
   int orientation;
 };
+void PrintTo(const Row& row, std::ostream* out) {
+  for (const auto& [name, value] : row.options) *out << name << "=" << value << " ";
+}
 
 class PaperOrientation : public testing::TestWithParam<Row> {};
 

@@ -3,12 +3,16 @@
 
 #include <gmock/gmock.h>
 
+#include <ostream>
 #include <string>
 
 #include "platform/fake/fake_platform.hpp"
 #include "tests/support/memory_job.hpp"
 
 namespace kelm::psrewrite {
+
+static void PrintTo(const Paper& paper, std::ostream* out) { *out << paper.name; }
+
 namespace {
 
 using testing::ElementsAre;

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 #include "platform/fake/fake_platform.hpp"
@@ -21,6 +22,7 @@ struct Row {
   std::size_t max;
   const char* fails;  // a character that the rule refuses; empty when it refuses none
 };
+void PrintTo(const Row& row, std::ostream* out) { *out << row.key; }
 
 const Row kRows[] = {
     {&kBarcodeSelection, "QVBarcodeSelection", "OFF", 1, 30, ""},

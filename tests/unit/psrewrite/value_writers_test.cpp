@@ -1,6 +1,7 @@
 // The writers of the table: the dialog's value, its default, and what any other job does.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 #include "platform/fake/fake_platform.hpp"
@@ -26,6 +27,7 @@ struct Row {
   const char* text;  // without the option
   Plain plain;
 };
+void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
 
 constexpr char kArial[] = "417269616C4D54";
 
