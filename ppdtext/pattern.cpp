@@ -9,9 +9,9 @@ namespace kelm::ppdtext {
 namespace {
 
 // Keywords of strangers become patterns, so a search may run away. A unit of time is 10,000 steps
-// of ICU's matcher. A search has 500 of them, a tenth of a second or so, and two to four times what
-// the patterns of plain keywords need for a text full of matches. The memory is that of the
-// matcher's backtracking.
+// of ICU's matcher. A search has 500 of them, a tenth of a second or so, and for long texts one
+// more for every 4096 units: at least twice what the patterns of plain keywords need for a text
+// full of matches. The memory is that of the matcher's backtracking.
 constexpr std::int32_t kTimeUnits = 500;
 constexpr std::size_t kTextUnitsPerTimeUnit = 4096;
 constexpr std::int32_t kStackBytes = 1 << 20;

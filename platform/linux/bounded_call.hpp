@@ -14,7 +14,7 @@ namespace kelm::platform::linux_bodies {
 
 // What `call` returns, when it does so before `end`; nothing when it does not, or when there is no
 // thread for it. A call that is late is left behind and ends with the process: it must own all that
-// it uses. It throws nothing.
+// it uses, and throw nothing, for no one would catch it in its thread.
 template <class Call>
 std::optional<std::invoke_result_t<Call&>> resultBefore(std::chrono::steady_clock::time_point end,
                                                         Call call) {

@@ -154,6 +154,21 @@ TEST(InitializePrintJobData, KnowsTheDialogByItsOptionWhateverItsValue) {
   EXPECT_FALSE(StartedJob(StartedJob::usual("printpde=1"))->isPrintPDE);
 }
 
+TEST(InitializePrintJobData, LeavesNoPpdOfAnEarlierJobInTheRecord) {
+  const platform::FakePlatform platform;
+  const ScopedVariable noAppleLanguage("APPLE_LANGUAGE", nullptr);
+  const ScopedVariable noLanguage("LANG", nullptr);
+  const ScopedVariable noPpd("PPD", nullptr);
+  ppd_file_t earlier{};
+  PrintJobData record;
+  record.ppd = &earlier;
+  std::vector<std::string> arguments = StartedJob::usual("");
+  std::vector<char*> argv;
+  for (std::string& argument : arguments) argv.push_back(argument.data());
+  EXPECT_TRUE(InitializePrintJobData(static_cast<int>(argv.size()), argv.data(), &record));
+  EXPECT_EQ(record.ppd, nullptr);
+}
+
 TEST(InitializePrintJobData, GoesOnWithoutAPpd) {
   const StartedJob unset(StartedJob::usual(""));
   EXPECT_TRUE(unset.started());

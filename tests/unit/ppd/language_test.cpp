@@ -117,10 +117,17 @@ TEST_P(Translation, IsNoEnglishText) {
     texts[{"Translation", group.name}] = group.text;
   }
   for (const Option& option : english.options()) {
-    const ppd_option_t* own = ppdFindOption(english.ppd(), option.keyword.c_str());
+    ppd_option_t* own = ppdFindOption(english.ppd(), option.keyword.c_str());
     texts[{"Translation", option.keyword}] = own->text;
     for (const ppd_choice_t& choice : std::span(own->choices, size_t(own->num_choices))) {
       texts[{option.keyword, choice.choice}] = choice.text;
+    }
+    ppd_coption_t* custom = ppdFindCustomOption(english.ppd(), option.keyword.c_str());
+    if (custom == nullptr) continue;
+    texts[{"Custom" + option.keyword, "True"}] = ppdFindChoice(own, "Custom")->text;
+    for (const ppd_cparam_t* parameter = ppdFirstCustomParam(custom); parameter != nullptr;
+         parameter = ppdNextCustomParam(custom)) {
+      texts[{"ParamCustom" + option.keyword, parameter->name}] = parameter->text;
     }
   }
   std::set<std::string> same;

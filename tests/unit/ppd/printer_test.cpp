@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <span>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,7 +27,45 @@ TEST(Printer, IsAColourPrinterOfLanguageLevelThree) {
   EXPECT_STREQ("KELM IJ", description.ppd()->modelname);
 }
 
-TEST(Printer, MakesItsCopiesItself) { EXPECT_EQ(0, Description().ppd()->manual_copies); }
+// pstops sends the pages of copies in sets several times over unless "Collate" is chosen.
+TEST(Printer, MakesAndSortsItsCopiesItself) {
+  const Description description;
+  EXPECT_EQ(0, description.ppd()->manual_copies);
+  const Option* collate = description.find("Collate");
+  ASSERT_NE(nullptr, collate);
+  EXPECT_EQ("True", collate->defaultChoice);
+  ASSERT_EQ(1U, collate->choices.size());
+  EXPECT_EQ("True", collate->choices[0].name);
+  EXPECT_EQ("", collate->choices[0].code);
+}
+
+// The choices of the printer's own that the attributes of this name stand for: behind the
+// attribute's first word, options and choices.
+std::vector<std::string> choicesMeantBy(const Description& description, const char* name) {
+  std::vector<std::string> meant;
+  for (const ppd_attr_t* attribute = ppdFindAttr(description.ppd(), name, nullptr);
+       attribute != nullptr; attribute = ppdFindNextAttr(description.ppd(), name, nullptr)) {
+    std::istringstream words(attribute->value);
+    std::string text = attribute->spec;
+    for (std::string option, choice; words >> option >> choice;) {
+      if (!option.starts_with('*')) continue;
+      const Option* own = description.find(option.substr(1));
+      EXPECT_TRUE(own != nullptr && own->hasChoice(choice)) << option << " " << choice;
+      text += " " + option + " " + choice;
+    }
+    meant.push_back(text);
+  }
+  return meant;
+}
+
+TEST(Requests, OfEveryPrinterMeanChoicesOfThisOne) {
+  const Description description;
+  EXPECT_THAT(choicesMeantBy(description, "cupsIPPFinishings"),
+              ElementsAre("4 *QVStapleMode OneStaple", "5 *QVPunchMode TwoHoles",
+                          "10 *QVFoldMode Fold2", "28 *QVStapleMode TwoStaple"));
+  EXPECT_THAT(choicesMeantBy(description, "APPrinterPreset"),
+              ElementsAre("Black *QVOutputMode Black"));
+}
 
 // The network backends would otherwise wait for ink levels with every job.
 TEST(Printer, IsNotAskedForInk) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 #include "tests/unit/psrewrite/written.hpp"
@@ -74,7 +75,11 @@ TEST(OutputFeatureByCustomSizeValueFLG, WritesNothingAtTheEnd) {
   EXPECT_EQ(customSizeFlag("", "ON"), (Written{false, "", ""}));
 }
 
-using Title = std::int32_t (*)(JobStream&, const char*, const char*, const char*);
+struct Title {
+  const char* name;
+  std::int32_t (*rewrite)(JobStream&, const char*, const char*, const char*);
+};
+void PrintTo(const Title& title, std::ostream* out) { *out << title.name; }
 
 class TitleRewriter : public testing::TestWithParam<Title> {
  protected:
@@ -83,7 +88,7 @@ class TitleRewriter : public testing::TestWithParam<Title> {
     tests::MemorySource source("");
     tests::MemoryOutput output;
     JobStream stream(source, output.stream());
-    const std::int32_t length = GetParam()(stream, line, "FaceUp", "FaceDown");
+    const std::int32_t length = GetParam().rewrite(stream, line, "FaceUp", "FaceDown");
     return std::to_string(length) + ":" + output.text();
   }
 };
@@ -101,8 +106,9 @@ TEST_P(TitleRewriter, AddsALineFeedToAnyLine) {
 TEST_P(TitleRewriter, IsMinusOneWithoutALine) { EXPECT_EQ(rewritten(nullptr), "-1:"); }
 
 INSTANTIATE_TEST_SUITE_P(Both, TitleRewriter,
-                         testing::Values(&outputFeatureByCustomSizeTitle,
-                                         &outputFeatureByCustomSizeValueTitle));
+                         testing::Values(Title{"Title", &outputFeatureByCustomSizeTitle},
+                                         Title{"ValueTitle",
+                                               &outputFeatureByCustomSizeValueTitle}));
 
 }  // namespace
 }  // namespace kelm::psrewrite
