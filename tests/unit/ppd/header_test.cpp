@@ -160,6 +160,16 @@ TEST(HeaderTables, AndFeaturesTogetherKnowEveryOptionOfThePpd) {
   }
 }
 
+// The papers are held against the table of papers; the copies are pstops' own.
+TEST(HeaderTables, LeaveOutPapersAndTheCopiesAlone) {
+  const Description description;
+  std::set<std::string> others;
+  for (const Option& option : description.options()) {
+    if (!option.keyword.starts_with("QV")) others.insert(option.keyword);
+  }
+  EXPECT_EQ((std::set<std::string>{"PageSize", "PageRegion", "Collate"}), others);
+}
+
 TEST(HeaderTables, HaveThe129OptionsOfThePrinter) {
   EXPECT_EQ(129U, Description().printerOptions().size());
 }

@@ -39,6 +39,14 @@ TEST(Printer, MakesAndSortsItsCopiesItself) {
   EXPECT_EQ("", collate->choices[0].code);
 }
 
+// The network backends would otherwise wait for ink levels with every job.
+TEST(Printer, IsNotAskedForInk) {
+  const Description description;
+  const ppd_attr_t* supplies = ppdFindAttr(description.ppd(), "cupsSNMPSupplies", nullptr);
+  ASSERT_NE(nullptr, supplies);
+  EXPECT_STREQ("False", supplies->value);
+}
+
 // The choices of the printer's own that the attributes of this name stand for: behind the
 // attribute's first word, options and choices.
 std::vector<std::string> choicesMeantBy(const Description& description, const char* name) {
@@ -65,14 +73,6 @@ TEST(Requests, OfEveryPrinterMeanChoicesOfThisOne) {
                           "10 *QVFoldMode Fold2", "28 *QVStapleMode TwoStaple"));
   EXPECT_THAT(choicesMeantBy(description, "APPrinterPreset"),
               ElementsAre("Black *QVOutputMode Black"));
-}
-
-// The network backends would otherwise wait for ink levels with every job.
-TEST(Printer, IsNotAskedForInk) {
-  const Description description;
-  const ppd_attr_t* supplies = ppdFindAttr(description.ppd(), "cupsSNMPSupplies", nullptr);
-  ASSERT_NE(nullptr, supplies);
-  EXPECT_STREQ("False", supplies->value);
 }
 
 TEST(Filter, TakesPostScriptOfPstopsAtNoCost) {

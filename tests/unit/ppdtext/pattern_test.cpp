@@ -55,8 +55,9 @@ TEST(Pattern, ThatRunsAwayLaterHasNoMatchesEither) {
 // A PPD of 100,000 choices: far more than any printer has.
 TEST(Pattern, HasTimeForATextFullOfMatches) {
   std::u16string text;
-  for (int i = 0; i < 100'000; ++i)
+  for (int i = 0; i < 100'000; ++i) {
     text += u"*Fold C12345/Choice number 12345 of it: \"code code code\"\n";
+  }
   const Pattern pattern(uR"re(\*Fold[ ]+(.*?)/(.*?):.*\"(.*)\")re");
   EXPECT_EQ(pattern.allMatches(text).size(), 100'000U);
 }
