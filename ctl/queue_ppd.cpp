@@ -7,7 +7,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "filter/ppd_calls.hpp"
+#include "job/ppd_calls.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -32,14 +32,14 @@ std::string lastPpdProblem(int errorNumber) {
 OpenedPpd openPpd(const std::string& path, const std::string& description,
                   const std::string& cure) {
   errno = 0;
-  PpdHandle ppd(filter::r_ppdOpenFile(path.c_str()));
+  PpdHandle ppd(job::r_ppdOpenFile(path.c_str()));
   if (ppd != nullptr) return {std::move(ppd), {}};
   return {nullptr, description + " cannot be read: " + lastPpdProblem(errno) + "; " + cure};
 }
 
 }  // namespace
 
-void PpdCloser::operator()(ppd_file_t* ppd) const { filter::r_ppdClose(ppd); }
+void PpdCloser::operator()(ppd_file_t* ppd) const { job::r_ppdClose(ppd); }
 
 OpenedPpd openPpdFile(const std::string& path) {
   return openPpd(path, "the PPD file \"" + path + "\"", "give the path of a readable PPD file");
@@ -52,7 +52,7 @@ OpenedPpd openQueuePpd(const std::string& queue) {
     return {nullptr, description + " cannot be read: the print server " + cupsServer() +
                          " does not answer; start it, or name another one with CUPS_SERVER"};
   }
-  const char* copy = filter::r_cupsGetPPD2(server.get(), queue.c_str());
+  const char* copy = job::r_cupsGetPPD2(server.get(), queue.c_str());
   if (copy == nullptr) {
     return {nullptr, description + " cannot be read: " + cupsLastErrorString() +
                          "; \"lpstat -v\" lists the queues"};

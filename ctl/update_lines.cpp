@@ -9,7 +9,7 @@
 
 #include "base/utf.hpp"
 #include "ctl/safe_text.hpp"
-#include "filter/ppd_calls.hpp"
+#include "job/ppd_calls.hpp"
 #include "ppdsettings/stored_facts.hpp"
 #include "wolservice/wake_up_order.hpp"
 
@@ -35,7 +35,7 @@ std::string base64Of(const std::string& text) {
 
 std::string storedValue(ppd_file_t* ppd, const std::string& keyword) {
   if (ppd == nullptr) return {};
-  const ppd_attr_t* attribute = filter::r_ppdFindAttr(ppd, keyword.c_str(), nullptr);
+  const ppd_attr_t* attribute = job::r_ppdFindAttr(ppd, keyword.c_str(), nullptr);
   return attribute != nullptr && attribute->value != nullptr ? attribute->value : "";
 }
 

@@ -5,8 +5,8 @@
 #include <cstring>
 #include <string_view>
 
-#include "filter/custom_paper.hpp"
-#include "filter/diagnostics.hpp"
+#include "job/custom_paper.hpp"
+#include "job/diagnostics.hpp"
 #include "psrewrite/features.hpp"
 #include "psrewrite/line_rewriters.hpp"
 #include "psrewrite/orientation.hpp"
@@ -89,34 +89,35 @@ bool passLoggedCharacters(JobStream& stream) {
   int character = 0;
   while ((character = stream.get()) != EOF) {
     std::fputc(character, stream.output());
-    LogFile2Message(character);
-    LogFile3Message(character);
+    job::LogFile2Message(character);
+    job::LogFile3Message(character);
     if (character == '%') return true;
   }
   return false;
 }
 
 bool passToNextLine(JobStream& stream) {
-  return fileOutPutFlag ? passLoggedCharacters(stream) : passRuns(stream);
+  return job::fileOutPutFlag ? passLoggedCharacters(stream) : passRuns(stream);
 }
 
 void writeLine(JobStream& stream, const LineBuffer& line, std::int32_t length) {
   const std::string_view bytes(line.text(), static_cast<std::size_t>(length));
   stream.write(bytes);
-  for (std::size_t i = 0; fileOutPutFlag && i < bytes.size(); ++i) {
-    LogFile3Message(static_cast<unsigned char>(bytes[i]));
+  for (std::size_t i = 0; job::fileOutPutFlag && i < bytes.size(); ++i) {
+    job::LogFile3Message(static_cast<unsigned char>(bytes[i]));
   }
 }
 
 // The orientation comment follows the custom paper's shape, else the job's option.
-std::int32_t followOrientation(LineBuffer& line, std::int32_t length, const PrintJobData& job) {
+std::int32_t followOrientation(LineBuffer& line, std::int32_t length,
+                               const job::PrintJobData& job) {
   std::int32_t newLength = 0;
-  if (!customSizeFlg) {
-    LogMessage("20160929 FALSE", true);
+  if (!job::customSizeFlg) {
+    job::LogMessage("20160929 FALSE", true);
     newLength = psrewrite::replaceOrientation(line, &job);
   } else {
-    const bool portrait = widthLength <= heighLength;
-    LogMessage(portrait ? "20160929 Por" : "20160929 Lan", true);
+    const bool portrait = job::widthLength <= job::heighLength;
+    job::LogMessage(portrait ? "20160929 Por" : "20160929 Lan", true);
     newLength = psrewrite::replaceCustomOrientation(line, portrait);
   }
   return newLength >= 1 ? newLength : length;
@@ -131,7 +132,7 @@ void writeFaceDown(JobStream& stream, LineBuffer& line, std::int32_t length) {
 // A face-up choice and the line after it become face down unless the job's output tray decides. The
 // line that follows takes the place of `line`; the result is its length.
 std::int32_t suppressFaceUp(JobStream& stream, LineBuffer& line, std::int32_t length,
-                            const PrintJobData& job) {
+                            const job::PrintJobData& job) {
   if (job.keepOutputFace != 0 || !line.contains("QVOutputFace FaceUp")) return length;
   writeFaceDown(stream, line, length);
   line.clear();
@@ -141,23 +142,23 @@ std::int32_t suppressFaceUp(JobStream& stream, LineBuffer& line, std::int32_t le
 }
 
 // Hands the section that `line` opens to its writer.
-void rewriteFeature(JobStream& stream, LineBuffer& line, PrintJobData& job) {
+void rewriteFeature(JobStream& stream, LineBuffer& line, job::PrintJobData& job) {
   const std::int32_t code = psrewrite::getFeature(line.text());
-  LogMessage(code == 0 ? "Not Feature found" : "Feature found", true);
-  LogMessage(line.text(), true);
-  if (code == kFormSelect1Code) LogMessage("AdvancedQVFormSelect1Feature start", true);
+  job::LogMessage(code == 0 ? "Not Feature found" : "Feature found", true);
+  job::LogMessage(line.text(), true);
+  if (code == kFormSelect1Code) job::LogMessage("AdvancedQVFormSelect1Feature start", true);
   const psrewrite::FeatureWriter writer = psrewrite::featureWriter(code);
   const bool replaced = writer && writer(stream, line, job);
-  if (code == kFormSelect1Code) LogMessage("AdvancedQVFormSelect1Feature end", true);
-  LogMessage(replaced ? "Feature replaced" : "Feature not replaced", true);
-  LogMessage("Get C done", true);
+  if (code == kFormSelect1Code) job::LogMessage("AdvancedQVFormSelect1Feature end", true);
+  job::LogMessage(replaced ? "Feature replaced" : "Feature not replaced", true);
+  job::LogMessage("Get C done", true);
 }
 
 // Looks at one line, behind its "%", and at the lines that its section brings.
-void copyLine(JobStream& stream, LineBuffer& line, PrintJobData& job) {
-  LogMessage("After continue", true);
+void copyLine(JobStream& stream, LineBuffer& line, job::PrintJobData& job) {
+  job::LogMessage("After continue", true);
   line.clear();
-  LogMessage("Checking for feature", true);
+  job::LogMessage("Checking for feature", true);
   std::int32_t length = readLine(stream, line.data(), LineBuffer::kSize);
   if (length < 1) return;
   length = followOrientation(line, length, job);
@@ -169,7 +170,7 @@ void copyLine(JobStream& stream, LineBuffer& line, PrintJobData& job) {
 
 }  // namespace
 
-void copyPostScript(JobStream& stream, PrintJobData& job) {
+void copyPostScript(JobStream& stream, job::PrintJobData& job) {
   LineBuffer line;
   while (passToNextLine(stream)) copyLine(stream, line, job);
 }

@@ -1,7 +1,7 @@
 // The job's PostScript, copied to the printer with its feature sections rewritten.
 #pragma once
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 #include "psrewrite/job_stream.hpp"
 
 namespace kelm::filter {
@@ -9,6 +9,6 @@ namespace kelm::filter {
 // Copies the input to the output until it ends. After every "%", the rest of the line is looked at:
 // the orientation comment follows the job, a face-up choice becomes face down unless the job's
 // output tray decides, and a feature section gets the job's value. All other bytes pass unchanged.
-void copyPostScript(psrewrite::JobStream& stream, PrintJobData& job);
+void copyPostScript(psrewrite::JobStream& stream, job::PrintJobData& job);
 
 }  // namespace kelm::filter

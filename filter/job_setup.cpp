@@ -7,8 +7,8 @@
 
 #include "base/hex_text.hpp"
 #include "base/number_text.hpp"
-#include "filter/custom_paper.hpp"
-#include "filter/diagnostics.hpp"
+#include "job/custom_paper.hpp"
+#include "job/diagnostics.hpp"
 
 namespace kelm::filter {
 namespace {
@@ -30,32 +30,32 @@ void takeCustomSize(std::string media) {
   if (dot == std::string::npos) return;
   const std::size_t x = media.find('x', dot + 1);
   if (x == std::string::npos) return;
-  LogMessage("201609301", true);
-  heighLength = lengthOfPoints(media.c_str() + x + 1);
-  LogMessage("201609302", true);
+  job::LogMessage("201609301", true);
+  job::heighLength = lengthOfPoints(media.c_str() + x + 1);
+  job::LogMessage("201609302", true);
   media.resize(x);
-  LogMessage("201609303", true);
+  job::LogMessage("201609303", true);
   const char* width = media.c_str() + dot + 1;
-  widthLength = lengthOfPoints(width);
-  LogMessage("201609304", true);
-  LogMessage(width, true);
+  job::widthLength = lengthOfPoints(width);
+  job::LogMessage("201609304", true);
+  job::LogMessage(width, true);
 }
 
 }  // namespace
 
-void decideCustomPaper(const PrintJobData& job) {
-  customSizeFlg = false;
+void decideCustomPaper(const job::PrintJobData& job) {
+  job::customSizeFlg = false;
   if (job.numOptions > kMostOptionsForCustomPaper) return;
-  for (const cups_option_t& option : jobOptions(&job)) {
+  for (const cups_option_t& option : job::jobOptions(&job)) {
     if (std::strcmp(option.name, "media") != 0 || option.value == nullptr) continue;
     if (std::strstr(option.value, "Custom") == nullptr) continue;
-    customSizeFlg = true;
+    job::customSizeFlg = true;
     takeCustomSize(option.value);
   }
 }
 
-void decideOutputFace(PrintJobData& job) {
-  job.keepOutputFace = outputTrayDecidesFace(&job) ? 1 : 0;
+void decideOutputFace(job::PrintJobData& job) {
+  job.keepOutputFace = job::outputTrayDecidesFace(&job) ? 1 : 0;
 }
 
 }  // namespace kelm::filter

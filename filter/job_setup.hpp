@@ -1,16 +1,16 @@
 // What is decided about a job before its first byte is written.
 #pragma once
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 
 namespace kelm::filter {
 
 // Sets customSizeFlg, widthLength and heighLength from the job's "media" options that name a custom
 // size "Custom.WIDTHxHEIGHT" (whole points; a unit behind them is ignored). Jobs with 100 options
 // or more are left as they are.
-void decideCustomPaper(const PrintJobData& job);
+void decideCustomPaper(const job::PrintJobData& job);
 
 // Sets the job's keepOutputFace: 1 when an output tray other than "Auto" and "FaceDown" is chosen.
-void decideOutputFace(PrintJobData& job);
+void decideOutputFace(job::PrintJobData& job);
 
 }  // namespace kelm::filter

@@ -8,10 +8,10 @@
 
 #include "base/byte_source.hpp"
 #include "filter/copy_loop.hpp"
-#include "filter/diagnostics.hpp"
 #include "filter/job_setup.hpp"
-#include "filter/ppd_calls.hpp"
-#include "filter/print_job.hpp"
+#include "job/diagnostics.hpp"
+#include "job/ppd_calls.hpp"
+#include "job/print_job.hpp"
 #include "pjl/sequence.hpp"
 #include "ppdsettings/update_job.hpp"
 #include "psrewrite/job_stream.hpp"
@@ -39,11 +39,11 @@ int openInput(int argc, char* argv[]) {
   return argc == 7 ? open(argv[6], O_RDONLY | O_CLOEXEC) : STDIN_FILENO;
 }
 
-void localizePpd(const PrintJobData& job) {
-  if (job.ppd != nullptr) r_ppdLocalize(job.ppd);
+void localizePpd(const job::PrintJobData& job) {
+  if (job.ppd != nullptr) job::r_ppdLocalize(job.ppd);
 }
 
-using Updater = bool(const PrintJobData*);
+using Updater = bool(const job::PrintJobData*);
 
 // What an update job tells the print system, in this order.
 // clang-format off
@@ -64,58 +64,58 @@ constexpr Updater* kUpdaters[] = {
 };
 // clang-format on
 
-void updatePpd(const PrintJobData& job) {
+void updatePpd(const job::PrintJobData& job) {
   for (Updater* update : kUpdaters) update(&job);
 }
 
 }  // namespace
 
 int runFilter(int argc, char* argv[], std::FILE* output) {
-  ClearLogFile();
-  logCheck = diagnosticsWanted();
-  LogFileMessageCheck(logCheck);
+  job::ClearLogFile();
+  job::logCheck = job::diagnosticsWanted();
+  job::LogFileMessageCheck(job::logCheck);
 
-  LogMessage("Filter started", true);
+  job::LogMessage("Filter started", true);
   catchTermination();
 
   base::DescriptorSource input(openInput(argc, argv));
   if (!input.isOpen()) {
-    LogMessage("error. open input file.", true);
+    job::LogMessage("error. open input file.", true);
     return kExitFailed;
   }
 
-  static PrintJobData jobData;
-  if (!InitializePrintJobData(argc, argv, &jobData)) {
-    LogMessage("Filter initialization failed", true);
+  static job::PrintJobData jobData;
+  if (!job::InitializePrintJobData(argc, argv, &jobData)) {
+    job::LogMessage("Filter initialization failed", true);
     return kExitFailed;
   }
   localizePpd(jobData);
-  LogMessage("Printer job data initialized", true);
+  job::LogMessage("Printer job data initialized", true);
 
   if (ppdsettings::ShouldUpdatePPD(&jobData)) {
-    LogMessage("Update PPD job identified.", true);
+    job::LogMessage("Update PPD job identified.", true);
     updatePpd(jobData);
-    LogMessage("Filter exited successfully", true);
+    job::LogMessage("Filter exited successfully", true);
     return kExitCompleted;
   }
 
-  ClearLogFileName(&jobData);
+  job::ClearLogFileName(&jobData);
   wakeup::callWoLXPC(argc, argv, &jobData);
-  LogMessage("Wake on LAN (Send Magic Packet)", true);
-  if (logCheck) LogOptions(&jobData);
+  job::LogMessage("Wake on LAN (Send Magic Packet)", true);
+  if (job::logCheck) job::LogOptions(&jobData);
 
   decideCustomPaper(jobData);
   decideOutputFace(jobData);
 
   pjl::OutputPJL(output, jobData);
-  LogMessage("Output file opened", true);
+  job::LogMessage("Output file opened", true);
 
   psrewrite::JobStream stream(input, output);
   copyPostScript(stream, jobData);
   std::fflush(output);
-  LogMessage("Output completed", true);
+  job::LogMessage("Output completed", true);
 
-  LogMessage("Filter exited successfully", true);
+  job::LogMessage("Filter exited successfully", true);
   return kExitCompleted;
 }
 

@@ -4,20 +4,20 @@
 #include <string>
 
 #include "base/hex_text.hpp"
+#include "job/console_user.hpp"
+#include "job/forms.hpp"
 #include "pjl/typed_text.hpp"
 #include "pjl/value_tables.hpp"
 #include "pjl/writers.hpp"
-#include "psrewrite/console_user.hpp"
-#include "psrewrite/forms.hpp"
 
 namespace kelm::pjl {
 namespace {
 
 constexpr std::size_t kConsoleUserBufferSize = 512;
-constexpr auto kForms = valueTable(psrewrite::kFormTags, "");
+constexpr auto kForms = valueTable(job::kFormTags, "");
 
 void writeForm(std::FILE* stream, PrintJobData& job, const char* dialogKey, const char* pjlName,
-               const psrewrite::TextField& field) {
+               const job::TextField& field) {
   if (job.isPrintPDE) return Output_CopyValue(stream, job, dialogKey, pjlName, "");
   const char* choice = field.namedChoice(job);
   if (choice == nullptr) return writeTypedText(stream, job, pjlName, field);
@@ -26,7 +26,7 @@ void writeForm(std::FILE* stream, PrintJobData& job, const char* dialogKey, cons
 
 // The switch of a typed text: as the dialog sets it, else whether there is a text.
 void writeTextSwitch(std::FILE* stream, PrintJobData& job, const char* dialogKey,
-                     const char* pjlName, const psrewrite::TextField& field) {
+                     const char* pjlName, const job::TextField& field) {
   if (!job.isPrintPDE) return writeTypedSwitch(stream, job, pjlName, field);
   Output_KeyValue(stream, job, dialogKey, pjlName, kSwitch.rows, kSwitch.defaultIndex);
 }
@@ -41,43 +41,43 @@ void writeOutputFace(std::FILE* stream, PrintJobData& job) {
 }
 
 void writeFormSelect1(std::FILE* stream, PrintJobData& job) {
-  writeForm(stream, job, "QVFormSelect1StringValueUTF8", "QVFORMSELECT1", psrewrite::kFormSelect1);
+  writeForm(stream, job, "QVFormSelect1StringValueUTF8", "QVFORMSELECT1", job::kFormSelect1);
 }
 
 void writeFormSelect2(std::FILE* stream, PrintJobData& job) {
-  writeForm(stream, job, "QVFormSelect2StringValueUTF8", "QVFORMSELECT2", psrewrite::kFormSelect2);
+  writeForm(stream, job, "QVFormSelect2StringValueUTF8", "QVFORMSELECT2", job::kFormSelect2);
 }
 
 void writeOwnerSwitch(std::FILE* stream, PrintJobData& job) {
-  writeTextSwitch(stream, job, "QVOwnerName", "QVOWNERNAME", psrewrite::kOwnerName);
+  writeTextSwitch(stream, job, "QVOwnerName", "QVOWNERNAME", job::kOwnerName);
 }
 
 void writeUserName(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "USERNAME";
-  const std::string user = psrewrite::consoleUserHex(kConsoleUserBufferSize);
+  const std::string user = job::consoleUserHex(kConsoleUserBufferSize);
   if (job.isPrintPDE) {
     return Output_CopyValue(stream, job, "QVOwnerNameTextValueUTF8", kVariable, user.c_str());
   }
-  const psrewrite::TextField& field = psrewrite::kOwnerName;
+  const job::TextField& field = job::kOwnerName;
   const std::string name = field.isValid(job) ? field.hexText(job, user) : user;
   Output_Value(stream, job, kVariable, name.c_str());
 }
 
 void writeJobNameSwitch(std::FILE* stream, PrintJobData& job) {
-  writeTextSwitch(stream, job, "QVJobName", "QVJOBNAME", psrewrite::kJobName);
+  writeTextSwitch(stream, job, "QVJobName", "QVJOBNAME", job::kJobName);
 }
 
 void writeJobName(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "JOBNAME";
   if (job.isPrintPDE) return Output_Value(stream, job, kVariable, job.jobNameHex.c_str());
-  const psrewrite::TextField& field = psrewrite::kJobName;
+  const job::TextField& field = job::kJobName;
   const std::string title = base::hexText(job.title);
   const std::string name = field.isValid(job) ? field.hexText(job, title) : title;
   Output_Value(stream, job, kVariable, name.c_str());
 }
 
 void writeSecretNumSwitch(std::FILE* stream, PrintJobData& job) {
-  writeTextSwitch(stream, job, "QVSecretNum", "QVSECRETNUM", psrewrite::kSecretNum);
+  writeTextSwitch(stream, job, "QVSecretNum", "QVSECRETNUM", job::kSecretNum);
 }
 
 void writePassword(std::FILE* stream, PrintJobData& job) {
@@ -85,7 +85,7 @@ void writePassword(std::FILE* stream, PrintJobData& job) {
   if (job.isPrintPDE) {
     return Output_CopyValue(stream, job, "QVSecretNumTextValue", kVariable, "");
   }
-  const psrewrite::TextField& field = psrewrite::kSecretNum;
+  const job::TextField& field = job::kSecretNum;
   const std::string number = field.isValid(job) ? field.rawText(job) : std::string();
   Output_Value(stream, job, kVariable, number.c_str());
 }
@@ -95,7 +95,7 @@ void writeJobComment(std::FILE* stream, PrintJobData& job) {
   if (job.isPrintPDE) {
     return Output_CopyValue(stream, job, "QVJobCommentTextValueUTF8", kVariable, "");
   }
-  writeTypedText(stream, job, kVariable, psrewrite::kJobComment);
+  writeTypedText(stream, job, kVariable, job::kJobComment);
 }
 
 }  // namespace kelm::pjl

@@ -3,11 +3,11 @@
 
 #include <cstdio>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 
 namespace kelm::pjl {
 
-using filter::PrintJobData;
+using job::PrintJobData;
 
 // Face down, unless the job has an output tray that leaves the choice.
 void writeOutputFace(std::FILE* stream, PrintJobData& job);

@@ -3,8 +3,8 @@
 
 #include <cstddef>
 
+#include "job/paper.hpp"
 #include "pjl/value_table.hpp"
-#include "psrewrite/paper.hpp"
 
 namespace kelm::pjl {
 
@@ -48,7 +48,7 @@ inline constexpr auto kPaperNames = valueTable(
 
 namespace detail {
 
-constexpr std::size_t kPaperCount = std::size(psrewrite::kPapers);
+constexpr std::size_t kPaperCount = std::size(job::kPapers);
 
 // "SameAsOriginal", then the papers without the last row of kPaperNames.
 consteval ValueTable<kPaperCount + 1> targetPaperTable() {
@@ -58,11 +58,11 @@ consteval ValueTable<kPaperCount + 1> targetPaperTable() {
 }
 
 // The sizes of the papers; an absent choice is A4.
-consteval ValueTable<kPaperCount> sizeTable(const char* psrewrite::Paper::*size) {
+consteval ValueTable<kPaperCount> sizeTable(const char* job::Paper::*size) {
   ValueRow rows[kPaperCount] = {};
   std::size_t a4 = 0;
   for (std::size_t i = 0; i < kPaperCount; ++i) {
-    const psrewrite::Paper& paper = psrewrite::kPapers[i];
+    const job::Paper& paper = job::kPapers[i];
     rows[i] = {paper.name, paper.*size};
     if (std::string_view(paper.name) == "A4") a4 = i;
   }
@@ -74,7 +74,7 @@ consteval ValueTable<kPaperCount> sizeTable(const char* psrewrite::Paper::*size)
 // The names that the header and the PostScript know are the same, in the same order.
 consteval bool namesAgree() {
   for (std::size_t i = 0; i < kPaperCount; ++i) {
-    if (std::string_view(kPaperNames.rows[i].key) != psrewrite::kPapers[i].name) return false;
+    if (std::string_view(kPaperNames.rows[i].key) != job::kPapers[i].name) return false;
   }
   return true;
 }
@@ -84,11 +84,10 @@ consteval bool namesAgree() {
 // For PAPER.
 inline constexpr auto kTargetPaperNames = detail::targetPaperTable();
 // For QVPAGESIZEWIDTH and QVPAGESIZEHEIGHT, in 1/100 mm.
-inline constexpr auto kPaperWidths = detail::sizeTable(&psrewrite::Paper::width);
-inline constexpr auto kPaperHeights = detail::sizeTable(&psrewrite::Paper::height);
+inline constexpr auto kPaperWidths = detail::sizeTable(&job::Paper::width);
+inline constexpr auto kPaperHeights = detail::sizeTable(&job::Paper::height);
 
-static_assert(detail::namesAgree(),
-              "pjl/paper_tables.hpp and psrewrite/paper.hpp name other papers");
+static_assert(detail::namesAgree(), "pjl/paper_tables.hpp and job/paper.hpp name other papers");
 static_assert(kPaperNames.defaultIndex == 3 && kPaperWidths.defaultIndex == 3);
 static_assert(kTargetPaperNames.rows[4].value == std::string_view("A4"));
 

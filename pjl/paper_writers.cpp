@@ -8,17 +8,17 @@
 #include <utility>
 
 #include "base/hex_text.hpp"
+#include "job/paper.hpp"
+#include "job/ppd_choices.hpp"
 #include "pjl/paper_tables.hpp"
 #include "pjl/value_tables.hpp"
 #include "pjl/writers.hpp"
 #include "platform/platform.hpp"
-#include "psrewrite/paper.hpp"
-#include "psrewrite/ppd_choices.hpp"
 
 namespace kelm::pjl {
 namespace {
 
-using psrewrite::kMappedPaperKey;
+using job::kMappedPaperKey;
 
 constexpr char kCopiesKey[] = "com.apple.print.PrintSettings.PMCopies..n.";
 
@@ -86,7 +86,7 @@ void forceShortEdgeForBooklet(PrintJobData& job) {
 }
 
 std::size_t duplexDefaultIndex(const PrintJobData& job) {
-  const char* choice = psrewrite::getDefaultValue(&job, "QVDuplex");
+  const char* choice = job::getDefaultValue(&job, "QVDuplex");
   if (choice == nullptr) return kDuplexWithoutPpd;
   const auto isChoice = [&](const ValueRow& row) { return std::strcmp(row.key, choice) == 0; };
   const auto row = std::find_if(std::begin(kDuplex.rows), std::end(kDuplex.rows), isChoice);
@@ -97,17 +97,17 @@ std::size_t duplexDefaultIndex(const PrintJobData& job) {
 std::string sheetSize(const PrintJobData& job, const Side& side) {
   std::string width;
   std::string height;
-  psrewrite::NotPDE_PageSize(&job, width, height);
+  job::NotPDE_PageSize(&job, width, height);
   return side.isWidth ? width : height;
 }
 
 void writeCustomPageSide(std::FILE* stream, const PrintJobData& job, const Side& side,
                          const std::string& paper) {
-  if (!psrewrite::hasCustomPaperSize(paper)) return;
+  if (!job::hasCustomPaperSize(paper)) return;
   float width = 0;
   float height = 0;
-  psrewrite::getCustomPaperSize(paper.c_str(), &width, &height);
-  const std::string text = psrewrite::hundredthsText(side.isWidth ? width : height);
+  job::getCustomPaperSize(paper.c_str(), &width, &height);
+  const std::string text = job::hundredthsText(side.isWidth ? width : height);
   Output_Value(stream, job, side.pageVariable, text.c_str());
 }
 
@@ -131,8 +131,7 @@ void writeTargetSide(std::FILE* stream, const PrintJobData& job, const Side& sid
   }
   std::string width;
   std::string height;
-  psrewrite::getQVTargetPaperSize(&job, &width, base::kTextBufferSize, &height,
-                                  base::kTextBufferSize);
+  job::getQVTargetPaperSize(&job, &width, base::kTextBufferSize, &height, base::kTextBufferSize);
   Output_Value(stream, job, side.targetVariable, side.isWidth ? width.c_str() : height.c_str());
 }
 

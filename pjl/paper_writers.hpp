@@ -3,11 +3,11 @@
 
 #include <cstdio>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 
 namespace kelm::pjl {
 
-using filter::PrintJobData;
+using job::PrintJobData;
 
 // No line when neither the option nor the computer gives a name.
 void writeHostName(std::FILE* stream, PrintJobData& job);

@@ -23,7 +23,7 @@ void writeGrayAndRed(std::FILE* stream, PrintJobData& job) {
 void writeBarcodeArea(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "QVBARCODEAREA";
   if (!job.isPrintPDE) {
-    return writeTypedSwitch(stream, job, kVariable, psrewrite::kBarcodeSelection);
+    return writeTypedSwitch(stream, job, kVariable, job::kBarcodeSelection);
   }
   Output_KeyValue(stream, job, "QVBarcodeArea", kVariable, kSwitch.rows, kSwitch.defaultIndex);
 }
@@ -31,7 +31,7 @@ void writeBarcodeArea(std::FILE* stream, PrintJobData& job) {
 void writeBarcodeSelection(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "QVBARCODESELECTION";
   if (!job.isPrintPDE) {
-    return writeTypedText(stream, job, kVariable, psrewrite::kBarcodeSelection);
+    return writeTypedText(stream, job, kVariable, job::kBarcodeSelection);
   }
   Output_CopyValue(stream, job, "QVBarcodeAreaDefinitionStringValueUTF8", kVariable, "");
 }
@@ -41,7 +41,7 @@ void writeOutputProfile(std::FILE* stream, PrintJobData& job) {
   if (job.isPrintPDE) {
     return Output_CopyValue(stream, job, "QVOutputProfileSelectionStringValueUTF8", kVariable, "");
   }
-  const psrewrite::TextField& field = psrewrite::kOutputProfile;
+  const job::TextField& field = job::kOutputProfile;
   const char* named = field.namedChoice(job);
   const std::string_view choice = named != nullptr ? named : "";
   if (choice == "NotUse") return Output_Value(stream, job, kVariable, "NOTUSE");

@@ -3,11 +3,11 @@
 
 #include <cstdio>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 
 namespace kelm::pjl {
 
-using filter::PrintJobData;
+using job::PrintJobData;
 
 // Two lines, in an order that depends on where the job came from.
 void writeGrayAndRed(std::FILE* stream, PrintJobData& job);

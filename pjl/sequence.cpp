@@ -170,7 +170,7 @@ void writeFrameBeforeVariables(std::FILE* stream) {
 
 std::span<const HeaderSection> headerSections() { return kHeader; }
 
-int OutputPJL(std::FILE* stream, filter::PrintJobData& job) {
+int OutputPJL(std::FILE* stream, job::PrintJobData& job) {
   writeFrameBeforeVariables(stream);
   for (const HeaderSection& section : kHeader) {
     if (section.dialogOnly && !job.isPrintPDE) continue;

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <span>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 #include "pjl/variables.hpp"
 
 namespace kelm::pjl {
@@ -21,6 +21,6 @@ std::span<const HeaderSection> headerSections();
 // Writes the header, from the UEL to the switch to PostScript. Returns the result of its last
 // character write, as putc(3): a line feed, or EOF when the stream does not take it; nobody needs
 // to look at it.
-int OutputPJL(std::FILE* stream, filter::PrintJobData& job);
+int OutputPJL(std::FILE* stream, job::PrintJobData& job);
 
 }  // namespace kelm::pjl

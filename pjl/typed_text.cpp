@@ -6,12 +6,12 @@
 namespace kelm::pjl {
 
 void writeTypedSwitch(std::FILE* stream, const PrintJobData& job, const char* pjlName,
-                      const psrewrite::TextField& field) {
+                      const job::TextField& field) {
   Output_Value(stream, job, pjlName, field.isValid(job) ? "ON" : "OFF");
 }
 
 void writeTypedText(std::FILE* stream, const PrintJobData& job, const char* pjlName,
-                    const psrewrite::TextField& field) {
+                    const job::TextField& field) {
   Output_Value(stream, job, pjlName, field.validHexText(job).c_str());
 }
 

@@ -3,17 +3,17 @@
 
 #include <cstdio>
 
-#include "filter/print_job.hpp"
-#include "psrewrite/text_fields.hpp"
+#include "job/print_job.hpp"
+#include "job/text_fields.hpp"
 
 namespace kelm::pjl {
 
 // "ON" when the field has a text that may be sent, else "OFF".
-void writeTypedSwitch(std::FILE* stream, const filter::PrintJobData& job, const char* pjlName,
-                      const psrewrite::TextField& field);
+void writeTypedSwitch(std::FILE* stream, const job::PrintJobData& job, const char* pjlName,
+                      const job::TextField& field);
 
 // The field's text in hex when it may be sent, else an empty value.
-void writeTypedText(std::FILE* stream, const filter::PrintJobData& job, const char* pjlName,
-                    const psrewrite::TextField& field);
+void writeTypedText(std::FILE* stream, const job::PrintJobData& job, const char* pjlName,
+                    const job::TextField& field);
 
 }  // namespace kelm::pjl

@@ -7,7 +7,7 @@
 #include <span>
 #include <variant>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 #include "pjl/value_table.hpp"
 #include "pjl/writers.hpp"
 

@@ -7,8 +7,8 @@
 #include <string_view>
 
 #include "base/hex_text.hpp"
-#include "filter/custom_paper.hpp"
-#include "filter/diagnostics.hpp"
+#include "job/custom_paper.hpp"
+#include "job/diagnostics.hpp"
 
 namespace kelm::pjl {
 namespace {
@@ -115,19 +115,19 @@ void Output_OrientationValue(std::FILE* stream, const PrintJobData& job, const c
   beginLine(stream, pjlName);
   std::string text;
   if (!getOptionValue(&job, optionKey, text)) {
-    const bool landscape = filter::widthLength > filter::heighLength;
+    const bool landscape = job::widthLength > job::heighLength;
     const bool known = defaultIndex < rows.size();
-    if (known) filter::LogMessage(landscape ? "201608291" : "201608292", true);
+    if (known) job::LogMessage(landscape ? "201608291" : "201608292", true);
     return endLine(stream, known ? rows[landscape ? 1 : 0].value : "");
   }
   const auto row = std::find_if(rows.begin(), rows.end(), [&](const OrientationRow& candidate) {
     return text == candidate.name || text == candidate.digit;
   });
   if (row == rows.end()) return endLine(stream, "");
-  filter::LogMessage("20160526", true);
-  filter::LogMessage(pjlName, true);
-  filter::LogMessage("=", true);
-  filter::LogMessage(text.c_str(), true);
+  job::LogMessage("20160526", true);
+  job::LogMessage(pjlName, true);
+  job::LogMessage("=", true);
+  job::LogMessage(text.c_str(), true);
   endLine(stream, row->value);
 }
 

@@ -8,12 +8,12 @@
 #include <cstdio>
 #include <span>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 #include "pjl/value_table.hpp"
 
 namespace kelm::pjl {
 
-using filter::PrintJobData;
+using job::PrintJobData;
 
 // Always writes.
 void Output_Value(std::FILE* stream, const PrintJobData& job, const char* pjlName,

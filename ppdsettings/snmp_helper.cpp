@@ -12,14 +12,14 @@
 
 #include "base/hex_text.hpp"
 #include "base/utf.hpp"
-#include "filter/ppd_calls.hpp"
+#include "job/ppd_calls.hpp"
 #include "ppdsettings/stored_facts.hpp"
 
 namespace kelm::ppdsettings {
 namespace {
 
 using base::kTextBufferSize;
-using filter::r_ppdFindAttr;
+using job::r_ppdFindAttr;
 
 constexpr std::size_t kKeywordBufferSize = 128;
 

@@ -8,14 +8,14 @@
 #include <string_view>
 
 #include "base/hex_text.hpp"
-#include "filter/diagnostics.hpp"
+#include "job/diagnostics.hpp"
 #include "platform/platform.hpp"
 #include "ppdsettings/stored_facts.hpp"
 
 namespace kelm::ppdsettings {
 namespace {
 
-using filter::PrintJobData;
+using job::PrintJobData;
 
 // cupsd takes this many bytes of a line for one message, and reads the rest as the next message.
 constexpr std::size_t kPrintSystemMessageSize = 2047;
@@ -49,13 +49,13 @@ bool writeLine(const std::string& keyword, std::string_view value, Trace trace) 
     return false;
   }
   std::fputs(line.c_str(), stderr);
-  if (trace == Trace::yes) filter::LogMessage(line.c_str(), true);
+  if (trace == Trace::yes) job::LogMessage(line.c_str(), true);
   return true;
 }
 
 bool updateKeyword(const PrintJobData* job, const StoredFact& fact, const std::string& keyword) {
   bool written = false;
-  for (const cups_option_t& option : filter::jobOptions(job)) {
+  for (const cups_option_t& option : job::jobOptions(job)) {
     if (option.value == nullptr || keyword != option.name) continue;
     written = writeLine(keyword, option.value, fact.trace) || written;
     if (fact.matches == Matches::first) break;
@@ -84,7 +84,7 @@ bool updateFact(const PrintJobData* job, const StoredFact& fact) {
 }  // namespace
 
 bool ShouldUpdatePPD(const PrintJobData* job) {
-  return filter::findJobOption(job, "UpdatePPDOptions") != nullptr;
+  return job::findJobOption(job, "UpdatePPDOptions") != nullptr;
 }
 
 bool UpdatePPDOptionsUpdatedToPPD(const PrintJobData* job) {

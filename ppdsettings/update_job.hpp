@@ -2,30 +2,30 @@
 // the printer in the queue's PPD, by messages on standard error (filter(7), "PPD:").
 #pragma once
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 
 namespace kelm::ppdsettings {
 
 // Whether the job has the option "UpdatePPDOptions", whatever its value.
-bool ShouldUpdatePPD(const filter::PrintJobData* job);
+bool ShouldUpdatePPD(const job::PrintJobData* job);
 
 // Each passes the job's options of its keyword on, one line "PPD: KEYWORD=VALUE" for each, and says
 // whether a line was written; without a record or options, none is. A value that could forge other
 // keywords in the print system is left out, with a word in the system log (docs/security.md). A
 // line that does not fit into 4096 bytes ends the process by abort(), with a word in the system
 // log and nothing of the line written.
-bool UpdatePPDOptionsUpdatedToPPD(const filter::PrintJobData* job);
-bool UpdateIsCustomSnmpCommunityToPPD(const filter::PrintJobData* job);
-bool UpdateSnmpCommunityNameToPPD(const filter::PrintJobData* job);
-bool UpdateIsWakeOnLanToPPD(const filter::PrintJobData* job);
-bool UpdateMacAddressToPPD(const filter::PrintJobData* job);
-bool UpdateOverTheRouterToPPD(const filter::PrintJobData* job);
-bool UpdateIPAddressToPPD(const filter::PrintJobData* job);
-bool UpdateSharedBoxToPPD(const filter::PrintJobData* job);  // the boxes, the selected, the indexes
-bool UpdateUsePersonalFolderToPPD(const filter::PrintJobData* job);
-bool UpdateAdminLoginModeToPPD(const filter::PrintJobData* job);
-bool UpdatePSFormNameToPPD(const filter::PrintJobData* job);
-bool UpdateBarcodeAreaDefNameToPPD(const filter::PrintJobData* job);
-bool UpdateColorProfilesNameToPPD(const filter::PrintJobData* job);
+bool UpdatePPDOptionsUpdatedToPPD(const job::PrintJobData* job);
+bool UpdateIsCustomSnmpCommunityToPPD(const job::PrintJobData* job);
+bool UpdateSnmpCommunityNameToPPD(const job::PrintJobData* job);
+bool UpdateIsWakeOnLanToPPD(const job::PrintJobData* job);
+bool UpdateMacAddressToPPD(const job::PrintJobData* job);
+bool UpdateOverTheRouterToPPD(const job::PrintJobData* job);
+bool UpdateIPAddressToPPD(const job::PrintJobData* job);
+bool UpdateSharedBoxToPPD(const job::PrintJobData* job);  // the boxes, the selected, the indexes
+bool UpdateUsePersonalFolderToPPD(const job::PrintJobData* job);
+bool UpdateAdminLoginModeToPPD(const job::PrintJobData* job);
+bool UpdatePSFormNameToPPD(const job::PrintJobData* job);
+bool UpdateBarcodeAreaDefNameToPPD(const job::PrintJobData* job);
+bool UpdateColorProfilesNameToPPD(const job::PrintJobData* job);
 
 }  // namespace kelm::ppdsettings

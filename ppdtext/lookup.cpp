@@ -1,7 +1,7 @@
 // Lookup and marking in PPD records that have no index of their options and attributes.
 #include <string_view>
 
-#include "filter/ppd_calls.hpp"
+#include "job/ppd_calls.hpp"
 #include "ppdtext/kelm_ppd.hpp"
 #include "ppdtext/record_parts.hpp"
 #include "ppdtext/unicode_text.hpp"
@@ -56,7 +56,7 @@ ppd_choice_t* KelmPPD::ppdFindChoice_choiceKey_(ppd_option_t* option, const char
 std::int32_t KelmPPD::ppdMarkOption_optionKey_choiceKey_(ppd_file_t* ppd, const char* optionKeyword,
                                                          const char* choiceKeyword) {
   if (choiceKeyword == nullptr) return 0;
-  const ppd_option_t* option = filter::r_ppdFindOption(ppd, optionKeyword);
+  const ppd_option_t* option = job::r_ppdFindOption(ppd, optionKeyword);
   if (option == nullptr) return 1;
   const ppd_choice_t* chosen = choiceInAnyCase(*option, choiceKeyword);
   if (chosen == nullptr) return 1;
@@ -76,7 +76,7 @@ void KelmPPD::ppdMarkDefaults_(ppd_file_t* ppd) {
 }
 
 ppd_choice_t* KelmPPD::ppdFindMarkedChoice_optionKey_(ppd_file_t* ppd, const char* optionKeyword) {
-  const ppd_option_t* option = filter::r_ppdFindOption(ppd, optionKeyword);
+  const ppd_option_t* option = job::r_ppdFindOption(ppd, optionKeyword);
   if (option == nullptr) return nullptr;
   for (ppd_choice_t& choice : choicesOf(*option)) {
     if (choice.marked == 1) return &choice;

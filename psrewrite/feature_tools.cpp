@@ -4,8 +4,8 @@
 #include <new>
 
 #include "base/hex_text.hpp"
-#include "filter/diagnostics.hpp"
-#include "psrewrite/custom_text.hpp"
+#include "job/custom_text.hpp"
+#include "job/diagnostics.hpp"
 #include "psrewrite/line_tools.hpp"
 
 namespace kelm::psrewrite {
@@ -13,12 +13,12 @@ namespace kelm::psrewrite {
 bool outputFeatureByReplacingValue(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
                                    const char* key, const char* defaultText) {
   if (!readValueLine(stream, buffer)) return false;
-  filter::LogMessage("outputFeatureByReplacingValue start", true);
-  filter::LogMessage(key, true);
+  job::LogMessage("outputFeatureByReplacingValue start", true);
+  job::LogMessage(key, true);
   std::string value;
   if (!getOptionValue(&job, key, value)) value = defaultText;
   if (writeWithValue(stream, buffer, value)) return true;
-  filter::LogMessage("outputFeatureByReplacingValue end", true);
+  job::LogMessage("outputFeatureByReplacingValue end", true);
   return false;
 }
 
@@ -37,9 +37,9 @@ bool outputCustomTextFeatureByReplacingValue(JobStream& stream, LineBuffer& buff
                                              const char* defaultText, bool asHex) {
   std::string text;
   if (asHex) {
-    getCustomTextHexValue(&job, key, text, base::kTextBufferSize, defaultText);
+    job::getCustomTextHexValue(&job, key, text, base::kTextBufferSize, defaultText);
   } else {
-    getCustomTextValue(&job, key, text, base::kTextBufferSize);
+    job::getCustomTextValue(&job, key, text, base::kTextBufferSize);
   }
   return outputCustomTextByReplacingValue(stream, buffer, job, key, text);
 }
@@ -49,15 +49,15 @@ bool writeWithValue(JobStream& stream, const LineBuffer& buffer, const std::stri
   const auto rewritten = erase_str(line, value);
   if (!rewritten) return false;
   stream.write(*rewritten);
-  filter::LogFile2Message_char(line.c_str(), false);
-  filter::LogFile3Message_char(rewritten->c_str(), false);
+  job::LogFile2Message_char(line.c_str(), false);
+  job::LogFile3Message_char(rewritten->c_str(), false);
   return true;
 } catch (const std::bad_alloc&) {
   return false;
 }
 
 bool drop(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) {
-  if (readValueLine(stream, buffer)) filter::LogFile2Message_char(buffer.text(), false);
+  if (readValueLine(stream, buffer)) job::LogFile2Message_char(buffer.text(), false);
   return false;
 }
 
@@ -68,8 +68,8 @@ bool dropUnlogged(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) 
 
 bool copy(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
   const bool copied = copyUnlogged(stream, buffer, job);
-  filter::LogFile2Message_char(buffer.text(), false);
-  filter::LogFile3Message_char(buffer.text(), false);
+  job::LogFile2Message_char(buffer.text(), false);
+  job::LogFile3Message_char(buffer.text(), false);
   return copied;
 }
 

@@ -8,14 +8,14 @@
 #include <string>
 
 #include "base/callable_ref.hpp"
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
+#include "job/text_fields.hpp"
 #include "psrewrite/job_stream.hpp"
 #include "psrewrite/line_tools.hpp"
-#include "psrewrite/text_fields.hpp"
 
 namespace kelm::psrewrite {
 
-using filter::PrintJobData;
+using job::PrintJobData;
 using FeatureWriter = base::CallableRef<bool(JobStream&, LineBuffer&, PrintJobData&)>;
 
 // Writes the next line with the option's value (without the option, defaultText) in its

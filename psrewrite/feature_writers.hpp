@@ -158,21 +158,21 @@ inline constexpr OwnFeature outputQVOrientation{"QVOrientation", 308, writeOrien
 
 // Job identity, comment and forms.
 inline constexpr ValueFeature outputQVOwnerName{
-    "QVOwnerName", 401, "QVOwnerNamePSValue", "", writeSwitch<kOwnerName>};
+    "QVOwnerName", 401, "QVOwnerNamePSValue", "", writeSwitch<job::kOwnerName>};
 inline constexpr OwnFeature outputQVOwnerNameInfo{"QVOwnerNameInfo", 402, writeOwnerName};
 inline constexpr ValueFeature outputQVJobName{
-    "QVJobName", 403, "QVJobNamePSValue", "", writeSwitch<kJobName>};
+    "QVJobName", 403, "QVJobNamePSValue", "", writeSwitch<job::kJobName>};
 inline constexpr OwnFeature outputQVJobNameInfo{"QVJobNameInfo", 404, writeJobName};
 inline constexpr ValueFeature outputQVSecretNum{
-    "QVSecretNum", 405, "QVSecretNumPSValue", "", writeSwitch<kSecretNum>};
+    "QVSecretNum", 405, "QVSecretNumPSValue", "", writeSwitch<job::kSecretNum>};
 inline constexpr ValueFeature outputQVSecretNumInfo{
     "QVSecretNumInfo", 406, "QVSecretNumTextValue", "", writeSecretNum};
 inline constexpr ValueFeature outputQVJobComment{
     "QVJobComment", 408, "QVJobCommentTextValueUTF8", "", writeJobComment};
 inline constexpr ValueFeature outputQVFormSelect1{
-    "QVFormSelect1", 409, "QVFormSelect1StringValueUTF8", "", writeForm<kFormSelect1>};
+    "QVFormSelect1", 409, "QVFormSelect1StringValueUTF8", "", writeForm<job::kFormSelect1>};
 inline constexpr ValueFeature outputQVFormSelect2{
-    "QVFormSelect2", 410, "QVFormSelect2StringValueUTF8", "", writeForm<kFormSelect2>};
+    "QVFormSelect2", 410, "QVFormSelect2StringValueUTF8", "", writeForm<job::kFormSelect2>};
 inline constexpr ValueFeature outputQVHideJob{
     "QVHideJob", 407, "QVHideJobPSValue", "", drop};
 

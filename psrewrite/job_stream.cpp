@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "filter/diagnostics.hpp"
+#include "job/diagnostics.hpp"
 
 namespace kelm::psrewrite {
 
@@ -85,8 +85,8 @@ void JobStream::write(std::string_view bytes) {
 
 std::int32_t readLine(JobStream& stream, char* buffer, std::size_t limit) {
   const std::size_t stored = stream.takeLine(buffer, limit);
-  for (std::size_t i = 0; filter::fileOutPutFlag && i < stored; ++i) {
-    filter::LogFile2Message(static_cast<unsigned char>(buffer[i]));
+  for (std::size_t i = 0; job::fileOutPutFlag && i < stored; ++i) {
+    job::LogFile2Message(static_cast<unsigned char>(buffer[i]));
   }
   return static_cast<std::int32_t>(stored);
 }

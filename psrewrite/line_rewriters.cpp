@@ -4,7 +4,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "filter/diagnostics.hpp"
+#include "job/diagnostics.hpp"
 #include "psrewrite/line_tools.hpp"
 
 namespace kelm::psrewrite {
@@ -21,16 +21,16 @@ bool readLineWithoutEnding(JobStream& stream, LineBuffer& line) {
 }
 
 bool replaceInNextLine(JobStream& stream, LineBuffer& line, const char* from, const char* to) {
-  filter::LogMessage("2016hahaha1", true);
+  job::LogMessage("2016hahaha1", true);
   if (!readLineWithoutEnding(stream, line)) return false;
-  filter::LogMessage("2016hahaha2", true);
+  job::LogMessage("2016hahaha2", true);
   const auto rewritten = replace_str(line.text(), from, to);
-  filter::LogMessage("2016hahaha3", true);
+  job::LogMessage("2016hahaha3", true);
   if (!rewritten) return false;
-  filter::LogMessage("2016hahaha4", true);
+  job::LogMessage("2016hahaha4", true);
   writeLine(stream, *rewritten);
-  filter::LogMessage("20160901-002", true);
-  filter::LogMessage("2016hahaha5", true);
+  job::LogMessage("20160901-002", true);
+  job::LogMessage("2016hahaha5", true);
   return true;
 }
 
@@ -64,14 +64,14 @@ std::int32_t outputFeatureByCustomSizeTitle(JobStream& stream, const char* line,
 std::int32_t outputFeatureByCustomSizeValueTitle(JobStream& stream, const char* line,
                                                  const char* from, const char* to) {
   if (line == nullptr) return -1;
-  filter::LogMessage("20160901-003", true);
-  filter::LogMessage(line, true);
+  job::LogMessage("20160901-003", true);
+  job::LogMessage(line, true);
   const auto rewritten = replace_str(line, from, to);
   if (!rewritten) return -1;
   writeLine(stream, *rewritten);
-  filter::LogMessage("20160901-002", true);
-  filter::LogMessage(rewritten->c_str(), true);
-  filter::LogFile3Message_char(rewritten->c_str(), true);
+  job::LogMessage("20160901-002", true);
+  job::LogMessage(rewritten->c_str(), true);
+  job::LogFile3Message_char(rewritten->c_str(), true);
   return static_cast<std::int32_t>(std::strlen(line));
 }
 

@@ -13,7 +13,7 @@ constexpr char kLandscapeChoice[] = "%BeginFeature: *QVOrientation Landscape";
 constexpr std::string_view kPortraitLine = "%BeginFeature: *QVOrientation Portrait\n";
 constexpr std::string_view kLandscapeLine = "%BeginFeature: *QVOrientation Landscape\n";
 
-std::optional<int> presetOrientation(const filter::PrintJobData* job) {
+std::optional<int> presetOrientation(const job::PrintJobData* job) {
   std::string preset;
   getOptionValue(job, "com.apple.print.preset.Orientation..n.", preset);
   if (preset == "1") return 0;
@@ -21,7 +21,7 @@ std::optional<int> presetOrientation(const filter::PrintJobData* job) {
   return std::nullopt;
 }
 
-std::optional<int> requestedOrientation(const filter::PrintJobData* job) {
+std::optional<int> requestedOrientation(const job::PrintJobData* job) {
   std::string requested;
   getOptionValue(job, "orientation-requested", requested);
   if (requested == "4" || requested == "5") return 1;
@@ -31,7 +31,7 @@ std::optional<int> requestedOrientation(const filter::PrintJobData* job) {
 
 }  // namespace
 
-int getPaperOrientation(const filter::PrintJobData* job) {
+int getPaperOrientation(const job::PrintJobData* job) {
   if (const auto orientation = presetOrientation(job)) return *orientation;
   if (const auto orientation = requestedOrientation(job)) return *orientation;
   std::string choice;
@@ -40,7 +40,7 @@ int getPaperOrientation(const filter::PrintJobData* job) {
   return choice == "Landscape" ? 1 : -1;
 }
 
-std::int32_t replaceOrientation(LineBuffer& line, const filter::PrintJobData* job) {
+std::int32_t replaceOrientation(LineBuffer& line, const job::PrintJobData* job) {
   std::string choice;
   if (!getOptionValue(job, "QVOrientation", choice)) return -1;
   if (choice == "Portrait" || choice == "0") return replaceCustomOrientation(line, true);

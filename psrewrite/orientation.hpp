@@ -3,7 +3,7 @@
 
 #include <cstdint>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 #include "psrewrite/job_stream.hpp"
 
 namespace kelm::psrewrite {
@@ -11,11 +11,11 @@ namespace kelm::psrewrite {
 // 0 portrait, 1 landscape, -1 unknown: by the dialog's preset, else by "orientation-requested"
 // (RFC 8011: 3 portrait, 4 landscape, 5 and 6 their reverses; here 5 counts as landscape and 6 as
 // portrait), else by "QVOrientation"; portrait when the job says nothing.
-int getPaperOrientation(const filter::PrintJobData* job);
+int getPaperOrientation(const job::PrintJobData* job);
 
 // Turns the orientation comment in `line` (a line behind its first "%") to the job's
 // "QVOrientation"; what stands behind the choice is dropped. The new length, or -1 when unchanged.
-std::int32_t replaceOrientation(LineBuffer& line, const filter::PrintJobData* job);
+std::int32_t replaceOrientation(LineBuffer& line, const job::PrintJobData* job);
 
 // The same to the shape of the job's custom paper, without a look at options.
 std::int32_t replaceCustomOrientation(LineBuffer& line, bool portrait);

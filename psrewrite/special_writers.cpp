@@ -8,12 +8,12 @@
 #include <string_view>
 
 #include "base/hex_text.hpp"
-#include "filter/diagnostics.hpp"
-#include "psrewrite/console_user.hpp"
+#include "job/console_user.hpp"
+#include "job/diagnostics.hpp"
+#include "job/forms.hpp"
+#include "job/paper.hpp"
 #include "psrewrite/feature_writers.hpp"
-#include "psrewrite/forms.hpp"
 #include "psrewrite/line_tools.hpp"
-#include "psrewrite/paper.hpp"
 
 namespace kelm::psrewrite {
 namespace {
@@ -26,14 +26,14 @@ constexpr char kJobNameKey[] = "com.apple.print.JobInfo.PMJobName";
 const base::ValueRow* formTag(const char* choice) {
   if (choice == nullptr) return nullptr;
   const auto row = std::find_if(
-      std::begin(kFormTags), std::end(kFormTags),
+      std::begin(job::kFormTags), std::end(job::kFormTags),
       [&](const base::ValueRow& candidate) { return std::strcmp(choice, candidate.key) == 0; });
-  return row == std::end(kFormTags) ? nullptr : row;
+  return row == std::end(job::kFormTags) ? nullptr : row;
 }
 
 // The typed text in hex when it may be sent, else an empty text.
 bool writeTypedText(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
-                    const TextField& field) {
+                    const job::TextField& field) {
   return outputCustomTextByReplacingValue(stream, buffer, job, field.key, field.validHexText(job));
 }
 
@@ -47,36 +47,38 @@ bool dialogBringsText(const PrintJobData& job, const char* switchKey, const char
 bool writeTargetSize(JobStream& stream, LineBuffer& buffer, const PrintJobData& job, bool wanted) {
   std::string width;
   std::string height;
-  getQVTargetPaperSize(&job, &width, base::kTextBufferSize, &height, base::kTextBufferSize);
+  job::getQVTargetPaperSize(&job, &width, base::kTextBufferSize, &height, base::kTextBufferSize);
   return outputReplacingValue(stream, buffer, nullptr, wanted ? width.c_str() : height.c_str());
 }
 
 }  // namespace
 
 bool writeBarcodeText(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
-  return writeTypedText(stream, buffer, job, kBarcodeSelection);
+  return writeTypedText(stream, buffer, job, job::kBarcodeSelection);
 }
 
 bool writeBarcodeSwitch(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
-  return writeSwitchOf(stream, buffer, job, kBarcodeSelection);
+  return writeSwitchOf(stream, buffer, job, job::kBarcodeSelection);
 }
 
 bool writeOutputProfile(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
-  const char* choice = kOutputProfile.namedChoice(job);
+  const char* choice = job::kOutputProfile.namedChoice(job);
   if (choice != nullptr && (!std::strcmp(choice, "Auto") || !std::strcmp(choice, "NotUse"))) {
     return outputReplacingValue(stream, buffer, nullptr, choice);
   }
-  const std::string text = kOutputProfile.isValid(job) ? kOutputProfile.hexText(job) : "Auto";
-  return outputCustomTextByReplacingValue(stream, buffer, job, kOutputProfile.key, text);
+  const std::string text =
+      job::kOutputProfile.isValid(job) ? job::kOutputProfile.hexText(job) : "Auto";
+  return outputCustomTextByReplacingValue(stream, buffer, job, job::kOutputProfile.key, text);
 }
 
 bool writeSecretNum(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
-  const std::string number = kSecretNum.isValid(job) ? kSecretNum.rawText(job) : std::string();
-  return outputCustomTextByReplacingValue(stream, buffer, job, kSecretNum.key, number);
+  const std::string number =
+      job::kSecretNum.isValid(job) ? job::kSecretNum.rawText(job) : std::string();
+  return outputCustomTextByReplacingValue(stream, buffer, job, job::kSecretNum.key, number);
 }
 
 bool writeJobComment(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
-  return writeTypedText(stream, buffer, job, kJobComment);
+  return writeTypedText(stream, buffer, job, job::kJobComment);
 }
 
 bool writeManualZoom(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
@@ -94,12 +96,12 @@ bool writeTargetHeight(JobStream& stream, LineBuffer& buffer, PrintJobData& job)
 }
 
 bool writeSwitchOf(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
-                   const TextField& field) {
+                   const job::TextField& field) {
   return outputReplacingValue(stream, buffer, nullptr, field.isValid(job) ? "On" : "Off");
 }
 
 bool writeFormOf(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
-                 const TextField& field) {
+                 const job::TextField& field) {
   const base::ValueRow* form = formTag(field.namedChoice(job));
   if (form == nullptr) return writeTypedText(stream, buffer, job, field);
   return outputReplacingValue(stream, buffer, nullptr, base::hexText(form->value).c_str());
@@ -120,9 +122,9 @@ bool writeOwnerName(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
     return outputFeatureByReplacingValue(stream, buffer, job, own ? kOwnerTextKey : kJobOwnerKey,
                                          "");
   }
-  const std::string hex =
-      kOwnerName.isValid(job) ? kOwnerName.hexText(job) : consoleUserHex(base::kTextBufferSize);
-  return outputCustomTextByReplacingValue(stream, buffer, job, kOwnerName.key, hex);
+  const std::string hex = job::kOwnerName.isValid(job) ? job::kOwnerName.hexText(job)
+                                                       : job::consoleUserHex(base::kTextBufferSize);
+  return outputCustomTextByReplacingValue(stream, buffer, job, job::kOwnerName.key, hex);
 }
 
 bool writeJobName(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
@@ -133,8 +135,9 @@ bool writeJobName(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
     return outputReplacingValue(stream, buffer, nullptr, job.jobNameHex.c_str()) ||
            outputFeatureByReplacingValue(stream, buffer, job, kJobNameKey, "");
   }
-  const std::string hex = kJobName.isValid(job) ? kJobName.hexText(job) : base::hexText(job.title);
-  return outputCustomTextByReplacingValue(stream, buffer, job, kJobName.key, hex);
+  const std::string hex =
+      job::kJobName.isValid(job) ? job::kJobName.hexText(job) : base::hexText(job.title);
+  return outputCustomTextByReplacingValue(stream, buffer, job, job::kJobName.key, hex);
 }
 
 bool writeTargetPaper(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {

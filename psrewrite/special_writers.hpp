@@ -18,16 +18,16 @@ bool writeTargetHeight(JobStream& stream, LineBuffer& buffer, PrintJobData& job)
 
 // "On" when the job has a text for the field that may be sent, else "Off".
 bool writeSwitchOf(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
-                   const TextField& field);
-template <const TextField& field>
+                   const job::TextField& field);
+template <const job::TextField& field>
 bool writeSwitch(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
   return writeSwitchOf(stream, buffer, job, field);
 }
 
 // A form of the printer by its choice or label, else the name of a form that was typed.
 bool writeFormOf(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
-                 const TextField& field);
-template <const TextField& field>
+                 const job::TextField& field);
+template <const job::TextField& field>
 bool writeForm(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
   return writeFormOf(stream, buffer, job, field);
 }

@@ -47,7 +47,7 @@ bool XPCCallObject::isEnableWakeOnLan_macAddress_(bool isWakeOnLan, const Text& 
   return enabled;
 }
 
-void XPCCallObject::doWakeOnLanXPC_job_data_(const Text& printer, const filter::PrintJobData* job) {
+void XPCCallObject::doWakeOnLanXPC_job_data_(const Text& printer, const job::PrintJobData* job) {
   const WakeUpSettings settings = wakeUpSettingsOf(job != nullptr ? job->ppd : nullptr);
   if (!isEnableWakeOnLan_macAddress_(settings.isWakeOnLan, settings.macAddress)) return;
   isXPCWait = true;
@@ -67,7 +67,7 @@ void XPCCallObject::waitForCallBack(const platform::WakeUpConnection& connection
   }
 }
 
-void callWoLXPC(int argc, char* argv[], const filter::PrintJobData* job) {
+void callWoLXPC(int argc, char* argv[], const job::PrintJobData* job) {
   const Text printer = argc >= 1 ? Text(argv[0]) : std::nullopt;
   XPCCallObject call;
   call.doWakeOnLanXPC_job_data_(printer, job);

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 #include "platform/wake_up_bus.hpp"
 #include "wakeup/text.hpp"
 
@@ -53,7 +53,7 @@ class XPCCallObject {
   // Asks the wake-up service to wake the printer of the queue `printer`, when the job's PPD enables
   // that, and waits until it calls back: at most 240 sleeps of one second, none when the service
   // cannot be reached. Throws as isEnableWakeOnLan_macAddress_ does; nothing else is reported.
-  void doWakeOnLanXPC_job_data_(const Text& printer, const filter::PrintJobData* job);
+  void doWakeOnLanXPC_job_data_(const Text& printer, const job::PrintJobData* job);
 
   // The service's call-back; comes on another thread.
   void callFinishedXPCProcess() { isXPCWait = false; }
@@ -68,6 +68,6 @@ class XPCCallObject {
 // The wake-up of an ordinary job, as its pipeline calls it: the queue's name is argv[0]
 // (filter(7)). Returns when the printer is awake, or the wake-up is off, impossible or has taken
 // too long.
-void callWoLXPC(int argc, char* argv[], const filter::PrintJobData* job);
+void callWoLXPC(int argc, char* argv[], const job::PrintJobData* job);
 
 }  // namespace kelm::wakeup

@@ -16,7 +16,7 @@
 namespace {
 
 std::string copyInBlocks(std::string_view input, std::size_t blockSize,
-                         kelm::filter::PrintJobData& job) {
+                         kelm::job::PrintJobData& job) {
   kelm::tests::MemorySource source(input, blockSize);
   kelm::tests::MemoryOutput output;
   kelm::psrewrite::JobStream stream(source, output.stream());

@@ -1,14 +1,14 @@
 // The diagnostic files switched on for a test.
 #include "tests/support/diagnostics_on.hpp"
 
-#include "filter/diagnostics.hpp"
-#include "filter/print_job.hpp"
+#include "job/diagnostics.hpp"
+#include "job/print_job.hpp"
 
 namespace kelm::tests {
 namespace {
 
 void forgetNames() {
-  for (char* name : {filter::file_1_Name, filter::file_2_Name, filter::file_3_Name}) *name = '\0';
+  for (char* name : {job::file_1_Name, job::file_2_Name, job::file_3_Name}) *name = '\0';
 }
 
 std::tm thatAfternoon() {
@@ -29,17 +29,17 @@ DiagnosticsOn::DiagnosticsOn() {
   writeFile(caches() / "file.txt", "");
   platform.fileRoot.root = root_.path().string();
   platform.wallClock.now = thatAfternoon();
-  filter::LogFileMessageCheck(true);
+  job::LogFileMessageCheck(true);
 }
 
 DiagnosticsOn::~DiagnosticsOn() {
-  filter::LogFileMessageCheck(false);
+  job::LogFileMessageCheck(false);
   forgetNames();
 }
 
 void DiagnosticsOn::nameFiles() {
-  const filter::PrintJobData job;
-  filter::ClearLogFileName(&job);
+  const job::PrintJobData job;
+  job::ClearLogFileName(&job);
 }
 
 std::string DiagnosticsOn::content(const char* name) const {

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "filter/ppd_calls.hpp"
+#include "job/ppd_calls.hpp"
 
 namespace kelm::tests {
 
@@ -34,7 +34,7 @@ TestJob::TestJob(const Options& options, const char* ppdPath) {
     record_.numOptions =
         cupsAddOption(name.c_str(), value.c_str(), record_.numOptions, &record_.options);
   }
-  if (ppdPath != nullptr) record_.ppd = filter::r_ppdOpenFile(ppdPath);
+  if (ppdPath != nullptr) record_.ppd = job::r_ppdOpenFile(ppdPath);
   noteDialog();
 }
 
@@ -53,12 +53,12 @@ TestJob::TestJob(TestJob&& other) noexcept : record_(std::move(other.record_)) {
 
 TestJob::~TestJob() {
   cupsFreeOptions(record_.numOptions, record_.options);
-  if (record_.ppd != nullptr) filter::r_ppdClose(record_.ppd);
+  if (record_.ppd != nullptr) job::r_ppdClose(record_.ppd);
 }
 
 void TestJob::noteDialog() {
   std::string value;
-  record_.isPrintPDE = filter::getOptionValue(&record_, "PrintPDE", value);
+  record_.isPrintPDE = job::getOptionValue(&record_, "PrintPDE", value);
 }
 
 }  // namespace kelm::tests

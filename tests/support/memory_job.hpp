@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/byte_source.hpp"
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 
 namespace kelm::tests {
 
@@ -55,13 +55,13 @@ class TestJob {
   TestJob(const TestJob&) = delete;
   TestJob& operator=(const TestJob&) = delete;
 
-  filter::PrintJobData& operator*() { return record_; }
-  filter::PrintJobData* operator->() { return &record_; }
+  job::PrintJobData& operator*() { return record_; }
+  job::PrintJobData* operator->() { return &record_; }
 
  private:
   void noteDialog();
 
-  filter::PrintJobData record_;
+  job::PrintJobData record_;
 };
 
 }  // namespace kelm::tests

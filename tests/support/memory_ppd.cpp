@@ -5,7 +5,7 @@
 #include <unistd.h>
 
 #include "base/byte_source.hpp"
-#include "filter/ppd_calls.hpp"
+#include "job/ppd_calls.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -22,7 +22,7 @@ MemoryPpd::MemoryPpd(std::string_view attributes) {
 }
 
 MemoryPpd::~MemoryPpd() {
-  if (ppd_ != nullptr) filter::r_ppdClose(ppd_);
+  if (ppd_ != nullptr) job::r_ppdClose(ppd_);
 }
 
 }  // namespace kelm::tests

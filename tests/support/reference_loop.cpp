@@ -3,7 +3,7 @@
 
 #include <cstring>
 
-#include "filter/custom_paper.hpp"
+#include "job/custom_paper.hpp"
 #include "psrewrite/features.hpp"
 #include "psrewrite/line_rewriters.hpp"
 #include "psrewrite/orientation.hpp"
@@ -33,12 +33,12 @@ void writeWithoutLast(JobStream& stream, LineBuffer& line, int count) {
   psrewrite::outputFeatureByCustomSizeValueTitle(stream, line.text(), "FaceUp", "FaceDown");
 }
 
-void copyLine(JobStream& stream, LineBuffer& line, filter::PrintJobData& job) {
+void copyLine(JobStream& stream, LineBuffer& line, job::PrintJobData& job) {
   int count = readRest(stream, line);
   if (count < 1) return;
-  const int turned = filter::customSizeFlg ? psrewrite::replaceCustomOrientation(
-                                                 line, filter::widthLength <= filter::heighLength)
-                                           : psrewrite::replaceOrientation(line, &job);
+  const int turned = job::customSizeFlg ? psrewrite::replaceCustomOrientation(
+                                              line, job::widthLength <= job::heighLength)
+                                        : psrewrite::replaceOrientation(line, &job);
   if (turned >= 1) count = turned;
   if (job.keepOutputFace == 0 && std::strstr(line.text(), "QVOutputFace FaceUp") != nullptr) {
     writeWithoutLast(stream, line, count);
@@ -53,7 +53,7 @@ void copyLine(JobStream& stream, LineBuffer& line, filter::PrintJobData& job) {
 
 }  // namespace
 
-std::string referenceCopy(std::string_view input, filter::PrintJobData& job) {
+std::string referenceCopy(std::string_view input, job::PrintJobData& job) {
   MemorySource source(input);
   MemoryOutput output;
   JobStream stream(source, output.stream());

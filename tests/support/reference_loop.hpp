@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 
 namespace kelm::tests {
 
 // What the job's input becomes, byte for byte.
-std::string referenceCopy(std::string_view input, filter::PrintJobData& job);
+std::string referenceCopy(std::string_view input, job::PrintJobData& job);
 
 }  // namespace kelm::tests

@@ -5,9 +5,9 @@
 
 #include <string>
 
-#include "filter/custom_paper.hpp"
-#include "filter/diagnostics.hpp"
 #include "filter/job_setup.hpp"
+#include "job/custom_paper.hpp"
+#include "job/diagnostics.hpp"
 #include "tests/support/diagnostics_on.hpp"
 #include "tests/support/memory_job.hpp"
 
@@ -22,9 +22,9 @@ constexpr std::size_t kWholeBlock = 1U << 20U;
 class CopyLoop : public testing::Test {
  protected:
   ~CopyLoop() override {
-    customSizeFlg = false;
-    widthLength = 0;
-    heighLength = 0;
+    job::customSizeFlg = false;
+    job::widthLength = 0;
+    job::heighLength = 0;
   }
 
   // The output of a job with these options, whose input comes in reads of `blockSize` bytes.
@@ -226,16 +226,16 @@ TEST_F(CopyLoop, GivesTheSameOutputWithDiagnostics) {
   diagnostics.nameFiles();
   const std::string start = job.input.substr(0, 5000);  // a file is opened for every byte
   const std::string logged = copied(start, job.options);
-  LogFileMessageCheck(false);
+  job::LogFileMessageCheck(false);
   EXPECT_TRUE(logged == copied(start, job.options));
-  EXPECT_NE(diagnostics.content(file_2_Name), "no file");
+  EXPECT_NE(diagnostics.content(job::file_2_Name), "no file");
 }
 
 class LoggedJob : public CopyLoop {
  protected:
   LoggedJob() { diagnostics_.nameFiles(); }
-  std::string asRead() { return diagnostics_.content(file_2_Name); }
-  std::string asWritten() { return diagnostics_.content(file_3_Name); }
+  std::string asRead() { return diagnostics_.content(job::file_2_Name); }
+  std::string asWritten() { return diagnostics_.content(job::file_3_Name); }
   tests::DiagnosticsOn diagnostics_;
 };
 

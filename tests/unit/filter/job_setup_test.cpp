@@ -6,7 +6,7 @@
 #include <ostream>
 #include <string>
 
-#include "filter/custom_paper.hpp"
+#include "job/custom_paper.hpp"
 #include "tests/support/memory_job.hpp"
 
 namespace kelm::filter {
@@ -30,14 +30,14 @@ class CustomPaper : public testing::Test {
   ~CustomPaper() override { forget(); }
 
   static void forget() {
-    customSizeFlg = false;
-    widthLength = 0;
-    heighLength = 0;
+    job::customSizeFlg = false;
+    job::widthLength = 0;
+    job::heighLength = 0;
   }
   static Paper decidedFor(const TestJob::Options& options) {
     TestJob job(options);
     decideCustomPaper(*job);
-    return {customSizeFlg, widthLength, heighLength};
+    return {job::customSizeFlg, job::widthLength, job::heighLength};
   }
   static Paper of(const std::string& media) {
     forget();
@@ -130,11 +130,12 @@ TEST_F(CustomPaper, IsTheLastOfSeveral) {
   std::string third = "Custom";
   std::vector<cups_option_t> options{
       {media.data(), first.data()}, {media.data(), second.data()}, {media.data(), third.data()}};
-  PrintJobData job;
+  job::PrintJobData job;
   job.numOptions = 3;
   job.options = options.data();
   decideCustomPaper(job);
-  EXPECT_EQ((Paper{customSizeFlg, widthLength, heighLength}), (Paper{true, 2500, 5100}));
+  EXPECT_EQ((Paper{job::customSizeFlg, job::widthLength, job::heighLength}),
+            (Paper{true, 2500, 5100}));
 }
 
 std::int32_t keepsFace(const TestJob::Options& options) {

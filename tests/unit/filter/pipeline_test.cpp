@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "base/byte_source.hpp"
-#include "filter/diagnostics.hpp"
+#include "job/diagnostics.hpp"
 #include "tests/support/child.hpp"
 #include "tests/support/diagnostics_on.hpp"
 #include "tests/support/memory_job.hpp"
@@ -148,7 +148,7 @@ constexpr char kOptions[] = "PrintPDE DestinationPrinterID=P1 QVPageNumStartNumV
 std::string printedWithDiagnostics(const std::string& file, std::vector<std::string>& files) {
   tests::DiagnosticsOn diagnostics;
   std::string output = tests::inChild([&] {
-    LogFileMessageCheck(false);  // the job looks for the switch file itself
+    job::LogFileMessageCheck(false);  // the job looks for the switch file itself
     return run(jobOf(kOptions, file));
   });
   for (const char* number : {"1", "2", "3"}) {
@@ -170,7 +170,7 @@ TEST_F(Pipeline, LeavesNoDiagnosticFilesOfAnUpdateJob) {
   const tests::DiagnosticsOn diagnostics;
   const std::string file = fileOf(kInput);
   EXPECT_EQ(tests::inChild([&] {
-              LogFileMessageCheck(false);
+              job::LogFileMessageCheck(false);
               return run(jobOf("UpdatePPDOptions=1", file));
             }),
             "0|");

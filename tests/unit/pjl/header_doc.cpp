@@ -4,11 +4,11 @@
 #include <string_view>
 #include <vector>
 
+#include "job/forms.hpp"
+#include "job/text_fields.hpp"
 #include "pjl/frame.hpp"
 #include "pjl/paper_tables.hpp"
 #include "pjl/sequence.hpp"
-#include "psrewrite/forms.hpp"
-#include "psrewrite/text_fields.hpp"
 #include "tests/support/memory_job.hpp"
 
 namespace kelm::pjl {
@@ -210,7 +210,7 @@ std::string papers() {
   std::string text;
   for (const ValueRow& row : kPaperNames.rows) {
     const std::string_view choice = row.key == std::string_view("tabloid") ? "Tabloid" : row.key;
-    const psrewrite::Paper& paper = *psrewrite::findPaper(choice);
+    const job::Paper& paper = *job::findPaper(choice);
     text += tableLine({row.key, row.value, paper.width, paper.height});
   }
   return text;
@@ -218,17 +218,17 @@ std::string papers() {
 
 std::string forms() {
   std::string text;
-  for (const ValueRow& row : psrewrite::kFormTags) text += tableLine({row.key, orEmpty(row.value)});
+  for (const ValueRow& row : job::kFormTags) text += tableLine({row.key, orEmpty(row.value)});
   return text;
 }
 
-std::string charactersOf(const psrewrite::TextField& field) {
+std::string charactersOf(const job::TextField& field) {
   switch (field.rule) {
-    case psrewrite::kForbiddenSet:
+    case job::kForbiddenSet:
       return *field.forbidden == '\0' ? "any" : "any but the forbidden";
-    case psrewrite::kProfileSet:
+    case job::kProfileSet:
       return "ASCII letters and digits, _ - . tab and blank";
-    case psrewrite::kSecretNumSet:
+    case job::kSecretNumSet:
       return "digits";
   }
   return {};
@@ -237,9 +237,8 @@ std::string charactersOf(const psrewrite::TextField& field) {
 std::string typedTexts() {
   std::string text;
   for (const auto* field :
-       {&psrewrite::kBarcodeSelection, &psrewrite::kOutputProfile, &psrewrite::kFormSelect1,
-        &psrewrite::kFormSelect2, &psrewrite::kOwnerName, &psrewrite::kJobName,
-        &psrewrite::kSecretNum, &psrewrite::kJobComment}) {
+       {&job::kBarcodeSelection, &job::kOutputProfile, &job::kFormSelect1, &job::kFormSelect2,
+        &job::kOwnerName, &job::kJobName, &job::kSecretNum, &job::kJobComment}) {
     text += tableLine({field->key, field->offWord,
                        std::to_string(field->min) + " to " + std::to_string(field->max),
                        charactersOf(*field)});
@@ -251,8 +250,7 @@ std::string typedTexts() {
 
 std::string headerDocument() {
   return kTop + frame() + kVariables + variables() + kPapersTop + papers() + kCustomPapers +
-         forms() + kTypedTop + typedTexts() + kNotes + "`" + psrewrite::kForbiddenCharacters + "`" +
-         kEnd;
+         forms() + kTypedTop + typedTexts() + kNotes + "`" + job::kForbiddenCharacters + "`" + kEnd;
 }
 
 }  // namespace kelm::pjl

@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 #include "pjl/paper_variables.hpp"
 #include "platform/fake/fake_platform.hpp"
 #include "tests/unit/pjl/lines.hpp"
@@ -157,9 +157,9 @@ TEST(Duplex, OfABookletStaysShortEdgeForEveryLaterReaderOfTheJob) {
     TestJob job({{"QVBookletBinding", "TwoFold"}, {"QVDuplex", "LongEdge"}, {"QVJog", "Set"}});
     written(*variable, job);
     std::string value;
-    EXPECT_TRUE(filter::getOptionValue(&*job, "QVDuplex", value));
+    EXPECT_TRUE(job::getOptionValue(&*job, "QVDuplex", value));
     EXPECT_EQ(value, "ShortEdge");
-    EXPECT_TRUE(filter::getOptionValue(&*job, "QVBookletBinding", value));
+    EXPECT_TRUE(job::getOptionValue(&*job, "QVBookletBinding", value));
     EXPECT_EQ(value, "TwoFold");
     EXPECT_EQ(job->numOptions, 3);
   }
@@ -182,7 +182,7 @@ TEST(Duplex, OfABookletAddsNoOptionToTheJob) {
   TestJob job({{"QVBookletBinding", "TwoFold"}, {"QVJog", "Set"}});
   written(Output_DUPLEX, job);
   std::string value;
-  EXPECT_FALSE(filter::getOptionValue(&*job, "QVDuplex", value));
+  EXPECT_FALSE(job::getOptionValue(&*job, "QVDuplex", value));
   EXPECT_EQ(job->numOptions, 2);
 }
 

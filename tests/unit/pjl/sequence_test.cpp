@@ -268,7 +268,7 @@ TEST_F(Header, LeavesTheShortEdgeOfABookletInTheJob) {
   MemoryOutput output;
   OutputPJL(output.stream(), *job);
   std::string value;
-  EXPECT_TRUE(filter::getOptionValue(&*job, "QVDuplex", value));
+  EXPECT_TRUE(job::getOptionValue(&*job, "QVDuplex", value));
   EXPECT_EQ(value, "ShortEdge");
 }
 

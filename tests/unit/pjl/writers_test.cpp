@@ -8,7 +8,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "filter/custom_paper.hpp"
+#include "job/custom_paper.hpp"
 #include "tests/support/memory_job.hpp"
 #include "tests/support/temporary_folder.hpp"
 
@@ -264,8 +264,8 @@ class OrientationValue : public testing::Test {
   ~OrientationValue() override { setCustomPaper(0, 0); }
 
   static void setCustomPaper(std::int32_t width, std::int32_t height) {
-    filter::widthLength = width;
-    filter::heighLength = height;
+    job::widthLength = width;
+    job::heighLength = height;
   }
 
   static std::string written(const Options& options, std::span<const OrientationRow> rows = kRows,

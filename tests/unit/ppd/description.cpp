@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <span>
 
-#include "filter/ppd_calls.hpp"
+#include "job/ppd_calls.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -41,7 +41,7 @@ bool Option::hasChoice(std::string_view name) const {
   return std::ranges::any_of(choices, [&](const Choice& choice) { return choice.name == name; });
 }
 
-Description::Description() : ppd_(filter::r_ppdOpenFile(path())) {
+Description::Description() : ppd_(job::r_ppdOpenFile(path())) {
   if (ppd_ == nullptr) return;
   for (const ppd_group_t& group : std::span(ppd_->groups, size_t(ppd_->num_groups))) {
     for (const ppd_option_t& option : std::span(group.options, size_t(group.num_options))) {
@@ -51,7 +51,7 @@ Description::Description() : ppd_(filter::r_ppdOpenFile(path())) {
 }
 
 Description::~Description() {
-  if (ppd_ != nullptr) filter::r_ppdClose(ppd_);
+  if (ppd_ != nullptr) job::r_ppdClose(ppd_);
 }
 
 const char* Description::path() { return KELM_PPD; }

@@ -10,12 +10,12 @@
 #include <string>
 #include <variant>
 
+#include "job/forms.hpp"
 #include "pjl/paper_tables.hpp"
 #include "pjl/sequence.hpp"
 #include "pjl/value_tables.hpp"
 #include "platform/fake/fake_platform.hpp"
 #include "psrewrite/features.hpp"
-#include "psrewrite/forms.hpp"
 #include "tests/support/memory_job.hpp"
 #include "tests/unit/ppd/description.hpp"
 
@@ -71,8 +71,8 @@ struct Collector {
 void addOwnTables(HeaderSources& sources) {
   addTable(sources, "QVOutputFace", pjl::kOutputFace.rows);
   addTable(sources, "QVTargetPaperSize", pjl::kTargetPaperNames.rows);
-  addTable(sources, "QVFormSelect1", psrewrite::kFormTags);
-  addTable(sources, "QVFormSelect2", psrewrite::kFormTags);
+  addTable(sources, "QVFormSelect1", job::kFormTags);
+  addTable(sources, "QVFormSelect2", job::kFormTags);
   addTable(sources, "PageSize", pjl::kPaperNames.rows);
   sources.choices["QVDuplex"] = {"OFF", "LongEdge", "ShortEdge"};
   sources.choices["QVOutputProfileSelection"] = {"Auto", "NotUse"};

@@ -8,7 +8,7 @@
 #include <span>
 #include <string>
 
-#include "psrewrite/paper.hpp"
+#include "job/paper.hpp"
 #include "tests/unit/ppd/description.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
@@ -17,7 +17,7 @@
 namespace kelm::tests {
 namespace {
 
-using psrewrite::kPapers;
+using job::kPapers;
 
 // 1/100 mm as the PPD writes them: points, rounded to 1/100 point, without zeros at the end.
 std::string points(const char* hundredths) {
@@ -40,7 +40,7 @@ INSTANTIATE_TEST_SUITE_P(, Papers, testing::Values("PageSize", "PageRegion"),
 
 TEST_P(Papers, AreThoseOfThePaperTableInItsOrder) {
   std::vector<std::string> expected;
-  for (const psrewrite::Paper& paper : kPapers) expected.emplace_back(paper.name);
+  for (const job::Paper& paper : kPapers) expected.emplace_back(paper.name);
   std::vector<std::string> found;
   for (const Choice& choice : description_.find(GetParam())->choices) {
     if (!choice.custom) found.push_back(choice.name);
@@ -60,7 +60,7 @@ TEST_P(Papers, SetThePageToTheSizeOfTheTable) {
 // What the print system works with, back in 1/100 mm: 3 mm of each edge are not printed on.
 TEST(PaperDimension, ReachesThePrintSystemWithMarginsOfThreeMillimetres) {
   const Description description;
-  for (const psrewrite::Paper& paper : kPapers) {
+  for (const job::Paper& paper : kPapers) {
     const ppd_size_t* size = ppdPageSize(description.ppd(), paper.name);
     ASSERT_NE(nullptr, size) << paper.name;
     const auto hundredths = [](float length) { return double(length) / 72 * 2540; };

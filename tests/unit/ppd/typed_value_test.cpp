@@ -5,7 +5,7 @@
 #include <set>
 #include <string>
 
-#include "psrewrite/text_fields.hpp"
+#include "job/text_fields.hpp"
 #include "tests/unit/ppd/description.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
@@ -14,10 +14,9 @@
 namespace kelm::tests {
 namespace {
 
-constexpr psrewrite::TextField kFields[] = {
-    psrewrite::kOwnerName,        psrewrite::kJobName,       psrewrite::kSecretNum,
-    psrewrite::kJobComment,       psrewrite::kFormSelect1,   psrewrite::kFormSelect2,
-    psrewrite::kBarcodeSelection, psrewrite::kOutputProfile,
+constexpr job::TextField kFields[] = {
+    job::kOwnerName,   job::kJobName,     job::kSecretNum,        job::kJobComment,
+    job::kFormSelect1, job::kFormSelect2, job::kBarcodeSelection, job::kOutputProfile,
 };
 
 struct Number {
@@ -51,10 +50,10 @@ const ppd_cparam_t* parameterOf(const Description& description, const std::strin
 
 TEST(TypedText, HasTheLimitsThatTheFilterChecks) {
   const Description description;
-  for (const psrewrite::TextField& field : kFields) {
+  for (const job::TextField& field : kFields) {
     const ppd_cparam_t* parameter = parameterOf(description, field.key);
     ASSERT_NE(nullptr, parameter) << field.key;
-    const bool pin = field.rule == psrewrite::kSecretNumSet;
+    const bool pin = field.rule == job::kSecretNumSet;
     EXPECT_EQ(pin ? PPD_CUSTOM_PASSCODE : PPD_CUSTOM_STRING, parameter->type) << field.key;
     // The limits of strings and passcodes are in one place of a union.
     EXPECT_EQ(field.min, std::size_t(parameter->minimum.custom_string)) << field.key;
@@ -64,7 +63,7 @@ TEST(TypedText, HasTheLimitsThatTheFilterChecks) {
 
 TEST(TypedText, CanBeLeftOutByTheChoiceThatTheFilterTakesForNothing) {
   const Description description;
-  for (const psrewrite::TextField& field : kFields) {
+  for (const job::TextField& field : kFields) {
     EXPECT_TRUE(description.find(field.key)->hasChoice(field.offWord)) << field.key;
   }
 }
@@ -93,7 +92,7 @@ TEST(TypedNumber, MayBeTheDefault) {
 TEST(TypedValue, ExistsForNoOtherOption) {
   std::set<std::string> expected;
   for (const Number& number : kNumbers) expected.insert(number.keyword);
-  for (const psrewrite::TextField& field : kFields) expected.insert(field.key);
+  for (const job::TextField& field : kFields) expected.insert(field.key);
   const Description description;
   std::set<std::string> found;
   for (const Option* option : description.printerOptions()) {

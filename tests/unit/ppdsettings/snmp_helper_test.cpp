@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "filter/ppd_calls.hpp"
+#include "job/ppd_calls.hpp"
 #include "tests/support/memory_ppd.hpp"
 
 namespace kelm::ppdsettings {
@@ -41,7 +41,7 @@ TEST(PlainValue, IsTakenAsItStands) {
 
 TEST(PlainValue, IsEmptyWithoutKeywordValueOrText) {
   const MemoryPpd ppd(attribute("Empty", "") + attribute("NoValue", "x"));
-  ppd_attr_t* noValue = filter::r_ppdFindAttr(ppd, "NoValue", nullptr);
+  ppd_attr_t* noValue = job::r_ppdFindAttr(ppd, "NoValue", nullptr);
   ASSERT_NE(noValue, nullptr);
   char* const value = std::exchange(noValue->value, nullptr);
   EXPECT_EQ(Helper::getPPDAttributeValueForName_ppdFile_("Missing", ppd), "");
@@ -69,7 +69,7 @@ TEST(DecodedValue, IsTheTextBehindTheBase64) {
 
 TEST(DecodedValue, IsNullWithoutKeywordOrValueOrWhenItIsNotUtf8) {
   const MemoryPpd ppd(attribute("NoValue", "QQ==") + attribute("Bad", "Qf8="));
-  ppd_attr_t* noValue = filter::r_ppdFindAttr(ppd, "NoValue", nullptr);
+  ppd_attr_t* noValue = job::r_ppdFindAttr(ppd, "NoValue", nullptr);
   ASSERT_NE(noValue, nullptr);
   char* const value = std::exchange(noValue->value, nullptr);
   EXPECT_EQ(Helper::getDecodedPPDAttributeValueForName_ppdFile_("Missing", ppd), std::nullopt);

@@ -14,7 +14,7 @@
 namespace kelm::ppdsettings {
 namespace {
 
-using filter::PrintJobData;
+using job::PrintJobData;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;

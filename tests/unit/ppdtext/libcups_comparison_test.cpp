@@ -11,7 +11,7 @@
 #include <memory>
 #include <set>
 
-#include "filter/ppd_calls.hpp"
+#include "job/ppd_calls.hpp"
 #include "tests/unit/ppdtext/test_file.hpp"
 #include "tests/unit/ppdtext/test_record.hpp"
 
@@ -19,7 +19,7 @@ namespace kelm::ppdtext {
 namespace {
 
 struct CloseLibcups {
-  void operator()(ppd_file_t* ppd) const { filter::r_ppdClose(ppd); }
+  void operator()(ppd_file_t* ppd) const { job::r_ppdClose(ppd); }
 };
 
 // The same file, read twice. Options by their keyword: this reader gives those of the file's own
@@ -27,7 +27,7 @@ struct CloseLibcups {
 struct Both {
   explicit Both(const std::string& path)
       : text(Record(KelmPPD::ppdOpenFile_(path.c_str()))),
-        libcups(filter::r_ppdOpenFile(path.c_str())) {
+        libcups(job::r_ppdOpenFile(path.c_str())) {
     std::ifstream file(path, std::ios::binary);
     source.assign(std::istreambuf_iterator<char>(file), {});
   }

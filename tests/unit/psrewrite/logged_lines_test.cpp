@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "filter/diagnostics.hpp"
+#include "job/diagnostics.hpp"
 #include "psrewrite/features.hpp"
 #include "psrewrite/line_rewriters.hpp"
 #include "tests/support/diagnostics_on.hpp"
@@ -17,8 +17,8 @@ using tests::TestJob;
 class LoggedLines : public testing::Test {
  protected:
   LoggedLines() { diagnostics_.nameFiles(); }
-  std::string asRead() { return diagnostics_.content(filter::file_2_Name); }
-  std::string asWritten() { return diagnostics_.content(filter::file_3_Name); }
+  std::string asRead() { return diagnostics_.content(job::file_2_Name); }
+  std::string asWritten() { return diagnostics_.content(job::file_3_Name); }
 
   tests::DiagnosticsOn diagnostics_;
 };

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "filter/print_job.hpp"
+#include "job/print_job.hpp"
 #include "psrewrite/job_stream.hpp"
 #include "tests/support/memory_job.hpp"
 
@@ -37,7 +37,7 @@ Written writtenFrom(std::string_view input, const Write& write) {
 }
 
 template <class Writer>
-Written written(const Writer& writer, filter::PrintJobData& job, std::string_view input) {
+Written written(const Writer& writer, job::PrintJobData& job, std::string_view input) {
   return writtenFrom(
       input, [&](JobStream& stream, LineBuffer& line) { return writer(stream, line, job); });
 }

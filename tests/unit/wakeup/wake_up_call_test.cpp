@@ -82,7 +82,7 @@ class WakeUpCall : public ::testing::Test {
   }
 
   platform::FakePlatform system;
-  filter::PrintJobData job;
+  job::PrintJobData job;
 
  private:
   std::optional<tests::MemoryPpd> ppd_;

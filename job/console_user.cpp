@@ -1,0 +1,14 @@
+// The user who sits at the computer, as the printer is told.
+#include "job/console_user.hpp"
+
+#include "base/hex_text.hpp"
+#include "platform/platform.hpp"
+
+namespace kelm::job {
+
+std::string consoleUserHex(std::size_t bufferSize) {
+  const std::string user = platform::platform().consoleUser->name();
+  return user.size() < bufferSize ? base::hexTextInBuffer(user) : std::string();
+}
+
+}  // namespace kelm::job

@@ -1,0 +1,26 @@
+// Texts that a person typed: "Custom." and the text, as plain print dialogs send it.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+#include "job/print_job.hpp"
+
+namespace kelm::job {
+
+// The text of an option's value: of a value that contains "Custom.", what stands between its first
+// and second "." (a text with a "." in it is cut there); of any other, the whole value.
+std::string customText(const std::string& value);
+
+// Puts the option's text into `out` when the option is present and its text is not empty and
+// shorter than `size` bytes; leaves `out` as it is otherwise.
+void getCustomTextValue(const PrintJobData* job, const char* key, std::string& out,
+                        std::size_t size);
+
+// Puts the hex text of the option's text (of defaultText when the option is absent or its text is
+// empty) into `out` when `size` is at least twice the text's length and the text is not empty;
+// leaves `out` as it is otherwise.
+void getCustomTextHexValue(const PrintJobData* job, const char* key, std::string& out,
+                           std::size_t size, const std::string& defaultText);
+
+}  // namespace kelm::job

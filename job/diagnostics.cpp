@@ -1,0 +1,99 @@
+// The diagnostic files for the field: the job's options, the PostScript as read, as written.
+#include "job/diagnostics.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdio>
+#include <cstring>
+#include <string>
+
+#include "base/byte_source.hpp"
+#include "job/print_job.hpp"
+#include "platform/platform.hpp"
+
+namespace kelm::job {
+
+bool fileOutPutFlag = false;
+bool logCheck = false;
+char file_1_Name[kDiagnosticNameSize];
+char file_2_Name[kDiagnosticNameSize];
+char file_3_Name[kDiagnosticNameSize];
+
+namespace {
+
+constexpr mode_t kFileMode = 0666;  // less the process's file-creation mask
+constexpr std::size_t kJoinBufferSize = 256;
+
+void append(const char* name, std::string_view text, bool newline) {
+  if (!fileOutPutFlag) return;
+  const std::string path = platform::platform().fileRoot->locate(name);
+  const int descriptor =
+      open(path.c_str(), O_RDWR | O_CREAT | O_APPEND | O_NOFOLLOW | O_CLOEXEC, kFileMode);
+  if (descriptor < 0) return;
+  base::writeAll(descriptor, text);
+  if (newline) base::writeAll(descriptor, std::string_view("\n"));
+  close(descriptor);
+}
+
+void appendCharacter(const char* name, int character) {
+  const char text[] = {static_cast<char>(character), '\0'};
+  append(name, text, false);
+}
+
+// What the job's printer ID, also an empty one, puts in front of the names: "ID_". Nothing without
+// a printer ID, or when its "/" would lead elsewhere.
+std::string namePrefix(const PrintJobData* job) {
+  std::string printerId;
+  const bool usable = getOptionValue(job, "DestinationPrinterID", printerId) &&
+                      printerId.find('/') == std::string::npos;
+  return usable ? printerId + "_" : std::string();
+}
+
+// Names file `number`, cut to fit: "/Library/Caches/ID_1_YYYYMMDDhhmmss.txt".
+void nameFile(char (&name)[kDiagnosticNameSize], int number, const std::string& prefix,
+              const std::tm& time) {
+  std::snprintf(name, sizeof name, "/Library/Caches/%s%d_%04d%02d%02d%02d%02d%02d.txt",
+                prefix.c_str(), number, time.tm_year + 1900, time.tm_mon + 1, time.tm_mday,
+                time.tm_hour, time.tm_min, time.tm_sec);
+}
+
+}  // namespace
+
+bool diagnosticsWanted() {
+  const std::string path = platform::platform().fileRoot->locate(kDiagnosticSwitchFile);
+  return access(path.c_str(), F_OK) == 0;
+}
+
+void LogFileMessageCheck(bool flag) { fileOutPutFlag = flag; }
+
+void ClearLogFileName(const PrintJobData* job) {
+  if (!fileOutPutFlag) return;
+  const std::tm time = platform::platform().wallClock->localTime();
+  const std::string prefix = namePrefix(job);
+  nameFile(file_1_Name, 1, prefix, time);
+  nameFile(file_2_Name, 2, prefix, time);
+  nameFile(file_3_Name, 3, prefix, time);
+}
+
+void LogFile1Message(const char* text, bool newline) { append(file_1_Name, text, newline); }
+
+void LogFile2Message_char(const char* text, bool newline) { append(file_2_Name, text, newline); }
+
+void LogFile3Message_char(const char* text, bool newline) { append(file_3_Name, text, newline); }
+
+void LogFile2Message(int character) { appendCharacter(file_2_Name, character); }
+
+void LogFile3Message(int character) { appendCharacter(file_3_Name, character); }
+
+void LogFile3Message_char_join(const char* format, int value, bool newline) {
+  std::array<char, kJoinBufferSize> text{};
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+  std::snprintf(text.data(), text.size(), format, value);
+#pragma GCC diagnostic pop
+  append(file_3_Name, text.data(), newline);
+}
+
+}  // namespace kelm::job

@@ -1,0 +1,51 @@
+// The diagnostic files for the field: the job's options, the PostScript as read, as written. Each
+// writer of a line decides whether it goes to the files.
+//
+// They are kept only where the switch file exists, are appended to, and are never open between two
+// calls, so that nothing is lost when a job is killed. A file that cannot be opened is left out
+// without a word. With the switch off every call costs one test of a flag.
+#pragma once
+
+#include <cstddef>
+
+namespace kelm::job {
+
+struct PrintJobData;
+
+inline constexpr char kDiagnosticSwitchFile[] = "/Library/Caches/file.txt";
+inline constexpr std::size_t kDiagnosticNameSize = 512;
+
+extern bool fileOutPutFlag;  // the diagnostic switch; set once by LogFileMessageCheck
+extern bool logCheck;        // the same truth, with which the pipeline decides to dump the options
+extern char file_1_Name[kDiagnosticNameSize];
+extern char file_2_Name[kDiagnosticNameSize];
+extern char file_3_Name[kDiagnosticNameSize];
+
+// Whether the switch file exists; its content means nothing.
+bool diagnosticsWanted();
+
+void LogFileMessageCheck(bool flag);
+
+// Fixes the three names from the local time and the option "DestinationPrinterID", when the switch
+// is on; a printer ID with a "/" is not used. Clears no file: they are only appended to.
+void ClearLogFileName(const PrintJobData* job);
+
+// Append `text`, and a line feed when `newline` is set, to file 1, 2 or 3.
+void LogFile1Message(const char* text, bool newline);
+void LogFile2Message_char(const char* text, bool newline);
+void LogFile3Message_char(const char* text, bool newline);
+
+// Append one character to file 2 or 3; a zero byte writes nothing.
+void LogFile2Message(int character);
+void LogFile3Message(int character);
+
+// Appends `value` in the printf format `format` (for one int), at most 255 bytes, to file 3.
+void LogFile3Message_char_join(const char* format, int value, bool newline);
+
+// The trace hook: shows the stages to whoever reads or debugs the program, and writes nothing.
+constexpr void LogMessage([[maybe_unused]] const char* text, [[maybe_unused]] bool newline) {}
+
+// Called at start; there is nothing to clear.
+constexpr void ClearLogFile() {}
+
+}  // namespace kelm::job

@@ -1,0 +1,62 @@
+// The job's record, filled once from the command line and the environment, and the one lookup of
+// its options.
+#pragma once
+
+#include <cups/cups.h>
+#include <cups/ppd.h>
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace kelm::job {
+
+// One per process, owned by the pipeline for the whole run; nothing in it is freed before the
+// process ends.
+struct PrintJobData {
+  std::int32_t jobId = 0;
+  const char* userName = nullptr;  // borrowed from the argument vector
+  const char* title = nullptr;     // borrowed from the argument vector
+  std::string jobNameHex;          // the job name as the header sends it
+  ppd_file_t* ppd = nullptr;       // the queue's PPD; null when it cannot be opened
+  std::int32_t numOptions = 0;
+  cups_option_t* options = nullptr;  // the job's options alone, without the PPD's defaults
+  bool isPrintPDE = false;           // the job came through the maker's print dialog
+  std::int32_t keepOutputFace = 0;   // 1: the job's output tray decides the face, 0: face down
+};
+
+// The arguments are those of a CUPS filter (filter(7)). False only for a wrong argument count, with
+// the usage on standard error; a PPD that cannot be opened leaves `ppd` null and is no failure.
+bool InitializePrintJobData(int argc, char* argv[], PrintJobData* job);
+
+// The lookup rule of the whole system: the value of the first job option of exactly this name that
+// has a value, copied whole. Without one, or without a record, false, and `destination` is empty.
+bool getOptionValue(const PrintJobData* job, const char* name, std::string& destination);
+
+// The job's options in the print system's order; empty without a record.
+std::span<cups_option_t> jobOptions(const PrintJobData* job);
+
+// The first option of exactly this name, or null: for the few places that look at the job's options
+// themselves.
+const cups_option_t* findJobOption(const PrintJobData* job, const char* name);
+
+// Whether the job has an output tray that leaves the output face to the job: any but "Auto" and
+// "FaceDown".
+bool outputTrayDecidesFace(const PrintJobData* job);
+
+// Standard error is not buffered from here on; the language of "APPLE_LANGUAGE", else of "LANG",
+// becomes the one that PPD texts are localised in. Does no more when neither is set.
+void SetupLocale();
+
+// Whether the option "com.apple.print.JobInfo.PMApplicationName" is "Word".
+bool isApplicationMSWord(const PrintJobData* job);
+
+// For a job from "Word": states the orientation that "orientation-requested" asks for as
+// "QVOrientation" and as the dialog's preset. The number of options is not raised on purpose: an
+// option that the job did not have stays outside of what the system sees. Always true.
+bool UpdatePrintJobDataForMSWord(PrintJobData* job);
+
+// Writes every option as a line name=value to diagnostic file 1.
+void LogOptions(const PrintJobData* job);
+
+}  // namespace kelm::job

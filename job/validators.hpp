@@ -1,0 +1,37 @@
+// Free texts are checked before they are sent to the printer; what fails is never sent.
+//
+// Lengths are in UTF-16 code units, both bounds inclusive; a text that is not valid UTF-8 fails.
+#pragma once
+
+#include <cstddef>
+
+#include "job/print_job.hpp"
+
+namespace kelm::job {
+
+// The characters that names, titles, comments and forms must not have.
+inline constexpr char kForbiddenCharacters[] = "“/[]:+¦<>=;,*?\\‘";
+// The upper-case run has "K" twice, which changes nothing.
+inline constexpr char kProfileCharacters[] =
+    "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLKMNOPQRSTUVWXYZ0123456789_-.\t ";
+inline constexpr char kSecretNumCharacters[] = "0123456789";
+
+// Whether `text` has from `min` to `max` code units and none of the characters of `forbidden`
+// (UTF-8). The system log says which bound or which character (the first of the set) it failed at.
+bool isValidateString(const char* text, std::size_t min, std::size_t max, const char* forbidden);
+
+// Whether `text` has from `min` to `max` code units (the system log says when it has not), and only
+// the characters of the profile set, or of the set of digits.
+bool isValidateProfileString(const char* text, std::size_t min, std::size_t max);
+bool isValidateSecretNumString(const char* text, std::size_t min, std::size_t max);
+
+// The same for the text of the job option `key` (custom_text.hpp). False also when the option is
+// absent, or its text is `offWord`: then nothing was typed.
+bool isValidateCustomTextValue(const PrintJobData* job, const char* key, const char* offWord,
+                               std::size_t min, std::size_t max, const char* forbidden);
+bool isValidateCustomProfileTextValue(const PrintJobData* job, const char* key, const char* offWord,
+                                      std::size_t min, std::size_t max);
+bool isValidateCustomSecretNumTextValue(const PrintJobData* job, const char* key,
+                                        const char* offWord, std::size_t min, std::size_t max);
+
+}  // namespace kelm::job
