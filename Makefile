@@ -1,4 +1,5 @@
 # The targets that people type; the build itself is CMake's (CMakePresets.json).
+# SPDX-License-Identifier: Apache-2.0
 .PHONY: all demo check bench asan tsan fuzz coverage format lint install clean
 
 all: ; @scripts/build release

@@ -1,4 +1,5 @@
 // Where a job's bytes come from, and where they go: whole reads and writes over file descriptors.
+// SPDX-License-Identifier: Apache-2.0
 #include "base/byte_source.hpp"
 
 #include <unistd.h>

@@ -1,5 +1,6 @@
 // A reference to something callable that lives as long as the program: a function, or a constant
 // object with a call operator. It lets rows of different kinds stand in one table.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <concepts>

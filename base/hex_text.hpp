@@ -1,4 +1,5 @@
 // Hex text: the form in which free text travels to the printer.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,5 @@
 // Numbers in job texts: read and written as in the C locale, whatever the job's language.
+// SPDX-License-Identifier: Apache-2.0
 #include "base/number_text.hpp"
 
 #include <clocale>

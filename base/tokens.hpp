@@ -1,4 +1,5 @@
 // Pieces of a text between delimiters, as the standard tokenizer (strtok) finds them.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <optional>

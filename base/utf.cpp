@@ -1,4 +1,5 @@
 // UTF-8 text as the print system counts it: in UTF-16 code units.
+// SPDX-License-Identifier: Apache-2.0
 #include "base/utf.hpp"
 
 #include <cstdint>

@@ -1,4 +1,5 @@
 // One row of a table that maps a text to a text.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 namespace kelm::base {

@@ -1,4 +1,5 @@
 # How every target of this project is compiled and linked: language, hardening, sanitizers.
+# SPDX-License-Identifier: Apache-2.0
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)

@@ -1,4 +1,5 @@
 # One folder is one static library; what it may use is what it links.
+# SPDX-License-Identifier: Apache-2.0
 
 # kelm_library(NAME SOURCES file... [LINKS target...])
 function(kelm_library NAME)

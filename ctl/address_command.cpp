@@ -1,4 +1,5 @@
 // kelmctl address: what the filter takes for the printer's address.
+// SPDX-License-Identifier: Apache-2.0
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <ostream>

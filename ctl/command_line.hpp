@@ -1,4 +1,5 @@
 // The command line of kelmctl.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "ctl/subcommand.hpp"

@@ -1,4 +1,5 @@
 // The subcommands of kelmctl: each declares its arguments and gives its action (Subcommand).
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "ctl/subcommand.hpp"

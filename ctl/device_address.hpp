@@ -1,4 +1,5 @@
 // The printer's address, from the device URI of its queue.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>

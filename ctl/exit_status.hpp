@@ -1,4 +1,5 @@
 // The exit statuses of kelmctl, the same for every subcommand.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 namespace kelm::ctl {

@@ -1,4 +1,5 @@
 // kelmctl: the administrator's command.
+// SPDX-License-Identifier: Apache-2.0
 #include <unistd.h>
 
 #include <iostream>

@@ -1,4 +1,5 @@
 // kelmctl ppd: what a PPD offers, in the user's language, for people and for programs.
+// SPDX-License-Identifier: Apache-2.0
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>

@@ -1,4 +1,5 @@
 // kelmctl printer: what a printer says about itself.
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <iomanip>
 #include <memory>

@@ -1,4 +1,5 @@
 // What a printer says about itself, asked for in one go.
+// SPDX-License-Identifier: Apache-2.0
 #include "ctl/printer_facts.hpp"
 
 #include <utility>

@@ -1,4 +1,5 @@
 // The PPD that a subcommand looks at: a file, or the one of a queue.
+// SPDX-License-Identifier: Apache-2.0
 #include "ctl/queue_ppd.hpp"
 
 #include <cups/cups.h>

@@ -1,4 +1,5 @@
 // Text from a printer or a PPD on somebody's terminal.
+// SPDX-License-Identifier: Apache-2.0
 #include "ctl/safe_text.hpp"
 
 #include <cstdio>

@@ -1,4 +1,5 @@
 // kelmctl settings: what is stored about a queue's printer, for people and for programs.
+// SPDX-License-Identifier: Apache-2.0
 #include <cstdint>
 #include <iomanip>
 #include <memory>

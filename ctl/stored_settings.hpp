@@ -1,4 +1,5 @@
 // What is stored about a queue's printer, as people read it.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

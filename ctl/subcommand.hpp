@@ -1,4 +1,5 @@
 // What a subcommand of kelmctl is.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <CLI/CLI.hpp>

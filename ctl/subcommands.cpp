@@ -1,5 +1,6 @@
 // The table of kelmctl's subcommands: a new one is a file NAME_command.cpp, a line in commands.hpp
 // and a row here.
+// SPDX-License-Identifier: Apache-2.0
 #include "ctl/commands.hpp"
 
 namespace kelm::ctl {

@@ -1,4 +1,5 @@
 // kelmctl sync: asks a queue's printer and stores the answers in the queue's PPD.
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <memory>
 #include <optional>

@@ -1,4 +1,5 @@
 // What somebody at a terminal sees while they wait.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string_view>

@@ -1,4 +1,5 @@
 // What a printer said, as the keywords and values that the queue's PPD keeps of it.
+// SPDX-License-Identifier: Apache-2.0
 #include "ctl/update_lines.hpp"
 
 #include <cups/http.h>

@@ -1,5 +1,6 @@
 // What a printer said, as the keywords and values that the queue's PPD keeps of it
 // (docs/stored-facts.md).
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

@@ -1,4 +1,5 @@
 // An update job, sent to a queue and waited for.
+// SPDX-License-Identifier: Apache-2.0
 #include "ctl/update_sender.hpp"
 
 #include <cups/cups.h>

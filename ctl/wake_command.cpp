@@ -1,4 +1,5 @@
 // kelmctl wake: asks the wake-up service to wake a printer, as the filter does before a job.
+// SPDX-License-Identifier: Apache-2.0
 #include <atomic>
 #include <chrono>
 #include <memory>

@@ -1,4 +1,5 @@
 // The job's PostScript, copied to the printer with its feature sections rewritten.
+// SPDX-License-Identifier: Apache-2.0
 #include "filter/copy_loop.hpp"
 
 #include <algorithm>

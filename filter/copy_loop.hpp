@@ -1,4 +1,5 @@
 // The job's PostScript, copied to the printer with its feature sections rewritten.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "job/print_job.hpp"

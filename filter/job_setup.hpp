@@ -1,4 +1,5 @@
 // What is decided about a job before its first byte is written.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "job/print_job.hpp"

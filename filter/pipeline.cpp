@@ -1,4 +1,5 @@
 // The stages of one job, in their order.
+// SPDX-License-Identifier: Apache-2.0
 #include "filter/pipeline.hpp"
 
 #include <fcntl.h>

@@ -1,4 +1,5 @@
 // The stages of one job.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdio>

@@ -1,4 +1,5 @@
 // The user who sits at the computer, as the printer is told.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/console_user.hpp"
 
 #include "base/hex_text.hpp"

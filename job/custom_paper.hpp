@@ -1,4 +1,5 @@
 // The job's custom paper: decided once by the pipeline, read by header and rewriting.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
 // Texts that a person typed: "Custom." and the text.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/custom_text.hpp"
 
 #include "base/hex_text.hpp"

@@ -1,4 +1,5 @@
 // Texts that a person typed: "Custom." and the text, as plain print dialogs send it.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

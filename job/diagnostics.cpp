@@ -1,4 +1,5 @@
 // The diagnostic files for the field: the job's options, the PostScript as read, as written.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/diagnostics.hpp"
 
 #include <fcntl.h>

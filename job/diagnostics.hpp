@@ -4,6 +4,7 @@
 // They are kept only where the switch file exists, are appended to, and are never open between two
 // calls, so that nothing is lost when a job is killed. A file that cannot be opened is left out
 // without a word. With the switch off every call costs one test of a flag.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

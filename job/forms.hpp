@@ -1,4 +1,5 @@
 // The printer's forms: the PPD's choice and the tag under which the printer knows the form.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "base/value_row.hpp"

@@ -1,4 +1,5 @@
 // The papers of the printer, and the size of the job's sheet.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/paper.hpp"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // The print system library's PPD calls, in one place.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/ppd_calls.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.

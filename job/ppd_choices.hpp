@@ -1,4 +1,5 @@
 // What the queue's PPD says of an option: its default choice, and a choice by its label.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "job/print_job.hpp"

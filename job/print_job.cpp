@@ -1,4 +1,5 @@
 // The job's record, filled once from the command line and the environment.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/print_job.hpp"
 
 #include <strings.h>

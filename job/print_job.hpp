@@ -1,5 +1,6 @@
 // The job's record, filled once from the command line and the environment, and the one lookup of
 // its options.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/cups.h>

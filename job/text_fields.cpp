@@ -1,4 +1,5 @@
 // The texts that a person may type for a job.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/text_fields.hpp"
 
 #include "base/hex_text.hpp"

@@ -1,5 +1,6 @@
 // The texts that a person may type for a job, each with the bounds that the printer sets: the
 // PostScript and the header ask the same question of the same row.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

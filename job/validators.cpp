@@ -1,4 +1,5 @@
 // Free texts are checked before they are sent to the printer.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/validators.hpp"
 
 #include <optional>

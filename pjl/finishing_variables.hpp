@@ -1,4 +1,5 @@
 // The variables of finishing, output and the job's identity.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "pjl/finishing_writers.hpp"

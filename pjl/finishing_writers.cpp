@@ -1,4 +1,5 @@
 // The writers with logic of their own among the variables of output, forms and the job's identity.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/finishing_writers.hpp"
 
 #include <string>

@@ -1,4 +1,5 @@
 // The frame of the header: its fixed lines.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/frame.hpp"
 
 #include <string_view>

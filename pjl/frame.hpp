@@ -1,4 +1,5 @@
 // The frame of the header: the fixed lines before the job's variables and the switch behind them.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdio>

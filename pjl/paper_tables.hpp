@@ -1,4 +1,5 @@
 // The papers of the printer as the header names them, and their sizes.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,5 @@
 // The variables of host, zoom, paper, copies, duplex, trays and output method.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "pjl/paper_tables.hpp"

@@ -1,4 +1,5 @@
 // The writers with logic of their own among the variables of host, zoom, paper, copies and trays.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/paper_writers.hpp"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // The variables of layout, stamps, image shift, image quality, colour and barcodes.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "pjl/quality_writers.hpp"

@@ -1,4 +1,5 @@
 // The writers with logic of their own among the variables of colour, barcodes and profiles.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/quality_writers.hpp"
 
 #include <string>

@@ -1,4 +1,5 @@
 // The whole header of a job, in the one order that the printer's firmware knows.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdio>

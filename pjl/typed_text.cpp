@@ -1,4 +1,5 @@
 // What plain jobs say of a text that a person typed.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/typed_text.hpp"
 
 #include "pjl/writers.hpp"

@@ -1,4 +1,5 @@
 // Value tables: a PPD choice to the value that the printer is told.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,6 @@
 // The value tables that variables of the header share: a choice of the PPD (or of the dialog) and
 // what the printer is told. The last text is the value for an absent option.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "pjl/value_table.hpp"

@@ -1,5 +1,6 @@
 // The kinds of rows of which the header's variables are made. A row is a constant that knows its
 // option, its name and its data, and writes its line when it is called with a stream and a job.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

@@ -2,6 +2,7 @@
 //
 // None fails: a setting that cannot be resolved still gets its line, with an empty value. Values
 // are not quoted; a line ends with a bare LF. Option values are those of the job alone.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

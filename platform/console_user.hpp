@@ -1,4 +1,5 @@
 // The user who sits at this computer.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>

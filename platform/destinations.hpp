@@ -1,4 +1,5 @@
 // The queues that the print system offers.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/cups.h>

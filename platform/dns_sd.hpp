@@ -1,4 +1,5 @@
 // Services that announce themselves on the network: DNS-Based Service Discovery (RFC 6763).
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <sys/socket.h>

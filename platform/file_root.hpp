@@ -1,4 +1,5 @@
 // Where the absolute paths of this system begin: "/", save in tests.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>

@@ -1,4 +1,5 @@
 // Where the user of this process keeps files.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>

@@ -1,4 +1,5 @@
 // The language in which the print system's library localises for this job.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 namespace kelm::platform {

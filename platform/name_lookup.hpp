@@ -1,4 +1,5 @@
 // The addresses behind a host's name.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <array>

@@ -1,4 +1,5 @@
 // The pipes between the print system's programs.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 namespace kelm::platform {

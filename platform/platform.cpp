@@ -1,4 +1,5 @@
 // What the operating system gives, as one set of small interfaces.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/platform.hpp"
 
 #include "platform/system_bodies.hpp"

@@ -1,4 +1,5 @@
 // What the operating system gives, as one set of small interfaces.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "platform/computer_name.hpp"

@@ -1,4 +1,5 @@
 // The languages that the user of this process prefers.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>

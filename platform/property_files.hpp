@@ -1,6 +1,7 @@
 // Property files: property lists (XML or binary) whose top level is a dictionary. They are looked
 // for under the platform's file root. This part of the seam is a library of its own, so that only
 // programs that read such files carry their parser.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <optional>

@@ -1,4 +1,5 @@
 // Time that only goes forward, and waiting for it to pass.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <chrono>

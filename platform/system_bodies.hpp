@@ -1,4 +1,5 @@
 // The real bodies of the operating system that this build is for; one folder provides them.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "platform/platform.hpp"

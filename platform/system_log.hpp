@@ -1,4 +1,5 @@
 // The system log, at error level: for what no standard error of this process would carry.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>

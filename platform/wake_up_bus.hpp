@@ -1,4 +1,5 @@
 // The way to the service that wakes printers (docs/wake-up-bus.md).
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <functional>

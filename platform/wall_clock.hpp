@@ -1,4 +1,5 @@
 // The time of day.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <ctime>

@@ -1,4 +1,5 @@
 // Reads back what is known about the printer from the queue's PPD.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdsettings/snmp_helper.hpp"
 
 #include <cups/http.h>

@@ -1,4 +1,5 @@
 // Reads back what is known about the printer from the queue's PPD (docs/stored-facts.md).
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

@@ -1,5 +1,6 @@
 // The facts about the printer that are kept in the queue's PPD: one table, which the readers and
 // the update job both walk (docs/stored-facts.md).
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

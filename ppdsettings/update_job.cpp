@@ -1,4 +1,5 @@
 // The update job: what the job's options say about the printer, told to the print system.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdsettings/update_job.hpp"
 
 #include <algorithm>

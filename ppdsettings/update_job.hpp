@@ -1,5 +1,6 @@
 // The update job: prints nothing, and has the print system store what the job's options say about
 // the printer in the queue's PPD, by messages on standard error (filter(7), "PPD:").
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "job/print_job.hpp"

@@ -1,4 +1,5 @@
 // PPD files read as text: reading and localisation, over the pieces that do the work.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/kelm_ppd.hpp"
 
 #include <algorithm>

@@ -1,5 +1,6 @@
 // PPD files read as text, without the print system's parser: reading, lookup, marking,
 // localisation.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

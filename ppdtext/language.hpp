@@ -1,4 +1,5 @@
 // Which language a PPD is shown in: the rules over the system's version and the user's languages.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

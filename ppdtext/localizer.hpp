@@ -1,4 +1,5 @@
 // A PPD's texts in one language: the translation lines of a file, and a record shown with them.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

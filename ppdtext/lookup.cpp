@@ -1,4 +1,5 @@
 // Lookup and marking in PPD records that have no index of their options and attributes.
+// SPDX-License-Identifier: Apache-2.0
 #include <string_view>
 
 #include "job/ppd_calls.hpp"

@@ -1,5 +1,6 @@
 // What a PPD offers, as found in its text: the stage between the text and the print system's
 // record.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/model.hpp"
 
 #include <iterator>

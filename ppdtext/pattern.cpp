@@ -1,4 +1,5 @@
 // Regular expressions as PPD texts are searched with: ICU's, bounded in time and memory.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/pattern.hpp"
 
 #include <algorithm>

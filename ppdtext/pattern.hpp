@@ -1,4 +1,5 @@
 // Regular expressions as PPD texts are searched with: ICU's, bounded in time and memory.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <unicode/uregex.h>

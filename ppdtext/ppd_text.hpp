@@ -1,4 +1,5 @@
 // A PPD's text and what is found in it: groups, options and the places where they stand.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>

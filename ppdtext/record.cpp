@@ -1,4 +1,5 @@
 // The print system's PPD record, built from the model of a text.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/record.hpp"
 
 #include <cstdlib>

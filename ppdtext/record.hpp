@@ -1,5 +1,6 @@
 // The print system's PPD record, built from the model of a text: the layout is that of libcups
 // (CUPS API: ppd.h), of which only the fields that the text gives are filled.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

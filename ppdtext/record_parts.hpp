@@ -1,4 +1,5 @@
 // The arrays of a PPD record in the libcups layout, as ranges; an absent array is an empty one.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

@@ -1,4 +1,5 @@
 // Where in a text a pattern is searched: everywhere, or in the lines where alone it can match.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/search_area.hpp"
 
 #include <algorithm>

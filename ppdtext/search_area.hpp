@@ -1,6 +1,7 @@
 // Where in a text a pattern is searched: everywhere, or in the lines where alone it can match.
 // Searching every option's patterns through a whole PPD would take time by the square of its size;
 // the results here are those of the whole text all the same.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,5 @@
 // A file as text.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/text_file.hpp"
 
 #include <cstddef>

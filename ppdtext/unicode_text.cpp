@@ -1,4 +1,5 @@
 // Text in two encodings: UTF-16, as the patterns see it, and UTF-8, as files and records hold it.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/unicode_text.hpp"
 
 #include <unicode/uchar.h>

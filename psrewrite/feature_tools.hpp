@@ -3,6 +3,7 @@
 // A writer is called right behind the opening line of its section with the stream, the line buffer
 // and the job; it takes the section's value line(s) from the stream and writes the job's line. Each
 // returns true when it wrote a line: not at the end of the input, and not when the line goes.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>

@@ -2,6 +2,7 @@
 //
 // A job of the maker's dialog brings the final value under `dialogKey`; without that option the
 // value is `dialogDefault`. `plain` is what any other job does.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
 // The printer's features in the PostScript, and the search for them.
+// SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/features.hpp"
 
 #include <cstring>

@@ -2,6 +2,7 @@
 //
 // A feature section opens with "%%BeginFeature: *KEYWORD CHOICE"; the line that follows holds the
 // value (docs/feature-sections.md).
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
 // The job's PostScript on its way from the input to the printer.
+// SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/job_stream.hpp"
 
 #include <algorithm>

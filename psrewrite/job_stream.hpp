@@ -1,4 +1,5 @@
 // The job's PostScript on its way from the input to the printer: block input, line readers, output.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <array>

@@ -1,4 +1,5 @@
 // Rewriters of a single line that write it with a line feed of their own.
+// SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/line_rewriters.hpp"
 
 #include <cstring>

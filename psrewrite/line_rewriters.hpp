@@ -3,6 +3,7 @@
 // The first three read the next line into `line` with its ending taken off; at the end of the input
 // they write nothing and return false, the two with a value also when memory is exhausted. No
 // feature dispatches them: they serve callers that rewrite sizes by hand.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
 // The small string tools of every rewriter: the "XXX" placeholder and the parenthesised value.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <optional>

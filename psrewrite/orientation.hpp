@@ -1,4 +1,5 @@
 // The orientation of the job, as a number and in the orientation comment of the PostScript.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdint>

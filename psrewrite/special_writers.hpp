@@ -1,5 +1,6 @@
 // The writers that derive a value themselves: what plain jobs write where a person typed a text,
 // and the sections whose lines follow rules of their own.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "psrewrite/feature_tools.hpp"

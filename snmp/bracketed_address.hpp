@@ -1,4 +1,5 @@
 // An address as the SNMP library reads it rightly.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>

@@ -1,4 +1,5 @@
 // The SNMP library's headers, in the order in which they want to be read.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 // clang-format off

@@ -1,4 +1,5 @@
 // The printer's objects in its private MIB, as the dotted texts that the SNMP library parses.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <array>

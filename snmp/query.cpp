@@ -1,4 +1,5 @@
 // The one way to ask a printer: a single SNMP GET in a session of its own.
+// SPDX-License-Identifier: Apache-2.0
 #include "snmp/query.hpp"
 
 #include <array>

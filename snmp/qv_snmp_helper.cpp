@@ -1,4 +1,5 @@
 // What the printer says about itself: its lists, its modes and its MAC address.
+// SPDX-License-Identifier: Apache-2.0
 #include "snmp/qv_snmp_helper.hpp"
 
 #include <iterator>

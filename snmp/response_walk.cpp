@@ -1,4 +1,5 @@
 // What an agent's response says, taken out of it without trusting it.
+// SPDX-License-Identifier: Apache-2.0
 #include "snmp/response_walk.hpp"
 
 #include <string_view>

@@ -1,4 +1,5 @@
 // A text that may be absent.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <optional>

@@ -1,4 +1,5 @@
 // The parts of a device URI that lead to the printer (RFC 3986).
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <optional>

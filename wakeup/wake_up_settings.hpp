@@ -1,4 +1,5 @@
 // What a wake-up needs to know: the facts in the queue's PPD, and the queue's device URI.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

@@ -1,4 +1,5 @@
 // The request to the wake-up service, and the wait for its call-back.
+// SPDX-License-Identifier: Apache-2.0
 #include "wakeup/xpc_call_object.hpp"
 
 #include <array>

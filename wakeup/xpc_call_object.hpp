@@ -1,5 +1,6 @@
 // One wake-up of the printer before a job: its address from the queue's device URI, the request to
 // the wake-up service, and the wait for its call-back.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <atomic>

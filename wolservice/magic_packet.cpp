@@ -1,4 +1,5 @@
 // The magic packet.
+// SPDX-License-Identifier: Apache-2.0
 #include "wolservice/magic_packet.hpp"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // The magic packet, and when it is sent.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <array>

@@ -1,4 +1,5 @@
 // KelmWoLServices: started by the system bus when a job is to wake a printer.
+// SPDX-License-Identifier: Apache-2.0
 #include <csignal>
 #include <cstdint>
 #include <cstdio>

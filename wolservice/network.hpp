@@ -1,4 +1,5 @@
 // The network as the service sees it: the broadcast addresses around it, and one printer.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <netinet/in.h>

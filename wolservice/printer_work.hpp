@@ -1,5 +1,6 @@
 // The work at one printer that may wait for seconds, for the printer or for a name server. The
 // service runs each piece of it in a process of its own, so that no printer waits for another.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,5 @@
 // The wake-up service on the system bus.
+// SPDX-License-Identifier: Apache-2.0
 #include "wolservice/service.hpp"
 
 #include <sys/prctl.h>

@@ -1,4 +1,5 @@
 // The wake-up service on the system bus (docs/wake-up-bus.md).
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <systemd/sd-bus.h>

@@ -1,4 +1,5 @@
 // What the service is asked to do, once its arguments are checked.
+// SPDX-License-Identifier: Apache-2.0
 #include "wolservice/wake_up_order.hpp"
 
 #include <arpa/inet.h>

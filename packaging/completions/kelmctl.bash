@@ -1,4 +1,5 @@
 # Completion of kelmctl in bash; installed where bash-completion looks for the command's name.
+# SPDX-License-Identifier: Apache-2.0
 
 _kelmctl_words() { mapfile -t COMPREPLY < <(compgen -W "$1" -- "$2"); }
 

@@ -1,4 +1,5 @@
 // Names, services, queues and the wake-up service in memory, and a clock that tests move.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <functional>

@@ -1,4 +1,5 @@
 // A whole platform in memory, for tests: what a test sets is what the program sees.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/fake/fake_platform.hpp"
 
 namespace kelm::platform {

@@ -1,4 +1,5 @@
 // Calls into libraries that may never come back, waited for up to a limit.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <chrono>

@@ -1,4 +1,5 @@
 // The computer's name on Linux: gethostname(2).
+// SPDX-License-Identifier: Apache-2.0
 #include <unistd.h>
 
 #include <array>

@@ -1,4 +1,5 @@
 // The console user on Linux: the active session of seat0, as logind keeps it (sd-login(3)).
+// SPDX-License-Identifier: Apache-2.0
 #include <pwd.h>
 #include <systemd/sd-login.h>
 #include <unistd.h>

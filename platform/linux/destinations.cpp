@@ -1,4 +1,5 @@
 // The queues on Linux: libcups asks the print server.
+// SPDX-License-Identifier: Apache-2.0
 #include <chrono>
 
 #include "platform/linux/bounded_call.hpp"

@@ -1,4 +1,5 @@
 // Service discovery on Linux: the client library of Avahi, which asks its daemon over the bus.
+// SPDX-License-Identifier: Apache-2.0
 #include <avahi-client/client.h>
 #include <avahi-client/lookup.h>
 #include <avahi-common/address.h>

@@ -1,4 +1,5 @@
 // Absolute paths on Linux are what they say.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/linux/linux_bodies.hpp"
 
 namespace kelm::platform::linux_bodies {

@@ -1,4 +1,5 @@
 // The user's home folder on Linux: the environment's, as in a shell.
+// SPDX-License-Identifier: Apache-2.0
 #include <cstdlib>
 
 #include "platform/linux/linux_bodies.hpp"

@@ -1,4 +1,5 @@
 // The job's language on Linux: the locale environment that libcups reads.
+// SPDX-License-Identifier: Apache-2.0
 #include <cstdlib>
 
 #include "platform/linux/linux_bodies.hpp"

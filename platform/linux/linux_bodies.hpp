@@ -1,4 +1,5 @@
 // The bodies of the platform interfaces on Linux.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "platform/platform.hpp"

@@ -1,5 +1,6 @@
 // Names on Linux: the system resolver. gethostbyname keeps the resolver's order, which getaddrinfo
 // sorts anew.
+// SPDX-License-Identifier: Apache-2.0
 #include <netdb.h>
 #include <sys/socket.h>
 

@@ -1,4 +1,5 @@
 // The bodies on Linux of what leads to a sleeping printer: names, services, queues, the bus, time.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "platform/platform.hpp"

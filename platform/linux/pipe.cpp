@@ -1,4 +1,5 @@
 // The pipes between the print system's programs: their capacity, pipe(7).
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/pipe.hpp"
 
 #include <fcntl.h>

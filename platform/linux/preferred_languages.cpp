@@ -1,4 +1,5 @@
 // The user's languages on Linux: the locale environment, as BCP 47 tags.
+// SPDX-License-Identifier: Apache-2.0
 #include <cstdlib>
 #include <string_view>
 

@@ -1,4 +1,5 @@
 // Property files through libplist.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/property_files.hpp"
 
 #include <plist/plist.h>

@@ -1,4 +1,5 @@
 // Steady time on Linux: the monotonic clock.
+// SPDX-License-Identifier: Apache-2.0
 #include <cerrno>
 #include <ctime>
 

@@ -1,4 +1,5 @@
 // The set of bodies on Linux.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/system_bodies.hpp"
 
 #include "platform/linux/linux_bodies.hpp"

@@ -1,4 +1,5 @@
 // The system log on Linux: syslog(3), under the program's own name.
+// SPDX-License-Identifier: Apache-2.0
 #include <syslog.h>
 
 #include "platform/linux/linux_bodies.hpp"

@@ -1,4 +1,5 @@
 // The way to the wake-up service on Linux: the system's D-Bus through sd-bus.
+// SPDX-License-Identifier: Apache-2.0
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <systemd/sd-bus.h>

@@ -1,4 +1,5 @@
 // The time of day on Linux.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/linux/linux_bodies.hpp"
 
 namespace kelm::platform::linux_bodies {

@@ -1,4 +1,5 @@
 // make bench: throughput, start-up and memory of kelmfilter beside cat, pstops and a bare program.
+// SPDX-License-Identifier: Apache-2.0
 
 #include <cstdio>
 #include <cstdlib>

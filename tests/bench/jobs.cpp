@@ -1,4 +1,5 @@
 // The jobs that are measured.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/bench/jobs.hpp"
 
 #include <cstdint>

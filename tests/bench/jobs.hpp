@@ -1,4 +1,5 @@
 // The jobs that are measured: generated, the same in every run.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

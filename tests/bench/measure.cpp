@@ -1,4 +1,5 @@
 // Running a program and measuring it.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/bench/measure.hpp"
 
 #include <fcntl.h>

@@ -1,5 +1,6 @@
 // How the time for a PPD grows with its options: reading it as text, showing it in a language, and
 // marking its defaults. Prints milliseconds, best of a few runs, and the time per option.
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <chrono>
 #include <cstdio>

@@ -1,4 +1,5 @@
 // Runs the real filter on every case folder (README.md beside this file says what is in one).
+// SPDX-License-Identifier: Apache-2.0
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sched.h>

@@ -1,5 +1,6 @@
 // Any options, any PostScript, read in blocks of any size: the copy loop writes what the character
 // loop writes.
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>

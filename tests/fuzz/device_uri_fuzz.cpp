@@ -1,5 +1,6 @@
 // Any device URI: what is looked up is a name that a resolver can be given, and what comes out is
 // an address or, on the IPv6 way, has no "+" left.
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>

@@ -1,4 +1,5 @@
 // Any options, of a plain job and of a dialog job: the header keeps its frame and all its lines.
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>

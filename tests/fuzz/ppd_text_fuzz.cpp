@@ -1,4 +1,5 @@
 // Any bytes as a PPD file: read, shown in German, marked and freed.
+// SPDX-License-Identifier: Apache-2.0
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>

@@ -1,5 +1,6 @@
 // Any response of an agent, as the SNMP library parses it and with every type, length and missing
 // contents that a variable can have: the walk stays within the values and gives only sound texts.
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>

@@ -1,4 +1,5 @@
 // Any texts as the values of a PPD's attributes: every reader gives valid texts within its limits.
+// SPDX-License-Identifier: Apache-2.0
 #include <cups/ppd.h>
 
 #include <cstdint>

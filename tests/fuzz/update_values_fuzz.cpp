@@ -1,5 +1,6 @@
 // Any value of an update job's option: the print system, which cuts lines and parses them with its
 // own option parser, finds that option with that value in what is written, or nothing at all.
+// SPDX-License-Identifier: Apache-2.0
 #include <cups/cups.h>
 
 #include <algorithm>

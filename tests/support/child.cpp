@@ -1,4 +1,5 @@
 // A piece of a test in a process of its own.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/support/child.hpp"
 
 #include <fcntl.h>

@@ -1,4 +1,5 @@
 // The diagnostic files switched on for a test.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/support/diagnostics_on.hpp"
 
 #include "job/diagnostics.hpp"

@@ -1,4 +1,5 @@
 // The diagnostic files switched on for a test.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <filesystem>

@@ -1,5 +1,6 @@
 // Memory that runs out when a test says so: the replaceable operators of the standard library
 // ([new.delete.single]) over malloc, with a limit in front.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/support/failing_memory.hpp"
 
 #include <cstdlib>

@@ -1,4 +1,5 @@
 // Memory that runs out when a test says so.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,5 @@
 // A job in memory, for tests.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/support/memory_job.hpp"
 
 #include <algorithm>

@@ -1,4 +1,5 @@
 // A job in memory, for tests: options, input bytes and output bytes without a process.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdio>

@@ -1,4 +1,5 @@
 // A queue's PPD in memory, for tests.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/support/memory_ppd.hpp"
 
 #include <sys/mman.h>

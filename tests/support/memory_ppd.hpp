@@ -1,4 +1,5 @@
 // A queue's PPD in memory, for tests.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

@@ -1,4 +1,5 @@
 // The copy loop as plainly as it can be written.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/support/reference_loop.hpp"
 
 #include <cstring>

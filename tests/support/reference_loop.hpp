@@ -1,5 +1,6 @@
 // The copy loop as plainly as it can be written: one character at a time, nothing skipped. The
 // product's loop must write the same bytes.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <string>

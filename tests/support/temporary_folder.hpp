@@ -1,4 +1,5 @@
 // A folder of a test's own, and what is in its files.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <filesystem>

@@ -1,5 +1,6 @@
 #!/bin/sh
 # bash and zsh complete the arguments of kelmctl, the names of queues included.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh

@@ -1,6 +1,7 @@
 #!/bin/sh
 # No value of an update job's option makes the print server store a keyword of the value's own: the
 # queue's PPD stays as it is, and the system log names the keyword that was left out.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh

@@ -1,6 +1,7 @@
 #!/bin/sh
 # The PostScript stays PostScript: behind the header a job runs through Ghostscript without an error
 # and gives the same pages as before the filter; and every code line of the PPD stores its value.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 

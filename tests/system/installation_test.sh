@@ -1,5 +1,6 @@
 #!/bin/sh
 # What "make install" puts where, and that the pieces find each other.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 

@@ -1,5 +1,6 @@
 #!/bin/sh
 # The PPD is sound, the print server finds it where it is installed, and a queue can be made of it.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh

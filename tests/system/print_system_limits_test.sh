@@ -1,5 +1,6 @@
 #!/bin/sh
 # What the print server makes of long values, as docs/stored-facts.md says.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh

@@ -1,5 +1,6 @@
 #!/bin/sh
 # kelmctl printer: what an administrator sees of a printer, and that nobody's SNMP settings change it.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/snmp.sh

@@ -1,5 +1,6 @@
 // The printer queries against real agents. Each suite wants the printer that
 // printer_queries_test.sh starts for it, at the address PRINTER.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 
 #include <chrono>

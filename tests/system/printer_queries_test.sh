@@ -2,6 +2,7 @@
 # The printer's answers as real agents give them, over IPv4 and IPv6, and as only broken ones do.
 # Every agent has a loopback address of its own, so that those who are waited for can be asked at the
 # same time.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/snmp.sh

@@ -2,6 +2,7 @@
 # A real queue with the printer's PPD: what people choose with lp arrives in the header and in the
 # PostScript. Every choice of every option is printed, and every line of both is compared: the jobs
 # and what the printer gets are in queue/.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh

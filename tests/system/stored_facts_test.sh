@@ -1,6 +1,7 @@
 #!/bin/sh
 # An update job makes the print server store every kind of fact about the printer in the queue's
 # PPD, and they are read back as they were: from the server and from the file.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh

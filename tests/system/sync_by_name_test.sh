@@ -1,5 +1,6 @@
 #!/bin/sh
 # The queue of a printer that announces itself: kelmctl sync finds the printer behind its name.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/bus.sh

@@ -1,5 +1,6 @@
 #!/bin/sh
 # Nothing that goes wrong with the wake-up keeps a job from being printed, or makes it wait.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh

@@ -1,5 +1,6 @@
 #!/bin/sh
 # A job for a sleeping printer: the printer gets the magic packet, wakes up, and only then the job.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh

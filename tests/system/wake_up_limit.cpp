@@ -1,5 +1,6 @@
 // The filter with a queue of its own and a clock on which a second takes 20 ms: says on standard
 // error how many steps it waited for the wake-up service.
+// SPDX-License-Identifier: Apache-2.0
 #include <chrono>
 #include <cstdio>
 #include <string>

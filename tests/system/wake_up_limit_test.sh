@@ -1,5 +1,6 @@
 #!/bin/sh
 # A service that dies after the request: the job waits its 240 steps and no longer, and is printed.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/bus.sh

@@ -1,6 +1,7 @@
 #!/bin/sh
 # A printer that announces itself is found by the name in its device URI, dots and blanks included;
 # one that is not there costs 3 seconds at each place where its name may end.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/bus.sh

@@ -1,4 +1,5 @@
 # avahi.sh : mDNS daemons; read after common.sh and bus.sh. Each needs a bus and a /run of its own.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
 # avahi_configuration HOST INTERFACE

@@ -1,6 +1,7 @@
 # bus.sh : a private system bus; read after common.sh. It has the policy of a real one: method calls
 # and names are refused unless the packaged file allows them. The service's user, which an
 # installation makes, is known in the test's own mount namespace only.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
 DBUS_SYSTEM_BUS_ADDRESS=unix:path=$W/bus.sock

@@ -7,6 +7,7 @@
 #   SOURCE  the top of the source tree
 #   BUILD   the build folder (KELM_BUILD, else SOURCE/build)
 #   HERE    the folder of the tests, with lib/ in it
+# SPDX-License-Identifier: Apache-2.0
 set -eu
 
 if [ -z "${KELM_ISOLATED-}" ]; then

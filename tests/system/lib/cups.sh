@@ -1,5 +1,6 @@
 # cups.sh : a private cupsd under $W/cups; read after common.sh. Nothing of it is installed on the
 # machine: its ServerBin holds links to the machine's filters and the built kelmfilter.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
 CUPS=$W/cups

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: Apache-2.0
 """odd_agent.py ADDRESS BEHAVIOUR [NUMBER] : an SNMPv1 agent on UDP port 161 that answers as no proper
 one does. Every value it gives is the INTEGER 1. Behaviours:
   late SECONDS     answers each request that much later

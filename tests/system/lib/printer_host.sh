@@ -1,6 +1,7 @@
 # printer_host.sh : a second machine on a wire, the printer's; read after common.sh.
 # This end of the wire is 10.77.0.1 and fd77::1, the printer is 10.77.0.2 and fd77::2; it is 10.88.0.2
 # too, an address in another network, behind a router as it were.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
 # printer_host_start : makes the machine and the wire

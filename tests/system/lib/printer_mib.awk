@@ -8,6 +8,7 @@
 #           settable     a text that agent_set of snmp.sh gives its value
 #           absent       the printer does not have the object
 # Empty lines and lines that begin with "//" say nothing.
+# SPDX-License-Identifier: Apache-2.0
 BEGIN {
   lists = ".1.3.6.1.4.1.47193.1.2.2.2."
   oid["boxState"] = lists "6.1.2"

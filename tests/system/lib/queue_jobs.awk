@@ -5,6 +5,7 @@
 # writes for the job N the files N.name (what it is), N.env, N.arguments (one argument of lp a line),
 # N.header (the header) and N.sections (the feature sections, a line each: the opening comment behind
 # "%%BeginFeature: ", then its lines, each behind a "|").
+# SPDX-License-Identifier: Apache-2.0
 BEGIN {
   load("plain")
   load("dialog")

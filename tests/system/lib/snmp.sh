@@ -1,4 +1,5 @@
 # snmp.sh : a printer's SNMP agent, played by a real snmpd; read after common.sh.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
 # printer_mib FILE... : snmpd.conf of the printer that the data files describe one after the other

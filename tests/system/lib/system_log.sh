@@ -1,4 +1,5 @@
 # system_log.sh : a system log of the test's own; read after common.sh.
+# SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
 # system_log_start FILE : what programs give to syslog(3) is appended to FILE. The test's mount

@@ -1,5 +1,6 @@
 # zsh_tab.zsh FOLDER TEXT : prints what the command line TEXT becomes after a tab, in an interactive
 # zsh with the completions of FOLDER.
+# SPDX-License-Identifier: Apache-2.0
 zmodload zsh/zpty
 zpty shell zsh -f -i
 # The line is shown between two marks that no terminal control gets into.

@@ -1,4 +1,5 @@
 // Whole reads and writes over file descriptors.
+// SPDX-License-Identifier: Apache-2.0
 #include "base/byte_source.hpp"
 
 #include <fcntl.h>

@@ -1,4 +1,5 @@
 // References to functions and to constant objects with a call operator.
+// SPDX-License-Identifier: Apache-2.0
 #include "base/callable_ref.hpp"
 
 #include <gtest/gtest.h>

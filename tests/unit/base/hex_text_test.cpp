@@ -1,4 +1,5 @@
 // Hex text: the printer's form of free texts.
+// SPDX-License-Identifier: Apache-2.0
 #include "base/hex_text.hpp"
 
 #include <gtest/gtest.h>

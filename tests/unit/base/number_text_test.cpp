@@ -1,4 +1,5 @@
 // Numbers in job texts.
+// SPDX-License-Identifier: Apache-2.0
 #include "base/number_text.hpp"
 
 #include <gtest/gtest.h>

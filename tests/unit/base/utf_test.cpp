@@ -1,4 +1,5 @@
 // UTF-8 text, counted in UTF-16 code units.
+// SPDX-License-Identifier: Apache-2.0
 #include "base/utf.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // Every program that is installed must have its hardening: read from the ELF file (elf(5)).
+// SPDX-License-Identifier: Apache-2.0
 #include <elf.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 // The command line of kelmctl: exit statuses, help, and that every subcommand is documented.
+// SPDX-License-Identifier: Apache-2.0
 #include "ctl/command_line.hpp"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 // kelmctl without a process, for tests.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <sstream>

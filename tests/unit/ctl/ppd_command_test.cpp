@@ -1,4 +1,5 @@
 // kelmctl ppd, over PPD files.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>

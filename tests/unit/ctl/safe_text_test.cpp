@@ -1,4 +1,5 @@
 // Texts on somebody's terminal.
+// SPDX-License-Identifier: Apache-2.0
 #include "ctl/safe_text.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // A printer's answers as keywords and values of the PPD.
+// SPDX-License-Identifier: Apache-2.0
 #include "ctl/update_lines.hpp"
 
 #include <gmock/gmock.h>

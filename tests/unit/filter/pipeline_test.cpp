@@ -1,4 +1,5 @@
 // The stages of one job, each job in a process of its own.
+// SPDX-License-Identifier: Apache-2.0
 #include "filter/pipeline.hpp"
 
 #include <gmock/gmock.h>

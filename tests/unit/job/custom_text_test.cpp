@@ -1,4 +1,5 @@
 // Texts that a person typed.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/custom_text.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The diagnostic files: their switch, their names, and what every call appends.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/diagnostics.hpp"
 
 #include <fcntl.h>

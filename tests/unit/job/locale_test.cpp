@@ -1,4 +1,5 @@
 // The job's language: what is preferred, and that PPD texts follow it.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
 #include <clocale>

@@ -1,4 +1,5 @@
 // The print system library's PPD calls pass their arguments and results on.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/ppd_calls.hpp"
 
 #include <gtest/gtest.h>

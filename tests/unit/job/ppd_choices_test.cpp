@@ -1,4 +1,5 @@
 // What the queue's PPD says of an option.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/ppd_choices.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The job's record, and the one lookup of its options.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/print_job.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The bounds that the printer sets to each text.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/text_fields.hpp"
 
 #include <gtest/gtest.h>

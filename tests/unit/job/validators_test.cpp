@@ -1,4 +1,5 @@
 // Free texts are checked before they are sent; the system log says what was wrong.
+// SPDX-License-Identifier: Apache-2.0
 #include "job/validators.hpp"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 // Jobs from "Word": their orientation is stated for the dialog.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,4 +1,5 @@
 // Every variable that copies its option: any text, an empty one, and none.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
 #include <ostream>

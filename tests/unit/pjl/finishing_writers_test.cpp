@@ -1,4 +1,5 @@
 // The variables of output, forms and the job's identity that do more than look up a table.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/finishing_writers.hpp"
 
 #include <gtest/gtest.h>

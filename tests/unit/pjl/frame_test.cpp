@@ -1,4 +1,5 @@
 // The frame of the header, byte for byte.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/frame.hpp"
 
 #include <gtest/gtest.h>

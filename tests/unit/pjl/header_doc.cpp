@@ -1,4 +1,5 @@
 // The page about the header (docs/pjl-header.md), made from the rows that write it.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/pjl/header_doc.hpp"
 
 #include <string_view>

@@ -1,4 +1,5 @@
 // Writes the page about the header (docs/pjl-header.md) to standard output.
+// SPDX-License-Identifier: Apache-2.0
 #include <cstdio>
 
 #include "tests/unit/pjl/header_doc.hpp"

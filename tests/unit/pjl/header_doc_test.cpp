@@ -1,4 +1,5 @@
 // The page about the header says what the header's rows say.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/pjl/header_doc.hpp"
 
 #include <gtest/gtest.h>

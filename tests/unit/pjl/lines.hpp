@@ -1,4 +1,5 @@
 // What a variable of the header writes for a job.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <gtest/gtest.h>

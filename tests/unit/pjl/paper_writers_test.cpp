@@ -1,4 +1,5 @@
 // The variables of host, zoom, paper, copies, duplex and trays that do more than look up a table.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/paper_writers.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The variables of colour, barcodes and profiles that do more than look up a table.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/quality_writers.hpp"
 
 #include <gtest/gtest.h>

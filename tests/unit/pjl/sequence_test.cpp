@@ -1,4 +1,5 @@
 // The whole header: its lines in their one order, and what stands in them when a job says nothing.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/sequence.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // Every variable that looks its value up in a table: each choice, an unknown one, and none.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
 #include <ostream>

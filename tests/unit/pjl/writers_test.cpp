@@ -1,4 +1,5 @@
 // The writers of which every line of the header is made.
+// SPDX-License-Identifier: Apache-2.0
 #include "pjl/writers.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // Calls that may never come back.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/linux/bounded_call.hpp"
 
 #include <gtest/gtest.h>

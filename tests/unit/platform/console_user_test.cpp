@@ -1,5 +1,6 @@
 // The console user on Linux, as logind (systemd 252) describes the first seat, in a user database
 // of the test's own.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 

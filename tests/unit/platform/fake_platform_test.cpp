@@ -1,4 +1,5 @@
 // What a test sets in the fake platform is what the program sees.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/fake/fake_platform.hpp"
 
 #include <gmock/gmock.h>

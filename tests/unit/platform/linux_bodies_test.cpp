@@ -1,4 +1,5 @@
 // The platform on Linux, each body against the system's own service.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/linux/linux_bodies.hpp"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 // The capacity of pipes.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/pipe.hpp"
 
 #include <fcntl.h>

@@ -1,4 +1,5 @@
 // The process's set of platform bodies.
+// SPDX-License-Identifier: Apache-2.0
 #include "platform/platform.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The shape of the PPD's code lines, and the limits of the file's text.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

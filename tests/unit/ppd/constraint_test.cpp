@@ -1,4 +1,5 @@
 // The PPD's conflicts, as a dialog finds them.
+// SPDX-License-Identifier: Apache-2.0
 #include <cups/ppd.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

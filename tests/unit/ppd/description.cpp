@@ -1,4 +1,5 @@
 // The queue's PPD as libcups reads it.
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/ppd/description.hpp"
 
 #include <algorithm>

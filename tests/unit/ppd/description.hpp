@@ -1,4 +1,5 @@
 // The queue's PPD as libcups reads it, for the tests of this folder.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

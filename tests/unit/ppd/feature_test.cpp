@@ -1,5 +1,6 @@
 // The PPD's code lines against the feature writers: what becomes of each line in either kind of
 // job.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 // The PPD's options against the rows of the header: choices, options, and what defaults mean.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <strings.h>

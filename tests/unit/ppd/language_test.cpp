@@ -1,4 +1,5 @@
 // The PPD's translations: every text that a dialog shows, in every language.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 // The PPD's papers against the paper table: names, order and sizes.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 // What the PPD says of the printer as a whole, and where a person finds its options.
+// SPDX-License-Identifier: Apache-2.0
 #include <cups/ppd.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The PPD's custom parameters against the fields that the filter checks.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

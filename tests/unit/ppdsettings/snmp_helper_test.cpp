@@ -1,4 +1,5 @@
 // The readers of what is known about the printer, over PPDs in memory.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdsettings/snmp_helper.hpp"
 
 #include <gmock/gmock.h>

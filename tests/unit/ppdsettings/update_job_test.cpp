@@ -1,4 +1,5 @@
 // The update job: which lines go to the print system, in which order, and which never do.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdsettings/update_job.hpp"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 // Which language a PPD is shown in.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/language.hpp"
 
 #include <gmock/gmock.h>

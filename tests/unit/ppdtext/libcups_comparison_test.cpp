@@ -1,5 +1,6 @@
 // What this reader and libcups' parser say of the same files: this driver's own, and PPDs that
 // Debian packages install. docs/ppd-text.md explains every difference.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <stdio.h>

@@ -1,4 +1,5 @@
 // A record shown in a language, and the translation lines of a file.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

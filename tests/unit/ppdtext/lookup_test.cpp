@@ -1,4 +1,5 @@
 // Lookup and marking in records of texts.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 // From a PPD file to a record.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

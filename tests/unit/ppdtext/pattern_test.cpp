@@ -1,4 +1,5 @@
 // The bounded regular expressions.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/pattern.hpp"
 
 #include <gmock/gmock.h>

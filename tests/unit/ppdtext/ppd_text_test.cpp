@@ -1,4 +1,5 @@
 // What is found in a PPD's text, with the leniencies of each pattern.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/ppd_text.hpp"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 // The record's fields and its memory.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/record.hpp"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 // What Linux says of its user: languages, home folder, property files.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 // Files of a test's own, gone when the test ends.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <stdlib.h>

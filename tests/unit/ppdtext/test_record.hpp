@@ -1,4 +1,5 @@
 // Records of texts, and what stands in them.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstdlib>

@@ -1,4 +1,5 @@
 // Texts in UTF-8 and UTF-16.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/unicode_text.hpp"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,6 @@
 // The searches of lines against searches of the whole text, over many small texts: the same
 // results.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
 #include <random>

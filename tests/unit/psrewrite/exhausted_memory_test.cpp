@@ -1,4 +1,5 @@
 // No line is written by halves when memory is exhausted.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,4 +1,5 @@
 // What every feature writer is made of.
+// SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/feature_tools.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The printer's 66 keywords: which line opens which section, and which codes have a writer.
+// SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/features.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The job's PostScript on its way: block input, line readers, output.
+// SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/job_stream.hpp"
 
 #include <gtest/gtest.h>

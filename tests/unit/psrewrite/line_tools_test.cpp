@@ -1,4 +1,5 @@
 // The "XXX" placeholder and the parenthesised value.
+// SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/line_tools.hpp"
 
 #include <gtest/gtest.h>

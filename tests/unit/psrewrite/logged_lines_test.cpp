@@ -1,4 +1,5 @@
 // What readers and writers of lines leave in the diagnostic files.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
 #include <string>

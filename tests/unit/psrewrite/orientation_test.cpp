@@ -1,4 +1,5 @@
 // The orientation of the job, as a number and in the orientation comment.
+// SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/orientation.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The writers that derive a value themselves.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,4 +1,5 @@
 // The writers of the table: the dialog's value, its default, and what any other job does.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
 #include <ostream>

@@ -1,4 +1,5 @@
 // What a writer makes of the lines that follow an opening line.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <ostream>

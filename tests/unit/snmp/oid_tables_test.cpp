@@ -1,4 +1,5 @@
 // The object identifiers, number by number.
+// SPDX-License-Identifier: Apache-2.0
 #include "snmp/oid_tables.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // What is sent: the session's settings and the request.
+// SPDX-License-Identifier: Apache-2.0
 #include "snmp/query.hpp"
 
 #include <gmock/gmock.h>

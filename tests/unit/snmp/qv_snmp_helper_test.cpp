@@ -1,4 +1,5 @@
 // The parts of the helper that need no printer; the others are tested against a real agent.
+// SPDX-License-Identifier: Apache-2.0
 #include "snmp/qv_snmp_helper.hpp"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 // Hand-made responses of an agent.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <array>

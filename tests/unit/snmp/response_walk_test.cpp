@@ -1,4 +1,5 @@
 // What is taken out of an agent's response, and what is not.
+// SPDX-License-Identifier: Apache-2.0
 #include "snmp/response_walk.hpp"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 // Percent escapes in the names of services.
+// SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
 #include "wakeup/uri.hpp"

@@ -1,4 +1,5 @@
 // The printer's address from its device URI.
+// SPDX-License-Identifier: Apache-2.0
 #include <arpa/inet.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The host of a device URI.
+// SPDX-License-Identifier: Apache-2.0
 #include "wakeup/uri.hpp"
 
 #include <gtest/gtest.h>

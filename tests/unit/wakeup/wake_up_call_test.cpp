@@ -1,4 +1,5 @@
 // The wake-up call of a job: when it is made, what is asked, and how long the job waits.
+// SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 // The queue's device URI among the print system's destinations.
+// SPDX-License-Identifier: Apache-2.0
 #include "wakeup/wake_up_settings.hpp"
 
 #include <gtest/gtest.h>

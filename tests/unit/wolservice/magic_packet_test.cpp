@@ -1,4 +1,5 @@
 // The magic packet, and when it is sent.
+// SPDX-License-Identifier: Apache-2.0
 #include "wolservice/magic_packet.hpp"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,5 @@
 // The broadcast address of a network, and where a printer is.
+// SPDX-License-Identifier: Apache-2.0
 #include "wolservice/network.hpp"
 
 #include <arpa/inet.h>

@@ -1,4 +1,5 @@
 // The work at one printer: asking it in turn, and sending to it what is due.
+// SPDX-License-Identifier: Apache-2.0
 #include "wolservice/printer_work.hpp"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 // The check of the service's arguments.
+// SPDX-License-Identifier: Apache-2.0
 #include "wolservice/wake_up_order.hpp"
 
 #include <gtest/gtest.h>
