@@ -1,4 +1,4 @@
-// Where a job's bytes come from, and where they go: whole reads and writes over file descriptors.
+// Byte input and output over file descriptors.
 // SPDX-License-Identifier: Apache-2.0
 #include "base/byte_source.hpp"
 

@@ -1,4 +1,4 @@
-// Where a job's bytes come from, and where they go: whole reads and writes over file descriptors.
+// Byte input and output over file descriptors.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -11,13 +11,13 @@ class ByteSource {
  public:
   virtual ~ByteSource() = default;
 
-  // Fills the front of `room` (not empty) and returns how many bytes; 0 at the end of the input,
-  // which a read error ends too.
+  // Reads into the front of `room` (not empty). Returns the number of bytes; 0 at end of input or
+  // on a read error.
   virtual std::size_t read(std::span<char> room) = 0;
 };
 
-// Reads a descriptor that it does not own (negative: a file that could not be opened); an
-// interrupted read is resumed.
+// Reads a descriptor that it does not own (negative: a file that could not be opened). Interrupted
+// reads are resumed.
 class DescriptorSource final : public ByteSource {
  public:
   explicit DescriptorSource(int descriptor) : descriptor_(descriptor) {}

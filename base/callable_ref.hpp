@@ -1,5 +1,5 @@
 // A reference to something callable that lives as long as the program: a function, or a constant
-// object with a call operator. It lets rows of different kinds stand in one table.
+// object with a call operator. It lets one table hold rows of different kinds.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

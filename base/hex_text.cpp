@@ -1,4 +1,4 @@
-// Hex text: the form in which free text travels to the printer.
+// Hex text: the form in which free text is sent to the printer.
 // SPDX-License-Identifier: Apache-2.0
 #include "base/hex_text.hpp"
 

@@ -1,4 +1,4 @@
-// Hex text: the form in which free text travels to the printer.
+// Hex text: the form in which free text is sent to the printer.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -8,17 +8,17 @@
 
 namespace kelm::base {
 
-// The buffers for lines, option values and texts have this size in bytes, terminator included.
+// Size in bytes, terminator included, of the buffers for lines, option values and texts.
 inline constexpr std::size_t kTextBufferSize = 4096;
 
 // The number of bytes whose hex text fits into a text buffer: 2047.
 inline constexpr std::size_t kHexTextMaxBytes = (kTextBufferSize - 1) / 2;
 
-// Each byte of `bytes` as two characters, upper case; a byte below 0x10 is a blank and one digit
-// ("%2X": the printer's firmware expects the blank). Never fails; twice as long as its argument.
+// Each byte of `bytes` as two upper-case characters; a byte below 0x10 is a space and one digit
+// ("%2X": the printer's firmware expects the space). Twice as long as its argument.
 std::string hexText(std::string_view bytes);
 
-// As hexText, of at most the first kHexTextMaxBytes bytes: what fits into a text buffer.
+// hexText of the first kHexTextMaxBytes bytes: what fits into a text buffer.
 std::string hexTextInBuffer(std::string_view bytes);
 
 }  // namespace kelm::base

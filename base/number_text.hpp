@@ -6,14 +6,14 @@
 
 namespace kelm::base {
 
-// The leading decimal number of `text` as atoi reads it: blanks and a sign first, 0 when there are
-// no digits; a number beyond long is taken at long's limit, and the result is cut to 32 bits.
+// The leading decimal number of `text` as atoi reads it: optional white space and sign, 0 without
+// digits. A number out of range of long becomes its limit; the result is cut to 32 bits.
 std::int32_t leadingInteger(const char* text);
 
 // The leading number of `text` as strtod reads it in the C locale; 0 when there is none.
 double leadingReal(const char* text);
 
-// `value` cut to its low 32 bits: what a 32-bit variable of the print system holds.
+// The low 32 bits of `value`, as a 32-bit variable keeps them.
 constexpr std::int32_t cutTo32Bits(std::int64_t value) {
   return static_cast<std::int32_t>(static_cast<std::uint32_t>(value));
 }

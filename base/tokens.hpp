@@ -7,8 +7,8 @@
 
 namespace kelm::base {
 
-// Takes the next piece between runs of `delimiter` off the front of `rest`, with the delimiter that
-// ends it; nothing when only delimiters are left.
+// Removes the next token, and the delimiter that ends it, from the front of `rest`. Runs of
+// `delimiter` separate tokens; nothing when only delimiters are left.
 std::optional<std::string_view> nextToken(std::string_view& rest, char delimiter);
 
 }  // namespace kelm::base

@@ -1,4 +1,4 @@
-// UTF-8 text as the print system counts it: in UTF-16 code units.
+// UTF-8 validation and lengths in UTF-16 code units.
 // SPDX-License-Identifier: Apache-2.0
 #include "base/utf.hpp"
 
@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::uint32_t kFirstSupplementary = 0x10000;
 
-// The number of bytes of a character by its first byte; 0 when no character begins so.
+// The length in bytes of the character that begins with `lead`; 0 when none does.
 std::size_t sequenceLength(unsigned char lead) {
   if (lead < 0x80) return 1;
   if (lead >= 0xC2 && lead <= 0xDF) return 2;
@@ -24,7 +24,7 @@ bool isScalarOfLength(std::uint32_t codePoint, std::size_t length) {
   return codePoint >= kSmallest[length] && codePoint <= 0x10FFFF && !surrogate;
 }
 
-// The character at the front of `text` (not empty) of `length` bytes; nothing when it is not valid.
+// The character in the first `length` bytes of `text` (not empty); nothing when it is invalid.
 std::optional<std::uint32_t> decode(std::string_view text, std::size_t length) {
   if (length == 0 || length > text.size()) return std::nullopt;
   const auto lead = static_cast<unsigned char>(text.front());

@@ -1,4 +1,4 @@
-// UTF-8 text as the print system counts it: in UTF-16 code units.
+// UTF-8 validation and lengths in UTF-16 code units, the unit of the printer's text limits.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -8,11 +8,11 @@
 
 namespace kelm::base {
 
-// The number of UTF-16 code units of `utf8` (a character outside the basic plane counts 2); nothing
-// when it is not valid UTF-8 (RFC 3629: no overlong forms, no surrogates, up to U+10FFFF).
+// The number of UTF-16 code units of `utf8` (a character outside the basic plane counts as 2);
+// nothing when it is not valid UTF-8 (RFC 3629: no overlong forms, no surrogates, up to U+10FFFF).
 std::optional<std::size_t> utf16Length(std::string_view utf8);
 
-// The first character of `utf8`, which is valid and not empty: its bytes.
+// The bytes of the first character of `utf8`, which must be valid and not empty.
 std::string_view firstCharacter(std::string_view utf8);
 
 }  // namespace kelm::base

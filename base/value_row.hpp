@@ -4,7 +4,7 @@
 
 namespace kelm::base {
 
-// Both null: an empty row, which searches skip.
+// A row with two nulls is empty; searches skip it.
 struct ValueRow {
   const char* key;
   const char* value;

@@ -8,11 +8,11 @@
 #include <numeric>
 #include <string_view>
 
+#include "base/mac_address.hpp"
 #include "base/utf.hpp"
 #include "ctl/safe_text.hpp"
 #include "job/ppd_calls.hpp"
 #include "ppdsettings/stored_facts.hpp"
-#include "wolservice/wake_up_order.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -125,8 +125,9 @@ Texts namesInUse(const std::vector<SharedBox>& boxes) {
 }  // namespace
 
 std::optional<std::string> storableMacAddress(const PrinterFacts& facts) {
-  const bool sound = facts.macAddress && wolservice::macAddressOf(*facts.macAddress);
-  return sound ? facts.macAddress : std::nullopt;
+  if (!facts.macAddress) return std::nullopt;
+  const auto address = base::macAddressOf(*facts.macAddress);
+  return address && !base::isNone(*address) ? facts.macAddress : std::nullopt;
 }
 
 UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address,

@@ -25,7 +25,7 @@ const char* find(const char* begin, const char* end, char wanted) {
       std::memchr(begin, wanted, static_cast<std::size_t>(end - begin)));
 }
 
-// Whether "QV", which every keyword of the printer begins with, stands in the text: the search that
+// Whether the text contains "QV", with which every keyword of the printer begins: the search that
 // binary data must pass quickly.
 bool namesKeyword(const char* begin, const char* end) {
   for (; (begin = find(begin, end, 'Q')) != nullptr; ++begin) {
@@ -39,15 +39,15 @@ bool contains(const char* begin, const char* end, std::string_view wanted) {
   return memmem(begin, size, wanted.data(), wanted.size()) != nullptr;
 }
 
-// Every line that is ever changed, or followed by a line that is changed, opens a feature section
-// or chooses the output face, and names a keyword of the printer.
+// Only a line that opens a feature section or chooses the output face, and names a keyword of the
+// printer, is ever changed or followed by a line that is.
 bool mayConcernPrinter(const char* line, const char* end) {
   return namesKeyword(line, end) &&
          (contains(line, end, "BeginFeature") || contains(line, end, "QVOutputFace FaceUp"));
 }
 
-// Behind the line (at most LineBuffer::kSize bytes) that begins at `line`; null when the window
-// ends before it.
+// The end of the line (at most LineBuffer::kSize bytes) that begins at `line`; null when the window
+// ends before it does.
 const char* endOfLine(const char* line, const char* windowEnd) {
   const bool whole = windowEnd - line >= static_cast<std::ptrdiff_t>(LineBuffer::kSize);
   const char* limit = whole ? line + LineBuffer::kSize : windowEnd;
@@ -56,9 +56,9 @@ const char* endOfLine(const char* line, const char* windowEnd) {
   return whole ? limit : nullptr;
 }
 
-// The length of the front of the window that passes without a look: up to and with the first "%"
-// whose line may concern the printer or is not whole in the window. `found` says whether there is
-// such a "%".
+// The length of the front of the window that passes unseen: up to and including the first "%" whose
+// line may concern the printer or is not whole in the window. `found` says whether there is such a
+// "%".
 std::size_t plainRun(std::span<const char> window, bool& found) {
   const char* const end = window.data() + window.size();
   const char* next = window.data();
@@ -75,7 +75,7 @@ std::size_t plainRun(std::span<const char> window, bool& found) {
   return window.size();
 }
 
-// Passes the input on up to and with the next "%" whose line must be looked at; false at the end.
+// Copies the input up to and including the next "%" whose line must be looked at; false at the end.
 bool passRuns(JobStream& stream) {
   for (bool found = false; !stream.window().empty();) {
     stream.pass(plainRun(stream.window(), found));
@@ -84,8 +84,8 @@ bool passRuns(JobStream& stream) {
   return false;
 }
 
-// The same one character at a time, every character going to the diagnostic files too, up to and
-// with the next "%".
+// The same one character at a time, up to and including the next "%"; every character also goes to
+// the diagnostic files.
 bool passLoggedCharacters(JobStream& stream) {
   int character = 0;
   while ((character = stream.get()) != EOF) {
@@ -109,7 +109,7 @@ void writeLine(JobStream& stream, const LineBuffer& line, std::int32_t length) {
   }
 }
 
-// The orientation comment follows the custom paper's shape, else the job's option.
+// Sets the orientation comment from the custom paper's shape, else from the job's option.
 std::int32_t followOrientation(LineBuffer& line, std::int32_t length,
                                const job::PrintJobData& job) {
   std::int32_t newLength = 0;
@@ -124,14 +124,15 @@ std::int32_t followOrientation(LineBuffer& line, std::int32_t length,
   return newLength >= 1 ? newLength : length;
 }
 
-// Writes a line of `length` bytes, less its last one (the line feed), face down instead of face up.
+// Writes a line of `length` bytes, without its last one (the line feed), with face down for face
+// up.
 void writeFaceDown(JobStream& stream, LineBuffer& line, std::int32_t length) {
   line.terminate(static_cast<std::size_t>(std::max(length - 1, 0)));
   psrewrite::outputFeatureByCustomSizeValueTitle(stream, line.text(), "FaceUp", "FaceDown");
 }
 
-// A face-up choice and the line after it become face down unless the job's output tray decides. The
-// line that follows takes the place of `line`; the result is its length.
+// Turns a face-up choice and the line after it into face down, unless the job's output tray
+// decides. `line` then holds the line that follows; the result is its length.
 std::int32_t suppressFaceUp(JobStream& stream, LineBuffer& line, std::int32_t length,
                             const job::PrintJobData& job) {
   if (job.keepOutputFace != 0 || !line.contains("QVOutputFace FaceUp")) return length;
@@ -142,7 +143,7 @@ std::int32_t suppressFaceUp(JobStream& stream, LineBuffer& line, std::int32_t le
   return readLine(stream, line.data(), LineBuffer::kSize);
 }
 
-// Hands the section that `line` opens to its writer.
+// Passes the section that `line` opens to its writer.
 void rewriteFeature(JobStream& stream, LineBuffer& line, job::PrintJobData& job) {
   const std::int32_t code = psrewrite::getFeature(line.text());
   job::LogMessage(code == 0 ? "Not Feature found" : "Feature found", true);
@@ -155,7 +156,7 @@ void rewriteFeature(JobStream& stream, LineBuffer& line, job::PrintJobData& job)
   job::LogMessage("Get C done", true);
 }
 
-// Looks at one line, behind its "%", and at the lines that its section brings.
+// Copies the line after a "%", and the rest of its section when it opens one.
 void copyLine(JobStream& stream, LineBuffer& line, job::PrintJobData& job) {
   job::LogMessage("After continue", true);
   line.clear();

@@ -1,4 +1,4 @@
-// What is decided about a job before its first byte is written.
+// Decisions about a job before its first byte is written.
 // SPDX-License-Identifier: Apache-2.0
 #include "filter/job_setup.hpp"
 
@@ -24,7 +24,7 @@ std::int32_t lengthOfPoints(const char* text) {
   return base::cutTo32Bits(static_cast<std::int64_t>(std::trunc(millimetres + 0.5)) * 100);
 }
 
-// Takes the sizes out of "Custom.WIDTHxHEIGHT"; without "." or "x" they keep their values.
+// Reads the sizes from "Custom.WIDTHxHEIGHT"; without "." or "x" they keep their values.
 void takeCustomSize(std::string media) {
   if (media.size() >= base::kTextBufferSize) return;
   const std::size_t dot = media.find('.');

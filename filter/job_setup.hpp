@@ -1,4 +1,4 @@
-// What is decided about a job before its first byte is written.
+// Decisions about a job before its first byte is written.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -7,8 +7,8 @@
 namespace kelm::filter {
 
 // Sets customSizeFlg, widthLength and heighLength from the job's "media" options that name a custom
-// size "Custom.WIDTHxHEIGHT" (whole points; a unit behind them is ignored). Jobs with 100 options
-// or more are left as they are.
+// size "Custom.WIDTHxHEIGHT" (whole points; a unit after them is ignored). Jobs with 100 options
+// or more keep the normal paper.
 void decideCustomPaper(const job::PrintJobData& job);
 
 // Sets the job's keepOutputFace: 1 when an output tray other than "Auto" and "FaceDown" is chosen.

@@ -1,4 +1,4 @@
-// kelmfilter: started by the print system once per job (filter(7)).
+// kelmfilter: CUPS starts it once per job (filter(7)).
 // SPDX-License-Identifier: Apache-2.0
 #include <unistd.h>
 

@@ -24,8 +24,8 @@ namespace {
 constexpr int kExitCompleted = 0;
 constexpr int kExitFailed = 1;
 
-// Empty on purpose: a cancelled job is still written to its end, so that the printer never waits
-// for the rest of a page.
+// Empty on purpose: a cancelled job is still written to its end, so that the printer is not left
+// waiting for the rest of a page.
 void SignalHandler(int /*signal*/) {}
 
 void catchTermination() {
@@ -46,7 +46,7 @@ void localizePpd(const job::PrintJobData& job) {
 
 using Updater = bool(const job::PrintJobData*);
 
-// What an update job tells the print system, in this order.
+// In the order in which an update job reports the facts to CUPS.
 // clang-format off
 constexpr Updater* kUpdaters[] = {
     ppdsettings::UpdatePPDOptionsUpdatedToPPD,

@@ -27,7 +27,7 @@ void openPpd(PrintJobData& job) {
   r_cupsMarkOptions(job.ppd, job.numOptions, job.options);
 }
 
-// The name that the dialog prepared, as it stands, when the job asks for it; else the title.
+// The unchanged name that the dialog prepared when the job asks for it, else the title.
 std::string jobNameFor(const PrintJobData& job) {
   std::string name;
   if (getOptionValue(&job, "QVJobName", name) && name == "ON") {
@@ -37,8 +37,8 @@ std::string jobNameFor(const PrintJobData& job) {
   return base::hexTextInBuffer(job.title);
 }
 
-// Replaces the value of an option that the job has. Any other is put behind the options that the
-// number of options counts: libcups would sort it among them and push the last one out.
+// Replaces the value of an option that the job has. A new option goes after those that numOptions
+// counts: libcups would sort it among them and push the last one out.
 void addOption(PrintJobData& job, const char* name, const char* value) {
   const int count = cupsAddOption(name, value, job.numOptions, &job.options);
   if (count == job.numOptions) return;

@@ -22,7 +22,7 @@ struct PrintJobData {
   ppd_file_t* ppd = nullptr;       // the queue's PPD; null when it cannot be opened
   std::int32_t numOptions = 0;
   cups_option_t* options = nullptr;  // the job's options alone, without the PPD's defaults
-  bool isPrintPDE = false;           // the job came through the maker's print dialog
+  bool isPrintPDE = false;           // the job came from the maker's print dialog
   std::int32_t keepOutputFace = 0;   // 1: the job's output tray decides the face, 0: face down
 };
 
@@ -34,19 +34,18 @@ bool InitializePrintJobData(int argc, char* argv[], PrintJobData* job);
 // has a value, copied whole. Without one, or without a record, false, and `destination` is empty.
 bool getOptionValue(const PrintJobData* job, const char* name, std::string& destination);
 
-// The job's options in the print system's order; empty without a record.
+// The job's options in libcups' order; empty without a record.
 std::span<cups_option_t> jobOptions(const PrintJobData* job);
 
-// The first option of exactly this name, or null: for the few places that look at the job's options
-// themselves.
+// The first option of exactly this name, with or without a value, or null.
 const cups_option_t* findJobOption(const PrintJobData* job, const char* name);
 
 // Whether the job has an output tray that leaves the output face to the job: any but "Auto" and
 // "FaceDown".
 bool outputTrayDecidesFace(const PrintJobData* job);
 
-// Standard error is not buffered from here on; the language of "APPLE_LANGUAGE", else of "LANG",
-// becomes the one that PPD texts are localised in. Does no more when neither is set.
+// Makes standard error unbuffered, and "APPLE_LANGUAGE" (macOS clients), else "LANG", the language
+// in which PPD texts are localised. Leaves the locale alone when neither is set.
 void SetupLocale();
 
 // Whether the option "com.apple.print.JobInfo.PMApplicationName" is "Word".

@@ -1,4 +1,4 @@
-// The user who sits at this computer.
+// The user logged in at the computer's own screen.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -10,8 +10,8 @@ class ConsoleUser {
  public:
   virtual ~ConsoleUser() = default;
 
-  // The login name of the user whose session is in front on the computer's own screen, UTF-8; empty
-  // when there is none or the system cannot tell.
+  // The login name, UTF-8, of the user of the active session on the computer's own screen; empty
+  // when there is none or it cannot be found out.
   virtual std::string name() = 0;
 };
 

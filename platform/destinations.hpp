@@ -1,4 +1,4 @@
-// The queues that the print system offers.
+// The print queues that CUPS offers.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -12,8 +12,8 @@ class Destinations {
  public:
   virtual ~Destinations() = default;
 
-  // All destinations with their options (cupsGetDests); empty when there is none or the print
-  // system does not answer within seconds. Lives until the process ends.
+  // All destinations with their options (cupsGetDests); empty when there are none or CUPS does not
+  // answer within 10 seconds. Valid until the process ends.
   virtual std::span<cups_dest_t> list() = 0;
 };
 

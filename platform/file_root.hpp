@@ -1,4 +1,4 @@
-// Where the absolute paths of this system begin: "/", save in tests.
+// Where absolute paths begin: "/", except in tests.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -11,7 +11,7 @@ class FileRoot {
  public:
   virtual ~FileRoot() = default;
 
-  // The path under which this process finds `absolutePath` (it begins with "/").
+  // The path at which this process finds `absolutePath`, which begins with "/".
   virtual std::string locate(std::string_view absolutePath) const = 0;
 };
 

@@ -1,4 +1,4 @@
-// Where the user of this process keeps files.
+// The home directory of the user who runs this process.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -10,7 +10,7 @@ class HomeFolder {
  public:
   virtual ~HomeFolder() = default;
 
-  // An absolute path without a slash at its end; empty where the user has none.
+  // An absolute path without a trailing slash; empty when the user has none.
   virtual std::string path() = 0;
 };
 

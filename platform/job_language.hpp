@@ -1,4 +1,4 @@
-// The language in which the print system's library localises for this job.
+// The language in which libcups localises PPDs for this job.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -8,8 +8,8 @@ class JobLanguage {
  public:
   virtual ~JobLanguage() = default;
 
-  // Makes `language` (a locale name or language tag, UTF-8) the one that later PPD localisation of
-  // this process uses. Cannot fail: a language that nobody knows is localised as English.
+  // Makes later PPD localisation in this process use `language` (a locale name or language tag,
+  // UTF-8). Cannot fail: an unknown language is localised as English.
   virtual void prefer(const char* language) = 0;
 };
 

@@ -1,4 +1,4 @@
-// The addresses behind a host's name.
+// Host name resolution.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -9,15 +9,15 @@
 
 namespace kelm::platform {
 
-using Ipv4Address = std::array<std::uint8_t, 4>;  // in the order in which it is written
+using Ipv4Address = std::array<std::uint8_t, 4>;  // in network byte order
 
 class NameLookup {
  public:
   virtual ~NameLookup() = default;
 
-  // The first IPv4 address of `host` (a name, or an address in dotted form) in the resolver's own
-  // order; nothing when the name is unknown, has no such address, or the resolver fails. May wait
-  // for name servers as long as the machine's configuration lets it.
+  // The first IPv4 address of `host` (a name, or an address in dotted form), in the resolver's own
+  // order; nothing when the name is unknown, has no such address, or the resolver fails. Waits for
+  // name servers as long as the machine's resolver configuration allows.
   virtual std::optional<Ipv4Address> firstIpv4(const std::string& host) = 0;
 };
 

@@ -2,13 +2,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/platform.hpp"
 
-#include "platform/system_bodies.hpp"
+#include "platform/system_platform.hpp"
 
 namespace kelm::platform {
 namespace {
 
 const Platform*& current() {
-  static const Platform* set = &systemBodies();
+  static const Platform* set = &systemPlatform();
   return set;
 }
 

@@ -1,4 +1,4 @@
-// What the operating system gives, as one set of small interfaces.
+// The operating system, as one set of small interfaces.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -18,7 +18,7 @@
 
 namespace kelm::platform {
 
-// The bodies in use; none is ever null, and each lives at least as long as the set.
+// The implementations in use. None is null; each lives at least as long as the set.
 struct Platform {
   JobLanguage* jobLanguage;
   WallClock* wallClock;
@@ -35,11 +35,11 @@ struct Platform {
   WakeUpBus* wakeUpBus;
 };
 
-// The process's set: the operating system's own bodies, unless a test put others in their place
-// (ScopedPlatform). Reading it from several threads is safe, replacing it is not.
+// The process's set: the operating system's, unless a test has replaced it (ScopedPlatform).
+// Reading it from several threads is safe, replacing it is not.
 const Platform& platform();
 
-// Puts `replacement` in the place of the process's set for the lifetime of the object.
+// Replaces the process's set for the lifetime of the object.
 class ScopedPlatform {
  public:
   explicit ScopedPlatform(const Platform& replacement);

@@ -1,4 +1,4 @@
-// The languages that the user of this process prefers.
+// The preferred languages of the user who runs this process.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -11,7 +11,7 @@ class PreferredLanguages {
  public:
   virtual ~PreferredLanguages() = default;
 
-  // BCP 47 tags, the most preferred first ("de-DE", "zh-Hant-TW", "en"); never empty.
+  // BCP 47 tags, most preferred first ("de-DE", "zh-Hant-TW", "en"); never empty.
   virtual std::vector<std::string> tags() = 0;
 };
 

@@ -1,4 +1,4 @@
-// Time that only goes forward, and waiting for it to pass.
+// Monotonic time and sleeping.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -10,10 +10,10 @@ class SteadyClock {
  public:
   virtual ~SteadyClock() = default;
 
-  // Time since a fixed moment of the past.
+  // Time since a fixed moment in the past.
   virtual std::chrono::nanoseconds now() = 0;
 
-  // Stops the calling thread for `time`; a signal does not shorten it.
+  // Sleeps the calling thread for `time`; a signal does not shorten the sleep.
   virtual void sleep(std::chrono::nanoseconds time) = 0;
 };
 

@@ -1,4 +1,4 @@
-// The system log, at error level: for what no standard error of this process would carry.
+// The system log, at error level: for messages that must not go to standard error.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -10,8 +10,8 @@ class SystemLog {
  public:
   virtual ~SystemLog() = default;
 
-  // Writes `message` (UTF-8, one line, no line feed at its end) as one record. Never fails visibly:
-  // where there is no system log, the message is lost.
+  // Writes `message` (UTF-8, one line, without its line feed) as one record. The message is lost
+  // when there is no system log.
   virtual void error(const std::string& message) = 0;
 };
 

@@ -1,4 +1,4 @@
-// The way to the service that wakes printers (docs/wake-up-bus.md).
+// The connection to the wake-up service (docs/wake-up-bus.md).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -9,23 +9,23 @@
 
 namespace kelm::platform {
 
-// What the service is asked, in the order of its arguments; all text is UTF-8.
+// The arguments of a request, in their order; all text is UTF-8.
 struct WakeUpRequest {
-  std::optional<std::string> address;  // of the printer; nothing: unknown
+  std::optional<std::string> address;  // of the printer; absent when unknown
   std::string macAddress;
   std::string snmpCommunity;
   std::string isWakeOnLan;   // "YES" or "NO"
   std::string isOverRouter;  // "YES" or "NO"
 };
 
-// The connection on which a request was sent; the call-back comes over it while it lives. Its
-// destruction ends it: afterwards no call-back comes, and none is running.
+// The connection on which a request was sent. The call-back arrives on it as long as it lives;
+// once it is destroyed, no call-back runs or will run.
 class WakeUpConnection {
  public:
   virtual ~WakeUpConnection() = default;
 
-  // False when no call-back can come: there is no bus or it refuses, or it knows that the service
-  // neither runs nor can be started. It may turn from true to false while the connection lives.
+  // False when no call-back can come: the bus is missing or refuses, or reports that the service
+  // does not run and cannot be started. May change from true to false at any time.
   virtual bool isOpen() const = 0;
 
   // Why the connection is not open, for an administrator; empty while it is.
@@ -36,9 +36,10 @@ class WakeUpBus {
  public:
   virtual ~WakeUpBus() = default;
 
-  // Sends `request` to the service, which is started where it does not run, without waiting for a
-  // result; an unknown service is known at once. `finished` is called, on another thread, each time
-  // that the service calls back, possibly before send returns; it must not throw. Never null.
+  // Sends `request` to the service, starting it when it is not running, without waiting for a
+  // result. An unknown service closes the connection at once. `finished` is called on another
+  // thread each time the service calls back, possibly before send returns; it must not throw.
+  // Never null.
   virtual std::unique_ptr<WakeUpConnection> send(const WakeUpRequest& request,
                                                  std::function<void()> finished) = 0;
 };

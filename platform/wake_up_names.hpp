@@ -1,4 +1,4 @@
-// The names by which the filter and the wake-up service know each other (docs/wake-up-bus.md).
+// The D-Bus names of the filter and the wake-up service (docs/wake-up-bus.md).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -10,7 +10,7 @@ class WallClock {
  public:
   virtual ~WallClock() = default;
 
-  // The current local time; all zero where the system cannot tell.
+  // The current local time; all zero when it cannot be found out.
   virtual std::tm localTime() = 0;
 };
 

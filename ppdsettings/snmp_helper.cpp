@@ -1,4 +1,4 @@
-// Reads back what is known about the printer from the queue's PPD.
+// Reads the stored facts about the printer from the queue's PPD.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdsettings/snmp_helper.hpp"
 
@@ -24,11 +24,11 @@ using job::r_ppdFindAttr;
 
 constexpr std::size_t kKeywordBufferSize = 128;
 
-// How a switch's text becomes a truth: `literal` is `meaning`, every other text is the opposite.
+// How the text of a switch is read: `literal` is `meaning`, every other text is the opposite.
 struct SwitchRule {
   const char* literal;
   bool meaning;
-  bool notUtf8;  // what a text that is not valid UTF-8 means
+  bool notUtf8;  // the meaning of a text that is not valid UTF-8
 };
 
 constexpr SwitchRule kOnlyOneIsTrue{"1", true, false};

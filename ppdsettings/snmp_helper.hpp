@@ -1,4 +1,4 @@
-// Reads back what is known about the printer from the queue's PPD (docs/stored-facts.md).
+// Reads the stored facts about the printer from the queue's PPD (docs/stored-facts.md).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -11,15 +11,15 @@
 
 namespace kelm::ppdsettings {
 
-// No state: every call looks the keywords up anew. The PPD may be null, which is the same as one
-// that holds none of the keywords; it is not changed. Of several attributes of one keyword, the
-// first counts. Nothing is reported.
+// Stateless: every call looks the keywords up again. A null PPD is the same as one without any of
+// the keywords. The PPD is not changed. Of several attributes of one keyword, the first counts.
+// Errors are not reported.
 class KelmSNMPHelper {
  public:
   KelmSNMPHelper() = delete;
 
-  // The value of `keyword` as it stands: empty when the keyword or its value is missing; nothing
-  // when it is not valid UTF-8.
+  // The plain value of `keyword`: empty when the keyword or its value is missing; nothing when it
+  // is not valid UTF-8.
   static std::optional<std::string> getPPDAttributeValueForName_ppdFile_(const char* keyword,
                                                                          ppd_file_t* ppd);
 
@@ -28,9 +28,9 @@ class KelmSNMPHelper {
   static std::optional<std::string> getDecodedPPDAttributeValueForName_ppdFile_(const char* keyword,
                                                                                 ppd_file_t* ppd);
 
-  // The Base64 value that is stored in the parts "KEYWORD_Part1" to "KEYWORD_Part6": joined in a
-  // buffer of 4096 bytes, without the parts that are missing or do not fit there, and decoded as
-  // above; empty when nothing comes out of it.
+  // The Base64 value stored in the parts "KEYWORD_Part1" to "KEYWORD_Part6": joined in a buffer of
+  // 4096 bytes, without parts that are missing or do not fit, and decoded as above; empty when
+  // there is no valid text.
   static std::string getDecodedPPDAttributeMaltiPartValueForName_ppdFile_(const char* keyword,
                                                                           ppd_file_t* ppd);
 
@@ -41,17 +41,18 @@ class KelmSNMPHelper {
   static bool isOverTheRouter_(ppd_file_t* ppd);
   static std::string getPrinterIPAddress_(ppd_file_t* ppd);
   static bool isPPDOptionsUpdated_(ppd_file_t* ppd);
-  static bool isPersonalFolderSelected_(ppd_file_t* ppd);  // also for a value that is not UTF-8
-  static bool isAdminLoginModeEnabled_(ppd_file_t* ppd);   // true unless stored
+  static bool isPersonalFolderSelected_(
+      ppd_file_t* ppd);                                   // true also for a value that is not UTF-8
+  static bool isAdminLoginModeEnabled_(ppd_file_t* ppd);  // true unless stored
 
-  // The entries that are there and not empty, in the order of their indexes, whole.
+  // The entries that are present and not empty, whole, by rising index.
   static std::vector<std::string> getSharedBoxDetailsArray_(ppd_file_t* ppd);
   static std::vector<std::string> getSelectedSharedBoxDetailsArray_(ppd_file_t* ppd);
   static std::vector<std::string> getBarcodeAreaDefinitionDetailsArray_(ppd_file_t* ppd);
   static std::vector<std::string> getColorProfileDetailsArray_(ppd_file_t* ppd);
   static std::vector<std::string> getFormDetailsArray_(ppd_file_t* ppd);
 
-  // The leading decimal digits of each entry; 0 without any, the largest integer when it is larger.
+  // The leading decimal number of each entry; 0 without digits, at most the largest 32-bit integer.
   static std::vector<std::int32_t> getSelectedSharedBoxIndexArray_(ppd_file_t* ppd);
 };
 

@@ -1,5 +1,5 @@
-// The facts about the printer that are kept in the queue's PPD: one table, which the readers and
-// the update job both walk (docs/stored-facts.md).
+// The facts about the printer that the queue's PPD stores: one table for the readers and the update
+// job (docs/stored-facts.md).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -11,11 +11,11 @@
 namespace kelm::ppdsettings {
 
 enum class Encoding {
-  plain,   // the text as it stands
+  plain,   // the text itself
   base64,  // Base64 of UTF-8 text
 };
 
-// How many of the update job's options of one name are passed on.
+// Which of the update job's options of one name are passed on.
 enum class Matches { first, every };
 
 // Whether the update job shows the line to the trace hook.
@@ -26,9 +26,9 @@ inline constexpr int kWhole = 0;     // as number of parts: the value is not cut
 inline constexpr int kMaxParts = 6;  // otherwise
 
 struct StoredFact {
-  const char* keyword;  // of the PPD and of the job option alike, without index and part
+  const char* keyword;  // of the PPD and of the job option, without index and part
   Encoding encoding;
-  const char* absent;  // what a missing keyword means; null: no entry of a list
+  const char* absent;  // the meaning of a missing keyword; null for lists
   int lastIndex;       // the indexes begin at 0
   int parts;           // the parts begin at 1
   Matches matches;
@@ -37,8 +37,8 @@ struct StoredFact {
 
 using enum Encoding;
 
-// In the order in which an update job passes them on. Waking the printer and its administrator's
-// log-in mode are on unless they were switched off.
+// In the order in which an update job passes them on. The wake-up and the administrator's log-in
+// mode are on unless stored as off.
 // clang-format off
 inline constexpr StoredFact kStoredFacts[] = {
     {"PPDOptionsUpdated",     plain,  "0",      kSingle, kWhole,    Matches::first, Trace::yes},
@@ -73,7 +73,7 @@ inline std::string partKeyword(std::string_view keyword, int part) {
 
 namespace detail {
 
-// Not constexpr on purpose: reaching it stops the compiler with its name.
+// Not constexpr on purpose: the compiler stops with this name when it is reached.
 void noStoredFactHasThisKeyword();
 
 // libcups reads no PPD with a longer main keyword.

@@ -1,4 +1,4 @@
-// The update job: what the job's options say about the printer, told to the print system.
+// The update job: reports the facts in the job's options to CUPS.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdsettings/update_job.hpp"
 
@@ -18,19 +18,19 @@ namespace {
 
 using job::PrintJobData;
 
-// cupsd takes this many bytes of a line for one message, and reads the rest as the next message.
-constexpr std::size_t kPrintSystemMessageSize = 2047;
+// cupsd takes this many bytes of a line as one message, and the rest as the next message.
+constexpr std::size_t kCupsMessageSize = 2047;
 
-// The print system splits a message at blanks, undoes quotation marks, apostrophes and
-// backslashes, and begins a new message at a line feed.
+// cupsd splits a message at white space, interprets quotation marks, apostrophes and backslashes,
+// and begins a new message at a line feed.
 constexpr bool isHarmless(char c) {
   return c > ' ' && c < '\x7F' && c != '"' && c != '\'' && c != '\\';
 }
 
-// Whether the print system could take a part of the value for a keyword of its own. What it reads
-// behind the cut of a long line is a message only with a colon ("PPD:").
+// Whether cupsd could take a part of the value for a keyword. The rest of a line that it cuts is a
+// message only with a colon ("PPD:").
 bool couldForge(std::string_view value, std::size_t lineSize) {
-  if (lineSize > kPrintSystemMessageSize && value.find(':') != value.npos) return true;
+  if (lineSize > kCupsMessageSize && value.find(':') != value.npos) return true;
   return !std::all_of(value.begin(), value.end(), isHarmless);
 }
 
@@ -38,7 +38,7 @@ void logKeyword(const std::string& keyword, const char* what) {
   platform::platform().systemLog->error("[Driver] PPD keyword " + keyword + what);
 }
 
-// One write, so that no other message of the print job's filters comes between.
+// One write, so that no message of another filter of the job comes in between.
 bool writeLine(const std::string& keyword, std::string_view value, Trace trace) {
   const std::string line = "PPD: " + keyword + "=" + std::string(value) + "\n";
   if (line.size() >= base::kTextBufferSize) {

@@ -1,5 +1,5 @@
-// The update job: prints nothing, and has the print system store what the job's options say about
-// the printer in the queue's PPD, by messages on standard error (filter(7), "PPD:").
+// The update job: prints nothing, and has CUPS store the facts in its options in the queue's PPD,
+// through "PPD:" messages on standard error (filter(7)).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -7,7 +7,7 @@
 
 namespace kelm::ppdsettings {
 
-// Whether the job has the option "UpdatePPDOptions", whatever its value.
+// Whether the job has the option "UpdatePPDOptions", with any value.
 bool ShouldUpdatePPD(const job::PrintJobData* job);
 
 // Each passes the job's options of its keyword on, one line "PPD: KEYWORD=VALUE" for each, and says

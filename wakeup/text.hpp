@@ -1,4 +1,4 @@
-// A text that may be absent.
+// An optional text.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -1,4 +1,4 @@
-// The parts of a device URI that lead to the printer (RFC 3986).
+// The parts of a device URI that name the printer (RFC 3986).
 // SPDX-License-Identifier: Apache-2.0
 #include "wakeup/uri.hpp"
 
@@ -11,7 +11,7 @@
 namespace kelm::wakeup {
 namespace {
 
-// A parsed URI; its components refer to the text that it was made from.
+// A parsed URI; its components refer to the text that was parsed.
 class ParsedUri {
  public:
   explicit ParsedUri(std::string_view text) {

@@ -1,4 +1,4 @@
-// The parts of a device URI that lead to the printer (RFC 3986).
+// The parts of a device URI that name the printer (RFC 3986).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -9,14 +9,14 @@
 namespace kelm::wakeup {
 
 struct UriHost {
-  std::string host;  // as it is written: escapes stay, an IP literal has its brackets
+  std::string host;  // as written: escapes are kept, an IP literal has its brackets
   std::string port;  // empty when the URI has none
 
-  // The host, and ":" and the port where there is one; user information is no part of it.
+  // The host, and ":" and the port when there is one, without user information.
   std::string netLocation() const;
 };
 
-// The host of `uri`; nothing when `uri` is not a URI or names no host.
+// The host of `uri`; nothing when `uri` is not a URI or has no host.
 std::optional<UriHost> hostOfUri(std::string_view uri);
 
 // Whether `uri` follows the grammar of a URI or a relative reference.

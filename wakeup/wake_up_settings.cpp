@@ -1,4 +1,4 @@
-// What a wake-up needs to know: the facts in the queue's PPD, and the queue's device URI.
+// The input of a wake-up: the facts in the queue's PPD, and the queue's device URI.
 // SPDX-License-Identifier: Apache-2.0
 #include "wakeup/wake_up_settings.hpp"
 

@@ -1,4 +1,4 @@
-// What a wake-up needs to know: the facts in the queue's PPD, and the queue's device URI.
+// The input of a wake-up: the facts in the queue's PPD, and the queue's device URI.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -21,7 +21,7 @@ struct WakeUpSettings {
 // The settings stored in `ppd`, which may be null.
 WakeUpSettings wakeUpSettingsOf(ppd_file_t* ppd);
 
-// The request that asks for a wake-up with these settings of the printer at `address`.
+// The request to wake the printer at `address` with these settings.
 platform::WakeUpRequest requestFor(const WakeUpSettings& settings, const Text& address);
 
 // The device URI of the queue `printer` among the print system's destinations (of the default one

@@ -6,7 +6,7 @@
 
 namespace kelm::wolservice {
 
-MagicPacket magicPacket(const MacAddress& macAddress) {
+MagicPacket magicPacket(const base::MacAddress& macAddress) {
   constexpr std::size_t kLead = 6;
   MagicPacket packet{};
   std::fill_n(packet.begin(), kLead, std::uint8_t{0xFF});

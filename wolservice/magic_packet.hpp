@@ -7,18 +7,18 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "wolservice/wake_up_order.hpp"
+#include "base/mac_address.hpp"
 
 namespace kelm::wolservice {
 
-inline constexpr std::uint16_t kMagicPort = 9;  // "discard": nobody else answers it
+inline constexpr std::uint16_t kMagicPort = 9;  // the discard service: no one answers
 
 // Six bytes 0xFF and sixteen times the MAC address.
 using MagicPacket = std::array<std::uint8_t, 102>;
-MagicPacket magicPacket(const MacAddress& macAddress);
+MagicPacket magicPacket(const base::MacAddress& macAddress);
 
-// When packet number `number` (from 0) is due, counted from the first: three at 100 ms, for a
-// network that loses one, and again every 5 seconds, for a printer that was still falling asleep.
+// When packet `number` (from 0) is due, counted from the first: three packets 100 ms apart, in case
+// the network loses one, and the same every 5 seconds, in case the printer was just falling asleep.
 constexpr std::chrono::milliseconds packetDue(int number) {
   constexpr int kPacketsAtOnce = 3;
   return std::chrono::seconds(5) * (number / kPacketsAtOnce) +

@@ -1,4 +1,4 @@
-// The network as the service sees it: the broadcast addresses around it, and one printer.
+// The network: the broadcast addresses of this machine, and one printer.
 // SPDX-License-Identifier: Apache-2.0
 #include "wolservice/network.hpp"
 
@@ -14,7 +14,7 @@
 namespace kelm::wolservice {
 namespace {
 
-// A UDP socket that is closed in the end.
+// Owns a UDP socket.
 class Socket {
  public:
   explicit Socket(int family) : descriptor_(socket(family, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {}
@@ -43,7 +43,7 @@ bool canBroadcast(const ifaddrs& each) {
          each.ifa_addr->sa_family == AF_INET;
 }
 
-// Names the interface itself: two of them may be in the same network.
+// Names the interface: two of them may be in the same network.
 void sendOn(int socket, MagicPacket packet, const Broadcast& to) {
   sockaddr_in target{};
   target.sin_family = AF_INET;

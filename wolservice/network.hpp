@@ -1,4 +1,4 @@
-// The network as the service sees it: the broadcast addresses around it, and one printer.
+// The network: the broadcast addresses of this machine, and one printer.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -18,22 +18,22 @@ struct Broadcast {
   in_addr address;
 };
 
-// The broadcast address of a network from an address in it and its mask; `configured` wins unless
-// it is zero or the address itself, as the C library reports an interface where none is configured.
-// Nothing for a network that has none (one or two addresses). Network byte order.
+// The broadcast address of a network, from an address in it and its mask. `configured` wins unless
+// it is zero or the address itself, which is what the C library reports when none is configured.
+// Nothing for a network without one (one or two addresses). Network byte order.
 std::optional<in_addr> broadcastOf(in_addr address, in_addr mask, in_addr configured);
 
-// The IPv4 broadcast addresses of all interfaces that are up; none when the system does not tell.
+// The IPv4 broadcast addresses of all interfaces that are up; none on an error.
 std::vector<Broadcast> broadcastAddresses();
 
-// The first address of a host (an address or a name), ready to be sent a magic packet; nothing when
-// it is not known. May wait for name servers.
+// The first socket address of a host (an address or a name) for a magic packet; nothing when it is
+// unknown. May wait for name servers.
 std::optional<sockaddr_storage> locate(const std::string& host);
 
-// Sends the packet to one address. A network that takes none loses it: the next one tries again.
+// Sends the packet to one address. Errors are ignored: another packet follows.
 void sendPacket(const MagicPacket& packet, const sockaddr_storage& printer);
 
-// Sends the packet to every broadcast address, likewise.
+// Sends the packet to every broadcast address. Errors are ignored.
 void broadcastPacket(const MagicPacket& packet);
 
 }  // namespace kelm::wolservice

@@ -1,4 +1,4 @@
-// The work at one printer that may wait for seconds.
+// Work on one printer that may wait for seconds.
 // SPDX-License-Identifier: Apache-2.0
 #include "wolservice/printer_work.hpp"
 

@@ -1,5 +1,5 @@
-// The work at one printer that may wait for seconds, for the printer or for a name server. The
-// service runs each piece of it in a process of its own, so that no printer waits for another.
+// Work on one printer that may wait for seconds, for the printer or for a name server. The service
+// runs each in a process of its own, so that no printer waits for another.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -11,14 +11,14 @@
 
 namespace kelm::wolservice {
 
-// Asks until the printer answers: one question per `interval` at most, and the next one at once
-// when a question took longer.
+// Calls `answers` until it is true: at most once per `interval`, and again at once when a call took
+// longer.
 void askUntilAnswered(const std::function<bool()>& answers, std::chrono::milliseconds interval);
 
-// Calls `send` whenever a packet is due (packetDue), counted from the start, `packets` times.
+// Calls `send` `packets` times, each when its packet is due (packetDue, counted from the start).
 void sendWhenDue(const std::function<void()>& send, int packets);
 
-// Looks the host up until it is known, then sends it the packet likewise.
+// Looks the host up until it is known, then sends it the packet as sendWhenDue does.
 void sendToPrinter(const MagicPacket& packet, const std::string& host, int packets);
 
 }  // namespace kelm::wolservice

@@ -24,12 +24,12 @@ using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds kAskInterval = 1s;
 constexpr std::chrono::milliseconds kLimit = 60s;
 constexpr std::chrono::milliseconds kIdle = 10s;
-constexpr std::size_t kMostWakeUps = 64;
+constexpr std::size_t kMaxWakeUps = 64;
 constexpr std::uint64_t kTimerAccuracy = 1000;  // microseconds
 
 void say(const std::string& text) { std::fprintf(stderr, "KelmWoLServices: %s\n", text.c_str()); }
 
-// Whether `status` is no error; says what could not be done otherwise.
+// Whether `status` is not an error; reports what failed otherwise.
 bool done(int status, const char* what) {
   if (status < 0) say(std::string("cannot ") + what + ": " + std::strerror(-status));
   return status >= 0;
@@ -45,7 +45,8 @@ constexpr int packetsWithin(std::chrono::milliseconds time) {
   return count;
 }
 
-// A process that does `work` and ends, with the service at the latest; negative errno otherwise.
+// Starts a process that does `work` and ends, at the latest with the service. Its id, or a negative
+// errno.
 pid_t fork(const std::function<void()>& work) {
   const pid_t service = getpid();
   const pid_t process = ::fork();
@@ -67,25 +68,25 @@ int Service::run() {
   if (!openBus() || !addSources()) return 1;
   sd_notify(0, "READY=1");
   const bool busIsGone = sd_event_loop(event_.get()) != 0;
-  if (busIsGone) say("the system bus has gone");
+  if (busIsGone) say("lost the system bus");
   return busIsGone ? 1 : 0;
 }
 
-// The object is there before the name: a request that started the service waits for the name.
+// Offers the object before the name: a request that started the service waits for the name.
 bool Service::openBus() {
   sd_event* event = nullptr;
   sd_bus* bus = nullptr;
   if (!done(sd_event_new(&event), "watch for events")) return false;
   event_.reset(event);
-  if (!done(sd_bus_open_system(&bus), "reach the system bus; does it run")) return false;
+  if (!done(sd_bus_open_system(&bus), "reach the system bus (is it running?)")) return false;
   bus_.reset(bus);
   return done(sd_bus_add_object(bus, nullptr, platform::kWakeUpObject, onRequest, this),
               "offer the wake-up object") &&
          done(sd_bus_attach_event(bus, event, SD_EVENT_PRIORITY_NORMAL), "watch the bus") &&
-         done(sd_bus_set_exit_on_disconnect(bus, 1), "watch the bus's end") &&
+         done(sd_bus_set_exit_on_disconnect(bus, 1), "watch for the end of the bus") &&
          done(sd_bus_request_name(bus, platform::kWakeUpService, 0),
-              "own the name com.kelm.KelmWoLServices; does the bus policy allow it, and does no"
-              " other instance run");
+              "own the name com.kelm.KelmWoLServices (does the bus policy allow it? is another"
+              " instance running?)");
 }
 
 bool Service::addSources() {
@@ -104,8 +105,8 @@ Service::Source Service::startTimer(std::chrono::milliseconds delay,
   return Source(source);
 }
 
-// The process ends with its source. Without it the printer is still sent packets, and its caller is
-// called back at the limit.
+// The process ends with its event source. Without a process, packets are still sent and the caller
+// is called back at the limit.
 Service::Source Service::startProcess(const std::function<void()>& work,
                                       sd_event_child_handler_t ended, WakeUp& wakeUp) {
   sd_event_source* source = nullptr;
@@ -135,7 +136,7 @@ int Service::onRequest(sd_bus_message* message, void* self, sd_bus_error* /*erro
                                          &isWakeOnLan, &isOverRouter);
   const char* caller = sd_bus_message_get_sender(message);
   if (status < 0 || sd_bus_message_at_end(message, 1) <= 0) {
-    static_cast<Service*>(self)->refuse(caller, "it does not have five strings");
+    static_cast<Service*>(self)->refuse(caller, "its arguments are not five strings");
     return status < 0 ? status : -EINVAL;
   }
   static_cast<Service*>(self)->take(caller,
@@ -146,7 +147,7 @@ int Service::onRequest(sd_bus_message* message, void* self, sd_bus_error* /*erro
 void Service::take(const std::string& caller, const WakeUpArguments& arguments) {
   std::string problem;
   const std::optional<WakeUpOrder> order = checkedOrder(arguments, problem);
-  if (order && wakeUps_.size() < kMostWakeUps) {
+  if (order && wakeUps_.size() < kMaxWakeUps) {
     begin(caller, *order);
   } else {
     refuse(caller, order ? "too many printers are being woken" : problem);
@@ -154,7 +155,7 @@ void Service::take(const std::string& caller, const WakeUpArguments& arguments) 
 }
 
 void Service::refuse(const std::string& caller, const std::string& reason) {
-  say("refused a request of " + caller + ": " + reason);
+  say("refused a request from " + caller + ": " + reason);
   callBack(caller);
 }
 
@@ -205,19 +206,19 @@ int Service::onAskerEnd(sd_event_source* /*source*/, const siginfo_t* end, void*
   if (end->si_code == CLD_EXITED && end->si_status == 0) {
     self.service->finish(self, "answers");
   } else {
-    say(self.order.address + " cannot be asked any more: its process was killed");
+    say(self.order.address + " cannot be asked any more: the asking process was killed");
   }
   return 0;
 }
 
-// It has sent all its packets; the limit is near.
+// All packets are sent; the limit is near.
 int Service::onSenderEnd(sd_event_source* /*source*/, const siginfo_t* /*end*/, void* /*wakeUp*/) {
   return 0;
 }
 
 int Service::onLimit(sd_event_source* /*source*/, std::uint64_t /*time*/, void* wakeUp) {
   auto& self = *static_cast<WakeUp*>(wakeUp);
-  self.service->finish(self, "keeps silent");
+  self.service->finish(self, "does not answer");
   return 0;
 }
 
@@ -229,7 +230,7 @@ void Service::finish(WakeUp& wakeUp, const char* outcome) {
   if (wakeUps_.empty()) idleTimer_ = startTimer(kIdle, onIdle, this);
 }
 
-// Nobody answers the call-back, and a caller that has gone is no failure.
+// The call-back gets no reply, and a caller that has gone is not an error.
 void Service::callBack(const std::string& caller) const {
   sd_bus_message* message = nullptr;
   if (sd_bus_message_new_method_call(bus_.get(), &message, caller.c_str(),
@@ -241,7 +242,7 @@ void Service::callBack(const std::string& caller) const {
   sd_bus_message_unref(message);
 }
 
-// The bus is closed when the event loop ends: who waits is called back before.
+// The bus is closed when the event loop ends: call back all waiting callers before.
 int Service::onEnd(sd_event_source* /*source*/, const signalfd_siginfo* /*signal*/, void* self) {
   const auto& service = *static_cast<Service*>(self);
   for (const WakeUp& each : service.wakeUps_) service.callBack(each.caller);
@@ -254,8 +255,8 @@ int Service::onIdle(sd_event_source* /*source*/, std::uint64_t /*time*/, void* s
   return 0;
 }
 
-// Without the name no further request arrives, and the bus starts the service anew for the next
-// one, after this one's end where systemd does it; what arrived before is still served.
+// Once the name is released, no further request arrives, and the bus starts the service again for
+// the next one (with systemd, after this one has ended). Earlier requests are still served.
 void Service::leaveWhenIdle() {
   sd_notify(0, "STOPPING=1");
   sd_bus_release_name(bus_.get(), platform::kWakeUpService);

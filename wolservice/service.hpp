@@ -19,8 +19,8 @@ namespace kelm::wolservice {
 // Asks a printer once whether it is awake; may take seconds.
 using PrinterAnswers = bool (*)(const std::string& address, const std::string& community);
 
-// Takes requests from the bus, wakes the printers that they name, and calls each caller back: when
-// its printer answers, at once when the arguments are bad, in any case after 60 seconds.
+// Takes requests from the bus, wakes their printers, and calls each caller back: when its printer
+// answers, at once when the arguments are bad, in any case after 60 seconds.
 class Service {
  public:
   explicit Service(PrinterAnswers answers) : answers_(answers) {}
@@ -28,10 +28,10 @@ class Service {
   Service(const Service&) = delete;
   Service& operator=(const Service&) = delete;
 
-  // Serves until nobody has waited for 10 seconds, or until SIGTERM or SIGINT; who still waits is
-  // called back. The caller has blocked both, and SIGCHLD, and has no other thread. The result is
-  // the exit status: 0, or 1 when the bus cannot be reached, refuses the service's name or goes
-  // away, with a message on standard error.
+  // Serves until no one has waited for 10 seconds, or until SIGTERM or SIGINT; all waiting callers
+  // are then called back. Block both signals and SIGCHLD before, and start no thread. Returns the
+  // exit status: 0, or 1 with a message on standard error when the bus cannot be reached, refuses
+  // the service's name or goes away.
   int run();
 
  private:
@@ -42,7 +42,7 @@ class Service {
   };
   using Source = std::unique_ptr<sd_event_source, ReleaseEvent>;
 
-  // One printer that is being woken, and who waits for it.
+  // A printer that is being woken, and its waiting caller.
   struct WakeUp {
     Service* service;
     std::string caller;  // its unique name on the bus

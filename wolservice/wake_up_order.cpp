@@ -1,11 +1,10 @@
-// What the service is asked to do, once its arguments are checked.
+// A checked request to the service.
 // SPDX-License-Identifier: Apache-2.0
 #include "wolservice/wake_up_order.hpp"
 
 #include <arpa/inet.h>
 
 #include <algorithm>
-#include <charconv>
 #include <string_view>
 
 namespace kelm::wolservice {
@@ -20,18 +19,12 @@ bool isLetterOrDigit(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
 }
 
-// Takes what stands before the next `separator` off the front of `rest`.
+// Removes the text before the next `separator`, and the separator, from the front of `rest`.
 std::string_view nextPart(std::string_view& rest, char separator) {
   const std::size_t end = rest.find(separator);
   const std::string_view part = rest.substr(0, end);
   rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
   return part;
-}
-
-bool readByte(std::string_view digits, std::uint8_t& byte) {
-  const char* const end = digits.data() + digits.size();
-  const auto [stop, problem] = std::from_chars(digits.data(), end, byte, 16);
-  return digits.size() <= 2 && problem == std::errc() && stop == end;
 }
 
 bool isIpv4(const std::string& text) {
@@ -80,21 +73,11 @@ std::optional<bool> switchOf(std::string_view text) {
 
 }  // namespace
 
-std::optional<MacAddress> macAddressOf(std::string_view text) {
-  constexpr std::ptrdiff_t kSeparators = std::tuple_size_v<MacAddress> - 1;
-  if (std::count(text.begin(), text.end(), ':') != kSeparators) return std::nullopt;
-  MacAddress address{};
-  for (std::uint8_t& byte : address) {
-    if (!readByte(nextPart(text, ':'), byte)) return std::nullopt;
-  }
-  return address == MacAddress{} ? std::nullopt : std::optional(address);
-}
-
 std::optional<WakeUpOrder> checkedOrder(const WakeUpArguments& arguments, std::string& problem) {
-  const auto macAddress = macAddressOf(arguments.macAddress);
+  const auto macAddress = base::macAddressOf(arguments.macAddress);
   const auto isWakeOnLan = switchOf(arguments.isWakeOnLan);
   const auto isOverRouter = switchOf(arguments.isOverRouter);
-  if (!macAddress) {
+  if (!macAddress || base::isNone(*macAddress)) {
     problem = "the MAC address is not six hexadecimal parts, or is all zero";
   } else if (!isAddress(arguments.address)) {
     problem = "the printer's address is neither an IP address nor a host name";

@@ -1,4 +1,4 @@
-// Names, services, queues and the wake-up service in memory, and a clock that tests move.
+// Host names, services, queues and the wake-up service in memory, and a clock that tests move.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/fake/fake_network.hpp"
 

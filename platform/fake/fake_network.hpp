@@ -1,4 +1,4 @@
-// Names, services, queues and the wake-up service in memory, and a clock that tests move.
+// Host names, services, queues and the wake-up service in memory, and a clock that tests move.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -17,7 +17,7 @@
 
 namespace kelm::platform {
 
-// Time passes only where somebody sleeps, and at once.
+// Time passes only in sleep(), which returns at once.
 class FakeSteadyClock final : public SteadyClock {
  public:
   std::chrono::nanoseconds now() override { return time; }
@@ -36,7 +36,7 @@ class FakeNameLookup final : public NameLookup {
   std::vector<std::string> asked;
 };
 
-// A service that is not there costs its caller the whole limit.
+// Resolving a missing service takes the whole limit.
 class FakeDnsSd final : public DnsSd {
  public:
   using Key = std::tuple<std::string, std::string, std::string>;  // domain, type, name
@@ -46,7 +46,7 @@ class FakeDnsSd final : public DnsSd {
                                        const std::string& name) override;
 
   std::map<Key, std::vector<sockaddr_storage>> services;
-  std::vector<Key> created;  // every attempt, also a refused one
+  std::vector<Key> created;  // every attempt, refused ones too
   std::vector<Key> resolved;
   std::function<bool(const std::string& name)> accepts = [](const std::string&) { return true; };
 
@@ -63,7 +63,8 @@ class FakeDestinations final : public Destinations {
 
   std::span<cups_dest_t> list() override;
 
-  // Adds a queue with one option, or with none for a null value. Options may repeat.
+  // Adds an option to a queue, which is made when it is missing; a null value adds no option.
+  // Options may repeat.
   void add(const char* name, const char* optionName, const char* value);
   // The first queue added becomes the default one.
   void makeFirstDefault();

@@ -1,4 +1,4 @@
-// A whole platform in memory, for tests: what a test sets is what the program sees.
+// A platform in memory, for tests.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/fake/fake_platform.hpp"
 

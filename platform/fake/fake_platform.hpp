@@ -1,4 +1,4 @@
-// A whole platform in memory, for tests: what a test sets is what the program sees.
+// A platform in memory, for tests: the program sees what the test sets.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -27,7 +27,7 @@ class FakeFileRoot final : public FileRoot {
   std::string locate(std::string_view absolutePath) const override {
     return root + std::string(absolutePath);
   }
-  std::string root = "/nonexistent";  // a folder of the test's own, without a slash at its end
+  std::string root = "/nonexistent";  // a directory of the test, without a trailing slash
 };
 
 class FakeSystemLog final : public SystemLog {
@@ -60,7 +60,7 @@ class FakeHomeFolder final : public HomeFolder {
   std::string home = "/home/tester";
 };
 
-// Takes the place of the process's platform while it lives.
+// Replaces the process's platform for its lifetime.
 class FakePlatform {
  public:
   FakePlatform();

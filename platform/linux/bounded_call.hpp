@@ -1,4 +1,4 @@
-// Calls into libraries that may never come back, waited for up to a limit.
+// Calls into libraries that may never return, with a time limit.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -11,11 +11,11 @@
 #include <type_traits>
 #include <utility>
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 
-// What `call` returns, when it does so before `end`; nothing when it does not, or when there is no
-// thread for it. A call that is late is left behind and ends with the process: it must own all that
-// it uses, and throw nothing, for no one would catch it in its thread.
+// The result of `call`; nothing when it does not return before `end`, or when no thread can be
+// started. A late call goes on until the process ends: it must own everything it uses, and must not
+// throw, because nothing would catch the exception in its thread.
 template <class Call>
 std::optional<std::invoke_result_t<Call&>> resultBefore(std::chrono::steady_clock::time_point end,
                                                         Call call) {
@@ -33,4 +33,4 @@ std::optional<std::invoke_result_t<Call&>> resultBefore(std::chrono::steady_cloc
   return result.get();
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

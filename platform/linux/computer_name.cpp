@@ -5,13 +5,13 @@
 #include <array>
 #include <climits>
 
-#include "platform/linux/linux_bodies.hpp"
+#include "platform/linux/linux_platform.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 
 std::string LinuxComputerName::get() {
   std::array<char, HOST_NAME_MAX + 1> name{};
   return gethostname(name.data(), name.size()) == 0 ? name.data() : "";
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

@@ -6,14 +6,14 @@
 
 #include <vector>
 
-#include "platform/linux/linux_bodies.hpp"
+#include "platform/linux/linux_platform.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 namespace {
 
 constexpr std::size_t kMostRecordBytes = std::size_t{1} << 20U;
 
-// The login name of `uid`; empty when the user database does not know it.
+// The login name of `uid`; empty when it is not in the user database.
 std::string loginName(uid_t uid) {
   for (std::size_t size = 1024; size <= kMostRecordBytes; size *= 2) {
     std::vector<char> strings(size);
@@ -33,4 +33,4 @@ std::string LinuxConsoleUser::name() {
   return sd_seat_get_active("seat0", nullptr, &uid) >= 0 ? loginName(uid) : std::string();
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

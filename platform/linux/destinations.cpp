@@ -1,18 +1,18 @@
-// The queues on Linux: libcups asks the print server.
+// The queues on Linux: libcups asks cupsd.
 // SPDX-License-Identifier: Apache-2.0
 #include <chrono>
 
 #include "platform/linux/bounded_call.hpp"
-#include "platform/linux/network_bodies.hpp"
+#include "platform/linux/linux_network.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 namespace {
 
 using List = std::span<cups_dest_t>;
 
-constexpr std::chrono::seconds kLongestWait{10};
+constexpr std::chrono::seconds kAnswerLimit{10};
 
-List askPrintServer() {
+List askCups() {
   cups_dest_t* destinations = nullptr;
   const int count = cupsGetDests(&destinations);
   if (count < 1) return {};
@@ -21,13 +21,12 @@ List askPrintServer() {
 
 }  // namespace
 
-// libcups asks the mDNS daemon too, over the bus and without a limit, and either may hang. The list
-// is kept as long as the process.
+// libcups also asks the mDNS daemon over the bus, without a limit, and either may hang. The list is
+// kept until the process ends.
 List LinuxDestinations::list() {
   static List kept;
-  kept = resultBefore(std::chrono::steady_clock::now() + kLongestWait, askPrintServer)
-             .value_or(List{});
+  kept = resultBefore(std::chrono::steady_clock::now() + kAnswerLimit, askCups).value_or(List{});
   return kept;
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

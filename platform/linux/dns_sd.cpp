@@ -1,4 +1,4 @@
-// Service discovery on Linux: the client library of Avahi, which asks its daemon over the bus.
+// Service discovery on Linux: Avahi's client library asks its daemon over the bus.
 // SPDX-License-Identifier: Apache-2.0
 #include <avahi-client/client.h>
 #include <avahi-client/lookup.h>
@@ -12,14 +12,14 @@
 #include <utility>
 
 #include "platform/linux/bounded_call.hpp"
-#include "platform/linux/network_bodies.hpp"
+#include "platform/linux/linux_network.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr std::chrono::milliseconds kLongestEnd{300};
+constexpr std::chrono::milliseconds kShutdownGrace{300};
 
 struct Release {
   void operator()(AvahiSimplePoll* poll) const { avahi_simple_poll_free(poll); }
@@ -27,7 +27,7 @@ struct Release {
   void operator()(AvahiServiceResolver* resolver) const { avahi_service_resolver_free(resolver); }
 };
 
-// What the daemon's answer becomes; `ended` once there is one.
+// The daemon's answer; `ended` once it is complete.
 struct Answer {
   std::vector<sockaddr_storage> addresses;
   bool ended = false;
@@ -55,12 +55,12 @@ void takeAnswer(AvahiServiceResolver* /*resolver*/, AvahiIfIndex /*interface*/,
   }
 }
 
-// A daemon that goes away will not answer any more.
+// A daemon that has gone will not answer.
 void watchDaemon(AvahiClient* /*client*/, AvahiClientState state, void* data) {
   if (state == AVAHI_CLIENT_FAILURE) static_cast<Answer*>(data)->ended = true;
 }
 
-// The daemon's own "not found" comes after 5 seconds only: the caller's limit is kept here.
+// The daemon's own "not found" comes only after 5 seconds; the caller's limit is enforced here.
 void waitForAnswer(AvahiSimplePoll* poll, const Answer& answer, Clock::time_point end) {
   while (!answer.ended) {
     const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
@@ -74,11 +74,11 @@ class AvahiService final : public DnsSdService {
   AvahiService(std::string domain, std::string type, std::string name)
       : domain_(std::move(domain)), type_(std::move(type)), name_(std::move(name)) {}
 
-  // Avahi's library waits for a daemon that hangs far longer than the limit. One that keeps the
-  // limit is waited for to its end.
+  // Avahi's library waits far longer than the limit for a daemon that hangs. A call that keeps the
+  // limit gets some more time to disconnect.
   std::vector<sockaddr_storage> resolve(std::chrono::milliseconds limit) override {
     const Clock::time_point end = Clock::now() + limit;
-    return resultBefore(end + kLongestEnd, [service = *this, end] { return service.ask(end); })
+    return resultBefore(end + kShutdownGrace, [service = *this, end] { return service.ask(end); })
         .value_or(std::vector<sockaddr_storage>{});
   }
 
@@ -105,7 +105,7 @@ class AvahiService final : public DnsSdService {
 
 }  // namespace
 
-// What the daemon would refuse is refused here, before it costs a connection.
+// Refuses what the daemon would refuse, before it costs a connection.
 std::unique_ptr<DnsSdService> LinuxDnsSd::create(const std::string& domain, const std::string& type,
                                                  const std::string& name) {
   if (avahi_is_valid_service_name(name.c_str()) == 0 ||
@@ -116,4 +116,4 @@ std::unique_ptr<DnsSdService> LinuxDnsSd::create(const std::string& domain, cons
   return std::make_unique<AvahiService>(domain, type, name);
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

@@ -1,10 +1,10 @@
-// The user's home folder on Linux: the environment's, as in a shell.
+// The user's home directory on Linux: HOME, as in a shell.
 // SPDX-License-Identifier: Apache-2.0
 #include <cstdlib>
 
-#include "platform/linux/linux_bodies.hpp"
+#include "platform/linux/linux_platform.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 
 std::string LinuxHomeFolder::path() {
   const char* home = std::getenv("HOME");
@@ -13,4 +13,4 @@ std::string LinuxHomeFolder::path() {
   return path;
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

@@ -1,5 +1,5 @@
-// Names on Linux: the system resolver. gethostbyname keeps the resolver's order, which getaddrinfo
-// sorts anew.
+// Host names on Linux: the system resolver. gethostbyname keeps the resolver's order; getaddrinfo
+// would sort again.
 // SPDX-License-Identifier: Apache-2.0
 #include <netdb.h>
 #include <sys/socket.h>
@@ -8,9 +8,9 @@
 #include <cerrno>
 #include <vector>
 
-#include "platform/linux/network_bodies.hpp"
+#include "platform/linux/linux_network.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 namespace {
 
 constexpr std::size_t kFirstRoom = 1024;
@@ -39,4 +39,4 @@ std::optional<Ipv4Address> LinuxNameLookup::firstIpv4(const std::string& host) {
   return found == nullptr ? std::nullopt : firstOf(*found);
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

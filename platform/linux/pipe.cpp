@@ -1,4 +1,4 @@
-// The pipes between the print system's programs: their capacity, pipe(7).
+// The capacity of the pipes between the filters of a job (pipe(7)).
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/pipe.hpp"
 
@@ -6,7 +6,7 @@
 
 namespace kelm::platform {
 
-// Four times the usual capacity; a user may have 64 MB of pipes in all before Linux refuses.
+// Four times the usual capacity. Linux limits the pipes of one user to 64 MB in all.
 void widenPipe(int descriptor) {
   constexpr int kCapacity = 256 * 1024;
   const int capacity = fcntl(descriptor, F_GETPIPE_SZ);

@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/linux/linux_bodies.hpp"
+#include "platform/linux/linux_platform.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 namespace {
 
 struct Named {
@@ -13,8 +13,8 @@ struct Named {
   std::string_view script;
 };
 
-// Locale names leave the script of Chinese to the region, and that of other languages to the
-// modifier; tags say it.
+// Language tags name the script. In locale names it follows from the region (Chinese) or the
+// modifier (other languages).
 constexpr Named kTraditionalRegions[] = {{"TW", "Hant"}, {"HK", "Hant"}, {"MO", "Hant"}};
 constexpr Named kScriptModifiers[] = {
     {"latin", "Latn"}, {"cyrillic", "Cyrl"}, {"devanagari", "Deva"}};
@@ -28,17 +28,17 @@ std::string_view scriptOf(const Named (&rows)[Count], std::string_view name,
   return otherwise;
 }
 
-// Cuts `text` at the first `mark`; returns what was behind it, empty without a mark.
+// Cuts `text` at the first `mark`; returns what followed it, empty without a mark.
 std::string_view cutAt(std::string_view& text, char mark) {
   const std::size_t at = text.find(mark);
   if (at == std::string_view::npos) return {};
-  const std::string_view behind = text.substr(at + 1);
+  const std::string_view rest = text.substr(at + 1);
   text = text.substr(0, at);
-  return behind;
+  return rest;
 }
 
-// `name` is a locale name: language[_REGION][.codeset][@modifier]. Without a language it is
-// English.
+// `name` is a locale name: language[_REGION][.codeset][@modifier]. English when it has
+// no language.
 std::string languageTag(std::string_view name) {
   const std::string_view modifier = cutAt(name, '@');
   cutAt(name, '.');
@@ -82,4 +82,4 @@ std::vector<std::string> LinuxPreferredLanguages::tags() {
   return tags;
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

@@ -24,7 +24,7 @@ struct FreeText {
   void operator()(char* text) const { std::free(text); }
 };
 
-// Property files of settings are some kilobytes long; what is longer is not one of them.
+// Property files of settings have some kilobytes; anything larger is something else.
 constexpr std::size_t kMaxFileBytes = std::size_t{1} << 24;
 
 List listAt(std::string_view absolutePath) {
@@ -36,7 +36,7 @@ List listAt(std::string_view absolutePath) {
   return List(list);
 }
 
-// The value under `key`, owned by `list`; null when there is none.
+// The value of `key`, owned by `list`; null when there is none.
 plist_t valueOf(const List& list, const char* key) {
   if (list == nullptr || plist_get_node_type(list.get()) != PLIST_DICT) return nullptr;
   return plist_dict_get_item(list.get(), key);

@@ -3,9 +3,9 @@
 #include <cerrno>
 #include <ctime>
 
-#include "platform/linux/network_bodies.hpp"
+#include "platform/linux/linux_network.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 
 std::chrono::nanoseconds LinuxSteadyClock::now() {
   std::timespec time{};
@@ -23,4 +23,4 @@ void LinuxSteadyClock::sleep(std::chrono::nanoseconds time) {
   }
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

@@ -1,4 +1,4 @@
-// The way to the wake-up service on Linux: the system's D-Bus through sd-bus.
+// The connection to the wake-up service on Linux: the system's D-Bus through sd-bus.
 // SPDX-License-Identifier: Apache-2.0
 #include <poll.h>
 #include <sys/eventfd.h>
@@ -16,10 +16,10 @@
 #include <thread>
 #include <utility>
 
-#include "platform/linux/network_bodies.hpp"
+#include "platform/linux/linux_network.hpp"
 #include "platform/wake_up_names.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 namespace {
 
 constexpr char kBusName[] = "org.freedesktop.DBus";
@@ -35,20 +35,20 @@ struct Release {
 using Bus = std::unique_ptr<sd_bus, Release>;
 using Message = std::unique_ptr<sd_bus_message, Release>;
 
-// Each has a bus of its own and a thread of its own, which is the only one that touches the bus.
+// Each connection has its own bus and its own thread, the only one that touches the bus.
 class SdBusConnection final : public WakeUpConnection {
  public:
   SdBusConnection(const WakeUpRequest& request, std::function<void()> finished)
       : finished_(std::move(finished)), stop_(eventfd(0, EFD_CLOEXEC)) {
     if (stop_ < 0) {
-      giveUp("no descriptor is left for the bus");
+      giveUp("no file descriptor left for the system bus");
       return;
     }
     std::future<void> sent = sent_.get_future();
     if (startThread(request)) {
       sent.wait();
     } else {
-      giveUp("no thread is left for the bus");
+      giveUp("cannot start a thread for the system bus");
     }
   }
 
@@ -70,8 +70,7 @@ class SdBusConnection final : public WakeUpConnection {
   }
 
  private:
-  // Signals are the business of the thread that was there before. False when the system has no
-  // thread left.
+  // The new thread handles no signals. False when no thread can be started.
   bool startThread(const WakeUpRequest& request) {
     sigset_t all;
     sigset_t before;
@@ -99,11 +98,11 @@ class SdBusConnection final : public WakeUpConnection {
     if (status >= 0) status = sd_bus_add_filter(bus, nullptr, noticeError, this);
     if (status >= 0) status = sd_bus_add_object(bus, nullptr, kCallBackObject, callBack, this);
     if (status >= 0) return opened;
-    giveUp("the system bus cannot be reached", status);
+    giveUp("cannot reach the system bus", status);
     return nullptr;
   }
 
-  // sd-bus would wait for minutes where something accepts connections and says nothing.
+  // sd-bus would wait for minutes for a peer that accepts the connection and then says nothing.
   int waitUntilReady(sd_bus* bus) const {
     const auto end = Clock::now() + kBusAnswerLimit;
     int status = 0;
@@ -116,8 +115,8 @@ class SdBusConnection final : public WakeUpConnection {
     return status;
   }
 
-  // The bus answers in order: what it has to say at once about the request comes before the answer
-  // to a question that follows.
+  // The bus answers in order: an immediate error about the request arrives before the answer to a
+  // later call.
   void sendOn(sd_bus* bus, const WakeUpRequest& request) {
     sd_bus_message* message = nullptr;
     int status = waitUntilReady(bus);
@@ -134,7 +133,7 @@ class SdBusConnection final : public WakeUpConnection {
     if (status >= 0) status = sd_bus_message_set_expect_reply(message, 0);
     if (status >= 0) status = sd_bus_send(bus, message, &cookie_);
     if (status >= 0) status = askBus(bus);
-    if (status < 0) giveUp("the request cannot be sent", status);
+    if (status < 0) giveUp("cannot send the request", status);
     handleMessages(bus);
   }
 
@@ -153,10 +152,10 @@ class SdBusConnection final : public WakeUpConnection {
     do {
       status = sd_bus_process(bus, nullptr);
     } while (status > 0);
-    if (status < 0) giveUp("the system bus is gone", status);
+    if (status < 0) giveUp("lost the system bus", status);
   }
 
-  // Waits for the bus to have something to do, or for `limit`. False when the connection is to end.
+  // Waits until the bus has work or `limit` has passed. False when the connection is to end.
   bool waitForBus(sd_bus* bus, std::chrono::milliseconds limit) const {
     pollfd sources[] = {{stop_, POLLIN, 0}, {sd_bus_get_fd(bus), POLLIN, 0}};
     sources[1].events = static_cast<short>(sd_bus_get_events(bus));
@@ -171,8 +170,8 @@ class SdBusConnection final : public WakeUpConnection {
     return sd_bus_reply_method_return(message, "");
   }
 
-  // A request without an answer has no handler for one; the bus reports that it could not be
-  // delivered all the same.
+  // No handler is attached to a request without a reply, but the bus still reports when it could
+  // not be delivered.
   static int noticeError(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
     auto& connection = *static_cast<SdBusConnection*>(self);
     std::uint64_t cookie = 0;
@@ -187,7 +186,7 @@ class SdBusConnection final : public WakeUpConnection {
 
   void giveUp(const std::string& what, int status) { giveUp(what + ": " + std::strerror(-status)); }
 
-  // The first reason counts; others only follow from it.
+  // Keeps the first reason; later ones only follow from it.
   void giveUp(const std::string& reason) {
     const std::lock_guard lock(mutex_);
     if (open_) failure_ = reason;
@@ -211,4 +210,4 @@ std::unique_ptr<WakeUpConnection> LinuxWakeUpBus::send(const WakeUpRequest& requ
   return std::make_unique<SdBusConnection>(request, std::move(finished));
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

@@ -1,8 +1,8 @@
 // The time of day on Linux.
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/linux/linux_bodies.hpp"
+#include "platform/linux/linux_platform.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 
 std::tm LinuxWallClock::localTime() {
   const std::time_t now = std::time(nullptr);
@@ -11,4 +11,4 @@ std::tm LinuxWallClock::localTime() {
   return local;
 }
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

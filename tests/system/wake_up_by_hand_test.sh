@@ -99,7 +99,7 @@ request string:'' string:$MAC string:public string:YES string:NO
 wait_until 5 refused || fail "an empty address was not refused"
 
 # A request with other arguments than five strings is refused too.
-not_five() { [ "$(grep -c 'it does not have five strings' "$W/service_log")" = "$1" ]; }
+not_five() { [ "$(grep -c 'its arguments are not five strings' "$W/service_log")" = "$1" ]; }
 request string:10.77.0.2 string:$MAC
 wait_until 5 not_five 1 || fail "two strings were not refused"
 request string:10.77.0.2 string:$MAC string:public string:NO string:NO string:more
@@ -108,7 +108,7 @@ wait_until 5 not_five 2 || fail "six strings were not refused"
 wait_until 65 gone "$silent" || fail "no call-back after a minute"
 grep -q '^10.77.0.2: the wake-up service is done after \(59\|60\|61\) s$' "$W/silent_out" ||
   fail "kelmctl wake said: $(cat "$W/silent_out")"
-grep -q '10.77.0.2 keeps silent after 60 s' "$W/service_log" || fail "not the service's own limit"
+grep -q '10.77.0.2 does not answer after 60 s' "$W/service_log" || fail "not the service's own limit"
 
 # A service without work ends; the next one wakes as many printers as it may, and not one more.
 wait_until 15 service_is_gone || fail "the service stays without work"
@@ -139,6 +139,6 @@ last=$!
 wait_until 5 woken 1 || fail "the service was not asked again"
 stop bus
 wait_until 5 service_is_gone || fail "the service outlives the bus"
-grep -q 'the system bus has gone' "$W/service_log" || fail "no word about the bus"
+grep -q 'lost the system bus' "$W/service_log" || fail "no word about the bus"
 wait_until 5 gone "$last" || fail "kelmctl wake waits without a bus"
 grep -q 'was not woken' "$W/last_out" || fail "$(cat "$W/last_out")"

@@ -6,7 +6,7 @@
 
 #include <memory>
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -46,4 +46,4 @@ TEST(ResultBefore, LeavesALateCallAllThatItUses) {
 }
 
 }  // namespace
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

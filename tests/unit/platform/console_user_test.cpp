@@ -7,11 +7,11 @@
 #include <filesystem>
 #include <string>
 
-#include "platform/linux/linux_bodies.hpp"
+#include "platform/linux/linux_platform.hpp"
 #include "tests/support/child.hpp"
 #include "tests/support/temporary_folder.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 namespace {
 
 // A record of more than the first room that is tried for one.
@@ -74,4 +74,4 @@ TEST(ConsoleUser, DoesNotSitAtAnotherSeat) {
 }
 
 }  // namespace
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

@@ -4,7 +4,7 @@
 
 #include <gmock/gmock.h>
 
-#include "platform/system_bodies.hpp"
+#include "platform/system_platform.hpp"
 
 namespace kelm::platform {
 namespace {
@@ -14,7 +14,7 @@ TEST(FakePlatform, IsInPlaceWhileItLives) {
     FakePlatform fake;
     EXPECT_EQ(platform().wallClock, &fake.wallClock);
   }
-  EXPECT_EQ(&platform(), &systemBodies());
+  EXPECT_EQ(&platform(), &systemPlatform());
 }
 
 TEST(FakePlatform, RemembersTheLanguage) {

@@ -4,15 +4,15 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/system_bodies.hpp"
+#include "platform/system_platform.hpp"
 
 namespace kelm::platform {
 namespace {
 
-TEST(Platform, IsTheOperatingSystemAtFirst) { EXPECT_EQ(&platform(), &systemBodies()); }
+TEST(Platform, IsTheOperatingSystemAtFirst) { EXPECT_EQ(&platform(), &systemPlatform()); }
 
 TEST(Platform, OfTheOperatingSystemIsWhole) {
-  const Platform& system = systemBodies();
+  const Platform& system = systemPlatform();
   EXPECT_NE(system.jobLanguage, nullptr);
   EXPECT_NE(system.wallClock, nullptr);
   EXPECT_NE(system.fileRoot, nullptr);
@@ -22,17 +22,17 @@ TEST(Platform, OfTheOperatingSystemIsWhole) {
 }
 
 TEST(ScopedPlatform, TakesThePlaceOfTheSetWhileItLives) {
-  const Platform replacement = systemBodies();
+  const Platform replacement = systemPlatform();
   {
     const ScopedPlatform scope(replacement);
     EXPECT_EQ(&platform(), &replacement);
   }
-  EXPECT_EQ(&platform(), &systemBodies());
+  EXPECT_EQ(&platform(), &systemPlatform());
 }
 
 TEST(ScopedPlatform, GivesBackTheOneBefore) {
-  const Platform outer = systemBodies();
-  const Platform inner = systemBodies();
+  const Platform outer = systemPlatform();
+  const Platform inner = systemPlatform();
   const ScopedPlatform outerScope(outer);
   { const ScopedPlatform innerScope(inner); }
   EXPECT_EQ(&platform(), &outer);

@@ -9,7 +9,7 @@
 
 #include "platform/fake/fake_platform.hpp"
 #include "platform/property_files.hpp"
-#include "platform/system_bodies.hpp"
+#include "platform/system_platform.hpp"
 #include "tests/unit/ppdtext/test_file.hpp"
 
 namespace kelm::platform {
@@ -33,7 +33,7 @@ class LocaleEnvironment : public testing::Test {
       value ? setenv(name.c_str(), value->c_str(), 1) : unsetenv(name.c_str());
     }
   }
-  static std::vector<std::string> tags() { return systemBodies().preferredLanguages->tags(); }
+  static std::vector<std::string> tags() { return systemPlatform().preferredLanguages->tags(); }
   static std::vector<std::string> tagsOf(const char* locale) {
     setenv("LANG", locale, 1);
     return tags();
@@ -92,9 +92,9 @@ TEST_F(LocaleEnvironment, PrefersThePriorityListOutsideTheStandardLocale) {
 }
 
 TEST_F(LocaleEnvironment, HasTheHomeFolderWithoutASlashAtItsEnd) {
-  EXPECT_EQ(systemBodies().homeFolder->path(), "");
+  EXPECT_EQ(systemPlatform().homeFolder->path(), "");
   setenv("HOME", "/home/someone/", 1);
-  EXPECT_EQ(systemBodies().homeFolder->path(), "/home/someone");
+  EXPECT_EQ(systemPlatform().homeFolder->path(), "/home/someone");
 }
 
 class PropertyFile : public testing::Test {

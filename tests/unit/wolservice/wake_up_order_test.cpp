@@ -33,7 +33,7 @@ TEST(WakeUpOrder, IsWhatTheArgumentsSay) {
   const auto order = checkedOrder(good(), problem);
   ASSERT_TRUE(order);
   EXPECT_EQ(order->address, "10.0.0.5");
-  EXPECT_EQ(order->macAddress, (MacAddress{0x00, 0x80, 0x92, 0xAB, 0x0C, 0x05}));
+  EXPECT_EQ(order->macAddress, (base::MacAddress{0x00, 0x80, 0x92, 0xAB, 0x0C, 0x05}));
   EXPECT_EQ(order->snmpCommunity, "public");
   EXPECT_TRUE(order->isWakeOnLan);
   EXPECT_FALSE(order->isOverRouter);

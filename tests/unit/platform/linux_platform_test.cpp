@@ -1,6 +1,6 @@
 // The platform on Linux, each body against the system's own service.
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/linux/linux_bodies.hpp"
+#include "platform/linux/linux_platform.hpp"
 
 #include <gmock/gmock.h>
 #include <sys/mount.h>
@@ -16,7 +16,7 @@
 #include "tests/support/child.hpp"
 #include "tests/support/temporary_folder.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 namespace {
 
 using tests::inChild;
@@ -161,4 +161,4 @@ TEST(LinuxSystemLog, LosesTheMessageWhereThereIsNone) {
 }
 
 }  // namespace
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

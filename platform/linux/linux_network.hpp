@@ -1,10 +1,10 @@
-// The bodies on Linux of what leads to a sleeping printer: names, services, queues, the bus, time.
+// The platform interfaces of the wake-up on Linux: names, services, queues, the bus, time.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "platform/platform.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 
 class LinuxSteadyClock final : public SteadyClock {
  public:
@@ -34,4 +34,4 @@ class LinuxWakeUpBus final : public WakeUpBus {
                                          std::function<void()> finished) override;
 };
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform

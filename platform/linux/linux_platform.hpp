@@ -1,13 +1,13 @@
-// The bodies of the platform interfaces on Linux.
+// The platform interfaces on Linux.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include "platform/platform.hpp"
 
-namespace kelm::platform::linux_bodies {
+namespace kelm::platform::linux_platform {
 
-// libcups localises with the locale that setlocale took, else with LC_MESSAGES, LC_ALL and LANG of
-// the environment, in this order: the job's language becomes LC_MESSAGES, and LC_ALL goes.
+// libcups localises in the locale that setlocale has set, else in LC_MESSAGES, LC_ALL or LANG of
+// the environment, in this order: the job's language becomes LC_MESSAGES, and LC_ALL is removed.
 class LinuxJobLanguage final : public JobLanguage {
  public:
   void prefer(const char* language) override;
@@ -23,7 +23,7 @@ class LinuxFileRoot final : public FileRoot {
   std::string locate(std::string_view absolutePath) const override;
 };
 
-// The language priority list of gettext ("LANGUAGE") before the locale for messages.
+// gettext's language priority list ("LANGUAGE"), then the locale for messages.
 class LinuxPreferredLanguages final : public PreferredLanguages {
  public:
   std::vector<std::string> tags() override;
@@ -49,4 +49,4 @@ class LinuxConsoleUser final : public ConsoleUser {
   std::string name() override;
 };
 
-}  // namespace kelm::platform::linux_bodies
+}  // namespace kelm::platform::linux_platform
