@@ -9,14 +9,14 @@
 namespace kelm::pjl {
 
 // clang-format off
-inline constexpr TwoRoads Output_QVBINDING{
+inline constexpr DialogOrPlain Output_QVBINDING{
     TableVariable{"QVBindingValue", "QVBINDING", kBinding},
     TableVariable{"QVBinding", "QVBINDING", kBinding}};
 inline constexpr TableVariable Output_QVGUTTER{"QVGutter", "QVGUTTER", kGutter};
-inline constexpr TwoRoads Output_QVGUTTERDISTANCE{
+inline constexpr DialogOrPlain Output_QVGUTTERDISTANCE{
     CopyVariable{"QVGutterDistanceValue100", "QVGUTTERDISTANCE", "0"},
     CopyVariable{"QVGutterDistance", "QVGUTTERDISTANCE", "0"}};
-inline constexpr TwoRoads Output_QVGUTTERAUTOREDUCING{
+inline constexpr DialogOrPlain Output_QVGUTTERAUTOREDUCING{
     TableVariable{"QVGutterAutoReducingValue", "QVGUTTERAUTOREDUCING", kDialogSwitch},
     TableVariable{"QVGutterAutoReducing", "QVGUTTERAUTOREDUCING", kTrueFalse}};
 inline constexpr TableVariable Output_QVSTAPLEMODE{"QVStapleMode", "QVSTAPLEMODE", kStapleMode};
@@ -26,36 +26,36 @@ inline constexpr TableVariable Output_QVFOLDINNEROUTER{"QVFoldInnerOuter", "QVFO
 inline constexpr TableVariable Output_QVFOLDBINDING{"QVFoldBinding", "QVFOLDBINDING", kFoldBinding};
 inline constexpr TableVariable Output_QVBOOKLETBINDING{"QVBookletBinding", "QVBOOKLETBINDING", kBookletBinding};
 inline constexpr TableVariable Output_QVBOOKLETSPLITTING{"QVBookletSplitting", "QVBOOKLETSPLITTING", kBookletSplitting};
-inline constexpr TwoRoads Output_QVBOOKLETGUTTER{
+inline constexpr DialogOrPlain Output_QVBOOKLETGUTTER{
     TableVariable{"QVBookletGutterValue", "QVBOOKLETGUTTER", kDialogSwitch},
     TableVariable{"QVBookletGutter", "QVBOOKLETGUTTER", kTrueFalse}};
-inline constexpr TwoRoads Output_QVBOOKLETGUTTERDISTANCE{
+inline constexpr DialogOrPlain Output_QVBOOKLETGUTTERDISTANCE{
     CopyVariable{"QVBookletGutterDistanceValue100", "QVBOOKLETGUTTERDISTANCE", "0"},
     CopyVariable{"QVBookletGutterDistance", "QVBOOKLETGUTTERDISTANCE", "0"}};
 inline constexpr TableVariable Output_QVBOOKLETGUTTERAUTOREDUCING{"QVBookletGutterAutoReducing", "QVBOOKLETGUTTERAUTOREDUCING", kSwitch};
 inline constexpr TableVariable Output_QVBOOKLETCOVER{"QVBookletCover", "QVBOOKLETCOVER", kBookletCover};
 inline constexpr TableVariable Output_QVWAITINGEXCEPTCOVER{"QVWaitingExceptCover", "QVWAITINGEXCEPTCOVER", kSwitch};
-inline constexpr TwoRoads Output_QVBOOKLETCOVERSHEETTRAY{
+inline constexpr DialogOrPlain Output_QVBOOKLETCOVERSHEETTRAY{
     TableVariable{"QVBookletCoverSheetTray", "QVBOOKLETCOVERSHEETTRAY", kCoverSheetTrayOfDialog},
     TableVariable{"QVBookletCoverSheetTray", "QVBOOKLETCOVERSHEETTRAY", kCoverSheetTray}};
 inline constexpr TableVariable Output_QVJOG{"QVJog", "QVJOG", kJog};
 inline constexpr TableVariable Output_QVJOBSEPSHEET{"QVJobSepSheet", "QVJOBSEPSHEET", kJobSepSheet};
-inline constexpr TwoRoads Output_QVJOBSEPSHEETTRAY{
+inline constexpr DialogOrPlain Output_QVJOBSEPSHEETTRAY{
     TableVariable{"QVJobSepSheetTray", "QVJOBSEPSHEETTRAY", kSheetTrayOfDialog},
     TableVariable{"QVJobSepSheetTray", "QVJOBSEPSHEETTRAY", kSheetTray}};
 inline constexpr TableVariable Output_QVJOBSEPSHEETTEXT{"QVJobSepSheetText", "QVJOBSEPSHEETTEXT", kJobSepSheetText};
 inline constexpr TableVariable Output_QVCOVERSHEET{"QVCoverSheet", "QVCOVERSHEET", kSwitch};
 inline constexpr TableVariable Output_QVFRONTCOVERSHEET{"QVFrontCoverSheet", "QVFRONTCOVERSHEET", kSwitch};
-inline constexpr TwoRoads Output_QVFRONTCOVERSHEETTRAY{
+inline constexpr DialogOrPlain Output_QVFRONTCOVERSHEETTRAY{
     TableVariable{"QVFrontCoverSheetTray", "QVFRONTCOVERSHEETTRAY", kSheetTrayOfDialog},
     TableVariable{"QVFrontCoverSheetTray", "QVFRONTCOVERSHEETTRAY", kSheetTray}};
 inline constexpr TableVariable Output_QVBACKCOVERSHEET{"QVBackCoverSheet", "QVBACKCOVERSHEET", kSwitch};
-inline constexpr TwoRoads Output_QVBACKCOVERSHEETTRAY{
+inline constexpr DialogOrPlain Output_QVBACKCOVERSHEETTRAY{
     TableVariable{"QVBackCoverSheetTray", "QVBACKCOVERSHEETTRAY", kSheetTrayOfDialog},
     TableVariable{"QVBackCoverSheetTray", "QVBACKCOVERSHEETTRAY", kSheetTray}};
 inline constexpr TableVariable Output_QVOUTPUTTRAY{"QVOutputTray", "QVOUTPUTTRAY", kOutputTray};
 inline constexpr OwnVariable Output_QVOUTPUTFACE{
-    "QVOUTPUTFACE", writeOutputFace, "QVOutputTray, QVOutputFace", "QVOutputTray, QVOutputFace",
+    "QVOUTPUTFACE", writeOutputFaceLine, "QVOutputTray, QVOutputFace", "QVOutputTray, QVOutputFace",
     "FaceUp: FACEUP, FaceDown: FACEDOWN; FACEDOWN unless the tray is there and neither Auto nor FaceDown", "FACEUP where the tray is so, else FACEDOWN"};
 inline constexpr TableVariable Output_QVCONTINUOUSOUTPUT{"QVContinuousOutput", "QVCONTINUOUSOUTPUT", kSwitch};
 inline constexpr TableVariable Output_QVREVERSEORDER{"QVReverseOrder", "QVREVERSEORDER", kSwitch};
@@ -64,36 +64,36 @@ inline constexpr TableVariable Output_QVFORMPATTERN{"QVFormPattern", "QVFORMPATT
 inline constexpr TableVariable Output_QVFORMSURFACE{"QVFormSurface", "QVFORMSURFACE", kFormSurface};
 inline constexpr TableVariable Output_QVFORMSEPARATE{"QVFormSeparate", "QVFORMSEPARATE", kSwitch};
 inline constexpr OwnVariable Output_QVFORMSELECT1{
-    "QVFORMSELECT1", writeFormSelect1, "QVFormSelect1StringValueUTF8", "QVFormSelect1",
+    "QVFORMSELECT1", writeFormSelect1Line, "QVFormSelect1StringValueUTF8", "QVFormSelect1",
     "as it is (dialog); the form's tag, or the typed name, in hex (plain)", "empty"};
 inline constexpr OwnVariable Output_QVFORMSELECT2{
-    "QVFORMSELECT2", writeFormSelect2, "QVFormSelect2StringValueUTF8", "QVFormSelect2",
+    "QVFORMSELECT2", writeFormSelect2Line, "QVFormSelect2StringValueUTF8", "QVFormSelect2",
     "as it is (dialog); the form's tag, or the typed name, in hex (plain)", "empty"};
 inline constexpr TableVariable Output_QVPRIORITY_LAYER{"QVPriorityLayer", "QVPRIORITYLAYER", kPriorityLayer};
 
 // The job's identity.
 inline constexpr OwnVariable Output_QVOWNERNAME{
-    "QVOWNERNAME", writeOwnerSwitch, "QVOwnerName", "QVOwnerNameInfo",
+    "QVOWNERNAME", writeOwnerSwitchLine, "QVOwnerName", "QVOwnerNameInfo",
     "OFF: OFF, ON: ON (dialog); ON for a typed name that may be sent, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_USERNAME{
-    "USERNAME", writeUserName, "QVOwnerNameTextValueUTF8", "QVOwnerNameInfo",
+    "USERNAME", writeUserNameLine, "QVOwnerNameTextValueUTF8", "QVOwnerNameInfo",
     "as it is (dialog); the typed name in hex (plain)", "the console user's name in hex"};
 inline constexpr OwnVariable Output_QVJOBNAME{
-    "QVJOBNAME", writeJobNameSwitch, "QVJobName", "QVJobNameInfo",
+    "QVJOBNAME", writeJobNameSwitchLine, "QVJobName", "QVJobNameInfo",
     "OFF: OFF, ON: ON (dialog); ON for a typed name that may be sent, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_JOBNAME{
-    "JOBNAME", writeJobName, "QVJobName, QVJobNameTextValueUTF8", "QVJobNameInfo",
+    "JOBNAME", writeJobNameLine, "QVJobName, QVJobNameTextValueUTF8", "QVJobNameInfo",
     "for QVJobName ON the text as it is, the title in hex when it is empty (dialog); the typed name in hex (plain)",
     "the job's title in hex; empty for QVJobName ON without a text (dialog)"};
 inline constexpr OwnVariable Output_QVSECRETNUM{
-    "QVSECRETNUM", writeSecretNumSwitch, "QVSecretNum", "QVSecretNumInfo",
+    "QVSECRETNUM", writeSecretNumSwitchLine, "QVSecretNum", "QVSecretNumInfo",
     "OFF: OFF, ON: ON (dialog); ON for a typed PIN that may be sent, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_PASSWORD{
-    "PASSWORD", writePassword, "QVSecretNumTextValue", "QVSecretNumInfo",
+    "PASSWORD", writePasswordLine, "QVSecretNumTextValue", "QVSecretNumInfo",
     "as it is (dialog); the typed PIN in clear (plain)", "empty"};
 inline constexpr TableVariable Output_QVHIDEJOB{"QVHideJob", "QVHIDEJOB", kSwitch};  // dialog only
 inline constexpr OwnVariable Output_QVJOBCOMMENT{
-    "QVJOBCOMMENT", writeJobComment, "QVJobCommentTextValueUTF8", "QVJobComment",
+    "QVJOBCOMMENT", writeJobCommentLine, "QVJobCommentTextValueUTF8", "QVJobComment",
     "as it is (dialog); the typed text in hex (plain)", "empty"};
 
 inline constexpr TableVariable Output_QVPRINTSPEED{"QVPrintSpeed", "QVPRINTSPEED", kPrintSpeed};

@@ -7,7 +7,7 @@
 #include "base/hex_text.hpp"
 #include "job/console_user.hpp"
 #include "job/forms.hpp"
-#include "pjl/typed_text.hpp"
+#include "pjl/custom_text_lines.hpp"
 #include "pjl/value_tables.hpp"
 #include "pjl/writers.hpp"
 
@@ -17,43 +17,43 @@ namespace {
 constexpr std::size_t kConsoleUserBufferSize = 512;
 constexpr auto kForms = valueTable(job::kFormTags, "");
 
-void writeForm(std::FILE* stream, PrintJobData& job, const char* dialogKey, const char* pjlName,
-               const job::TextField& field) {
+void writeFormLine(std::FILE* stream, PrintJobData& job, const char* dialogKey, const char* pjlName,
+                   const job::TextField& field) {
   if (job.isPrintPDE) return Output_CopyValue(stream, job, dialogKey, pjlName, "");
   const char* choice = field.namedChoice(job);
-  if (choice == nullptr) return writeTypedText(stream, job, pjlName, field);
+  if (choice == nullptr) return writeCustomTextLine(stream, job, pjlName, field);
   Output_ValueWithArray(stream, job, pjlName, choice, kForms.rows, true);
 }
 
 // The switch of a typed text: as the dialog sets it, else whether there is a text.
-void writeTextSwitch(std::FILE* stream, PrintJobData& job, const char* dialogKey,
-                     const char* pjlName, const job::TextField& field) {
-  if (!job.isPrintPDE) return writeTypedSwitch(stream, job, pjlName, field);
+void writeTextSwitchLine(std::FILE* stream, PrintJobData& job, const char* dialogKey,
+                         const char* pjlName, const job::TextField& field) {
+  if (!job.isPrintPDE) return writeCustomTextSwitchLine(stream, job, pjlName, field);
   Output_KeyValue(stream, job, dialogKey, pjlName, kSwitch.rows, kSwitch.defaultIndex);
 }
 
 }  // namespace
 
-void writeOutputFace(std::FILE* stream, PrintJobData& job) {
+void writeOutputFaceLine(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "QVOUTPUTFACE";
   if (!outputTrayDecidesFace(&job)) return Output_Value(stream, job, kVariable, "FACEDOWN");
   Output_KeyValue(stream, job, "QVOutputFace", kVariable, kOutputFace.rows,
                   kOutputFace.defaultIndex);
 }
 
-void writeFormSelect1(std::FILE* stream, PrintJobData& job) {
-  writeForm(stream, job, "QVFormSelect1StringValueUTF8", "QVFORMSELECT1", job::kFormSelect1);
+void writeFormSelect1Line(std::FILE* stream, PrintJobData& job) {
+  writeFormLine(stream, job, "QVFormSelect1StringValueUTF8", "QVFORMSELECT1", job::kFormSelect1);
 }
 
-void writeFormSelect2(std::FILE* stream, PrintJobData& job) {
-  writeForm(stream, job, "QVFormSelect2StringValueUTF8", "QVFORMSELECT2", job::kFormSelect2);
+void writeFormSelect2Line(std::FILE* stream, PrintJobData& job) {
+  writeFormLine(stream, job, "QVFormSelect2StringValueUTF8", "QVFORMSELECT2", job::kFormSelect2);
 }
 
-void writeOwnerSwitch(std::FILE* stream, PrintJobData& job) {
-  writeTextSwitch(stream, job, "QVOwnerName", "QVOWNERNAME", job::kOwnerName);
+void writeOwnerSwitchLine(std::FILE* stream, PrintJobData& job) {
+  writeTextSwitchLine(stream, job, "QVOwnerName", "QVOWNERNAME", job::kOwnerName);
 }
 
-void writeUserName(std::FILE* stream, PrintJobData& job) {
+void writeUserNameLine(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "USERNAME";
   const std::string user = job::consoleUserHex(kConsoleUserBufferSize);
   if (job.isPrintPDE) {
@@ -64,11 +64,11 @@ void writeUserName(std::FILE* stream, PrintJobData& job) {
   Output_Value(stream, job, kVariable, name.c_str());
 }
 
-void writeJobNameSwitch(std::FILE* stream, PrintJobData& job) {
-  writeTextSwitch(stream, job, "QVJobName", "QVJOBNAME", job::kJobName);
+void writeJobNameSwitchLine(std::FILE* stream, PrintJobData& job) {
+  writeTextSwitchLine(stream, job, "QVJobName", "QVJOBNAME", job::kJobName);
 }
 
-void writeJobName(std::FILE* stream, PrintJobData& job) {
+void writeJobNameLine(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "JOBNAME";
   if (job.isPrintPDE) return Output_Value(stream, job, kVariable, job.jobNameHex.c_str());
   const job::TextField& field = job::kJobName;
@@ -77,11 +77,11 @@ void writeJobName(std::FILE* stream, PrintJobData& job) {
   Output_Value(stream, job, kVariable, name.c_str());
 }
 
-void writeSecretNumSwitch(std::FILE* stream, PrintJobData& job) {
-  writeTextSwitch(stream, job, "QVSecretNum", "QVSECRETNUM", job::kSecretNum);
+void writeSecretNumSwitchLine(std::FILE* stream, PrintJobData& job) {
+  writeTextSwitchLine(stream, job, "QVSecretNum", "QVSECRETNUM", job::kSecretNum);
 }
 
-void writePassword(std::FILE* stream, PrintJobData& job) {
+void writePasswordLine(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "PASSWORD";
   if (job.isPrintPDE) {
     return Output_CopyValue(stream, job, "QVSecretNumTextValue", kVariable, "");
@@ -91,12 +91,12 @@ void writePassword(std::FILE* stream, PrintJobData& job) {
   Output_Value(stream, job, kVariable, number.c_str());
 }
 
-void writeJobComment(std::FILE* stream, PrintJobData& job) {
+void writeJobCommentLine(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "QVJOBCOMMENT";
   if (job.isPrintPDE) {
     return Output_CopyValue(stream, job, "QVJobCommentTextValueUTF8", kVariable, "");
   }
-  writeTypedText(stream, job, kVariable, job::kJobComment);
+  writeCustomTextLine(stream, job, kVariable, job::kJobComment);
 }
 
 }  // namespace kelm::pjl

@@ -11,17 +11,17 @@ namespace kelm::pjl {
 using job::PrintJobData;
 
 // Face down, unless the job has an output tray that leaves the choice.
-void writeOutputFace(std::FILE* stream, PrintJobData& job);
-void writeFormSelect1(std::FILE* stream, PrintJobData& job);
-void writeFormSelect2(std::FILE* stream, PrintJobData& job);
+void writeOutputFaceLine(std::FILE* stream, PrintJobData& job);
+void writeFormSelect1Line(std::FILE* stream, PrintJobData& job);
+void writeFormSelect2Line(std::FILE* stream, PrintJobData& job);
 
 // Free texts go in hex; the PIN goes as typed.
-void writeOwnerSwitch(std::FILE* stream, PrintJobData& job);
-void writeUserName(std::FILE* stream, PrintJobData& job);
-void writeJobNameSwitch(std::FILE* stream, PrintJobData& job);
-void writeJobName(std::FILE* stream, PrintJobData& job);
-void writeSecretNumSwitch(std::FILE* stream, PrintJobData& job);
-void writePassword(std::FILE* stream, PrintJobData& job);
-void writeJobComment(std::FILE* stream, PrintJobData& job);
+void writeOwnerSwitchLine(std::FILE* stream, PrintJobData& job);
+void writeUserNameLine(std::FILE* stream, PrintJobData& job);
+void writeJobNameSwitchLine(std::FILE* stream, PrintJobData& job);
+void writeJobNameLine(std::FILE* stream, PrintJobData& job);
+void writeSecretNumSwitchLine(std::FILE* stream, PrintJobData& job);
+void writePasswordLine(std::FILE* stream, PrintJobData& job);
+void writeJobCommentLine(std::FILE* stream, PrintJobData& job);
 
 }  // namespace kelm::pjl

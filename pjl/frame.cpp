@@ -8,37 +8,41 @@ namespace kelm::pjl {
 namespace {
 
 // The result of writing the LF.
-int writeLine(std::FILE* stream, std::string_view line) {
+int writeFrameLine(std::FILE* stream, std::string_view line) {
   std::fwrite(line.data(), 1, line.size(), stream);
   return std::putc('\n', stream);
 }
 
 }  // namespace
 
-void Output_Header(std::FILE* stream) { writeLine(stream, "\x1B%-12345X@PJL"); }
+void Output_Header(std::FILE* stream) { writeFrameLine(stream, "\x1B%-12345X@PJL"); }
 
-void Output_Comment(std::FILE* stream) { writeLine(stream, "@PJL COMMENT KELM Printer Driver"); }
+void Output_Comment(std::FILE* stream) {
+  writeFrameLine(stream, "@PJL COMMENT KELM Printer Driver");
+}
 
-void Output_QVPJLVERSION(std::FILE* stream) { writeLine(stream, "@PJL SET QVPJLVERSION=2.00"); }
+void Output_QVPJLVERSION(std::FILE* stream) {
+  writeFrameLine(stream, "@PJL SET QVPJLVERSION=2.00");
+}
 
 void Output_QVPJLIDENTIFIER(std::FILE* stream) {
-  writeLine(stream, "@PJL SET QVPJLIDENTIFIER=KELM_IJ_PJL");
+  writeFrameLine(stream, "@PJL SET QVPJLIDENTIFIER=KELM_IJ_PJL");
 }
 
 void Output_QVRIPCONTROLFLAG(std::FILE* stream) {
-  writeLine(stream, "@PJL SET QVRIPCONTROLFLAG=13");
+  writeFrameLine(stream, "@PJL SET QVRIPCONTROLFLAG=13");
 }
 
 void Output_QVSOFTWARENAME(std::FILE* stream) {
-  writeLine(stream, "@PJL SET QVSOFTWARENAME=KELM MAC Postscript Printer Driver");
+  writeFrameLine(stream, "@PJL SET QVSOFTWARENAME=KELM MAC Postscript Printer Driver");
 }
 
 void Output_QVSOFTWAREVERSION(std::FILE* stream) {
-  writeLine(stream, "@PJL SET QVSOFTWAREVERSION=1.5.000");
+  writeFrameLine(stream, "@PJL SET QVSOFTWAREVERSION=1.5.000");
 }
 
 int Output_EnterPostScript(std::FILE* stream) {
-  return writeLine(stream, "@PJL ENTER LANGUAGE=POSTSCRIPT");
+  return writeFrameLine(stream, "@PJL ENTER LANGUAGE=POSTSCRIPT");
 }
 
 }  // namespace kelm::pjl

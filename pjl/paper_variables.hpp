@@ -11,59 +11,59 @@ namespace kelm::pjl {
 
 // clang-format off
 inline constexpr OwnVariable Output_QVHOSTNAME{
-    "QVHOSTNAME", writeHostName,
+    "QVHOSTNAME", writeHostNameLine,
     "QVHostNameValue", "QVHostNameValue", "in hex; no line for an empty name", "the computer's name in hex; no line when it is empty"};
 inline constexpr OwnVariable Output_QVMANUALZOOM{
-    "QVMANUALZOOM", writeManualZoom,
+    "QVMANUALZOOM", writeManualZoomLine,
     "QVZoomRateValue", "QVZoomRate", "0: OFF, 1: ON (dialog); OFF: OFF, anything else: ON (plain)", "OFF"};
 inline constexpr OwnVariable Output_QVZOOMRATE{
-    "QVZOOMRATE", writeZoomRate,
+    "QVZOOMRATE", writeZoomRateLine,
     "QVZoomRateTextValue", "QVZoomRate", "as it is; OFF: 100 (plain)", "no line (dialog), 100 (plain)"};
 inline constexpr TableVariable Output_MEDIATYPE{"QVMediaType", "MEDIATYPE", kMediaType};
 inline constexpr TableVariable Output_OUTPUTMODE{"QVOutputMode", "QVOUTPUTMODE", kOutputMode};
 inline constexpr OwnVariable Output_QTY{
-    "QTY or COPIES", writeCopies,
+    "QTY or COPIES", writeCopiesLine,
     "com.apple.print.PrintSettings.PMCopies..n., QVCollateValue", "com.apple.print.PrintSettings.PMCopies..n., QVCollate",
     "as it is; QTY when collated: QVCollateValue is 1 (dialog), QVCollate is not False or false (plain); else COPIES", "1"};
 inline constexpr OwnVariable Output_DUPLEX{
-    "DUPLEX", writeDuplex, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
+    "DUPLEX", writeDuplexLine, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
     "OFF: OFF, LongEdge: ON, ShortEdge: ON; a booklet binding other than OFF turns QVDuplex, where it is there, into ShortEdge", "the row of the PPD's default, OFF when it has none; ON without a PPD or such an option in it"};
 inline constexpr OwnVariable Output_BINDING{
-    "BINDING", writeBindingEdge, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
+    "BINDING", writeBindingEdgeLine, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
     "OFF: OFF, LongEdge: LONGEDGE, ShortEdge: SHORTEDGE; booklets as for DUPLEX", "the row of the PPD's default, OFF when it has none; LONGEDGE without a PPD or such an option in it"};
-inline constexpr TwoRoads Output_QVWAITAFTERPROOF{
+inline constexpr DialogOrPlain Output_QVWAITAFTERPROOF{
     TableVariable{"QVWaitAfterProofValue", "QVWAITAFTERPROOF", kDialogSwitch},
     TableVariable{"QVWaitAfterProof", "QVWAITAFTERPROOF", kTrueFalse}};
 inline constexpr OwnVariable Output_QVPAGESIZE{
-    "QVPAGESIZE", writePageSize,
+    "QVPAGESIZE", writePageSizeLine,
     "com.apple.print.PageToPaperMappingMediaName, media", "com.apple.print.PageToPaperMappingMediaName, media",
     "the paper's name; CUSTOMSIZE when the text contains Custom", "the same of media; A4 without it"};
 inline constexpr OwnVariable Output_QVPAGESIZEWIDTH{
-    "QVPAGESIZEWIDTH", writePageWidth,
+    "QVPAGESIZEWIDTH", writePageWidthLine,
     "QVPAGESizeWidthValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeWidthValue100, media",
     "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the width of media; 21000 without it"};
 inline constexpr OwnVariable Output_QVPAGESIZEHEIGHT{
-    "QVPAGESIZEHEIGHT", writePageHeight,
+    "QVPAGESIZEHEIGHT", writePageHeightLine,
     "QVPAGESizeHeightValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeHeightValue100, media",
     "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the height of media; 29700 without it"};
 inline constexpr OrientationRow kOrientations[] = {{"0", "Portrait", "PORTRAIT"},
                                                    {"1", "Landscape", "LANDSCAPE"}};
 inline constexpr OrientationVariable Output_ORIENTATION{"QVOrientation", "ORIENTATION", kOrientations, 0};
 inline constexpr OwnVariable Output_PAPER{
-    "PAPER", writeTargetPaper, "QVTargetPaperSize", "QVTargetPaperSize",
+    "PAPER", writeTargetPaperLine, "QVTargetPaperSize", "QVTargetPaperSize",
     "the paper's name, but not of tabloid; AUTO when the text contains SameAsOriginal, else CUSTOMSIZE when it contains Custom", "AUTO"};
 inline constexpr OwnVariable Output_QVTARGETPAPERSIZEWIDTH{
-    "QVTARGETPAPERSIZEWIDTH", writeTargetWidth,
+    "QVTARGETPAPERSIZEWIDTH", writeTargetWidthLine,
     "QVTargetPaperSizeWidthValue100, media", "QVTargetPaperSize unless it contains SameAsOriginal, com.apple.print.PageToPaperMappingMediaName, media",
     "1/100 mm; empty for an unknown or custom target; 0 where a mapped custom paper has no size (plain)", "the width of media; 21000 without it"};
 inline constexpr OwnVariable Output_QVTARGETPAPERSIZEHEIGHT{
-    "QVTARGETPAPERSIZEHEIGHT", writeTargetHeight,
+    "QVTARGETPAPERSIZEHEIGHT", writeTargetHeightLine,
     "QVTargetPaperSizeHeightValue100, media", "QVTargetPaperSize unless it contains SameAsOriginal, com.apple.print.PageToPaperMappingMediaName, media",
     "1/100 mm; empty for an unknown or custom target; 0 where a mapped custom paper has no size (plain)", "the height of media; 29700 without it"};
 inline constexpr TableVariable Output_AUTOSELECT{"QVInputSlot", "AUTOSELECT", kAutoSelect};
 inline constexpr TableVariable Output_MEDIASOURCE{"QVInputSlot", "MEDIASOURCE", kMediaSource};
 inline constexpr TableVariable Output_QVOUTPUTMETHOD{"QVOutputMethod", "QVOUTPUTMETHOD", kOutputMethod};
-inline constexpr TwoRoads Output_QVOUTPUTBOX{
+inline constexpr DialogOrPlain Output_QVOUTPUTBOX{
     UpperCaseVariable{"QVPageOutputBoxPSValue", "QVOUTPUTBOX", ""},
     UpperCaseVariable{"QVOutputBox", "QVOUTPUTBOX", "SHAREDBOX1"}};
 
@@ -75,7 +75,7 @@ inline constexpr CopyVariable Output_QVPAGETRAYTRAY2{"QVPageTrayTray2Value", "QV
 inline constexpr CopyVariable Output_QVPAGETRAYTRAY3{"QVPageTrayTray3Value", "QVPAGETRAYTRAY3", ""};
 inline constexpr CopyVariable Output_QVPAGETRAYTRAYEXTERNALFEEDER{"QVPageTrayExternalFeederValue", "QVPAGETRAYEXTERNALFEEDER", ""};
 inline constexpr OwnVariable Output_QVPAGETRAYREPEAT{
-    "QVPAGETRAYREPEAT", writePageTrayRepeat,
+    "QVPAGETRAYREPEAT", writePageTrayRepeatLine,
     "QVPageTrayRepeatButtonValue, QVPageTrayRepeatTextValue", "", "the text; 0 when the button's value contains 0", "0"};
 // clang-format on
 

@@ -102,8 +102,8 @@ std::string sheetSize(const PrintJobData& job, const Side& side) {
   return side.isWidth ? width : height;
 }
 
-void writeCustomPageSide(std::FILE* stream, const PrintJobData& job, const Side& side,
-                         const std::string& paper) {
+void writeCustomPageSideLine(std::FILE* stream, const PrintJobData& job, const Side& side,
+                             const std::string& paper) {
   if (!job::hasCustomPaperSize(paper)) return;
   float width = 0;
   float height = 0;
@@ -112,20 +112,20 @@ void writeCustomPageSide(std::FILE* stream, const PrintJobData& job, const Side&
   Output_Value(stream, job, side.pageVariable, text.c_str());
 }
 
-void writePageSide(std::FILE* stream, const PrintJobData& job, const Side& side) {
+void writePageSideLine(std::FILE* stream, const PrintJobData& job, const Side& side) {
   std::string paper;
   if (job.isPrintPDE || !getOptionValue(&job, kMappedPaperKey, paper)) {
     const std::string size = sheetSize(job, side);
     Output_CopyValue(stream, job, side.pageDialogKey, side.pageVariable, size.c_str());
   } else if (paper.find("Custom") != std::string::npos) {
-    writeCustomPageSide(stream, job, side, paper);
+    writeCustomPageSideLine(stream, job, side, paper);
   } else {
     Output_KeyValue(stream, job, kMappedPaperKey, side.pageVariable, side.papers.rows,
                     side.papers.defaultIndex);
   }
 }
 
-void writeTargetSide(std::FILE* stream, const PrintJobData& job, const Side& side) {
+void writeTargetSideLine(std::FILE* stream, const PrintJobData& job, const Side& side) {
   if (job.isPrintPDE) {
     const std::string size = sheetSize(job, side);
     return Output_CopyValue(stream, job, side.targetDialogKey, side.targetVariable, size.c_str());
@@ -138,7 +138,7 @@ void writeTargetSide(std::FILE* stream, const PrintJobData& job, const Side& sid
 
 }  // namespace
 
-void writeHostName(std::FILE* stream, PrintJobData& job) {
+void writeHostNameLine(std::FILE* stream, PrintJobData& job) {
   std::string name;
   if (!getOptionValue(&job, "QVHostNameValue", name)) {
     name = platform::platform().computerName->get();
@@ -148,7 +148,7 @@ void writeHostName(std::FILE* stream, PrintJobData& job) {
   Output_Value(stream, job, "QVHOSTNAME", base::hexTextInBuffer(name).c_str());
 }
 
-void writeManualZoom(std::FILE* stream, PrintJobData& job) {
+void writeManualZoomLine(std::FILE* stream, PrintJobData& job) {
   if (job.isPrintPDE) {
     return Output_KeyValue(stream, job, "QVZoomRateValue", "QVMANUALZOOM", kDialogSwitch.rows,
                            kDialogSwitch.defaultIndex);
@@ -158,7 +158,7 @@ void writeManualZoom(std::FILE* stream, PrintJobData& job) {
   Output_Value(stream, job, "QVMANUALZOOM", on ? "ON" : "OFF");
 }
 
-void writeZoomRate(std::FILE* stream, PrintJobData& job) {
+void writeZoomRateLine(std::FILE* stream, PrintJobData& job) {
   std::string rate;
   if (job.isPrintPDE) {
     if (!getOptionValue(&job, "QVZoomRateTextValue", rate)) return;
@@ -168,21 +168,21 @@ void writeZoomRate(std::FILE* stream, PrintJobData& job) {
   Output_Value(stream, job, "QVZOOMRATE", rate.c_str());
 }
 
-void writeCopies(std::FILE* stream, PrintJobData& job) {
+void writeCopiesLine(std::FILE* stream, PrintJobData& job) {
   Output_CopyValue(stream, job, kCopiesKey, isCollated(job) ? "QTY" : "COPIES", "1");
 }
 
-void writeDuplex(std::FILE* stream, PrintJobData& job) {
+void writeDuplexLine(std::FILE* stream, PrintJobData& job) {
   forceShortEdgeForBooklet(job);
   Output_KeyValue(stream, job, "QVDuplex", "DUPLEX", kDuplex.rows, duplexDefaultIndex(job));
 }
 
-void writeBindingEdge(std::FILE* stream, PrintJobData& job) {
+void writeBindingEdgeLine(std::FILE* stream, PrintJobData& job) {
   forceShortEdgeForBooklet(job);
   Output_KeyValue(stream, job, "QVDuplex", "BINDING", kBindingEdge.rows, duplexDefaultIndex(job));
 }
 
-void writePageSize(std::FILE* stream, PrintJobData& job) {
+void writePageSizeLine(std::FILE* stream, PrintJobData& job) {
   if (Output_IfValueContains(stream, job, kMappedPaperKey, "Custom", "QVPAGESIZE", "CUSTOMSIZE") ==
       1) {
     return;
@@ -191,11 +191,15 @@ void writePageSize(std::FILE* stream, PrintJobData& job) {
                   kPaperNames.defaultIndex);
 }
 
-void writePageWidth(std::FILE* stream, PrintJobData& job) { writePageSide(stream, job, kWidth); }
+void writePageWidthLine(std::FILE* stream, PrintJobData& job) {
+  writePageSideLine(stream, job, kWidth);
+}
 
-void writePageHeight(std::FILE* stream, PrintJobData& job) { writePageSide(stream, job, kHeight); }
+void writePageHeightLine(std::FILE* stream, PrintJobData& job) {
+  writePageSideLine(stream, job, kHeight);
+}
 
-void writeTargetPaper(std::FILE* stream, PrintJobData& job) {
+void writeTargetPaperLine(std::FILE* stream, PrintJobData& job) {
   constexpr char kKey[] = "QVTargetPaperSize";
   if (Output_IfValueContains(stream, job, kKey, "SameAsOriginal", "PAPER", "AUTO") == 1) return;
   if (Output_IfValueContains(stream, job, kKey, "Custom", "PAPER", "CUSTOMSIZE") == 1) return;
@@ -203,15 +207,15 @@ void writeTargetPaper(std::FILE* stream, PrintJobData& job) {
   Output_KeyValue(stream, job, kKey, "PAPER", kTargetPaperNames.rows, job.isPrintPDE ? 4 : 0);
 }
 
-void writeTargetWidth(std::FILE* stream, PrintJobData& job) {
-  writeTargetSide(stream, job, kWidth);
+void writeTargetWidthLine(std::FILE* stream, PrintJobData& job) {
+  writeTargetSideLine(stream, job, kWidth);
 }
 
-void writeTargetHeight(std::FILE* stream, PrintJobData& job) {
-  writeTargetSide(stream, job, kHeight);
+void writeTargetHeightLine(std::FILE* stream, PrintJobData& job) {
+  writeTargetSideLine(stream, job, kHeight);
 }
 
-void writePageTrayRepeat(std::FILE* stream, PrintJobData& job) {
+void writePageTrayRepeatLine(std::FILE* stream, PrintJobData& job) {
   if (Output_IfValueContains(stream, job, "QVPageTrayRepeatButtonValue", "0", "QVPAGETRAYREPEAT",
                              "0") == 1) {
     return;

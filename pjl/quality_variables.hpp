@@ -33,19 +33,19 @@ inline constexpr TableVariable Output_QVDATEPOSITION{"QVDatePosition", "QVDATEPO
 inline constexpr CopyVariable Output_QVSTAMPDATEFONT{"QVStampDateFontNameStringValueUTF8", "QVSTAMPDATEFONT", kStampFont};
 inline constexpr CopyVariable Output_QVSTAMPDATESIZE{"QVStampDateSizeValue", "QVSTAMPDATESIZE", "8"};
 
-inline constexpr TwoRoads Output_QVIMAGESHIFT{
+inline constexpr DialogOrPlain Output_QVIMAGESHIFT{
     TableVariable{"QVImageShiftValue", "QVIMAGESHIFT", kDialogSwitch},
     TableVariable{"QVImageShift", "QVIMAGESHIFT", kTrueFalse}};
-inline constexpr TwoRoads Output_QVIMAGESHIFTFRONTV{
+inline constexpr DialogOrPlain Output_QVIMAGESHIFTFRONTV{
     CopyVariable{"QVImageShiftFrontVValue100", "QVIMAGESHIFTFRONTV", "0"},
     CopyVariable{"QVImageShiftFrontV", "QVIMAGESHIFTFRONTV", "0"}};
-inline constexpr TwoRoads Output_QVIMAGESHIFTFRONTH{
+inline constexpr DialogOrPlain Output_QVIMAGESHIFTFRONTH{
     CopyVariable{"QVImageShiftFrontHValue100", "QVIMAGESHIFTFRONTH", "0"},
     CopyVariable{"QVImageShiftFrontH", "QVIMAGESHIFTFRONTH", "0"}};
-inline constexpr TwoRoads Output_QVIMAGESHIFTBACKV{
+inline constexpr DialogOrPlain Output_QVIMAGESHIFTBACKV{
     CopyVariable{"QVImageShiftBackVValue100", "QVIMAGESHIFTBACKV", "0"},
     CopyVariable{"QVImageShiftBackV", "QVIMAGESHIFTBACKV", "0"}};
-inline constexpr TwoRoads Output_QVIMAGESHIFTBACKH{
+inline constexpr DialogOrPlain Output_QVIMAGESHIFTBACKH{
     CopyVariable{"QVImageShiftBackHValue100", "QVIMAGESHIFTBACKH", "0"},
     CopyVariable{"QVImageShiftBackH", "QVIMAGESHIFTBACKH", "0"}};
 inline constexpr TableVariable Output_QVROTATE{"QVRotate", "QVROTATE", kRotate};
@@ -64,46 +64,46 @@ inline constexpr TableVariable Output_QVPRINTDENSITY{"QVPrintDensity", "QVPRINTD
 inline constexpr TableVariable Output_QVRESOLUTION{"QVImageQuality", "QVIMAGEQUALITY", kImageQuality};
 inline constexpr TableVariable Output_QVLINESMOOTHING{"QVLineSmoothing", "QVLINESMOOTHING", kLineSmoothing};
 inline constexpr TableVariable Output_QVSCREENING{"QVScreening", "QVSCREENING", kScreening};
-inline constexpr TwoRoads Output_QVGAMMAADJUSTMENT{
+inline constexpr DialogOrPlain Output_QVGAMMAADJUSTMENT{
     TableVariable{"QVGammaAdjustmentValue", "QVGAMMAADJUSTMENT", kDialogSwitch},
     TableVariable{"QVGammaAdjustment", "QVGAMMAADJUSTMENT", kSwitch}};
 inline constexpr TableVariable Output_QVGCBRIGHTNESS{"QVGCBrightness", "QVGCBRIGHTNESS", kBrightness};
 inline constexpr TableVariable Output_QVGCCONTRAST{"QVGCContrast", "QVGCCONTRAST", kContrast};
-inline constexpr TwoRoads Output_QVGCCYAN{
+inline constexpr DialogOrPlain Output_QVGCCYAN{
     CopyVariable{"QVGCCyanStringValue", "QVGCCYAN", "100"},
     CopyVariable{"QVGCCyan", "QVGCCYAN", "100"}};
-inline constexpr TwoRoads Output_QVGCMAGENTA{
+inline constexpr DialogOrPlain Output_QVGCMAGENTA{
     CopyVariable{"QVGCMagentaStringValue", "QVGCMAGENTA", "100"},
     CopyVariable{"QVGCMagenta", "QVGCMAGENTA", "100"}};
-inline constexpr TwoRoads Output_QVGCYELLOW{
+inline constexpr DialogOrPlain Output_QVGCYELLOW{
     CopyVariable{"QVGCYellowStringValue", "QVGCYELLOW", "100"},
     CopyVariable{"QVGCYellow", "QVGCYELLOW", "100"}};
-inline constexpr TwoRoads Output_QVGCBLACK{
+inline constexpr DialogOrPlain Output_QVGCBLACK{
     CopyVariable{"QVGCBlackStringValue", "QVGCBLACK", "100"},
     CopyVariable{"QVGCBlack", "QVGCBLACK", "100"}};
 inline constexpr OwnVariable Output_QVGCGRAY{
-    "QVGCGRAY and QVGCRED", writeGrayAndRed,
+    "QVGCGRAY and QVGCRED", writeGrayAndRedLines,
     "QVGCGrayStringValue, then QVGCRedStringValue", "QVGCRed, then QVGCGray",
     "as they are; two lines, QVGCGRAY first (dialog) or QVGCRED first (plain)", "100 each"};
 inline constexpr OwnVariable Output_QVBCODEAREA{
-    "QVBARCODEAREA", writeBarcodeArea, "QVBarcodeArea", "QVBarcodeSelection",
+    "QVBARCODEAREA", writeBarcodeAreaLine, "QVBarcodeArea", "QVBarcodeSelection",
     "OFF: OFF, ON: ON (dialog); ON for a typed text that may be sent, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_QVBCODEAREASELECTION{
-    "QVBARCODESELECTION", writeBarcodeSelection,
+    "QVBARCODESELECTION", writeBarcodeSelectionLine,
     "QVBarcodeAreaDefinitionStringValueUTF8", "QVBarcodeSelection",
     "as it is (dialog); the typed text in hex (plain)", "empty"};
 inline constexpr TableVariable Output_QVBARCODEDENSITY{"QVBarcodeDensity", "QVBARCODEDENSITY", kDensity};
-inline constexpr TwoRoads Output_QVBARCODEPROOF{
+inline constexpr DialogOrPlain Output_QVBARCODEPROOF{
     TableVariable{"QVBarcodeProofValue", "QVBARCODEPROOF", kDialogSwitch},
     TableVariable{"QVBarcodeProof", "QVBARCODEPROOF", kSwitch}};
-inline constexpr TwoRoads Output_QVENVELOPEIMAGEPROCESSING{
+inline constexpr DialogOrPlain Output_QVENVELOPEIMAGEPROCESSING{
     TableVariable{"QVEnvelopeImageProcessingValue", "QVENVELOPEIMAGEPROCESSING", kDialogSwitch},
     TableVariable{"QVEnvelopeImageProcessing", "QVENVELOPEIMAGEPROCESSING", kSwitch}};
-inline constexpr TwoRoads Output_QVCOLORPROFILE{
+inline constexpr DialogOrPlain Output_QVCOLORPROFILE{
     TableVariable{"QVColorProfileValue", "QVCOLORPROFILE", kDialogSwitch},
     TableVariable{"QVColorProfile", "QVCOLORPROFILE", kSwitch}};
 inline constexpr OwnVariable Output_QVOUTPUTPROFILESELECTION{
-    "QVOUTPUTPROFILESELECTION", writeOutputProfile,
+    "QVOUTPUTPROFILESELECTION", writeOutputProfileLine,
     "QVOutputProfileSelectionStringValueUTF8", "QVOutputProfileSelection",
     "as it is (dialog); AUTO, NOTUSE or the typed text in hex (plain)", "empty (dialog), AUTO (plain)"};
 inline constexpr TableVariable Output_QVRENDERINGINTENT{"QVRenderingIntent", "QVRENDERINGINTENT", kRenderingIntent};

@@ -5,13 +5,13 @@
 #include <string>
 #include <string_view>
 
-#include "pjl/typed_text.hpp"
+#include "pjl/custom_text_lines.hpp"
 #include "pjl/value_tables.hpp"
 #include "pjl/writers.hpp"
 
 namespace kelm::pjl {
 
-void writeGrayAndRed(std::FILE* stream, PrintJobData& job) {
+void writeGrayAndRedLines(std::FILE* stream, PrintJobData& job) {
   if (job.isPrintPDE) {
     Output_CopyValue(stream, job, "QVGCGrayStringValue", "QVGCGRAY", "100");
     Output_CopyValue(stream, job, "QVGCRedStringValue", "QVGCRED", "100");
@@ -21,23 +21,23 @@ void writeGrayAndRed(std::FILE* stream, PrintJobData& job) {
   }
 }
 
-void writeBarcodeArea(std::FILE* stream, PrintJobData& job) {
+void writeBarcodeAreaLine(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "QVBARCODEAREA";
   if (!job.isPrintPDE) {
-    return writeTypedSwitch(stream, job, kVariable, job::kBarcodeSelection);
+    return writeCustomTextSwitchLine(stream, job, kVariable, job::kBarcodeSelection);
   }
   Output_KeyValue(stream, job, "QVBarcodeArea", kVariable, kSwitch.rows, kSwitch.defaultIndex);
 }
 
-void writeBarcodeSelection(std::FILE* stream, PrintJobData& job) {
+void writeBarcodeSelectionLine(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "QVBARCODESELECTION";
   if (!job.isPrintPDE) {
-    return writeTypedText(stream, job, kVariable, job::kBarcodeSelection);
+    return writeCustomTextLine(stream, job, kVariable, job::kBarcodeSelection);
   }
   Output_CopyValue(stream, job, "QVBarcodeAreaDefinitionStringValueUTF8", kVariable, "");
 }
 
-void writeOutputProfile(std::FILE* stream, PrintJobData& job) {
+void writeOutputProfileLine(std::FILE* stream, PrintJobData& job) {
   constexpr char kVariable[] = "QVOUTPUTPROFILESELECTION";
   if (job.isPrintPDE) {
     return Output_CopyValue(stream, job, "QVOutputProfileSelectionStringValueUTF8", kVariable, "");

@@ -11,9 +11,9 @@ namespace kelm::pjl {
 using job::PrintJobData;
 
 // Two lines, in an order that depends on where the job came from.
-void writeGrayAndRed(std::FILE* stream, PrintJobData& job);
-void writeBarcodeArea(std::FILE* stream, PrintJobData& job);
-void writeBarcodeSelection(std::FILE* stream, PrintJobData& job);
-void writeOutputProfile(std::FILE* stream, PrintJobData& job);
+void writeGrayAndRedLines(std::FILE* stream, PrintJobData& job);
+void writeBarcodeAreaLine(std::FILE* stream, PrintJobData& job);
+void writeBarcodeSelectionLine(std::FILE* stream, PrintJobData& job);
+void writeOutputProfileLine(std::FILE* stream, PrintJobData& job);
 
 }  // namespace kelm::pjl

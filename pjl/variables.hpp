@@ -61,7 +61,7 @@ struct OrientationVariable {
 
 // One row for jobs of the maker's dialog and one, of the same variable, for all others.
 template <class Row>
-struct TwoRoads {
+struct DialogOrPlain {
   Row dialog;
   Row plain;
 
@@ -70,7 +70,7 @@ struct TwoRoads {
   }
 };
 template <class Row>
-TwoRoads(Row, Row) -> TwoRoads<Row>;
+DialogOrPlain(Row, Row) -> DialogOrPlain<Row>;
 
 // A variable with logic of its own. What stands beside the writer is for readers of the header's
 // documentation: the options that it reads on each road, and what it writes without them.
@@ -87,8 +87,8 @@ struct OwnVariable {
 
 // One step of the header: a row of any kind, which outlives it.
 using HeaderStep = std::variant<const TableVariable*, const CopyVariable*, const UpperCaseVariable*,
-                                const OrientationVariable*, const TwoRoads<TableVariable>*,
-                                const TwoRoads<CopyVariable>*, const TwoRoads<UpperCaseVariable>*,
-                                const OwnVariable*>;
+                                const OrientationVariable*, const DialogOrPlain<TableVariable>*,
+                                const DialogOrPlain<CopyVariable>*,
+                                const DialogOrPlain<UpperCaseVariable>*, const OwnVariable*>;
 
 }  // namespace kelm::pjl

@@ -180,7 +180,7 @@ std::string ofRoads(const std::string& dialog, const std::string& plain, const c
 }
 
 template <class Row>
-Cells cellsOf(const TwoRoads<Row>& row) {
+Cells cellsOf(const DialogOrPlain<Row>& row) {
   const Cells dialog = cellsOf(row.dialog);
   const Cells plain = cellsOf(row.plain);
   return {dialog.name, dialog.dialogOption, plain.plainOption,

@@ -51,7 +51,7 @@ struct Collector {
     }
   }
   template <class Row>
-  void operator()(const pjl::TwoRoads<Row>* row) {
+  void operator()(const pjl::DialogOrPlain<Row>* row) {
     add(row->plain);
   }
   // Its sources are named in prose.

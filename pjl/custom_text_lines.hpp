@@ -10,11 +10,11 @@
 namespace kelm::pjl {
 
 // "ON" when the field has a text that may be sent, else "OFF".
-void writeTypedSwitch(std::FILE* stream, const job::PrintJobData& job, const char* pjlName,
-                      const job::TextField& field);
+void writeCustomTextSwitchLine(std::FILE* stream, const job::PrintJobData& job, const char* pjlName,
+                               const job::TextField& field);
 
 // The field's text in hex when it may be sent, else an empty value.
-void writeTypedText(std::FILE* stream, const job::PrintJobData& job, const char* pjlName,
-                    const job::TextField& field);
+void writeCustomTextLine(std::FILE* stream, const job::PrintJobData& job, const char* pjlName,
+                         const job::TextField& field);
 
 }  // namespace kelm::pjl
