@@ -1,4 +1,4 @@
-// The papers of the printer, and the size of the job's sheet.
+// The printer's papers, and the size of the paper that a job is printed on.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/paper.hpp"
 
@@ -74,11 +74,7 @@ const Paper* findPaper(std::string_view name) {
 
 void NotPDE_PageSize(const PrintJobData* job, std::string& width, std::string& height) {
   std::string media;
-  if (!getOptionValue(job, "media", media)) {
-    width = "21000";
-    height = "29700";
-    return;
-  }
+  if (!getOptionValue(job, "media", media)) media = kDefaultPaper;
   if (media.find("Custom") != std::string::npos) return customMediaSize(media, width, height);
   const Paper* paper = findPaper(media == "tabloid" ? "Tabloid" : media);
   if (paper == nullptr) return;

@@ -1,95 +1,69 @@
-// The papers of the printer as the header names them, and their sizes.
+// The printer's papers as value tables of the header, made from the one table of papers.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>
+#include <iterator>
+#include <string_view>
 
 #include "job/paper.hpp"
 #include "pjl/value_table.hpp"
 
 namespace kelm::pjl {
 
-// For QVPAGESIZE. Two choices, one value: "Tabloid" and "tabloid".
-inline constexpr auto kPaperNames = valueTable(
-    {
-        {"Letter", "LETTER"},
-        {"Legal", "LEGAL"},
-        {"A3", "A3"},
-        {"A4", "A4"},
-        {"A5", "A5"},
-        {"A6", "A6"},
-        {"B4", "B4"},
-        {"B5", "B5"},
-        {"B6", "B6"},
-        {"PostCard", "POSTCARD"},
-        {"Kaku0", "ENVKAKU0"},
-        {"Kaku1", "ENVKAKU1"},
-        {"Kaku2", "ENVKAKU2"},
-        {"Kaku3", "ENVKAKU3"},
-        {"Naga3", "ENVCHOU3"},
-        {"Naga4", "ENVCHOU4"},
-        {"Foolscap", "FOOLSCAP"},
-        {"Tabloid", "TABLOID"},
-        {"Statement", "STATEMENT"},
-        {"A3W", "A3W"},
-        {"SRA3", "SRA3"},
-        {"C4", "ENVC4"},
-        {"C5", "ENVC5"},
-        {"C6", "ENVC6"},
-        {"DLR", "ENVDL"},
-        {"Envelope1", "ENV9X12"},
-        {"Envelope2", "ENV10X13"},
-        {"No10envelope", "ENVNO.10"},
-        {"PHLegal", "PHLEGAL"},
-        {"Hachikai", "HACHIKAI"},
-        {"Jurokukai", "JUROKUKAI"},
-        {"tabloid", "TABLOID"},
-    },
-    "A4");
-
 namespace detail {
 
 constexpr std::size_t kPaperCount = std::size(job::kPapers);
 
-// "SameAsOriginal", then the papers without the last row of kPaperNames.
-consteval ValueTable<kPaperCount + 1> targetPaperTable() {
-  ValueRow rows[kPaperCount + 1] = {{"SameAsOriginal", "AUTO"}};
-  for (std::size_t i = 0; i < kPaperCount; ++i) rows[i + 1] = kPaperNames.rows[i];
-  return valueTable(rows, "AUTO");
+// Not constexpr on purpose: reaching it stops the compiler with its name.
+void noPaperHasThisName();
+
+consteval std::size_t paperIndex(std::string_view name) {
+  for (std::size_t i = 0; i < kPaperCount; ++i) {
+    if (job::kPapers[i].name == name) return i;
+  }
+  noPaperHasThisName();
+  return kPaperCount;
 }
 
-// The sizes of the papers; an absent choice is A4.
-consteval ValueTable<kPaperCount> sizeTable(const char* job::Paper::*size) {
-  ValueRow rows[kPaperCount] = {};
-  std::size_t a4 = 0;
+// The papers' values of `member`; the default paper's for an absent choice.
+consteval ValueTable<kPaperCount> paperTable(const char* job::Paper::*member) {
+  ValueTable<kPaperCount> table{};
   for (std::size_t i = 0; i < kPaperCount; ++i) {
-    const job::Paper& paper = job::kPapers[i];
-    rows[i] = {paper.name, paper.*size};
-    if (std::string_view(paper.name) == "A4") a4 = i;
+    table.rows[i] = {job::kPapers[i].name, job::kPapers[i].*member};
   }
-  ValueTable<kPaperCount> table = valueTable(rows, rows[a4].value);
-  table.defaultIndex = a4;
+  table.defaultIndex = paperIndex(job::kDefaultPaper);
+  checkKeys(table.rows);
   return table;
 }
 
-// The names that the header and the PostScript know are the same, in the same order.
-consteval bool namesAgree() {
-  for (std::size_t i = 0; i < kPaperCount; ++i) {
-    if (std::string_view(kPaperNames.rows[i].key) != job::kPapers[i].name) return false;
-  }
-  return true;
+// The papers' names, with "tabloid" as a second choice for Tabloid.
+consteval ValueTable<kPaperCount + 1> pageNameTable() {
+  const auto papers = paperTable(&job::Paper::pjlName);
+  ValueTable<kPaperCount + 1> table{};
+  table.defaultIndex = papers.defaultIndex;
+  for (std::size_t i = 0; i < kPaperCount; ++i) table.rows[i] = papers.rows[i];
+  table.rows[kPaperCount] = {"tabloid", papers.rows[paperIndex("Tabloid")].value};
+  return table;
+}
+
+// "SameAsOriginal", the choice for an absent one, and the papers' names.
+consteval ValueTable<kPaperCount + 1> targetNameTable() {
+  const auto papers = paperTable(&job::Paper::pjlName);
+  ValueTable<kPaperCount + 1> table{};
+  table.rows[0] = {"SameAsOriginal", "AUTO"};
+  for (std::size_t i = 0; i < kPaperCount; ++i) table.rows[i + 1] = papers.rows[i];
+  return table;
 }
 
 }  // namespace detail
 
+// For QVPAGESIZE.
+inline constexpr auto kPaperNames = detail::pageNameTable();
 // For PAPER.
-inline constexpr auto kTargetPaperNames = detail::targetPaperTable();
+inline constexpr auto kTargetPaperNames = detail::targetNameTable();
 // For QVPAGESIZEWIDTH and QVPAGESIZEHEIGHT, in 1/100 mm.
-inline constexpr auto kPaperWidths = detail::sizeTable(&job::Paper::width);
-inline constexpr auto kPaperHeights = detail::sizeTable(&job::Paper::height);
-
-static_assert(detail::namesAgree(), "pjl/paper_tables.hpp and job/paper.hpp name other papers");
-static_assert(kPaperNames.defaultIndex == 3 && kPaperWidths.defaultIndex == 3);
-static_assert(kTargetPaperNames.rows[4].value == std::string_view("A4"));
+inline constexpr auto kPaperWidths = detail::paperTable(&job::Paper::width);
+inline constexpr auto kPaperHeights = detail::paperTable(&job::Paper::height);
 
 }  // namespace kelm::pjl

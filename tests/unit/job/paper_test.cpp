@@ -1,44 +1,24 @@
-// The papers of the printer, and the size of the job's sheet.
+// The printer's papers, and the size of the paper that a job is printed on.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/paper.hpp"
 
 #include <gmock/gmock.h>
 
+#include <iterator>
 #include <ostream>
 #include <string>
 
 #include "platform/fake/fake_platform.hpp"
+#include "tests/support/expected_papers.hpp"
 #include "tests/support/memory_job.hpp"
 
 namespace kelm::job {
-
-static void PrintTo(const Paper& paper, std::ostream* out) { *out << paper.name; }
 
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
 using tests::TestJob;
-
-constexpr Paper kRows[] = {
-    {"Letter", "21600", "27900"},    {"Legal", "21600", "35600"},
-    {"A3", "29700", "42000"},        {"A4", "21000", "29700"},
-    {"A5", "14800", "21000"},        {"A6", "10500", "14800"},
-    {"B4", "25700", "36400"},        {"B5", "18200", "25700"},
-    {"B6", "12800", "18200"},        {"PostCard", "10000", "14800"},
-    {"Kaku0", "28700", "38200"},     {"Kaku1", "27000", "38200"},
-    {"Kaku2", "24000", "33200"},     {"Kaku3", "21600", "27700"},
-    {"Naga3", "12000", "23500"},     {"Naga4", "9000", "20500"},
-    {"Foolscap", "21600", "34000"},  {"Tabloid", "27900", "43200"},
-    {"Statement", "14000", "21600"}, {"A3W", "31600", "46000"},
-    {"SRA3", "32000", "45000"},      {"C4", "22900", "32400"},
-    {"C5", "16200", "22900"},        {"C6", "11400", "16200"},
-    {"DLR", "11000", "22000"},       {"Envelope1", "22900", "30500"},
-    {"Envelope2", "25400", "33000"}, {"No10envelope", "10500", "24100"},
-    {"PHLegal", "21600", "33000"},   {"Hachikai", "27000", "39000"},
-    {"Jurokukai", "19500", "27000"},
-};
-static_assert(std::size(kRows) == 31);
 
 struct Size {
   std::string width;
@@ -75,11 +55,12 @@ class Target : public testing::Test {
 
 constexpr char kMapped[] = "com.apple.print.PageToPaperMappingMediaName";
 
-class EveryPaper : public testing::TestWithParam<Paper> {};
+class EveryPaper : public testing::TestWithParam<tests::ExpectedPaper> {};
 
-TEST_P(EveryPaper, HasItsSize) {
-  const Paper* paper = findPaper(GetParam().name);
+TEST_P(EveryPaper, HasItsNameInTheHeaderAndItsSize) {
+  const Paper* paper = findPaper(GetParam().choice);
   ASSERT_NE(paper, nullptr);
+  EXPECT_STREQ(paper->pjlName, GetParam().pjlName);
   EXPECT_STREQ(paper->width, GetParam().width);
   EXPECT_STREQ(paper->height, GetParam().height);
 }
@@ -87,15 +68,20 @@ TEST_P(EveryPaper, HasItsSize) {
 TEST_P(EveryPaper, IsASheetAndATarget) {
   platform::FakePlatform platform;
   const Size expected{GetParam().width, GetParam().height};
-  EXPECT_EQ(sheetOfMedia(GetParam().name), expected);
-  TestJob job(TestJob::Options{{"QVTargetPaperSize", GetParam().name}});
+  EXPECT_EQ(sheetOfMedia(GetParam().choice), expected);
+  TestJob job(TestJob::Options{{"QVTargetPaperSize", GetParam().choice}});
   Size size;
   EXPECT_EQ(getQVTargetPaperSize(&*job, &size.width, 4096, &size.height, 4096), 0);
   EXPECT_EQ(size, expected);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, EveryPaper, testing::ValuesIn(kRows),
-                         [](const auto& row) { return std::string(row.param.name); });
+TEST(Papers, AreNoOthers) {
+  EXPECT_EQ(std::size(kPapers), std::size(tests::kExpectedPapers))
+      << "a paper is a row of job/paper.hpp and one of tests/support/expected_papers.hpp";
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, EveryPaper, testing::ValuesIn(tests::kExpectedPapers),
+                         [](const auto& row) { return std::string(row.param.choice); });
 
 TEST(FindPaper, KnowsExactNamesOnly) {
   EXPECT_EQ(findPaper("a4"), nullptr);

@@ -16,7 +16,7 @@ namespace {
 struct CopyCase {
   std::string name;  // of the PJL variable
   HeaderStep variable;
-  Road road;
+  JobKind kind;
   std::string option;
   std::string absent;
 };
@@ -28,7 +28,7 @@ class CopyVariableLine : public testing::TestWithParam<CopyCase> {
   static void expectValue(const Options& options, const std::string& value) {
     const CopyCase& copy = GetParam();
     const std::string line = "@PJL SET " + copy.name + "=" + value + "\n";
-    expectLine(copy.variable, copy.road, options, line);
+    expectLine(copy.variable, copy.kind, options, line);
   }
 };
 

@@ -43,27 +43,27 @@ std::string dialog(const Variable& variable, Options options = {}, const char* p
   return written(variable, job);
 }
 
-// The jobs that a variable has an expectation for.
-enum class Road { kBoth, kDialog, kPlain };
-using enum Road;
+// The kinds of jobs that an expectation is for.
+enum class JobKind { kBoth, kDialog, kPlain };
+using enum JobKind;
 
-// Checks the line on each of the roads.
+// Checks the line for each of these kinds of jobs.
 template <class Variable>
-void expectLine(const Variable& variable, Road road, const Options& options,
+void expectLine(const Variable& variable, JobKind kind, const Options& options,
                 const std::string& line) {
-  if (road != kDialog) {
+  if (kind != kDialog) {
     EXPECT_EQ(plain(variable, options), line);
   }
-  if (road != kPlain) {
+  if (kind != kPlain) {
     EXPECT_EQ(dialog(variable, options), line);
   }
 }
 
-// The name of a case (a variable on a road) among the parameters of a test.
+// The name of a case (a variable and a kind of job) among the parameters of a test.
 template <class Case>
 std::string caseName(const testing::TestParamInfo<Case>& info) {
-  constexpr const char* kRoadNames[] = {"", "OfDialogJobs", "OfPlainJobs"};
-  return info.param.name + kRoadNames[static_cast<int>(info.param.road)];
+  constexpr const char* kKindNames[] = {"", "OfDialogJobs", "OfPlainJobs"};
+  return info.param.name + kKindNames[static_cast<int>(info.param.kind)];
 }
 
 }  // namespace kelm::pjl

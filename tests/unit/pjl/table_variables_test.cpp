@@ -10,6 +10,7 @@
 #include "pjl/finishing_variables.hpp"
 #include "pjl/paper_variables.hpp"
 #include "pjl/quality_variables.hpp"
+#include "tests/support/expected_papers.hpp"
 #include "tests/unit/pjl/lines.hpp"
 
 namespace kelm::pjl {
@@ -20,7 +21,7 @@ using Rows = std::vector<std::pair<std::string, std::string>>;
 struct TableCase {
   std::string name;  // of the PJL variable
   HeaderStep variable;
-  Road road;
+  JobKind kind;
   std::string option;
   Rows rows;
   std::string absent;
@@ -31,13 +32,13 @@ void PrintTo(const TableCase& table, std::ostream* out) { *out << table.name; }
 
 class TableVariableLine : public testing::TestWithParam<TableCase> {
  protected:
-  // Checks the line on the roads that this case is for.
+  // Checks the line for the kinds of jobs of this case.
   static void expectValue(const Options& chosen, const std::string& value) {
     const TableCase& table = GetParam();
     const std::string line = "@PJL SET " + table.name + "=" + value + "\n";
     Options options = table.others;
     options.insert(options.end(), chosen.begin(), chosen.end());
-    expectLine(table.variable, table.road, options, line);
+    expectLine(table.variable, table.kind, options, line);
   }
 };
 
@@ -85,64 +86,24 @@ const Rows kPriorities = {{"NoUse", "NOUSE"},
 const Rows kBindingSides = {
     {"Left", "LEFTBINDING"}, {"Right", "RIGHTBINDING"}, {"Upper", "TOPBINDING"}};
 
-const Rows kPapers = {{"Letter", "LETTER"},
-                      {"Legal", "LEGAL"},
-                      {"A3", "A3"},
-                      {"A4", "A4"},
-                      {"A5", "A5"},
-                      {"A6", "A6"},
-                      {"B4", "B4"},
-                      {"B5", "B5"},
-                      {"B6", "B6"},
-                      {"PostCard", "POSTCARD"},
-                      {"Kaku0", "ENVKAKU0"},
-                      {"Kaku1", "ENVKAKU1"},
-                      {"Kaku2", "ENVKAKU2"},
-                      {"Kaku3", "ENVKAKU3"},
-                      {"Naga3", "ENVCHOU3"},
-                      {"Naga4", "ENVCHOU4"},
-                      {"Foolscap", "FOOLSCAP"},
-                      {"Tabloid", "TABLOID"},
-                      {"Statement", "STATEMENT"},
-                      {"A3W", "A3W"},
-                      {"SRA3", "SRA3"},
-                      {"C4", "ENVC4"},
-                      {"C5", "ENVC5"},
-                      {"C6", "ENVC6"},
-                      {"DLR", "ENVDL"},
-                      {"Envelope1", "ENV9X12"},
-                      {"Envelope2", "ENV10X13"},
-                      {"No10envelope", "ENVNO.10"},
-                      {"PHLegal", "PHLEGAL"},
-                      {"Hachikai", "HACHIKAI"},
-                      {"Jurokukai", "JUROKUKAI"}};
-const Rows kWidths = {{"Letter", "21600"},       {"Legal", "21600"},     {"A3", "29700"},
-                      {"A4", "21000"},           {"A5", "14800"},        {"A6", "10500"},
-                      {"B4", "25700"},           {"B5", "18200"},        {"B6", "12800"},
-                      {"PostCard", "10000"},     {"Kaku0", "28700"},     {"Kaku1", "27000"},
-                      {"Kaku2", "24000"},        {"Kaku3", "21600"},     {"Naga3", "12000"},
-                      {"Naga4", "9000"},         {"Foolscap", "21600"},  {"Tabloid", "27900"},
-                      {"Statement", "14000"},    {"A3W", "31600"},       {"SRA3", "32000"},
-                      {"C4", "22900"},           {"C5", "16200"},        {"C6", "11400"},
-                      {"DLR", "11000"},          {"Envelope1", "22900"}, {"Envelope2", "25400"},
-                      {"No10envelope", "10500"}, {"PHLegal", "21600"},   {"Hachikai", "27000"},
-                      {"Jurokukai", "19500"},    {"tabloid", ""}};
-const Rows kHeights = {{"Letter", "27900"},       {"Legal", "35600"},     {"A3", "42000"},
-                       {"A4", "29700"},           {"A5", "21000"},        {"A6", "14800"},
-                       {"B4", "36400"},           {"B5", "25700"},        {"B6", "18200"},
-                       {"PostCard", "14800"},     {"Kaku0", "38200"},     {"Kaku1", "38200"},
-                       {"Kaku2", "33200"},        {"Kaku3", "27700"},     {"Naga3", "23500"},
-                       {"Naga4", "20500"},        {"Foolscap", "34000"},  {"Tabloid", "43200"},
-                       {"Statement", "21600"},    {"A3W", "46000"},       {"SRA3", "45000"},
-                       {"C4", "32400"},           {"C5", "22900"},        {"C6", "16200"},
-                       {"DLR", "22000"},          {"Envelope1", "30500"}, {"Envelope2", "33000"},
-                       {"No10envelope", "24100"}, {"PHLegal", "33000"},   {"Hachikai", "39000"},
-                       {"Jurokukai", "27000"},    {"tabloid", ""}};
+// One value of every paper.
+Rows ofPapers(const char* tests::ExpectedPaper::*value) {
+  Rows rows;
+  for (const tests::ExpectedPaper& paper : tests::kExpectedPapers) {
+    rows.emplace_back(paper.choice, paper.*value);
+  }
+  return rows;
+}
 
 Rows with(Rows rows, const Rows& more) {
   rows.insert(rows.end(), more.begin(), more.end());
   return rows;
 }
+
+const Rows kPapers = ofPapers(&tests::ExpectedPaper::pjlName);
+// "tabloid" is a name of QVPAGESIZE and of "media", not of a paper.
+const Rows kWidths = with(ofPapers(&tests::ExpectedPaper::width), {{"tabloid", ""}});
+const Rows kHeights = with(ofPapers(&tests::ExpectedPaper::height), {{"tabloid", ""}});
 
 constexpr char kPaperOption[] = "com.apple.print.PageToPaperMappingMediaName";
 const Options kStackerChosen = {{"QVOutputTray", "Stacker"}};
