@@ -1,4 +1,4 @@
-// What plain jobs say of a text that a person typed.
+// The lines of plain jobs for a PPD option with a custom value.
 // SPDX-License-Identifier: Apache-2.0
 #include "pjl/custom_text_lines.hpp"
 

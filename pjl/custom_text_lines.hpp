@@ -1,4 +1,4 @@
-// What plain jobs say of a text that a person typed.
+// The lines of plain jobs for a PPD option with a custom value.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -9,11 +9,11 @@
 
 namespace kelm::pjl {
 
-// "ON" when the field has a text that may be sent, else "OFF".
+// "ON" when the job has a valid custom value of the field, else "OFF".
 void writeCustomTextSwitchLine(std::FILE* stream, const job::PrintJobData& job, const char* pjlName,
                                const job::TextField& field);
 
-// The field's text in hex when it may be sent, else an empty value.
+// The custom value in hex when it is valid, else an empty value.
 void writeCustomTextLine(std::FILE* stream, const job::PrintJobData& job, const char* pjlName,
                          const job::TextField& field);
 

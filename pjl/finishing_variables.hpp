@@ -56,7 +56,7 @@ inline constexpr DialogOrPlain Output_QVBACKCOVERSHEETTRAY{
 inline constexpr TableVariable Output_QVOUTPUTTRAY{"QVOutputTray", "QVOUTPUTTRAY", kOutputTray};
 inline constexpr OwnVariable Output_QVOUTPUTFACE{
     "QVOUTPUTFACE", writeOutputFaceLine, "QVOutputTray, QVOutputFace", "QVOutputTray, QVOutputFace",
-    "FaceUp: FACEUP, FaceDown: FACEDOWN; FACEDOWN unless the tray is there and neither Auto nor FaceDown", "FACEUP where the tray is so, else FACEDOWN"};
+    "FaceUp: FACEUP, FaceDown: FACEDOWN; always FACEDOWN when QVOutputTray is absent, Auto or FaceDown", "FACEUP with any other QVOutputTray, else FACEDOWN"};
 inline constexpr TableVariable Output_QVCONTINUOUSOUTPUT{"QVContinuousOutput", "QVCONTINUOUSOUTPUT", kSwitch};
 inline constexpr TableVariable Output_QVREVERSEORDER{"QVReverseOrder", "QVREVERSEORDER", kSwitch};
 inline constexpr TableVariable Output_QVFORM{"QVForm", "QVFORM", kSwitch};
@@ -65,36 +65,36 @@ inline constexpr TableVariable Output_QVFORMSURFACE{"QVFormSurface", "QVFORMSURF
 inline constexpr TableVariable Output_QVFORMSEPARATE{"QVFormSeparate", "QVFORMSEPARATE", kSwitch};
 inline constexpr OwnVariable Output_QVFORMSELECT1{
     "QVFORMSELECT1", writeFormSelect1Line, "QVFormSelect1StringValueUTF8", "QVFormSelect1",
-    "as it is (dialog); the form's tag, or the typed name, in hex (plain)", "empty"};
+    "as it is (dialog); the form's tag, or the custom value, in hex (plain)", "empty"};
 inline constexpr OwnVariable Output_QVFORMSELECT2{
     "QVFORMSELECT2", writeFormSelect2Line, "QVFormSelect2StringValueUTF8", "QVFormSelect2",
-    "as it is (dialog); the form's tag, or the typed name, in hex (plain)", "empty"};
+    "as it is (dialog); the form's tag, or the custom value, in hex (plain)", "empty"};
 inline constexpr TableVariable Output_QVPRIORITY_LAYER{"QVPriorityLayer", "QVPRIORITYLAYER", kPriorityLayer};
 
 // The job's identity.
 inline constexpr OwnVariable Output_QVOWNERNAME{
     "QVOWNERNAME", writeOwnerSwitchLine, "QVOwnerName", "QVOwnerNameInfo",
-    "OFF: OFF, ON: ON (dialog); ON for a typed name that may be sent, else OFF (plain)", "OFF"};
+    "OFF: OFF, ON: ON (dialog); ON for a valid custom value, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_USERNAME{
     "USERNAME", writeUserNameLine, "QVOwnerNameTextValueUTF8", "QVOwnerNameInfo",
-    "as it is (dialog); the typed name in hex (plain)", "the console user's name in hex"};
+    "as it is (dialog); the custom value in hex (plain)", "the console user's name in hex"};
 inline constexpr OwnVariable Output_QVJOBNAME{
     "QVJOBNAME", writeJobNameSwitchLine, "QVJobName", "QVJobNameInfo",
-    "OFF: OFF, ON: ON (dialog); ON for a typed name that may be sent, else OFF (plain)", "OFF"};
+    "OFF: OFF, ON: ON (dialog); ON for a valid custom value, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_JOBNAME{
     "JOBNAME", writeJobNameLine, "QVJobName, QVJobNameTextValueUTF8", "QVJobNameInfo",
-    "for QVJobName ON the text as it is, the title in hex when it is empty (dialog); the typed name in hex (plain)",
+    "for QVJobName ON the text as it is, the title in hex when it is empty (dialog); the custom value in hex (plain)",
     "the job's title in hex; empty for QVJobName ON without a text (dialog)"};
 inline constexpr OwnVariable Output_QVSECRETNUM{
     "QVSECRETNUM", writeSecretNumSwitchLine, "QVSecretNum", "QVSecretNumInfo",
-    "OFF: OFF, ON: ON (dialog); ON for a typed PIN that may be sent, else OFF (plain)", "OFF"};
+    "OFF: OFF, ON: ON (dialog); ON for a valid custom value, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_PASSWORD{
     "PASSWORD", writePasswordLine, "QVSecretNumTextValue", "QVSecretNumInfo",
-    "as it is (dialog); the typed PIN in clear (plain)", "empty"};
+    "as it is (dialog); the custom value in clear (plain)", "empty"};
 inline constexpr TableVariable Output_QVHIDEJOB{"QVHideJob", "QVHIDEJOB", kSwitch};  // dialog only
 inline constexpr OwnVariable Output_QVJOBCOMMENT{
     "QVJOBCOMMENT", writeJobCommentLine, "QVJobCommentTextValueUTF8", "QVJobComment",
-    "as it is (dialog); the typed text in hex (plain)", "empty"};
+    "as it is (dialog); the custom value in hex (plain)", "empty"};
 
 inline constexpr TableVariable Output_QVPRINTSPEED{"QVPrintSpeed", "QVPRINTSPEED", kPrintSpeed};
 inline constexpr TableVariable Output_QVCARBONCOPY{"QVCarbonCopy", "QVCARBONCOPY", kSwitch};

@@ -25,7 +25,8 @@ void writeFormLine(std::FILE* stream, PrintJobData& job, const char* dialogKey, 
   Output_ValueWithArray(stream, job, pjlName, choice, kForms.rows, true);
 }
 
-// The switch of a typed text: as the dialog sets it, else whether there is a text.
+// The switch of a custom value: as the dialog sets it; for plain jobs, whether there is a valid
+// one.
 void writeTextSwitchLine(std::FILE* stream, PrintJobData& job, const char* dialogKey,
                          const char* pjlName, const job::TextField& field) {
   if (!job.isPrintPDE) return writeCustomTextSwitchLine(stream, job, pjlName, field);

@@ -10,12 +10,12 @@ namespace kelm::pjl {
 
 using job::PrintJobData;
 
-// Face down, unless the job has an output tray that leaves the choice.
+// FACEDOWN unless the job's output tray supports both faces.
 void writeOutputFaceLine(std::FILE* stream, PrintJobData& job);
 void writeFormSelect1Line(std::FILE* stream, PrintJobData& job);
 void writeFormSelect2Line(std::FILE* stream, PrintJobData& job);
 
-// Free texts go in hex; the PIN goes as typed.
+// Free texts are sent in hex, the PIN in clear.
 void writeOwnerSwitchLine(std::FILE* stream, PrintJobData& job);
 void writeUserNameLine(std::FILE* stream, PrintJobData& job);
 void writeJobNameSwitchLine(std::FILE* stream, PrintJobData& job);

@@ -7,7 +7,7 @@
 namespace kelm::pjl {
 namespace {
 
-// The result of writing the LF.
+// Returns what putc(3) returns for the LF.
 int writeFrameLine(std::FILE* stream, std::string_view line) {
   std::fwrite(line.data(), 1, line.size(), stream);
   return std::putc('\n', stream);

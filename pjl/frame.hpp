@@ -1,4 +1,5 @@
-// The frame of the header: the fixed lines before the job's variables and the switch behind them.
+// The frame of the header: the fixed lines before the job's variables, and the switch to PostScript
+// after them.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -14,7 +15,7 @@ void Output_QVPJLIDENTIFIER(std::FILE* stream);
 void Output_QVRIPCONTROLFLAG(std::FILE* stream);
 void Output_QVSOFTWARENAME(std::FILE* stream);
 void Output_QVSOFTWAREVERSION(std::FILE* stream);
-// Returns the result of writing the LF, as putc(3).
+// Returns what putc(3) returns for the LF.
 int Output_EnterPostScript(std::FILE* stream);
 
 }  // namespace kelm::pjl

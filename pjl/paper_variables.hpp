@@ -27,39 +27,39 @@ inline constexpr OwnVariable Output_QTY{
     "as it is; QTY when collated: QVCollateValue is 1 (dialog), QVCollate is not False or false (plain); else COPIES", "1"};
 inline constexpr OwnVariable Output_DUPLEX{
     "DUPLEX", writeDuplexLine, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
-    "OFF: OFF, LongEdge: ON, ShortEdge: ON; a booklet binding other than OFF turns QVDuplex, where it is there, into ShortEdge", "the row of the PPD's default, OFF when it has none; ON without a PPD or such an option in it"};
+    "OFF: OFF, LongEdge: ON, ShortEdge: ON; a booklet binding other than OFF changes a QVDuplex that the job has to ShortEdge", "the value of the PPD's default choice, OFF when it is none of these; ON without a PPD or without the option in it"};
 inline constexpr OwnVariable Output_BINDING{
     "BINDING", writeBindingEdgeLine, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
-    "OFF: OFF, LongEdge: LONGEDGE, ShortEdge: SHORTEDGE; booklets as for DUPLEX", "the row of the PPD's default, OFF when it has none; LONGEDGE without a PPD or such an option in it"};
+    "OFF: OFF, LongEdge: LONGEDGE, ShortEdge: SHORTEDGE; for booklets see DUPLEX", "the value of the PPD's default choice, OFF when it is none of these; LONGEDGE without a PPD or without the option in it"};
 inline constexpr DialogOrPlain Output_QVWAITAFTERPROOF{
     TableVariable{"QVWaitAfterProofValue", "QVWAITAFTERPROOF", kDialogSwitch},
     TableVariable{"QVWaitAfterProof", "QVWAITAFTERPROOF", kTrueFalse}};
 inline constexpr OwnVariable Output_QVPAGESIZE{
     "QVPAGESIZE", writePageSizeLine,
     "com.apple.print.PageToPaperMappingMediaName, media", "com.apple.print.PageToPaperMappingMediaName, media",
-    "the paper's name; CUSTOMSIZE when the text contains Custom", "the same of media; A4 without it"};
+    "the paper's name; CUSTOMSIZE when the text contains Custom", "the same from media; A4 without media"};
 inline constexpr OwnVariable Output_QVPAGESIZEWIDTH{
     "QVPAGESIZEWIDTH", writePageWidthLine,
     "QVPAGESizeWidthValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeWidthValue100, media",
-    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the width of media; 21000 without it"};
+    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the width of media; 21000 without media"};
 inline constexpr OwnVariable Output_QVPAGESIZEHEIGHT{
     "QVPAGESIZEHEIGHT", writePageHeightLine,
     "QVPAGESizeHeightValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeHeightValue100, media",
-    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the height of media; 29700 without it"};
+    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the height of media; 29700 without media"};
 inline constexpr OrientationRow kOrientations[] = {{"0", "Portrait", "PORTRAIT"},
                                                    {"1", "Landscape", "LANDSCAPE"}};
 inline constexpr OrientationVariable Output_ORIENTATION{"QVOrientation", "ORIENTATION", kOrientations, 0};
 inline constexpr OwnVariable Output_PAPER{
     "PAPER", writeTargetPaperLine, "QVTargetPaperSize", "QVTargetPaperSize",
-    "the paper's name, but not of tabloid; AUTO when the text contains SameAsOriginal, else CUSTOMSIZE when it contains Custom", "AUTO"};
+    "the paper's name, except for tabloid; AUTO when the text contains SameAsOriginal, else CUSTOMSIZE when it contains Custom", "AUTO"};
 inline constexpr OwnVariable Output_QVTARGETPAPERSIZEWIDTH{
     "QVTARGETPAPERSIZEWIDTH", writeTargetWidthLine,
     "QVTargetPaperSizeWidthValue100, media", "QVTargetPaperSize unless it contains SameAsOriginal, com.apple.print.PageToPaperMappingMediaName, media",
-    "1/100 mm; empty for an unknown or custom target; 0 where a mapped custom paper has no size (plain)", "the width of media; 21000 without it"};
+    "1/100 mm; empty for an unknown or custom target; 0 where a mapped custom paper has no size (plain)", "the width of media; 21000 without media"};
 inline constexpr OwnVariable Output_QVTARGETPAPERSIZEHEIGHT{
     "QVTARGETPAPERSIZEHEIGHT", writeTargetHeightLine,
     "QVTargetPaperSizeHeightValue100, media", "QVTargetPaperSize unless it contains SameAsOriginal, com.apple.print.PageToPaperMappingMediaName, media",
-    "1/100 mm; empty for an unknown or custom target; 0 where a mapped custom paper has no size (plain)", "the height of media; 29700 without it"};
+    "1/100 mm; empty for an unknown or custom target; 0 where a mapped custom paper has no size (plain)", "the height of media; 29700 without media"};
 inline constexpr TableVariable Output_AUTOSELECT{"QVInputSlot", "AUTOSELECT", kAutoSelect};
 inline constexpr TableVariable Output_MEDIASOURCE{"QVInputSlot", "MEDIASOURCE", kMediaSource};
 inline constexpr TableVariable Output_QVOUTPUTMETHOD{"QVOutputMethod", "QVOUTPUTMETHOD", kOutputMethod};

@@ -23,15 +23,15 @@ using job::kMappedPaperKey;
 
 constexpr char kCopiesKey[] = "com.apple.print.PrintSettings.PMCopies..n.";
 
-// Without a default in the PPD, an absent option is the second row.
+// The row for an absent option when the PPD has no default for it.
 constexpr std::size_t kDuplexWithoutPpd = 1;
-// Both have the same choices in the same order.
+// Both tables have the same choices in the same order: they share a default index.
 constexpr auto kDuplex =
     valueTable({{"OFF", "OFF"}, {"LongEdge", "ON"}, {"ShortEdge", "ON"}}, "OFF");
 constexpr auto kBindingEdge =
     valueTable({{"OFF", "OFF"}, {"LongEdge", "LONGEDGE"}, {"ShortEdge", "SHORTEDGE"}}, "OFF");
 
-// One side of a sheet: where it stands in the pair of sizes, and its names.
+// One of the two dimensions of a paper, and its names in the header and the dialog.
 struct Side {
   bool isWidth;
   const char* pageVariable;
@@ -53,7 +53,7 @@ constexpr Side kHeight{false,
                        "QVTargetPaperSizeHeightValue100",
                        kPaperHeights};
 
-// The option's value, of the first option of this name; null without one.
+// The value of the job's first option with this name; null without one.
 const char* firstValue(const PrintJobData& job, const char* name) {
   const cups_option_t* option = findJobOption(&job, name);
   return option == nullptr ? nullptr : option->value;
@@ -69,7 +69,7 @@ bool isCollated(const PrintJobData& job) {
          (std::strcmp(collate, "False") != 0 && std::strcmp(collate, "false") != 0);
 }
 
-// Libcups makes and frees the values of options itself.
+// libcups frees the value later, so it must come from libcups' own allocator.
 void replaceValue(cups_option_t& option, const char* value) {
   cups_option_t* replacement = nullptr;
   const int count = cupsAddOption(option.name, value, 0, &replacement);
@@ -77,7 +77,7 @@ void replaceValue(cups_option_t& option, const char* value) {
   cupsFreeOptions(count, replacement);
 }
 
-// A booklet is bound at the short edge, whatever the job asks for.
+// A booklet is folded at the short edge, whatever duplex edge the job asks for.
 void forceShortEdgeForBooklet(PrintJobData& job) {
   const char* booklet = firstValue(job, "QVBookletBinding");
   if (booklet == nullptr || std::strcmp(booklet, "OFF") == 0) return;
@@ -203,8 +203,8 @@ void writeTargetPaperLine(std::FILE* stream, PrintJobData& job) {
   constexpr char kKey[] = "QVTargetPaperSize";
   if (Output_IfValueContains(stream, job, kKey, "SameAsOriginal", "PAPER", "AUTO") == 1) return;
   if (Output_IfValueContains(stream, job, kKey, "Custom", "PAPER", "CUSTOMSIZE") == 1) return;
-  // An absent PAPER is AUTO whatever the table says: the dialog's A4 never takes effect.
-  Output_KeyValue(stream, job, kKey, "PAPER", kTargetPaperNames.rows, job.isPrintPDE ? 4 : 0);
+  Output_KeyValue(stream, job, kKey, "PAPER", kTargetPaperNames.rows,
+                  kTargetPaperNames.defaultIndex);
 }
 
 void writeTargetWidthLine(std::FILE* stream, PrintJobData& job) {

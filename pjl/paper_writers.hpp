@@ -10,25 +10,25 @@ namespace kelm::pjl {
 
 using job::PrintJobData;
 
-// No line when neither the option nor the computer gives a name.
+// Writes no line when neither the option nor the computer gives a name.
 void writeHostNameLine(std::FILE* stream, PrintJobData& job);
 void writeManualZoomLine(std::FILE* stream, PrintJobData& job);
-// No line for a dialog job without a rate.
+// Writes no line for a dialog job without a rate.
 void writeZoomRateLine(std::FILE* stream, PrintJobData& job);
-// Under the name QTY for collated copies, else COPIES.
+// The variable is QTY for collated copies, else COPIES.
 void writeCopiesLine(std::FILE* stream, PrintJobData& job);
 
-// Both put the short edge into the job's own options first when it is a booklet: the change stays
-// for every later reader of the job.
+// Both first set the job's own duplex option to the short edge when the job is a booklet. Every
+// later reader of the job sees that change.
 void writeDuplexLine(std::FILE* stream, PrintJobData& job);
 void writeBindingEdgeLine(std::FILE* stream, PrintJobData& job);
 
 void writePageSizeLine(std::FILE* stream, PrintJobData& job);
-// In 1/100 mm. No line for a plain job's custom paper that has no size.
+// In 1/100 mm. Write no line for a plain job's custom paper without a size.
 void writePageWidthLine(std::FILE* stream, PrintJobData& job);
 void writePageHeightLine(std::FILE* stream, PrintJobData& job);
 void writeTargetPaperLine(std::FILE* stream, PrintJobData& job);
-// In 1/100 mm; empty for a paper that the printer does not know.
+// In 1/100 mm; empty for a paper that is not in the table.
 void writeTargetWidthLine(std::FILE* stream, PrintJobData& job);
 void writeTargetHeightLine(std::FILE* stream, PrintJobData& job);
 void writePageTrayRepeatLine(std::FILE* stream, PrintJobData& job);

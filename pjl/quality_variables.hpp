@@ -84,14 +84,14 @@ inline constexpr DialogOrPlain Output_QVGCBLACK{
 inline constexpr OwnVariable Output_QVGCGRAY{
     "QVGCGRAY and QVGCRED", writeGrayAndRedLines,
     "QVGCGrayStringValue, then QVGCRedStringValue", "QVGCRed, then QVGCGray",
-    "as they are; two lines, QVGCGRAY first (dialog) or QVGCRED first (plain)", "100 each"};
+    "as it is; two lines, QVGCGRAY first (dialog) or QVGCRED first (plain)", "100 each"};
 inline constexpr OwnVariable Output_QVBCODEAREA{
     "QVBARCODEAREA", writeBarcodeAreaLine, "QVBarcodeArea", "QVBarcodeSelection",
-    "OFF: OFF, ON: ON (dialog); ON for a typed text that may be sent, else OFF (plain)", "OFF"};
+    "OFF: OFF, ON: ON (dialog); ON for a valid custom value, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_QVBCODEAREASELECTION{
     "QVBARCODESELECTION", writeBarcodeSelectionLine,
     "QVBarcodeAreaDefinitionStringValueUTF8", "QVBarcodeSelection",
-    "as it is (dialog); the typed text in hex (plain)", "empty"};
+    "as it is (dialog); the custom value in hex (plain)", "empty"};
 inline constexpr TableVariable Output_QVBARCODEDENSITY{"QVBarcodeDensity", "QVBARCODEDENSITY", kDensity};
 inline constexpr DialogOrPlain Output_QVBARCODEPROOF{
     TableVariable{"QVBarcodeProofValue", "QVBARCODEPROOF", kDialogSwitch},
@@ -105,7 +105,7 @@ inline constexpr DialogOrPlain Output_QVCOLORPROFILE{
 inline constexpr OwnVariable Output_QVOUTPUTPROFILESELECTION{
     "QVOUTPUTPROFILESELECTION", writeOutputProfileLine,
     "QVOutputProfileSelectionStringValueUTF8", "QVOutputProfileSelection",
-    "as it is (dialog); AUTO, NOTUSE or the typed text in hex (plain)", "empty (dialog), AUTO (plain)"};
+    "as it is (dialog); AUTO, NOTUSE or the custom value in hex (plain)", "empty (dialog), AUTO (plain)"};
 inline constexpr TableVariable Output_QVRENDERINGINTENT{"QVRenderingIntent", "QVRENDERINGINTENT", kRenderingIntent};
 inline constexpr TableVariable Output_QVMAXDROPS{"QVMaxDrops", "QVMAXDROPS", kMaxDrops};
 // clang-format on

@@ -10,7 +10,7 @@ namespace kelm::pjl {
 
 using job::PrintJobData;
 
-// Two lines, in an order that depends on where the job came from.
+// Writes two lines. Their order depends on whether the job came from the maker's dialog.
 void writeGrayAndRedLines(std::FILE* stream, PrintJobData& job);
 void writeBarcodeAreaLine(std::FILE* stream, PrintJobData& job);
 void writeBarcodeSelectionLine(std::FILE* stream, PrintJobData& job);

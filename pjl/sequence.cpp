@@ -1,4 +1,4 @@
-// The whole header of a job, in the one order that the printer's firmware knows.
+// The whole header of a job, in the order that the printer's firmware requires.
 // SPDX-License-Identifier: Apache-2.0
 #include "pjl/sequence.hpp"
 

@@ -1,4 +1,4 @@
-// The whole header of a job, in the one order that the printer's firmware knows.
+// The whole header of a job, in the order that the printer's firmware requires.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -10,18 +10,18 @@
 
 namespace kelm::pjl {
 
-// Steps that are written together, for every job or only for jobs of the maker's dialog.
+// Consecutive lines that are written for every job, or only for jobs from the maker's dialog.
 struct HeaderSection {
   bool dialogOnly;
   std::span<const HeaderStep> steps;
 };
 
-// The job's variables in their order, without the frame.
+// The variables in their order, without the frame.
 std::span<const HeaderSection> headerSections();
 
-// Writes the header, from the UEL to the switch to PostScript. Returns the result of its last
-// character write, as putc(3): a line feed, or EOF when the stream does not take it; nobody needs
-// to look at it.
+// Writes the header, from the UEL to the switch to PostScript. Returns what putc(3) returns for the
+// last character: a line feed, or EOF when the stream has failed. Callers may ignore it: a stream
+// error also shows in ferror(3).
 int OutputPJL(std::FILE* stream, job::PrintJobData& job);
 
 }  // namespace kelm::pjl

@@ -1,4 +1,4 @@
-// Value tables: a PPD choice to the value that the printer is told.
+// Value tables: the value that the printer gets for each choice of a PPD option.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -12,7 +12,7 @@ namespace kelm::pjl {
 
 using base::ValueRow;
 
-// The rows in the table's own order, and the row whose value stands for an absent option.
+// The rows in the table's own order, and the index of the row for an absent option.
 struct ValueTableView {
   std::span<const ValueRow> rows;
   std::size_t defaultIndex;
@@ -28,9 +28,9 @@ struct ValueTable {
 
 namespace detail {
 
-// Not constexpr on purpose: reaching one of them stops the compiler with its name.
+// Not constexpr on purpose: a faulty table reaches one of them, and the compiler's error names it.
 void theDefaultIsNoValueOfThisTable();
-void aKeyStandsTwiceInThisTable();
+void aKeyAppearsTwiceInThisTable();
 
 template <std::size_t Count>
 consteval std::size_t indexOfValue(const ValueRow (&rows)[Count], std::string_view value) {
@@ -46,15 +46,15 @@ consteval void checkKeys(const ValueRow (&rows)[Count]) {
   for (std::size_t i = 0; i < Count; ++i) {
     for (std::size_t j = i + 1; j < Count; ++j) {
       if (rows[i].key == nullptr || rows[j].key == nullptr) continue;
-      if (std::string_view(rows[i].key) == rows[j].key) aKeyStandsTwiceInThisTable();
+      if (std::string_view(rows[i].key) == rows[j].key) aKeyAppearsTwiceInThisTable();
     }
   }
 }
 
 }  // namespace detail
 
-// A table checked by the compiler: no key twice, and `absent`, the value for an absent option, is
-// one of its values (the first row that has it).
+// Makes a table that the compiler checks: no key appears twice, and `absent`, the value for an
+// absent option, is one of the table's values. The default is the first row with that value.
 template <std::size_t Count>
 consteval ValueTable<Count> valueTable(const ValueRow (&rows)[Count], std::string_view absent) {
   detail::checkKeys(rows);

@@ -1,5 +1,5 @@
-// The value tables that variables of the header share: a choice of the PPD (or of the dialog) and
-// what the printer is told. The last text is the value for an absent option.
+// The value tables of the header's variables: each choice of a PPD option (or of the dialog) and
+// the value that the printer gets for it. The last argument is the value for an absent option.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -16,7 +16,7 @@ inline constexpr auto kMediaType = valueTable({{"Any", "AUTO"},
                                                {"IJLight", "LIGHT"},
                                                {"CrimpedPaper", "CRIMPED"}},
                                               "AUTO");
-// Two choices, one value: "DualColor" and "Vermilion".
+// "DualColor" and "Vermilion" have the same value on purpose.
 inline constexpr auto kOutputMode = valueTable({{"Auto", "AUTO"},
                                                 {"FiveColor", "FIVECOLOR"},
                                                 {"Black", "GRAYSCALE"},
@@ -48,7 +48,6 @@ inline constexpr auto kOutputMethod = valueTable({{"Print", "PRINT"},
                                                   {"Form", "FORM"},
                                                   {"PrintAndSave", "PRINTANDBOX"}},
                                                  "PRINT");
-// Absent is the second row.
 inline constexpr auto kPageTray = valueTable({{"ON", "ON"}, {"OFF", "OFF"}}, "OFF");
 inline constexpr auto kMultiUp = valueTable({{"OFF", "OFF"},
                                              {"2PagesLeftRight", "2PAGESLEFTRIGHT"},
@@ -75,10 +74,9 @@ inline constexpr auto kTargetPage =
     valueTable({{"FullPage", "FULLPAGE"}, {"FirstPage", "1STPAGE"}}, "FULLPAGE");
 inline constexpr auto kDateSpecify =
     valueTable({{"Today", "TODAY"}, {"Custom", "CUSTOM"}}, "TODAY");
-// "OfficeDoc" is PHOTO, "PhotoDoc" is PHOTODOC; absent is the second row.
+// "OfficeDoc" is PHOTO and "PhotoDoc" is PHOTODOC on purpose.
 inline constexpr auto kDitherType =
     valueTable({{"PhotoDoc", "PHOTODOC"}, {"OfficeDoc", "PHOTO"}, {"LineDoc", "TEXT"}}, "PHOTO");
-// Absent is the fourth row.
 inline constexpr auto kDensity = valueTable({{"Minus3", "-3"},
                                              {"Minus2", "-2"},
                                              {"Minus1", "-1"},
@@ -87,14 +85,13 @@ inline constexpr auto kDensity = valueTable({{"Minus3", "-3"},
                                              {"Plus2", "2"},
                                              {"Plus3", "3"}},
                                             "0");
-// Two empty rows at the end: the firmware's table has five.
+// The firmware's table has five rows; two are empty.
 inline constexpr auto kLineSmoothing = valueTable(
     {{"OFF", "OFF"}, {"Low", "LOW"}, {"High", "HIGH"}, {nullptr, nullptr}, {nullptr, nullptr}},
     "OFF");
 inline constexpr auto kScreening =
     valueTable({{"ErrorDiff", "ERRORDIFF"}, {"Raster70", "RASTER70"}, {"Raster100", "RASTER100"}},
                "ERRORDIFF");
-// Absent is the third row.
 inline constexpr auto kRenderingIntent =
     valueTable({{"RelativeColorimetric", "RELATIVECOLORIMETRIC"},
                 {"AbsoluteColorimetric", "ABSOLUTECOLORIMETRIC"},
@@ -147,7 +144,7 @@ inline constexpr auto kOutputTray = valueTable({{"Auto", "AUTO"},
                                                 {"WideStacker", "WIDESTACKER"},
                                                 {"HighCapacityStacker", "HICAPACITYSTACKER"}},
                                                "AUTO");
-// Absent is the second row.
+// The default is BACK, which is what the choice ON means.
 inline constexpr auto kFormSurface = valueTable({{"OFF", "FRONT"}, {"ON", "BACK"}}, "BACK");
 inline constexpr auto kPriorityLayer =
     valueTable({{"Overlay", "OVERLAY"}, {"Original", "ORIGINAL"}, {"Form", "FORM"}}, "OVERLAY");
@@ -162,7 +159,7 @@ inline constexpr auto kCarbonCopyPriority = valueTable({{"NoUse", "NOUSE"},
                                                         {"Tray3", "TRAY3"}},
                                                        "NOUSE");
 
-// A switch as plain dialogs send it: either spelling.
+// A switch as other dialogs send it, in either spelling.
 inline constexpr auto kTrueFalse =
     valueTable({{"False", "OFF"}, {"True", "ON"}, {"false", "OFF"}, {"true", "ON"}}, "OFF");
 
@@ -179,7 +176,7 @@ inline constexpr auto kRotate = valueTable({{"Auto", "AUTO"},
                                             {"degree180", "180"},
                                             {"degree270", "270"}},
                                            "AUTO");
-// "HIGH_SPEED" has an underscore, unlike its neighbours; absent is the second row.
+// Only "HIGH_SPEED" has an underscore, on purpose.
 inline constexpr auto kImageQuality = valueTable({{"Draft", "DRAFT"},
                                                   {"Standard", "STANDARD"},
                                                   {"Fine", "FINE"},
@@ -216,8 +213,7 @@ inline constexpr auto kFormPattern = valueTable({{"One", "ONE"},
 inline constexpr auto kOutputFace =
     valueTable({{"FaceUp", "FACEUP"}, {"FaceDown", "FACEDOWN"}}, "FACEUP");
 
-// Sheet trays: an absent tray is TRAY1 for the maker's dialog and STANDARD for any other, by
-// design.
+// Sheet trays: the default is TRAY1 for jobs from the maker's dialog and STANDARD for all others.
 inline constexpr auto kCoverSheetTrayOfDialog =
     valueTable({{"Tray1", "TRAY1"},
                 {"Tray2", "TRAY2"},

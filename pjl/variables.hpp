@@ -1,5 +1,5 @@
-// The kinds of rows of which the header's variables are made. A row is a constant that knows its
-// option, its name and its data, and writes its line when it is called with a stream and a job.
+// The kinds of rows that describe the header's variables. A row is a constant with an option, a PJL
+// name and data; calling it with a stream and a job writes the variable's line.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -14,7 +14,7 @@
 
 namespace kelm::pjl {
 
-// "This option through this table" (Output_KeyValue).
+// Looks the option up in a table (Output_KeyValue).
 struct TableVariable {
   const char* optionKey;
   const char* pjlName;
@@ -25,7 +25,7 @@ struct TableVariable {
   }
 };
 
-// "This option as it is" (Output_CopyValue).
+// Copies the option's text (Output_CopyValue).
 struct CopyVariable {
   const char* optionKey;
   const char* pjlName;
@@ -36,7 +36,7 @@ struct CopyVariable {
   }
 };
 
-// "This option in upper case" (Output_CopyValueWithUpperCase).
+// Copies the option's text in upper case (Output_CopyValueWithUpperCase).
 struct UpperCaseVariable {
   const char* optionKey;
   const char* pjlName;
@@ -59,7 +59,7 @@ struct OrientationVariable {
   }
 };
 
-// One row for jobs of the maker's dialog and one, of the same variable, for all others.
+// Two rows of the same variable: one for jobs from the maker's dialog, one for plain jobs.
 template <class Row>
 struct DialogOrPlain {
   Row dialog;
@@ -72,8 +72,8 @@ struct DialogOrPlain {
 template <class Row>
 DialogOrPlain(Row, Row) -> DialogOrPlain<Row>;
 
-// A variable with logic of its own. What stands beside the writer is for readers of the header's
-// documentation: the options that it reads on each road, and what it writes without them.
+// A variable with logic of its own. The texts after the writer are for docs/pjl-header.md: the
+// options that dialog jobs and plain jobs use, the values, and the value without an option.
 struct OwnVariable {
   const char* pjlName;
   void (*writer)(std::FILE*, PrintJobData&);
@@ -85,7 +85,7 @@ struct OwnVariable {
   void operator()(std::FILE* stream, PrintJobData& job) const { writer(stream, job); }
 };
 
-// One step of the header: a row of any kind, which outlives it.
+// One step of the header: a pointer to a row of any kind, which must outlive the step.
 using HeaderStep = std::variant<const TableVariable*, const CopyVariable*, const UpperCaseVariable*,
                                 const OrientationVariable*, const DialogOrPlain<TableVariable>*,
                                 const DialogOrPlain<CopyVariable>*,

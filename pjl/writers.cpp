@@ -1,4 +1,4 @@
-// The writers of which every line of the header is made.
+// The writers that every line of the header goes through.
 // SPDX-License-Identifier: Apache-2.0
 #include "pjl/writers.hpp"
 
@@ -29,7 +29,7 @@ void endLine(std::FILE* stream, std::string_view value) {
   writeText(stream, "\n");
 }
 
-// The value of the first row with this key; an empty one when no row has it.
+// The value of the first row with this key, or an empty value.
 const char* valueFor(std::span<const ValueRow> rows, std::string_view key) {
   for (const ValueRow& row : rows) {
     if (row.key != nullptr && key == row.key) return row.value;
@@ -41,7 +41,7 @@ const char* valueAt(std::span<const ValueRow> rows, std::size_t index) {
   return index < rows.size() && rows[index].value != nullptr ? rows[index].value : "";
 }
 
-// What an absent option of the variable `pjlName` means.
+// The value of the variable `pjlName` without its option.
 const char* absentValue(const PrintJobData& job, std::string_view pjlName,
                         std::span<const ValueRow> rows, std::size_t defaultIndex) {
   if (pjlName == "QVPAGESIZE") {

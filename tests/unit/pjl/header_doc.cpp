@@ -17,14 +17,12 @@ namespace {
 
 constexpr char kTop[] = R"(# The PJL header
 
-Every job that the filter sends begins with a header in the Printer Job Language, in front of its
-PostScript. This page is for whoever writes to such a printer, or reads what was sent to one. It is
-made from the rows that write the header: `scripts/update-docs` writes it anew, and a test fails
-when it is out of date.
+Every job that the filter sends begins with a header in the Printer Job Language (PJL), followed by
+the job's PostScript. This page is the reference for the header. It is generated from the tables that
+write it: run `scripts/update-docs` after a change; a test fails when the page is out of date.
 
-Every line ends with a bare line feed (0x0A). A setting is `@PJL SET NAME=VALUE`: nothing is quoted,
-no blank stands around the `=`, and a value may be empty. Nothing closes the PostScript that
-follows.
+Every line ends with a bare line feed (0x0A). A setting is `@PJL SET NAME=VALUE`, without quotation
+marks and without spaces around the `=`; a value may be empty. Nothing is sent after the PostScript.
 
 ## Frame
 
@@ -35,13 +33,13 @@ constexpr char kVariables[] = R"(
 
 ## Variables
 
-The lines stand in this order in every header. A *dialog job* carries the option `PrintPDE` (with
-any value): it came through the maker's print dialog. Every other job is a *plain job*. Lines for
-dialog jobs alone are left out of plain jobs. An option is one of the job's own: neither the PPD's
-default nor its marked choice takes part, save where this table names the PPD.
+The lines are in this order in every header. A *dialog job* has the option `PrintPDE` (with any
+value): it comes from the maker's print dialog. Every other job is a *plain job*. A line marked
+"dialog" is written for dialog jobs only. Options are the job's own: the PPD's defaults and marked
+choices have no effect, except where this table names the PPD.
 
-"Choice: VALUE" is compared letter for letter. A choice that is in no row, an empty one too, gives
-an empty value and not the default.
+"Choice: VALUE" means that this choice gives this value; upper and lower case differ. A choice that
+is not listed, or an empty one, gives an empty value, not the default.
 
 | # | Variable | Jobs | Option of dialog jobs | Option of plain jobs | Values | Without the option |
 |---|---|---|---|---|---|---|
@@ -50,38 +48,37 @@ an empty value and not the default.
 constexpr char kPapersTop[] = R"(
 ## Papers
 
-The names of QVPAGESIZE and PAPER, and the sizes of the four width and height variables, upright, in
-1/100 mm. The sizes are the printer's own, not those of any published table. The choice `tabloid` is
-for QVPAGESIZE and for the sizes of `media` alone.
+The names for QVPAGESIZE and PAPER, and the sizes for the four width and height variables: upright,
+in 1/100 mm. The sizes are the printer's own, not those of any published table. The choice `tabloid`
+works only for QVPAGESIZE and in `media`.
 
 | Choice | Name | Width | Height |
 |---|---|---|---|
 )";
 
 constexpr char kCustomPapers[] = R"(
-A custom paper is `Custom.WIDTHxHEIGHT` in PostScript points, whatever unit stands behind them; each
-side is rounded to whole millimetres (p / 72 × 25.4) before it is sent in 1/100 mm. 595 points are
-21000.
+A custom paper is `Custom.WIDTHxHEIGHT` in PostScript points; a unit after a number is ignored. Each
+side is rounded to whole millimetres (p / 72 × 25.4) and sent in 1/100 mm: 595 points are 21000.
 
 ## Forms
 
-What QVFORMSELECT1 and QVFORMSELECT2 of a plain job say, in hex, for a text that is a choice of the
-PPD's option or its label in the job's language. A choice that is not in this table gives an empty
-value; a text that is no choice is a typed text.
+In a plain job, the values of QVFORMSELECT1 and QVFORMSELECT2 for a choice of the PPD's option, or
+for a choice's label in the job's language. The text is sent in hex. A choice that is not in this
+table gives an empty value. Any other text is a custom value.
 
 | Choice | Text |
 |---|---|
 )";
 
-constexpr char kTypedTop[] = R"(
-## Typed texts
+constexpr char kCustomValuesTop[] = R"(
+## Custom values
 
-A plain dialog sends what a person typed as `Custom.` and the text; the text ends at the next full
-stop. A value without `Custom.` is a text as a whole. A text is sent only when its length in UTF-16
-code units is within the bounds and its characters are allowed; otherwise the job counts as one
-without the option, and so does one with the word for "nothing typed".
+A plain job has a custom value as `Custom.` and the text; the text ends at the next full stop. A
+value without `Custom.` is the text itself. The text is valid when its length in UTF-16 code units is
+within the limits and all its characters are allowed. An invalid text has the same effect as no
+option, and so does the option's "off" choice.
 
-| Option | Nothing typed | Length | Characters |
+| Option | Off | Length | Characters |
 |---|---|---|---|
 )";
 
@@ -92,21 +89,21 @@ constexpr char kEnd[] = R"(.
 
 ## Notes
 
-- *Hex text.* Free texts go in hex: each byte of the UTF-8 text as two characters, upper case. A byte
-  below 0x10 is a blank and one digit: a tab is ` 9`. The dialog sends its texts (options that end
-  in `StringValueUTF8` or `TextValueUTF8`) in this form already, and they are copied.
-  `417269616C4D54` is the font ArialMT. The host name and the title of a dialog job are cut after
-  2047 bytes, which fill the printer's buffer; the title of a plain job is sent whole.
-- *The PIN* (PASSWORD) is the one typed text that goes as it is, in clear.
-- *An absent page size.* QVPAGESIZE without its option follows the job's `media`; PAPER without its
-  option is AUTO whatever the target of a dialog job would be.
-- *Orientation.* The width and height that decide an absent ORIENTATION are those of a custom
-  `media` in a job of 1 to 99 options; on every other paper it is PORTRAIT.
-- *Booklets.* A booklet binding changes the job's own QVDuplex, so that every later reader of the
-  job sees the short edge.
-- *What looks like a slip and is none:* two choices of QVOUTPUTMODE give DUAL; OfficeDoc of
-  QVDITHERTYPE gives PHOTO and PhotoDoc PHOTODOC; HIGH_SPEED alone has an underscore; the default of
-  QVFORMSURFACE is BACK; the order of QVGCGRAY and QVGCRED depends on the kind of job.
+- *Hex text.* Free texts are sent in hex: each byte of the UTF-8 text as two characters, in upper
+  case. A byte below 0x10 is a space and one digit: a tab is ` 9`. The dialog sends its texts
+  (options that end in `StringValueUTF8` or `TextValueUTF8`) already in this form, and the filter
+  copies them. `417269616C4D54` is the font ArialMT. The host name and the title of a dialog job are
+  cut after 2047 bytes; the title of a plain job is sent whole.
+- *The PIN* (PASSWORD) is the only free text that is sent in clear.
+- *Absent page sizes.* QVPAGESIZE without its option follows the job's `media`. PAPER without its
+  option is always AUTO.
+- *Orientation.* Without an option, ORIENTATION is LANDSCAPE only for a custom `media` that is wider
+  than high, in a job of 1 to 99 options. In every other case it is PORTRAIT.
+- *Booklets.* A booklet binding changes the job's own QVDuplex: everything that reads the job later
+  sees the short edge.
+- *Not slips, although they look like some:* two choices of QVOUTPUTMODE give DUAL; OfficeDoc of
+  QVDITHERTYPE gives PHOTO, and PhotoDoc gives PHOTODOC; only HIGH_SPEED has an underscore; the
+  default of QVFORMSURFACE is BACK; the order of QVGCGRAY and QVGCRED depends on the kind of job.
 )";
 
 std::string frameLines(const std::vector<void (*)(std::FILE*)>& writers) {
@@ -175,7 +172,8 @@ Cells cellsOf(const OwnVariable& row) {
   return {row.pjlName, row.dialogSource, row.plainSource, row.values, row.absent};
 }
 
-std::string ofRoads(const std::string& dialog, const std::string& plain, const char* separator) {
+std::string dialogAndPlain(const std::string& dialog, const std::string& plain,
+                           const char* separator) {
   return dialog == plain ? dialog : dialog + " (dialog)" + separator + plain + " (plain)";
 }
 
@@ -184,7 +182,8 @@ Cells cellsOf(const DialogOrPlain<Row>& row) {
   const Cells dialog = cellsOf(row.dialog);
   const Cells plain = cellsOf(row.plain);
   return {dialog.name, dialog.dialogOption, plain.plainOption,
-          ofRoads(dialog.values, plain.values, "; "), ofRoads(dialog.absent, plain.absent, ", ")};
+          dialogAndPlain(dialog.values, plain.values, "; "),
+          dialogAndPlain(dialog.absent, plain.absent, ", ")};
 }
 
 std::string tableLine(const std::vector<std::string>& cells) {
@@ -228,14 +227,14 @@ std::string charactersOf(const job::TextField& field) {
     case job::kForbiddenSet:
       return *field.forbidden == '\0' ? "any" : "any but the forbidden";
     case job::kProfileSet:
-      return "ASCII letters and digits, _ - . tab and blank";
+      return "ASCII letters and digits, _ - . tab and space";
     case job::kSecretNumSet:
       return "digits";
   }
   return {};
 }
 
-std::string typedTexts() {
+std::string customValues() {
   std::string text;
   for (const auto* field :
        {&job::kBarcodeSelection, &job::kOutputProfile, &job::kFormSelect1, &job::kFormSelect2,
@@ -251,7 +250,8 @@ std::string typedTexts() {
 
 std::string headerDocument() {
   return kTop + frame() + kVariables + variables() + kPapersTop + papers() + kCustomPapers +
-         forms() + kTypedTop + typedTexts() + kNotes + "`" + job::kForbiddenCharacters + "`" + kEnd;
+         forms() + kCustomValuesTop + customValues() + kNotes + "`" + job::kForbiddenCharacters +
+         "`" + kEnd;
 }
 
 }  // namespace kelm::pjl

@@ -24,7 +24,7 @@ TEST(HeaderDocument, HasARowForATableOfBothKindsOfJobs) {
             std::string::npos);
 }
 
-TEST(HeaderDocument, TellsBothRoadsApart) {
+TEST(HeaderDocument, TellsDialogAndPlainJobsApart) {
   EXPECT_NE(headerDocument().find("| 20 | QVOUTPUTBOX | all | QVPageOutputBoxPSValue | QVOutputBox "
                                   "| in capitals | empty (dialog), SHAREDBOX1 (plain) |\n"),
             std::string::npos);

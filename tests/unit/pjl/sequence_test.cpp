@@ -1,4 +1,4 @@
-// The whole header: its lines in their one order, and what stands in them when a job says nothing.
+// The whole header: its lines in their order, with the values of a job without options.
 // SPDX-License-Identifier: Apache-2.0
 #include "pjl/sequence.hpp"
 
