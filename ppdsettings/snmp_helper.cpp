@@ -2,8 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdsettings/snmp_helper.hpp"
 
-#include <cups/http.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cstring>
@@ -12,8 +10,8 @@
 #include <utility>
 
 #include "base/hex_text.hpp"
-#include "base/utf.hpp"
 #include "job/ppd_calls.hpp"
+#include "ppdsettings/base64_text.hpp"
 #include "ppdsettings/stored_facts.hpp"
 
 namespace kelm::ppdsettings {
@@ -35,22 +33,10 @@ constexpr SwitchRule kOnlyOneIsTrue{"1", true, false};
 constexpr SwitchRule kOnlyZeroIsFalse{"0", false, false};
 constexpr SwitchRule kPersonalFolder{"1", true, true};
 
-std::optional<std::string> validUtf8(std::string text) {
-  if (!base::utf16Length(text)) return std::nullopt;
-  return text;
-}
-
 // The value of the first attribute of this keyword; null without one.
 const char* attributeValue(ppd_file_t* ppd, const char* keyword) {
   const ppd_attr_t* attribute = r_ppdFindAttr(ppd, keyword, nullptr);
   return attribute != nullptr ? attribute->value : nullptr;
-}
-
-std::optional<std::string> decodedBase64(const char* text) {
-  char buffer[kTextBufferSize] = "";
-  int size = sizeof buffer;
-  if (httpDecode64_2(buffer, &size, text) == nullptr) return std::nullopt;
-  return validUtf8(buffer);
 }
 
 bool readSwitch(const StoredFact& fact, const SwitchRule& rule, ppd_file_t* ppd) {

@@ -5,12 +5,14 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 #include <string>
-#include <string_view>
 
 #include "base/hex_text.hpp"
+#include "base/mac_address.hpp"
 #include "job/diagnostics.hpp"
 #include "platform/platform.hpp"
+#include "ppdsettings/base64_text.hpp"
 #include "ppdsettings/stored_facts.hpp"
 
 namespace kelm::ppdsettings {
@@ -18,8 +20,8 @@ namespace {
 
 using job::PrintJobData;
 
-// cupsd takes this many bytes of a line as one message, and the rest as the next message.
-constexpr std::size_t kCupsMessageSize = 2047;
+// libcups reads no PPD with a line of more than 255 bytes, and cupsd writes "*KEYWORD: VALUE".
+constexpr std::size_t kMaxKeywordAndValue = 252;
 
 // cupsd splits a message at white space, interprets quotation marks, apostrophes and backslashes,
 // and begins a new message at a line feed.
@@ -27,30 +29,46 @@ constexpr bool isHarmless(char c) {
   return c > ' ' && c < '\x7F' && c != '"' && c != '\'' && c != '\\';
 }
 
-// Whether cupsd could take a part of the value for a keyword. The rest of a line that it cuts is a
-// message only with a colon ("PPD:").
-bool couldForge(std::string_view value, std::size_t lineSize) {
-  if (lineSize > kCupsMessageSize && value.find(':') != value.npos) return true;
-  return !std::all_of(value.begin(), value.end(), isHarmless);
+// Whether a job can go on with this stored MAC address: one of fewer than six parts ends it. An
+// empty one means that there is none.
+bool isMacAddressOrNone(const char* value) {
+  const std::optional<std::string> address = decodedBase64(value);
+  return address && (address->empty() || base::macAddressOf(*address));
 }
 
-void logKeyword(const std::string& keyword, const char* what) {
-  platform::platform().systemLog->error("[Driver] PPD keyword " + keyword + what);
+// Why the value must not get into the queue's PPD; null when it may.
+const char* objectionTo(const StoredFact& fact, const std::string& keyword,
+                        const std::string& value) {
+  if (!std::all_of(value.begin(), value.end(), isHarmless)) {
+    return "its value could forge other keywords";
+  }
+  if (keyword.size() + value.size() > kMaxKeywordAndValue) {
+    return "CUPS could not read the PPD with a value that long";
+  }
+  if (&fact == &storedFact("PrinterMacAddress") && !isMacAddressOrNone(value.c_str())) {
+    return "its value is not a MAC address";
+  }
+  return nullptr;
+}
+
+void logKeyword(const std::string& keyword, const std::string& reason) {
+  platform::platform().systemLog->error("[Driver] PPD keyword " + keyword +
+                                        " not updated: " + reason);
 }
 
 // One write, so that no message of another filter of the job comes in between.
-bool writeLine(const std::string& keyword, std::string_view value, Trace trace) {
-  const std::string line = "PPD: " + keyword + "=" + std::string(value) + "\n";
+bool writeLine(const StoredFact& fact, const std::string& keyword, const std::string& value) {
+  const std::string line = "PPD: " + keyword + "=" + value + "\n";
   if (line.size() >= base::kTextBufferSize) {
-    logKeyword(keyword, " not updated: its value is too long; the update job ends");
+    logKeyword(keyword, "its value is too long; the update job ends");
     std::abort();
   }
-  if (couldForge(value, line.size())) {
-    logKeyword(keyword, " not updated: its value could forge other keywords");
+  if (const char* objection = objectionTo(fact, keyword, value)) {
+    logKeyword(keyword, objection);
     return false;
   }
   std::fputs(line.c_str(), stderr);
-  if (trace == Trace::yes) job::LogMessage(line.c_str(), true);
+  if (fact.trace == Trace::yes) job::LogMessage(line.c_str(), true);
   return true;
 }
 
@@ -58,7 +76,7 @@ bool updateKeyword(const PrintJobData* job, const StoredFact& fact, const std::s
   bool written = false;
   for (const cups_option_t& option : job::jobOptions(job)) {
     if (option.value == nullptr || keyword != option.name) continue;
-    written = writeLine(keyword, option.value, fact.trace) || written;
+    written = writeLine(fact, keyword, option.value) || written;
     if (fact.matches == Matches::first) break;
   }
   return written;

@@ -10,11 +10,11 @@ namespace kelm::ppdsettings {
 // Whether the job has the option "UpdatePPDOptions", with any value.
 bool ShouldUpdatePPD(const job::PrintJobData* job);
 
-// Each passes the job's options of its keyword on, one line "PPD: KEYWORD=VALUE" for each, and says
-// whether a line was written; without a record or options, none is. A value that could forge other
-// keywords in the print system is left out, with a word in the system log (docs/security.md). A
-// line that does not fit into 4096 bytes ends the process by abort(), with a word in the system
-// log and nothing of the line written.
+// Each writes one line "PPD: KEYWORD=VALUE" for each of its options that it passes on, and returns
+// whether it wrote one; it writes none for a null record. It leaves out, with an entry in the
+// system log, a value that could forge other keywords or break the queue for later jobs
+// (docs/security.md). A line that does not fit into 4096 bytes ends the process by abort(), with an
+// entry in the system log and nothing of the line written.
 bool UpdatePPDOptionsUpdatedToPPD(const job::PrintJobData* job);
 bool UpdateIsCustomSnmpCommunityToPPD(const job::PrintJobData* job);
 bool UpdateSnmpCommunityNameToPPD(const job::PrintJobData* job);

@@ -1,5 +1,6 @@
-// Any value of an update job's option: the print system, which cuts lines and parses them with its
-// own option parser, finds that option with that value in what is written, or nothing at all.
+// Any value of an update job's option: cupsd, which cuts lines and parses them with libcups' option
+// parser, finds that option with that value in what is written, or nothing at all; and a PPD with
+// what it stores is read back, with that value, and ends no later job.
 // SPDX-License-Identifier: Apache-2.0
 #include <cups/cups.h>
 
@@ -12,23 +13,27 @@
 #include <vector>
 
 #include "platform/fake/fake_platform.hpp"
+#include "ppdsettings/snmp_helper.hpp"
 #include "ppdsettings/update_job.hpp"
 #include "tests/support/memory_job.hpp"
+#include "tests/support/memory_ppd.hpp"
+#include "wakeup/xpc_call_object.hpp"
 
 namespace {
 
 constexpr std::size_t kMessageSize = 2047;   // of cupsd
-constexpr std::size_t kLongestValue = 4072;  // of a line that fits its buffer
-constexpr char kKeyword[] = "PrinterIPAddress";
+constexpr std::size_t kLongestValue = 4071;  // of a line that fits its buffer
 
 using Keywords = std::vector<std::pair<std::string, std::string>>;
 
-std::string writtenFor(const std::string& value) {
+using Updater = bool(const kelm::job::PrintJobData*);
+
+std::string writtenFor(const char* keyword, Updater* update, const std::string& value) {
   const kelm::platform::FakePlatform platform;
-  kelm::tests::TestJob job({{kKeyword, value}});
+  kelm::tests::TestJob job({{keyword, value}});
   kelm::tests::MemoryOutput output;
   std::FILE* const own = std::exchange(stderr, output.stream());
-  kelm::ppdsettings::UpdateIPAddressToPPD(&*job);
+  update(&*job);
   stderr = own;
   return output.text();
 }
@@ -53,14 +58,30 @@ Keywords storedBy(std::string_view lines) {
   return keywords;
 }
 
+// cupsd writes "*KEYWORD: VALUE" into the PPD. A later job must be able to read it, with its MAC
+// address: one of too few parts throws.
+void checkNextJob(const char* keyword, const std::string& value) {
+  const kelm::tests::MemoryPpd ppd("*" + std::string(keyword) + ": " + value + "\n");
+  if (static_cast<ppd_file_t*>(ppd) == nullptr) std::abort();
+  using kelm::ppdsettings::KelmSNMPHelper;
+  if (KelmSNMPHelper::getPPDAttributeValueForName_ppdFile_(keyword, ppd) != value) std::abort();
+  kelm::wakeup::XPCCallObject::isEnableWakeOnLan_macAddress_(
+      true, KelmSNMPHelper::getPrinterMacAddress_(ppd));
+}
+
+void checkValue(const char* keyword, Updater* update, const std::string& value) {
+  const Keywords keywords = storedBy(writtenFor(keyword, update, value));
+  if (keywords.empty()) return;
+  if (keywords != Keywords{{keyword, value}}) std::abort();
+  checkNextJob(keyword, value);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string bytes(reinterpret_cast<const char*>(data), std::min(size, kLongestValue));
   const std::string value = bytes.c_str();
-  const Keywords keywords = storedBy(writtenFor(value));
-  const std::string storable =
-      value.substr(0, kMessageSize - std::string_view("PPD: =").size() - sizeof kKeyword + 1);
-  if (!keywords.empty() && keywords != Keywords{{kKeyword, storable}}) std::abort();
+  checkValue("PrinterIPAddress", kelm::ppdsettings::UpdateIPAddressToPPD, value);
+  checkValue("PrinterMacAddress", kelm::ppdsettings::UpdateMacAddressToPPD, value);
   return 0;
 }

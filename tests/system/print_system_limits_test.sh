@@ -1,5 +1,5 @@
 #!/bin/sh
-# What the print server makes of long values, as docs/stored-facts.md says.
+# What cupsd does with long values, as docs/stored-facts.md says, and that no update job sends them.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -37,6 +37,21 @@ cups_start
 for queue in fits cut abort; do
   cups_queue "$queue" "file:$W/$queue.out" "$HERE/lib/queue.ppd"
 done
+# The filter never writes such a line; this one writes what its option Careless says.
+cat >"$W/careless" <<'END'
+#!/bin/sh
+cat >/dev/null
+value=${5#*Careless=}
+echo "PPD: PrinterIPAddress=${value%% *}" >&2
+END
+
+# careless QUEUE VALUE : CUPS is made to store the value
+careless() {
+  install -m 755 "$W/careless" "$CUPS/bin/filter/kelmfilter"
+  cups_job "$1" -o "Careless=$2" "$W/page.ps" >"$W/job_id" || fail "the job did not end"
+  install -m 755 "$BUILD/kelmfilter" "$CUPS/bin/filter/kelmfilter"
+}
+
 printer_start 9100 "$W/printer.out"
 cups_queue long socket://127.0.0.1:9100 "$HERE/lib/queue.ppd"
 
@@ -47,11 +62,18 @@ expect "longest value" "$(letters 236)" "$(stored fits PrinterIPAddress)"
 expect_line "$W/settings" "IP address                $(zeros 59 | sed 's/0/ABC/g')"
 expect "feature sections" 1 "$(features fits)"
 
-# One more: stored, but no program can read the queue's PPD from then on, and the print server
-# itself, when it looks (its own notes of the PPD being older by a second), takes the queue for one
-# without a driver: documents go to the printer without a header and without the filter.
+# One more is left out: the queue keeps its value and its driver.
+update fits "PrinterIPAddress=$(letters 236)="
+expect "value left alone" "$(letters 236)" "$(stored fits PrinterIPAddress)"
+wait_until 2 grep -qa 'PPD keyword PrinterIPAddress not updated: CUPS could not read' "$W/syslog" ||
+  fail "the system log does not name the keyword"
+expect "feature sections" 1 "$(features fits)"
+
+# If it were stored, no program could read the queue's PPD from then on, and cupsd itself, when it
+# looks (its own copy of the PPD being older by a second), would take the queue for one without a
+# driver: documents go to the printer without a header and without the filter.
 sleep 1.1
-update long "PrinterIPAddress=$(letters 236)="
+careless long "$(letters 236)="
 expect "stored value" "$(letters 236)=" "$(stored long PrinterIPAddress)"
 if "$BUILD/kelmctl" settings long >"$W/settings" 2>"$W/problem"; then fail "the PPD could be read"; fi
 grep -q 'Line longer than the maximum allowed (255 characters)' "$W/problem" ||
@@ -61,7 +83,7 @@ cups_job long "$W/page.ps" >"$W/job_id" || fail "the job did not end"
 wait_until 5 grep -qa '^showpage' "$W/printer.out" || fail "no page at the printer"
 if grep -qa '@PJL' "$W/printer.out"; then fail "the filter was run"; fi
 
-# So no later update job can mend it: its filter is not run. A sound PPD does.
+# So no later update job can repair it: its filter is not run. A sound PPD does.
 update long PrinterIPAddress=MTkyLjAuMi43
 expect "stored value" "$(letters 236)=" "$(stored long PrinterIPAddress)"
 cups_queue long socket://127.0.0.1:9100 "$HERE/lib/queue.ppd"
@@ -70,7 +92,7 @@ update long PrinterIPAddress=MTkyLjAuMi43
 expect_line "$W/settings" 'IP address                192.0.2.7'
 
 # A message ends with its 2047th byte; "PPD: PrinterIPAddress=" are 22 of them.
-update cut "PrinterIPAddress=$(zeros 3000)"
+careless cut "$(zeros 3000)"
 expect "cut value" "$(zeros 2025)" "$(stored cut PrinterIPAddress)"
 
 # A line that does not fit into 4096 bytes ends the update job; the lines before it count.

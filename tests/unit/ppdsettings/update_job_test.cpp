@@ -67,10 +67,16 @@ TEST_F(UpdateJob, IsNoneWithoutTheMarker) {
   EXPECT_FALSE(ShouldUpdatePPD(jobOf({{"UpdatePPDOption", "1"}, {"updateppdoptions", "1"}})));
 }
 
+// A MAC address, and one that means "none".
+constexpr char kMac[] = "MDA6MTE6MjI6MzM6NDQ6NTU=";
+constexpr char kNoMac[] = "MDA6MDA6MDA6MDA6MDA6MDA=";
+
 struct SingleCase {
   const char* keyword;
   Updater* updater;
   bool everyMatch;
+  const char* one = "1";
+  const char* other = "0";
 };
 
 void PrintTo(const SingleCase& row, std::ostream* out) { *out << row.keyword; }
@@ -82,8 +88,8 @@ class Single : public testing::TestWithParam<SingleCase> {
 
 TEST_P(Single, WritesItsOption) {
   const std::string keyword = GetParam().keyword;
-  EXPECT_EQ(update(GetParam().updater, jobOf({{"a", "b"}, {keyword, "QUJD"}})),
-            "yes PPD: " + keyword + "=QUJD\n");
+  EXPECT_EQ(update(GetParam().updater, jobOf({{"a", "b"}, {keyword, GetParam().one}})),
+            "yes PPD: " + keyword + "=" + GetParam().one + "\n");
   EXPECT_EQ(update(GetParam().updater, jobOf({{keyword, ""}})), "yes PPD: " + keyword + "=\n");
 }
 
@@ -96,9 +102,11 @@ TEST_P(Single, WritesNothingWithoutItsOption) {
 
 TEST_P(Single, WritesTheFirstOrEveryMatch) {
   const std::string keyword = GetParam().keyword;
-  const std::string first = "yes PPD: " + keyword + "=1\n";
-  const std::string second = "PPD: " + keyword + "=0\n";
-  EXPECT_EQ(update(GetParam().updater, jobOf({{keyword, "1"}, {keyword, "0"}})),
+  const std::string one = GetParam().one;
+  const std::string other = GetParam().other;
+  const std::string first = "yes PPD: " + keyword + "=" + one + "\n";
+  const std::string second = "PPD: " + keyword + "=" + other + "\n";
+  EXPECT_EQ(update(GetParam().updater, jobOf({{keyword, one}, {keyword, other}})),
             GetParam().everyMatch ? first + second : first);
 }
 
@@ -108,7 +116,7 @@ INSTANTIATE_TEST_SUITE_P(
                     SingleCase{"IsCustomSnmpCommunity", UpdateIsCustomSnmpCommunityToPPD, false},
                     SingleCase{"SnmpCommunityName", UpdateSnmpCommunityNameToPPD, false},
                     SingleCase{"IsWakeOnLan", UpdateIsWakeOnLanToPPD, false},
-                    SingleCase{"PrinterMacAddress", UpdateMacAddressToPPD, false},
+                    SingleCase{"PrinterMacAddress", UpdateMacAddressToPPD, false, kMac, kNoMac},
                     SingleCase{"IsOverTheRouter", UpdateOverTheRouterToPPD, false},
                     SingleCase{"PrinterIPAddress", UpdateIPAddressToPPD, false},
                     SingleCase{"UsePersonalFolder", UpdateUsePersonalFolderToPPD, true},
@@ -226,22 +234,52 @@ TEST_F(UpdateJob, WritesTheOtherLinesOfAFamilyBesideOneThatCouldForge) {
   EXPECT_THAT(platform_.systemLog.messages, ElementsAre(HasSubstr("PSFormName0_Part1")));
 }
 
-// "PPD: PrinterIPAddress=" are 22 bytes, the line feed one.
-constexpr std::size_t kAroundTheValue = 23;
-
-TEST_F(UpdateJob, LeavesOutAColonInALineThatThePrintSystemCuts) {
-  const std::string message = "PPD:Forged=1";
-  const std::string fits(2047 - kAroundTheValue - message.size(), 'A');
-  EXPECT_EQ(update(UpdateIPAddressToPPD, jobOf({{"PrinterIPAddress", fits + message}})),
-            "yes PPD: PrinterIPAddress=" + fits + message + "\n");
-  EXPECT_EQ(update(UpdateIPAddressToPPD, jobOf({{"PrinterIPAddress", fits + "A" + message}})),
-            "no ");
+// libcups reads lines of 255 bytes: "*", keyword, ": ", value.
+TEST_F(UpdateJob, LeavesOutALineThatLibcupsWouldNotReadBack) {
+  const std::string longest(252 - 16, 'A');
+  EXPECT_EQ(update(UpdateIPAddressToPPD, jobOf({{"PrinterIPAddress", longest}})),
+            "yes PPD: PrinterIPAddress=" + longest + "\n");
+  EXPECT_THAT(platform_.systemLog.messages, IsEmpty());
+  for (const std::size_t more : {std::size_t{1}, std::size_t{2000}, std::size_t{4072 - 236}}) {
+    platform_.systemLog.messages.clear();
+    EXPECT_EQ(update(UpdateIPAddressToPPD,
+                     jobOf({{"PrinterIPAddress", longest + std::string(more, 'A')}})),
+              "no ");
+    EXPECT_THAT(platform_.systemLog.messages,
+                ElementsAre("[Driver] PPD keyword PrinterIPAddress not updated: CUPS could not "
+                            "read the PPD with a value that long"));
+  }
 }
 
-TEST_F(UpdateJob, WritesALineThatJustFitsItsBuffer) {
-  const std::string value(4095 - kAroundTheValue, 'A');
-  EXPECT_EQ(update(UpdateIPAddressToPPD, jobOf({{"PrinterIPAddress", value}})),
-            "yes PPD: PrinterIPAddress=" + value + "\n");
+TEST_F(UpdateJob, CountsTheWholeKeywordOfAPart) {
+  const std::string longest(252 - 24, 'A');
+  EXPECT_EQ(update(UpdateColorProfilesNameToPPD, jobOf({{"ColorProfileName29_Part6", longest}})),
+            "yes PPD: ColorProfileName29_Part6=" + longest + "\n");
+  EXPECT_EQ(
+      update(UpdateColorProfilesNameToPPD, jobOf({{"ColorProfileName29_Part6", longest + "A"}})),
+      "no ");
+}
+
+// 00:11:22:33:44, seven parts, a part of three digits, one without digits, "x", and what is not
+// UTF-8.
+TEST_F(UpdateJob, LeavesOutAMacAddressThatWouldEndLaterJobs) {
+  for (const std::string value : {"MDA6MTE6MjI6MzM6NDQ=", "MDA6MTE6MjI6MzM6NDQ6NTU6NjY=",
+                                  "MDAwOjE6Mjo0OjU6Ng==", "MDo6MToyOjM6NA==", "eA==", "gIA="}) {
+    platform_.systemLog.messages.clear();
+    EXPECT_EQ(update(UpdateMacAddressToPPD, jobOf({{"PrinterMacAddress", value}})), "no ") << value;
+    EXPECT_THAT(
+        platform_.systemLog.messages,
+        ElementsAre(
+            "[Driver] PPD keyword PrinterMacAddress not updated: its value is not a MAC address"));
+  }
+}
+
+// The empty text, also as Base64 of nothing, and the address that is all zero.
+TEST_F(UpdateJob, WritesAMacAddressThatMeansNone) {
+  for (const std::string value : {"", "====", kNoMac}) {
+    EXPECT_EQ(update(UpdateMacAddressToPPD, jobOf({{"PrinterMacAddress", value}})),
+              "yes PPD: PrinterMacAddress=" + value + "\n");
+  }
 }
 
 // The process ends by abort() before the line and behind the lines that were written earlier; what
