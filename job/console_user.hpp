@@ -1,4 +1,4 @@
-// The user who sits at the computer, as the printer is told.
+// The user who is logged in at the computer, as the printer is told.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -7,8 +7,8 @@
 
 namespace kelm::job {
 
-// The console user's name as hex text; empty when nobody is there, or the name and its terminator
-// need more than `bufferSize` bytes.
+// The console user's name as hex text; empty when there is none, or when the name and its
+// terminator need more than `bufferSize` bytes.
 std::string consoleUserHex(std::size_t bufferSize);
 
 }  // namespace kelm::job

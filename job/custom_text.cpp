@@ -1,4 +1,4 @@
-// Texts that a person typed: "Custom." and the text.
+// Custom values: "Custom." and the text.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/custom_text.hpp"
 

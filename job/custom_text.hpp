@@ -1,4 +1,4 @@
-// Texts that a person typed: "Custom." and the text, as plain print dialogs send it.
+// Custom values, "Custom." and the text, as print dialogs other than the maker's send them.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -9,8 +9,8 @@
 
 namespace kelm::job {
 
-// The text of an option's value: of a value that contains "Custom.", what stands between its first
-// and second "." (a text with a "." in it is cut there); of any other, the whole value.
+// The text of an option's value: in a value that contains "Custom.", the part between its first and
+// second "." (a text with a "." in it is cut there); else the whole value.
 std::string customText(const std::string& value);
 
 // Puts the option's text into `out` when the option is present and its text is not empty and

@@ -43,10 +43,10 @@ void LogFile3Message(int character);
 // Appends `value` in the printf format `format` (for one int), at most 255 bytes, to file 3.
 void LogFile3Message_char_join(const char* format, int value, bool newline);
 
-// The trace hook: shows the stages to whoever reads or debugs the program, and writes nothing.
+// The trace hook: marks the stages for readers and debuggers, and writes nothing.
 constexpr void LogMessage([[maybe_unused]] const char* text, [[maybe_unused]] bool newline) {}
 
-// Called at start; there is nothing to clear.
+// Called at start. Does nothing: the files are only appended to.
 constexpr void ClearLogFile() {}
 
 }  // namespace kelm::job

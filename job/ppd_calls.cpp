@@ -1,4 +1,4 @@
-// The print system library's PPD calls, in one place.
+// The PPD calls of libcups, in one place.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/ppd_calls.hpp"
 

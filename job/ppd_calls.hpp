@@ -1,5 +1,5 @@
-// The print system library's PPD calls, in one place: each passes its arguments on unchanged to the
-// libcups function of the same name without the prefix and returns its result (CUPS API: ppd.h).
+// The PPD calls of libcups, in one place: each passes its arguments unchanged to the libcups
+// function of the same name without the prefix and returns its result (CUPS API: ppd.h).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -1,4 +1,4 @@
-// The texts that a person may type for a job.
+// The custom texts of a job.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/text_fields.hpp"
 

@@ -1,5 +1,5 @@
-// The texts that a person may type for a job, each with the bounds that the printer sets: the
-// PostScript and the header ask the same question of the same row.
+// The custom texts of a job, each with the printer's limits: the header and the PostScript use the
+// same rows.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -15,7 +15,7 @@ enum class TextRule { kForbiddenSet, kProfileSet, kSecretNumSet };
 
 struct TextField {
   const char* key;
-  const char* offWord;  // the choice that means "nothing typed"
+  const char* offWord;  // the text that means "not set"
   std::size_t min;      // UTF-16 code units, inclusive
   std::size_t max;
   TextRule rule;
@@ -24,7 +24,7 @@ struct TextField {
   // Whether the job has a text for this field that may be sent.
   bool isValid(const PrintJobData& job) const;
 
-  // The job's text as it was typed; empty when there is none.
+  // The job's text unchanged; empty when there is none.
   std::string rawText(const PrintJobData& job) const;
 
   // The job's text in hex; without one, `defaultText` in hex. Empty when that does not fit into a

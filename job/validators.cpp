@@ -28,7 +28,7 @@ bool hasOnly(std::string_view text, std::string_view allowed) {
   return text.find_first_not_of(allowed) == std::string_view::npos;
 }
 
-// The first character of `set` that stands in `text`; empty when none does.
+// The first character of `set` that is in `text`; empty when none is.
 std::string_view firstOf(std::string_view set, std::string_view text) {
   while (!set.empty()) {
     const std::string_view character = base::firstCharacter(set);
@@ -38,8 +38,8 @@ std::string_view firstOf(std::string_view set, std::string_view text) {
   return {};
 }
 
-// The text that was typed for the option; nothing when nothing was.
-std::optional<std::string> typedText(const PrintJobData* job, const char* key,
+// The option's custom text; nothing when the option is absent or its text is the off word.
+std::optional<std::string> givenText(const PrintJobData* job, const char* key,
                                      const char* offWord) {
   std::string value;
   if (!getOptionValue(job, key, value)) return std::nullopt;
@@ -69,19 +69,19 @@ bool isValidateSecretNumString(const char* text, std::size_t min, std::size_t ma
 
 bool isValidateCustomTextValue(const PrintJobData* job, const char* key, const char* offWord,
                                std::size_t min, std::size_t max, const char* forbidden) {
-  const auto text = typedText(job, key, offWord);
+  const auto text = givenText(job, key, offWord);
   return text && isValidateString(text->c_str(), min, max, forbidden);
 }
 
 bool isValidateCustomProfileTextValue(const PrintJobData* job, const char* key, const char* offWord,
                                       std::size_t min, std::size_t max) {
-  const auto text = typedText(job, key, offWord);
+  const auto text = givenText(job, key, offWord);
   return text && isValidateProfileString(text->c_str(), min, max);
 }
 
 bool isValidateCustomSecretNumTextValue(const PrintJobData* job, const char* key,
                                         const char* offWord, std::size_t min, std::size_t max) {
-  const auto text = typedText(job, key, offWord);
+  const auto text = givenText(job, key, offWord);
   return text && isValidateSecretNumString(text->c_str(), min, max);
 }
 

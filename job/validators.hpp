@@ -12,7 +12,7 @@ namespace kelm::job {
 
 // The characters that names, titles, comments and forms must not have.
 inline constexpr char kForbiddenCharacters[] = "“/[]:+¦<>=;,*?\\‘";
-// The upper-case run has "K" twice, which changes nothing.
+// The second "K" changes nothing.
 inline constexpr char kProfileCharacters[] =
     "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLKMNOPQRSTUVWXYZ0123456789_-.\t ";
 inline constexpr char kSecretNumCharacters[] = "0123456789";
@@ -21,13 +21,13 @@ inline constexpr char kSecretNumCharacters[] = "0123456789";
 // (UTF-8). The system log says which bound or which character (the first of the set) it failed at.
 bool isValidateString(const char* text, std::size_t min, std::size_t max, const char* forbidden);
 
-// Whether `text` has from `min` to `max` code units (the system log says when it has not), and only
-// the characters of the profile set, or of the set of digits.
+// Whether `text` has from `min` to `max` code units (if not, the system log says so) and only
+// characters of the profile set, or only digits.
 bool isValidateProfileString(const char* text, std::size_t min, std::size_t max);
 bool isValidateSecretNumString(const char* text, std::size_t min, std::size_t max);
 
-// The same for the text of the job option `key` (custom_text.hpp). False also when the option is
-// absent, or its text is `offWord`: then nothing was typed.
+// The same for the text of the job option `key` (custom_text.hpp). Also false when the option is
+// absent or its text is `offWord`, which means that it is not set.
 bool isValidateCustomTextValue(const PrintJobData* job, const char* key, const char* offWord,
                                std::size_t min, std::size_t max, const char* forbidden);
 bool isValidateCustomProfileTextValue(const PrintJobData* job, const char* key, const char* offWord,

@@ -10,14 +10,14 @@ namespace {
 // From this version on, languages are named with their region.
 constexpr std::int32_t kRegionNamed = 12;
 
-// From this version on, Hong Kong's Chinese is named with its script in PPD files' way.
+// From this version on, Hong Kong's Chinese is named with its script.
 constexpr std::int32_t kHongKongScript = 11;
 
 constexpr std::int32_t kWholeIdentifier = 1;
 
 constexpr const char* kEnglish = "en";
 
-// As the versions before regions were named give it.
+// The name in versions that name no regions.
 std::string oldForm(const std::string& language, const SystemVersion& version) {
   return version.isAtLeast10(kHongKongScript) && language == "zh-HK" ? "zh-Hant-HK" : language;
 }

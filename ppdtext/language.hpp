@@ -12,7 +12,7 @@
 
 namespace kelm::ppdtext {
 
-// Where the system does not say its version, the rules are those of the first one of the present
+// The defaults hold where the system does not state its version: the first of the current
 // numbering.
 struct SystemVersion {
   std::int32_t major = 11;
@@ -27,14 +27,13 @@ struct SystemVersion {
 
 SystemVersion systemVersion();
 
-// The entry `priority` of `languages` as version `version` names it. Form 1 keeps the whole
-// identifier, any other leaves out its last part (the region). An entry that is not there throws
-// std::out_of_range.
+// The entry `priority` of `languages` as `version` names it. Form 1 keeps the whole identifier, any
+// other drops its last part (the region). Throws std::out_of_range beyond the list.
 std::string languageInForm(const std::vector<std::string>& languages, const SystemVersion& version,
                            std::int32_t form, std::size_t priority);
 
-// The first of `languages` in the names of PPD files ("de", "zh_CN", "zh_TW", "zh_HK"); "en" when
-// the file does not name it among its "cupsLanguages".
+// The first of `languages` as PPD files name it ("de", "zh_CN", "zh_TW", "zh_HK"); "en" when the
+// record's "cupsLanguages" lack it.
 std::string languageForRecord(ppd_file_t* ppd, const std::vector<std::string>& languages,
                               const SystemVersion& version);
 

@@ -11,8 +11,8 @@
 namespace kelm::ppdtext {
 namespace {
 
-// The yen sign is meant: it may or may not stand there, so that the line's own asterisk stays
-// outside of the match. The point may be any character.
+// The yen sign is intended: the asterisk repeats it, so it is optional, and the line's own asterisk
+// is outside the match. The point matches any character.
 constexpr std::u16string_view kOptionTranslation = u"(\u00A5*%@.Translation) (%@)/(.*?):";
 constexpr std::u16string_view kChoiceTranslation = u"(\u00A5*%@.%@) (%@)/(.*?):";
 

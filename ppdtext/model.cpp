@@ -1,5 +1,4 @@
-// What a PPD offers, as found in its text: the stage between the text and the print system's
-// record.
+// What a PPD offers, as found in its text: the stage between the text and libcups' record.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/model.hpp"
 
@@ -27,7 +26,7 @@ constexpr std::size_t kCustomChoiceCaptures = 2;
 
 constexpr std::u16string_view kCustom = u"Custom";
 
-// The print system's twin of "PageSize"; its custom sizes have no line of their own.
+// CUPS' twin of "PageSize"; its custom sizes have no line of their own.
 constexpr std::u16string_view kPageRegion = u"PageRegion";
 
 const Pattern& attributeLine() {

@@ -1,5 +1,4 @@
-// What a PPD offers, as found in its text: the stage between the text and the print system's
-// record.
+// What a PPD offers, as found in its text: the stage between the text and libcups' record.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -10,8 +9,7 @@
 
 namespace kelm::ppdtext {
 
-// Stands for the code of a choice that has none. A file that gives this very text as a code says so
-// too.
+// The code of a choice that has none. A file may give this very text as a code; it means the same.
 inline constexpr std::u16string_view kNoCode = u"__EMPTY__";
 
 struct ModelChoice {

@@ -36,7 +36,8 @@ struct Match {
   std::size_t captureCount() const { return groups.size() - 1; }
 };
 
-// What the group `index` of `match` caught in `text`; none when it caught nothing or is not there.
+// What the group `index` of `match` captured in `text`; none when it captured nothing or does not
+// exist.
 std::optional<std::u16string> captured(std::u16string_view text, const Match& match,
                                        std::size_t index);
 
@@ -66,12 +67,12 @@ class Pattern {
   Expression expression_;
 };
 
-// `format` with each "%@" replaced by the next of `arguments`, as it stands: characters that mean
-// something to a pattern keep their meaning.
+// `format` with each "%@" replaced by the next of `arguments`, unescaped: pattern characters keep
+// their meaning.
 std::u16string formatted(std::u16string_view format,
                          std::initializer_list<std::u16string_view> arguments);
 
-// A letter, a digit, "_" or "-" of ASCII: what means itself in a pattern.
+// An ASCII letter or digit, "_" or "-": a character that means itself in a pattern.
 bool isPlainUnit(char16_t c);
 
 // Whether `keyword` means itself in a pattern and stays within a line: plain units, at least one.

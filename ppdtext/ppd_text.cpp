@@ -1,4 +1,4 @@
-// A PPD's text and what is found in it: groups, options and the places where they stand.
+// A PPD's text and what is found in it: groups, options and their ranges.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/ppd_text.hpp"
 
@@ -8,7 +8,7 @@
 namespace kelm::ppdtext {
 namespace {
 
-// "%@" is a keyword; the "?" behind it makes the keyword's last character optional on purpose.
+// "%@" is a keyword; the "?" after it makes the keyword's last character optional on purpose.
 constexpr std::u16string_view kOpenGroup = uR"re(\*OpenGroup:[ ]*%@?/.*)re";
 constexpr std::u16string_view kCloseGroup = uR"re(\*CloseGroup:[ ]*%@)re";
 constexpr std::u16string_view kOpenUI = uR"re(\*OpenUI.*(\*%@?)/.*)re";

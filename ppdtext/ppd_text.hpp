@@ -1,4 +1,4 @@
-// A PPD's text and what is found in it: groups, options and the places where they stand.
+// A PPD's text and what is found in it: groups, options and their ranges.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -12,10 +12,10 @@
 
 namespace kelm::ppdtext {
 
-// Group keywords and where the groups stand, in the order in which they are asked.
+// Group keywords and ranges, in the order in which they are tried.
 using GroupRanges = std::vector<std::pair<std::u16string, TextRange>>;
 
-// The group that holds what stands in no other.
+// The group of options that no other group's range holds.
 inline constexpr std::u16string_view kGeneralGroup = u"General";
 
 // The first group whose range holds the start of `item`; "General" when none does.
@@ -34,7 +34,7 @@ class PPDText {
   // The keyword's last character may be missing in the open line.
   TextRange groupRange(std::u16string_view keyword) const;
 
-  // The range of each keyword, in the order in which the groups stand in the file.
+  // The range of each keyword, in the order of the groups in the file.
   GroupRanges groupRanges(const std::vector<std::u16string>& keywords) const;
 
   // Every option that has a translation, in the order of the file.

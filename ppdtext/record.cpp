@@ -1,4 +1,4 @@
-// The print system's PPD record, built from the model of a text.
+// A PPD record in libcups' layout, built from the model of a text.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/record.hpp"
 

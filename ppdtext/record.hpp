@@ -1,6 +1,5 @@
-// The print system's PPD record, built from the model of a text: the layout is that of libcups
-// (CUPS API: ppd.h), of which only the fields that the text gives are filled.
-// SPDX-License-Identifier: Apache-2.0
+// A PPD record in libcups' layout (CUPS API: ppd.h), built from the model of a text. Only the
+// fields that the text gives are filled. SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>
@@ -15,7 +14,7 @@
 namespace kelm::ppdtext {
 
 // Gives `count` elements of `size` bytes each, all zero, to be freed with free(3); null when there
-// is no memory. calloc(3), save in tests.
+// is no memory. calloc(3), except in tests.
 using AllocateZeroed = std::function<void*(std::size_t count, std::size_t size)>;
 
 // The record, owned by the caller until freeRecord. Null without memory for the record itself;

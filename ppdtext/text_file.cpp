@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t kMaxBytes = std::size_t{1} << 29;
 constexpr std::size_t kBlock = std::size_t{1} << 16;
 
-// None beyond the longest file, and when reading fails (of a folder, say).
+// None for a file that is too long, or when reading fails (on a directory, for example).
 std::optional<std::string> allBytes(std::istream& file) {
   std::string bytes;
   std::string block(kBlock, '\0');

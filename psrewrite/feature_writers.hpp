@@ -1,7 +1,7 @@
-// The writers of all feature sections, a row each: keyword, code, and what becomes of the value.
+// The writers of all feature sections, one row each: keyword, code, and the source of the value.
 //
-// A job of the maker's dialog brings the final value under `dialogKey`; without that option the
-// value is `dialogDefault`. `plain` is what any other job does.
+// A job from the maker's dialog brings the final value under `dialogKey`; without that option the
+// value is `dialogDefault`. Any other job runs `plain`.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -26,7 +26,7 @@ struct ValueFeature {
   }
 };
 
-// A feature whose writer decides everything itself.
+// A feature whose writer handles dialog jobs and plain jobs itself.
 struct OwnFeature {
   const char* keyword;
   std::int32_t code;
@@ -177,10 +177,15 @@ inline constexpr ValueFeature outputQVFormSelect2{
 inline constexpr ValueFeature outputQVHideJob{
     "QVHideJob", 407, "QVHideJobPSValue", "", drop};
 
-// The size of the page itself: these two are not dispatched, on purpose; their sections pass
-// through unchanged.
-bool outputQVPAGESizeWidth(JobStream& stream, LineBuffer& buffer, PrintJobData& job);
-bool outputQVPAGESizeHeight(JobStream& stream, LineBuffer& buffer, PrintJobData& job);
 // clang-format on
+
+// The size of the page itself, for callers other than the copy loop: it dispatches neither on
+// purpose, and their sections pass through unchanged.
+inline bool outputQVPAGESizeWidth(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  return outputFeatureByReplacingValue(stream, buffer, job, "QVPAGESizeWidthValue100", "9000");
+}
+inline bool outputQVPAGESizeHeight(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
+  return outputFeatureByReplacingValue(stream, buffer, job, "QVPAGESizeHeightValue100", "14800");
+}
 
 }  // namespace kelm::psrewrite

@@ -101,7 +101,7 @@ constexpr bool everyCodeIsUnique() {
 }
 
 static_assert(std::size(kFeatures) == 66);
-static_assert(everyKeywordIsReachable(), "a keyword goes behind the longer ones that contain it");
+static_assert(everyKeywordIsReachable(), "a keyword comes after the longer ones that contain it");
 static_assert(everyCodeIsUnique());
 
 }  // namespace

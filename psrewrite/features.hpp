@@ -27,11 +27,11 @@ struct Feature {
 // All features in the order in which a line is searched for them.
 std::span<const Feature> features();
 
-// The code of the first feature whose keyword stands anywhere in `line`; 0 when there is none, when
-// the line opens no feature section ("BeginFeature"), or when it is null.
+// The code of the first feature whose keyword is anywhere in `line`; 0 when there is none, when the
+// line does not contain "BeginFeature", or when it is null.
 std::int32_t getFeature(const char* line);
 
-// The writer of the feature with this code; refers to nothing when it has none.
+// The writer of the feature with this code; empty when it has none.
 FeatureWriter featureWriter(std::int32_t code);
 
 }  // namespace kelm::psrewrite

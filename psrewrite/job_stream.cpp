@@ -71,8 +71,8 @@ char* JobStream::gets(char* buffer, std::size_t size) {
   return buffer;
 }
 
-// A long run goes to the descriptor at once: the stream's buffer would only copy it. It begins at a
-// page of memory, because the system copies pages to a pipe twice as fast as what lies across them.
+// A long run goes straight to the descriptor: the stream's buffer would only copy it. It begins at
+// a page boundary, because the kernel copies whole pages to a pipe twice as fast.
 void JobStream::write(std::string_view bytes) {
   if (bytes.size() >= kLongRun && outputDescriptor_ >= 0) {
     const std::size_t head = -reinterpret_cast<std::uintptr_t>(bytes.data()) % kPageSize;

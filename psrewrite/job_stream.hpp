@@ -15,8 +15,8 @@
 
 namespace kelm::psrewrite {
 
-// One line of the job: at most 4096 bytes and a terminator behind them. Writers treat its content
-// as a C string; what follows a zero byte is lost to them.
+// One line of the job: at most 4096 bytes and a terminator. Writers treat it as a C string and do
+// not see what follows a zero byte.
 class LineBuffer {
  public:
   static constexpr std::size_t kSize = 4096;
@@ -26,7 +26,8 @@ class LineBuffer {
   const char* text() const { return bytes_.data(); }
   // Ends the text after `length` bytes (at most kSize).
   void terminate(std::size_t length) { bytes_[length] = '\0'; }
-  // Puts `text` (shorter than kSize) at the front and ends it there; what lay behind stays.
+  // Writes `text` (shorter than kSize) and a terminator over the front of the line; the bytes after
+  // them stay.
   void overwrite(std::string_view text);
   bool contains(const char* needle) const;
 
@@ -41,11 +42,11 @@ class JobStream {
 
   std::FILE* output() { return output_; }
 
-  // The bytes that are read but not yet consumed; reads a block when there are none, and is empty
-  // only at the end of the input. Valid until the next call that consumes or reads.
+  // The bytes that were read but not yet consumed. Reads a block when there are none, so it is
+  // empty only at the end of the input. Valid until the next call that consumes or reads.
   std::span<const char> window();
 
-  // Takes the first `count` bytes of the window away, `pass` after writing them to the output.
+  // Drops the first `count` bytes of the window; `pass` writes them to the output first.
   void consume(std::size_t count);
   void pass(std::size_t count);
 

@@ -1,8 +1,8 @@
 // Rewriters of a single line that write it with a line feed of their own.
 //
-// The first three read the next line into `line` with its ending taken off; at the end of the input
-// they write nothing and return false, the two with a value also when memory is exhausted. No
-// feature dispatches them: they serve callers that rewrite sizes by hand.
+// The first three read the next line into `line` without its line feed. At the end of the input
+// they write nothing and return false; the two with a value do so when memory is exhausted, too.
+// The copy loop does not call them: they are for callers that rewrite sizes themselves.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace kelm::psrewrite {
 
-// Every "Landscape" becomes "Portrait", or the other way round; the line is written as it is when
+// Every "Landscape" becomes "Portrait", or the other way round; the line is written unchanged when
 // memory is exhausted.
 bool outputQVCustomOrientation(JobStream& stream, LineBuffer& line, bool landscapeToPortrait);
 

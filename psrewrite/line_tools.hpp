@@ -12,14 +12,14 @@ namespace kelm::psrewrite {
 inline constexpr char kPlaceholder[] = "XXX";
 
 // `source` with every non-overlapping `from`, from left to right, replaced by `to`; an empty `from`
-// is nowhere. Nothing when memory is exhausted.
+// is never found. Nothing when memory is exhausted.
 std::optional<std::string> replace_str(const char* source, const char* from, const char* to);
 
-// Puts `value` into a value line "(old) tail": "(" value ")" and what stands between the first ")"
-// (or run of them) and the next one. A value line is one parenthesised value and a tail without
-// parentheses: everything before the first ")" and from a second one onwards is lost, and a line
-// with nothing behind its first ")" gets the text "(null)". Afterwards `line` is what was read as
-// the two pieces with ")" between them, for the diagnostic files. Nothing when memory is exhausted.
+// Puts `value` into a value line "(old) tail": the result is "(" value ")" and the text between the
+// first ")" (or run of them) and the next one. A value line is one parenthesised value and a tail
+// without parentheses: everything before the first ")" and from a second one onwards is lost, and a
+// line with nothing after its first ")" gets the text "(null)". Afterwards `line` holds the two
+// pieces with ")" between them. Nothing when memory is exhausted.
 std::optional<std::string> erase_str(std::string& line, const std::string& value);
 
 // Zero-fills the buffer and reads the next line into it (at most 4095 bytes, ending kept); false

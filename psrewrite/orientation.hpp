@@ -14,11 +14,11 @@ namespace kelm::psrewrite {
 // portrait), else by "QVOrientation"; portrait when the job says nothing.
 int getPaperOrientation(const job::PrintJobData* job);
 
-// Turns the orientation comment in `line` (a line behind its first "%") to the job's
-// "QVOrientation"; what stands behind the choice is dropped. The new length, or -1 when unchanged.
+// Rewrites the orientation comment in `line` (a line after its first "%") to the job's
+// "QVOrientation"; text after the choice is dropped. The new length, or -1 when unchanged.
 std::int32_t replaceOrientation(LineBuffer& line, const job::PrintJobData* job);
 
-// The same to the shape of the job's custom paper, without a look at options.
+// The same by the shape of the job's custom paper, whatever its options.
 std::int32_t replaceCustomOrientation(LineBuffer& line, bool portrait);
 
 }  // namespace kelm::psrewrite

@@ -13,7 +13,6 @@
 #include "job/diagnostics.hpp"
 #include "job/forms.hpp"
 #include "job/paper.hpp"
-#include "psrewrite/feature_writers.hpp"
 #include "psrewrite/line_tools.hpp"
 
 namespace kelm::psrewrite {
@@ -32,9 +31,9 @@ const base::ValueRow* formTag(const char* choice) {
   return row == std::end(job::kFormTags) ? nullptr : row;
 }
 
-// The typed text in hex when it may be sent, else an empty text.
-bool writeTypedText(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
-                    const job::TextField& field) {
+// The custom text in hex when it may be sent, else an empty text.
+bool writeCustomText(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
+                     const job::TextField& field) {
   return outputCustomTextByReplacingValue(stream, buffer, job, field.key, field.validHexText(job));
 }
 
@@ -55,7 +54,7 @@ bool writeTargetSize(JobStream& stream, LineBuffer& buffer, const PrintJobData& 
 }  // namespace
 
 bool writeBarcodeText(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
-  return writeTypedText(stream, buffer, job, job::kBarcodeSelection);
+  return writeCustomText(stream, buffer, job, job::kBarcodeSelection);
 }
 
 bool writeBarcodeSwitch(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
@@ -79,7 +78,7 @@ bool writeSecretNum(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
 }
 
 bool writeJobComment(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
-  return writeTypedText(stream, buffer, job, job::kJobComment);
+  return writeCustomText(stream, buffer, job, job::kJobComment);
 }
 
 bool writeManualZoom(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
@@ -104,11 +103,11 @@ bool writeSwitchOf(JobStream& stream, LineBuffer& buffer, const PrintJobData& jo
 bool writeFormOf(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
                  const job::TextField& field) {
   const base::ValueRow* form = formTag(field.namedChoice(job));
-  if (form == nullptr) return writeTypedText(stream, buffer, job, field);
+  if (form == nullptr) return writeCustomText(stream, buffer, job, field);
   return outputReplacingValue(stream, buffer, nullptr, base::hexText(form->value).c_str());
 }
 
-// The two branches of a dialog job meet two different forms of the value line.
+// In a dialog job the two branches find two different forms of the value line.
 bool writeTrayRepeat(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
   if (!job.isPrintPDE) return dropUnlogged(stream, buffer, job);
   std::string button;
@@ -161,14 +160,6 @@ bool writeOrientation(JobStream& stream, LineBuffer& buffer, PrintJobData& job) 
   }
   stream.write(turned ? std::string_view(*turned) : std::string_view(buffer.text()));
   return true;
-}
-
-bool outputQVPAGESizeWidth(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
-  return outputFeatureByReplacingValue(stream, buffer, job, "QVPAGESizeWidthValue100", "9000");
-}
-
-bool outputQVPAGESizeHeight(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
-  return outputFeatureByReplacingValue(stream, buffer, job, "QVPAGESizeHeightValue100", "14800");
 }
 
 }  // namespace kelm::psrewrite

@@ -1,5 +1,5 @@
-// The writers that derive a value themselves: what plain jobs write where a person typed a text,
-// and the sections whose lines follow rules of their own.
+// The writers that derive a value themselves: plain jobs' custom values, and the sections whose
+// lines follow rules of their own.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -7,7 +7,7 @@
 
 namespace kelm::psrewrite {
 
-// Plain jobs.
+// For plain jobs.
 bool writeBarcodeText(JobStream& stream, LineBuffer& buffer, PrintJobData& job);
 bool writeBarcodeSwitch(JobStream& stream, LineBuffer& buffer, PrintJobData& job);
 bool writeOutputProfile(JobStream& stream, LineBuffer& buffer, PrintJobData& job);
@@ -25,7 +25,7 @@ bool writeSwitch(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
   return writeSwitchOf(stream, buffer, job, field);
 }
 
-// A form of the printer by its choice or label, else the name of a form that was typed.
+// The tag of a form of the printer, given by its choice or label, else the custom text.
 bool writeFormOf(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
                  const job::TextField& field);
 template <const job::TextField& field>
@@ -33,7 +33,7 @@ bool writeForm(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
   return writeFormOf(stream, buffer, job, field);
 }
 
-// Both roads.
+// For dialog jobs and plain jobs.
 bool writeTrayRepeat(JobStream& stream, LineBuffer& buffer, PrintJobData& job);
 bool writeOwnerName(JobStream& stream, LineBuffer& buffer, PrintJobData& job);
 bool writeJobName(JobStream& stream, LineBuffer& buffer, PrintJobData& job);

@@ -1,4 +1,4 @@
-// Texts that a person typed.
+// Custom values.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/custom_text.hpp"
 

@@ -195,7 +195,7 @@ TEST_F(DiagnosticFiles, TakeAFormattedValueOf255BytesWhole) {
   EXPECT_EQ(third(), std::string(254, '0') + "7");
 }
 
-TEST_F(DiagnosticFiles, AreOpenedAnewForEveryCall) {
+TEST_F(DiagnosticFiles, AreOpenedAgainForEveryCall) {
   LogFile2Message_char("before", true);
   fs::rename(pathOf(2), diagnostics_.caches() / "moved.txt");
   LogFile2Message_char("after", true);

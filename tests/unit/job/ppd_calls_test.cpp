@@ -1,4 +1,4 @@
-// The print system library's PPD calls pass their arguments and results on.
+// The PPD calls of libcups pass their arguments and results on.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/ppd_calls.hpp"
 

@@ -96,9 +96,9 @@ TEST(NamedChoice, IsTheChoiceOfTheNameOrLabel) {
   EXPECT_STREQ(kFormSelect1.namedChoice(*byName), "Form3");
   TestJob byLabel(TestJob::Options{{"QVFormSelect1", "Form sheet 3"}}, KELM_PPDS_DIR "/forms.ppd");
   EXPECT_STREQ(kFormSelect1.namedChoice(*byLabel), "Form3");
-  TestJob typed(TestJob::Options{{"QVFormSelect1", "Custom.Form sheet 3"}},
-                KELM_PPDS_DIR "/forms.ppd");
-  EXPECT_STREQ(kFormSelect1.namedChoice(*typed), "Form3");
+  TestJob custom(TestJob::Options{{"QVFormSelect1", "Custom.Form sheet 3"}},
+                 KELM_PPDS_DIR "/forms.ppd");
+  EXPECT_STREQ(kFormSelect1.namedChoice(*custom), "Form3");
 }
 
 TEST(NamedChoice, IsNullForATextOfOnesOwnAndWithoutPpd) {

@@ -214,7 +214,7 @@ TEST_F(Validators, OptionMustBePresent) {
   EXPECT_THAT(log(), IsEmpty());
 }
 
-TEST_F(Validators, OffWordMeansThatNothingWasTyped) {
+TEST_F(Validators, OffWordMeansNotSet) {
   EXPECT_FALSE(isOwner("OFF"));
   EXPECT_FALSE(isOwner("Custom.OFF"));
   EXPECT_FALSE(isProfile("Auto"));

@@ -77,7 +77,7 @@ TEST(UpdatePrintJobDataForMSWord, DoesNotRaiseTheNumberOfOptions) {
   TestJob job({{kApplication, "Word"}, {kPreset, "2"}});
   EXPECT_TRUE(UpdatePrintJobDataForMSWord(&*job));
   EXPECT_EQ(job->numOptions, 2);
-  EXPECT_EQ(valueOf(job, "QVOrientation"), "absent");  // it stands behind the last that counts
+  EXPECT_EQ(valueOf(job, "QVOrientation"), "absent");  // it is after the last one that counts
   EXPECT_STREQ(job->options[2].name, "QVOrientation");
   EXPECT_STREQ(job->options[2].value, "Portrait");
   EXPECT_EQ(valueOf(job, kPreset), "1");

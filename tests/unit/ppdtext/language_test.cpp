@@ -117,7 +117,7 @@ TEST(SupportLanguage, IsNoneInAListThatIsNotAscii) {
   EXPECT_FALSE(KelmPPD::isSupportLanguage_ppd_("en", recordNaming("en français").get()));
 }
 
-// The user's settings as property files in a folder of the test.
+// The user's settings as property files in a directory of the test.
 class SystemLanguage : public testing::Test {
  protected:
   SystemLanguage() {

@@ -1,4 +1,4 @@
-// What Linux says of its user: languages, home folder, property files.
+// What Linux says of its user: languages, home directory, property files.
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

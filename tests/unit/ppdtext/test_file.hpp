@@ -23,7 +23,7 @@ class TestFolder {
 
   const std::string& path() const { return path_; }
 
-  // Writes `bytes` to the file `name` below the folder, whose folders are made; returns its path.
+  // Writes `bytes` to the file `name` below the directory and makes its parents; returns its path.
   std::string write(const std::string& name, std::string_view bytes) const {
     const std::filesystem::path file = std::filesystem::path(path_) / name;
     std::filesystem::create_directories(file.parent_path());

@@ -1,4 +1,4 @@
-// Records of texts, and what stands in them.
+// Records of texts, and what is in them.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -43,7 +43,7 @@ inline std::vector<std::string> attributesIn(const Record& record) {
   return lines;
 }
 
-// The keywords of the options of each group, in order, with blanks between them.
+// The keywords of the options of each group, in order, with spaces between them.
 inline std::vector<std::string> optionsByGroup(const Record& record) {
   std::vector<std::string> groups;
   for (const ppd_group_t& group : groupsOf(*record)) {

@@ -88,12 +88,12 @@ TEST_F(SpecialWriters, FormOffIsEmpty) {
   EXPECT_EQ(of(409, {{"QVFormSelect1", "Off"}}), filled(""));
 }
 
-TEST_F(SpecialWriters, FormOfAChoiceSkipsNoLineEvenWhenTyped) {
+TEST_F(SpecialWriters, FormOfAChoiceSkipsNoLineEvenAsACustomValue) {
   EXPECT_EQ(of(409, {{"QVFormSelect1", "Custom.Form3"}}, kLines, kForms),
             filled(std::string(kTag) + "33"));
 }
 
-TEST_F(SpecialWriters, FormThatWasTypedIsSentInHex) {
+TEST_F(SpecialWriters, FormOfACustomValueIsSentInHex) {
   EXPECT_EQ(of(409, {{"QVFormSelect1", "Custom.ab"}}, kCustomLines, kForms), filled("6162"));
   EXPECT_EQ(of(410, {{"QVFormSelect2", "OFF"}}, kLines, kForms), filled("4F4646"));
   EXPECT_EQ(of(409, {{"QVFormSelect1", "Form3"}}), filled("466F726D33"));
@@ -169,7 +169,7 @@ TEST_F(SpecialWriters, PinThatIsNotValidIsEmpty) {
   EXPECT_EQ(of(406, {}), filled(""));
 }
 
-TEST_F(SpecialWriters, OwnerNameIsTheTypedOneElseTheConsoleUser) {
+TEST_F(SpecialWriters, OwnerNameIsTheCustomTextElseTheConsoleUser) {
   platform_.consoleUser.user = "eva\t";
   EXPECT_EQ(of(402, {{"QVOwnerNameInfo", "Custom.Max"}}, kCustomLines), filled("4D6178"));
   EXPECT_EQ(of(402, {{"QVOwnerNameInfo", "Custom.M/x"}}, kCustomLines), filled("657661 9"));
@@ -196,7 +196,7 @@ TEST_F(SpecialWriters, OwnerNameOfADialogJobIsItsTextElseTheJobOwner) {
   EXPECT_EQ(of(402, {{"PrintPDE", ""}, {"QVOwnerName", "ON"}}, line), filled(""));
 }
 
-TEST_F(SpecialWriters, JobNameIsTheTypedOneElseTheTitle) {
+TEST_F(SpecialWriters, JobNameIsTheCustomTextElseTheTitle) {
   EXPECT_EQ(of(404, {{"QVJobNameInfo", "Custom.ab"}}, kCustomLines), filled("6162"));
   EXPECT_EQ(of(404, {{"QVJobNameInfo", "Custom.a:b"}}, kCustomLines), filled("4D79206A6F62"));
   EXPECT_EQ(of(404, {}), filled("4D79206A6F62"));

@@ -151,7 +151,7 @@ INSTANTIATE_TEST_SUITE_P(Table, ValueWriter, testing::ValuesIn(kRows),
 TEST(ValueWriters, AreAllOfTheTableButThoseOfTheirOwn) {
   std::size_t withWriter = 0;
   for (const Feature& feature : features()) withWriter += feature.writer ? 1U : 0U;
-  // 308, 313, 317, 402 and 404 decide both roads themselves.
+  // 308, 313, 317, 402 and 404 handle dialog and plain jobs themselves.
   EXPECT_EQ(withWriter, std::size(kRows) + 5);
 }
 
@@ -179,9 +179,10 @@ TEST(PageSizeWriters, AreDispatchedByNoCode) {
 }
 
 TEST(PageSizeWriters, FillTheBracketsOnBothRoads) {
-  for (const char* road : {"PrintPDE", "other"}) {
-    tests::TestJob job(
-        {{road, "1"}, {"QVPAGESizeWidthValue100", "12345"}, {"QVPAGESizeHeightValue100", "23456"}});
+  for (const char* option : {"PrintPDE", "other"}) {
+    tests::TestJob job({{option, "1"},
+                        {"QVPAGESizeWidthValue100", "12345"},
+                        {"QVPAGESizeHeightValue100", "23456"}});
     EXPECT_EQ(written(outputQVPAGESizeWidth, *job, kLines),
               (Written{true, "(12345) setvalue\n", kAfter}));
     EXPECT_EQ(written(outputQVPAGESizeHeight, *job, kLines),
@@ -190,8 +191,8 @@ TEST(PageSizeWriters, FillTheBracketsOnBothRoads) {
 }
 
 TEST(PageSizeWriters, HaveDefaultsOnBothRoads) {
-  for (const char* road : {"PrintPDE", "other"}) {
-    tests::TestJob job(Options{{road, "1"}});
+  for (const char* option : {"PrintPDE", "other"}) {
+    tests::TestJob job(Options{{option, "1"}});
     EXPECT_EQ(written(outputQVPAGESizeWidth, *job, kLines),
               (Written{true, "(9000) setvalue\n", kAfter}));
     EXPECT_EQ(written(outputQVPAGESizeHeight, *job, kLines),
