@@ -84,29 +84,8 @@ bool passRuns(JobStream& stream) {
   return false;
 }
 
-// The same one character at a time, up to and including the next "%"; every character also goes to
-// the diagnostic files.
-bool passLoggedCharacters(JobStream& stream) {
-  int character = 0;
-  while ((character = stream.get()) != EOF) {
-    std::fputc(character, stream.output());
-    job::LogFile2Message(character);
-    job::LogFile3Message(character);
-    if (character == '%') return true;
-  }
-  return false;
-}
-
-bool passToNextLine(JobStream& stream) {
-  return job::fileOutPutFlag ? passLoggedCharacters(stream) : passRuns(stream);
-}
-
 void writeLine(JobStream& stream, const LineBuffer& line, std::int32_t length) {
-  const std::string_view bytes(line.text(), static_cast<std::size_t>(length));
-  stream.write(bytes);
-  for (std::size_t i = 0; job::fileOutPutFlag && i < bytes.size(); ++i) {
-    job::LogFile3Message(static_cast<unsigned char>(bytes[i]));
-  }
+  stream.write({line.text(), static_cast<std::size_t>(length)});
 }
 
 // Sets the orientation comment from the custom paper's shape, else from the job's option.
@@ -174,7 +153,7 @@ void copyLine(JobStream& stream, LineBuffer& line, job::PrintJobData& job) {
 
 void copyPostScript(JobStream& stream, job::PrintJobData& job) {
   LineBuffer line;
-  while (passToNextLine(stream)) copyLine(stream, line, job);
+  while (passRuns(stream)) copyLine(stream, line, job);
 }
 
 }  // namespace kelm::filter

@@ -5,6 +5,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <cstring>
@@ -26,6 +27,16 @@ namespace {
 
 constexpr mode_t kFileMode = 0666;  // less the process's file-creation mask
 constexpr std::size_t kJoinBufferSize = 256;
+constexpr std::size_t kWriteSize = std::size_t{1} << 16;
+
+void writeWithoutZeros(int descriptor, std::string_view text) {
+  std::array<char, kWriteSize> kept;
+  for (; !text.empty(); text.remove_prefix(std::min(text.size(), kept.size()))) {
+    const std::string_view piece = text.substr(0, kept.size());
+    const auto end = std::remove_copy(piece.begin(), piece.end(), kept.begin(), '\0');
+    base::writeAll(descriptor, {kept.begin(), end});
+  }
+}
 
 void append(const char* name, std::string_view text, bool newline) {
   if (!fileOutPutFlag) return;
@@ -33,14 +44,14 @@ void append(const char* name, std::string_view text, bool newline) {
   const int descriptor =
       open(path.c_str(), O_RDWR | O_CREAT | O_APPEND | O_NOFOLLOW | O_CLOEXEC, kFileMode);
   if (descriptor < 0) return;
-  base::writeAll(descriptor, text);
+  writeWithoutZeros(descriptor, text);
   if (newline) base::writeAll(descriptor, std::string_view("\n"));
   close(descriptor);
 }
 
 void appendCharacter(const char* name, int character) {
-  const char text[] = {static_cast<char>(character), '\0'};
-  append(name, text, false);
+  const char text = static_cast<char>(character);
+  append(name, {&text, 1}, false);
 }
 
 // What the job's printer ID, also an empty one, puts in front of the names: "ID_". Nothing without
@@ -87,6 +98,14 @@ void LogFile3Message_char(const char* text, bool newline) { append(file_3_Name, 
 void LogFile2Message(int character) { appendCharacter(file_2_Name, character); }
 
 void LogFile3Message(int character) { appendCharacter(file_3_Name, character); }
+
+void LogFile2Run(std::string_view characters) {
+  if (!characters.empty()) append(file_2_Name, characters, false);
+}
+
+void LogFile3Run(std::string_view characters) {
+  if (!characters.empty()) append(file_3_Name, characters, false);
+}
 
 void LogFile3Message_char_join(const char* format, int value, bool newline) {
   std::array<char, kJoinBufferSize> text{};

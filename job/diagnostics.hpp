@@ -1,13 +1,13 @@
-// The diagnostic files for the field: the job's options, the PostScript as read, as written. Each
-// writer of a line decides whether it goes to the files.
+// The diagnostic files for the field: the job's options, the PostScript as read, as written.
 //
-// They are kept only where the switch file exists, are appended to, and are never open between two
-// calls, so that nothing is lost when a job is killed. A file that cannot be opened is left out
-// without a word. With the switch off every call costs one test of a flag.
+// They are written only where the switch file exists. Every call opens its file, appends and
+// closes, so that nothing is lost when a job is killed. A file that cannot be opened is left out
+// silently. Zero bytes are in no file. With the switch off every call costs one test of a flag.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>
+#include <string_view>
 
 namespace kelm::job {
 
@@ -39,6 +39,11 @@ void LogFile3Message_char(const char* text, bool newline);
 // Append one character to file 2 or 3; a zero byte writes nothing.
 void LogFile2Message(int character);
 void LogFile3Message(int character);
+
+// Append a run of characters to file 2 or 3 in one call: what LogFile2Message or LogFile3Message
+// would append for one after the other. An empty run makes no file.
+void LogFile2Run(std::string_view characters);
+void LogFile3Run(std::string_view characters);
 
 // Appends `value` in the printf format `format` (for one int), at most 255 bytes, to file 3.
 void LogFile3Message_char_join(const char* format, int value, bool newline);

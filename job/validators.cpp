@@ -17,10 +17,9 @@ namespace {
 void logError(const std::string& message) { platform::platform().systemLog->error(message); }
 
 bool lengthIsWithin(std::string_view text, std::size_t min, std::size_t max) {
-  const auto length = base::utf16Length(text);
-  if (!length) return false;
-  if (*length >= min && *length <= max) return true;
-  logError("[DEBUG] found validate max min : " + std::to_string(*length));
+  const std::size_t length = base::utf16Length(text).value_or(0);
+  if (length >= min && length <= max) return true;
+  logError("[DEBUG] found validate max min : " + std::to_string(length));
   return false;
 }
 

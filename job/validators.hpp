@@ -1,6 +1,7 @@
 // Free texts are checked before they are sent to the printer; what fails is never sent.
 //
-// Lengths are in UTF-16 code units, both bounds inclusive; a text that is not valid UTF-8 fails.
+// Lengths are in UTF-16 code units, both bounds inclusive; a text that is not valid UTF-8 has
+// length 0.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

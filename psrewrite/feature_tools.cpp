@@ -50,33 +50,30 @@ bool writeWithValue(JobStream& stream, const LineBuffer& buffer, const std::stri
   const auto rewritten = erase_str(line, value);
   if (!rewritten) return false;
   stream.write(*rewritten);
-  job::LogFile2Message_char(line.c_str(), false);
-  job::LogFile3Message_char(rewritten->c_str(), false);
   return true;
 } catch (const std::bad_alloc&) {
   return false;
 }
 
 bool drop(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) {
-  if (readValueLine(stream, buffer)) job::LogFile2Message_char(buffer.text(), false);
-  return false;
-}
-
-bool dropUnlogged(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) {
   readValueLine(stream, buffer);
   return false;
 }
 
-bool copy(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
-  const bool copied = copyUnlogged(stream, buffer, job);
-  job::LogFile2Message_char(buffer.text(), false);
-  job::LogFile3Message_char(buffer.text(), false);
-  return copied;
+bool dropUnlogged(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) {
+  readValueLineUnlogged(stream, buffer);
+  return false;
+}
+
+bool copy(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) {
+  const bool read = readValueLine(stream, buffer);
+  stream.write(buffer.text());
+  return read;
 }
 
 bool copyUnlogged(JobStream& stream, LineBuffer& buffer, PrintJobData& /*job*/) {
-  const bool read = readValueLine(stream, buffer);
-  stream.write(buffer.text());
+  const bool read = readValueLineUnlogged(stream, buffer);
+  stream.writeUnlogged(buffer.text());
   return read;
 }
 

@@ -36,7 +36,9 @@ std::span<const char> JobStream::window() {
 void JobStream::consume(std::size_t count) { window_ = window_.subspan(count); }
 
 void JobStream::pass(std::size_t count) {
-  write({window_.data(), count});
+  const std::string_view run(window_.data(), count);
+  job::LogFile2Run(run);
+  write(run);
   consume(count);
 }
 
@@ -71,9 +73,14 @@ char* JobStream::gets(char* buffer, std::size_t size) {
   return buffer;
 }
 
+void JobStream::write(std::string_view bytes) {
+  writeUnlogged(bytes);
+  job::LogFile3Run(bytes);
+}
+
 // A long run goes straight to the descriptor: the stream's buffer would only copy it. It begins at
 // a page boundary, because the kernel copies whole pages to a pipe twice as fast.
-void JobStream::write(std::string_view bytes) {
+void JobStream::writeUnlogged(std::string_view bytes) {
   if (bytes.size() >= kLongRun && outputDescriptor_ >= 0) {
     const std::size_t head = -reinterpret_cast<std::uintptr_t>(bytes.data()) % kPageSize;
     std::fwrite(bytes.data(), 1, head, output_);
@@ -86,16 +93,16 @@ void JobStream::write(std::string_view bytes) {
 
 std::int32_t readLine(JobStream& stream, char* buffer, std::size_t limit) {
   const std::size_t stored = stream.takeLine(buffer, limit);
-  for (std::size_t i = 0; job::fileOutPutFlag && i < stored; ++i) {
-    job::LogFile2Message(static_cast<unsigned char>(buffer[i]));
-  }
+  job::LogFile2Run({buffer, stored});
   return static_cast<std::int32_t>(stored);
 }
 
 char* fgetline(JobStream& stream, char* buffer, std::size_t size) {
-  char* line = stream.gets(buffer, size);
-  if (line != nullptr) line[std::strcspn(line, "\n")] = '\0';
-  return line;
+  const std::int32_t stored = readLine(stream, buffer, size - 1);
+  if (stored == 0) return nullptr;
+  buffer[stored] = '\0';
+  buffer[std::strcspn(buffer, "\n")] = '\0';
+  return buffer;
 }
 
 }  // namespace kelm::psrewrite

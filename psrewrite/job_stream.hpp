@@ -35,6 +35,8 @@ class LineBuffer {
   std::array<char, kSize + 1> bytes_{};
 };
 
+// What is read and written goes to the diagnostic files, runs between two looks in one call, except
+// where the name of the operation or its comment says otherwise.
 class JobStream {
  public:
   // Neither is owned; both outlive the stream.
@@ -46,18 +48,21 @@ class JobStream {
   // empty only at the end of the input. Valid until the next call that consumes or reads.
   std::span<const char> window();
 
-  // Drops the first `count` bytes of the window; `pass` writes them to the output first.
+  // Drops the first `count` bytes of the window. Unlogged.
   void consume(std::size_t count);
+
+  // Moves the first `count` bytes of the window to the output.
   void pass(std::size_t count);
 
-  // The next byte (0 to 255), or EOF.
+  // The next byte (0 to 255), or EOF. Unlogged.
   int get();
 
   // The standard line reader (fgets): at most `size` - 1 bytes, up to and with the first line feed,
-  // then a terminator. Null at the end of the input, and the buffer is untouched.
+  // then a terminator. Null at the end of the input, and the buffer is untouched. Unlogged.
   char* gets(char* buffer, std::size_t size);
 
   void write(std::string_view bytes);
+  void writeUnlogged(std::string_view bytes);
 
  private:
   static constexpr std::size_t kPageSize = 4096;
@@ -83,8 +88,7 @@ class JobStream {
 };
 
 // Reads the rest of a line, line feed included, at most `limit` bytes; the number of bytes stored,
-// 0 at the end of the input. Writes no terminator; the caller zero-fills. Every byte stored goes to
-// diagnostic file 2.
+// 0 at the end of the input. Writes no terminator; the caller zero-fills.
 std::int32_t readLine(JobStream& stream, char* buffer, std::size_t limit);
 
 // Reads a line with the standard line reader and takes its first line feed off; null at the end of

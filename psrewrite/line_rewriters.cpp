@@ -58,7 +58,8 @@ std::int32_t outputFeatureByCustomSizeTitle(JobStream& stream, const char* line,
   if (line == nullptr) return -1;
   const auto rewritten = replace_str(line, from, to);
   if (!rewritten) return -1;
-  writeLine(stream, *rewritten);
+  stream.writeUnlogged(*rewritten);
+  stream.writeUnlogged("\n");
   return static_cast<std::int32_t>(std::strlen(line));
 }
 
@@ -72,7 +73,6 @@ std::int32_t outputFeatureByCustomSizeValueTitle(JobStream& stream, const char* 
   writeLine(stream, *rewritten);
   job::LogMessage("20160901-002", true);
   job::LogMessage(rewritten->c_str(), true);
-  job::LogFile3Message_char(rewritten->c_str(), true);
   return static_cast<std::int32_t>(std::strlen(line));
 }
 

@@ -21,7 +21,7 @@ bool outputFeatureByCustomSizeValue(JobStream& stream, LineBuffer& line, const c
 bool outputFeatureByCustomSizeValueFLG(JobStream& stream, LineBuffer& line, const char* value);
 
 // Writes `line` with every `from` replaced by `to`; the length of `line` as given, or -1 for a null
-// line or when memory is exhausted. The second logs the result to diagnostic file 3.
+// line or when memory is exhausted. The first keeps the result out of the diagnostic files.
 std::int32_t outputFeatureByCustomSizeTitle(JobStream& stream, const char* line, const char* from,
                                             const char* to);
 std::int32_t outputFeatureByCustomSizeValueTitle(JobStream& stream, const char* line,

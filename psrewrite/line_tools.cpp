@@ -43,6 +43,11 @@ std::optional<std::string> erase_str(std::string& line, const std::string& value
 
 bool readValueLine(JobStream& stream, LineBuffer& buffer) {
   buffer.clear();
+  return readLine(stream, buffer.data(), LineBuffer::kSize - 1) > 0;
+}
+
+bool readValueLineUnlogged(JobStream& stream, LineBuffer& buffer) {
+  buffer.clear();
   return stream.gets(buffer.data(), LineBuffer::kSize) != nullptr;
 }
 

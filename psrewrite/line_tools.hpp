@@ -23,8 +23,9 @@ std::optional<std::string> replace_str(const char* source, const char* from, con
 std::optional<std::string> erase_str(std::string& line, const std::string& value);
 
 // Zero-fills the buffer and reads the next line into it (at most 4095 bytes, ending kept); false
-// at the end of the input.
+// at the end of the input. The second keeps the line out of the diagnostic files.
 bool readValueLine(JobStream& stream, LineBuffer& buffer);
+bool readValueLineUnlogged(JobStream& stream, LineBuffer& buffer);
 
 // Reads the next line and writes it with every "XXX" replaced by `value`; true when it wrote. The
 // third argument is ignored.

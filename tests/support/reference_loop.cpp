@@ -2,7 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/reference_loop.hpp"
 
+#include <algorithm>
 #include <cstring>
+#include <iterator>
+#include <utility>
+#include <vector>
 
 #include "job/custom_paper.hpp"
 #include "psrewrite/features.hpp"
@@ -16,7 +20,7 @@ namespace {
 using psrewrite::JobStream;
 using psrewrite::LineBuffer;
 
-// The rest of a line, one character at a time; zero-filled behind.
+// The rest of a line, one character at a time; zero-filled after it.
 int readRest(JobStream& stream, LineBuffer& line) {
   line.clear();
   int count = 0;
@@ -34,37 +38,126 @@ void writeWithoutLast(JobStream& stream, LineBuffer& line, int count) {
   psrewrite::outputFeatureByCustomSizeValueTitle(stream, line.text(), "FaceUp", "FaceDown");
 }
 
-void copyLine(JobStream& stream, LineBuffer& line, job::PrintJobData& job) {
-  int count = readRest(stream, line);
+// Plain jobs' text stamps, tray repeat and red balance: their lines are in no diagnostic file.
+bool isUnlogged(std::int32_t code, const job::PrintJobData& job) {
+  constexpr std::int32_t kCodes[] = {12, 13, 14, 24, 25, 26, 27, 211, 317};
+  return !job.isPrintPDE && std::ranges::find(kCodes, code) != std::end(kCodes);
+}
+
+class CountingSource final : public base::ByteSource {
+ public:
+  explicit CountingSource(std::string_view bytes) : source_(bytes) {}
+  std::size_t read(std::span<char> room) override {
+    const std::size_t count = source_.read(room);
+    given_ += count;
+    return count;
+  }
+  std::size_t given() const { return given_; }
+
+ private:
+  MemorySource source_;
+  std::size_t given_ = 0;
+};
+
+// A text less its zero bytes and the pieces that were left out.
+class Log {
+ public:
+  explicit Log(std::string_view text) : text_(text) {}
+  void skipTo(std::size_t start, std::size_t end) {
+    kept_.append(text_.substr(at_, start - at_));
+    at_ = end;
+  }
+  std::string text() {
+    skipTo(text_.size(), text_.size());
+    std::erase(kept_, '\0');
+    return kept_;
+  }
+
+ private:
+  std::string_view text_;
+  std::string kept_;
+  std::size_t at_ = 0;
+};
+
+using Pieces = std::vector<std::pair<std::size_t, std::size_t>>;
+
+std::string without(const Pieces& pieces, std::string_view text) {
+  Log log(text);
+  for (const auto& [start, end] : pieces) log.skipTo(start, end);
+  return log.text();
+}
+
+class ReferenceLoop {
+ public:
+  ReferenceLoop(std::string_view input, job::PrintJobData& job)
+      : input_(input), source_(input), job_(job) {}
+
+  ReferenceJob run() {
+    for (int character = 0; (character = stream_.get()) != EOF;) {
+      std::fputc(character, stream_.output());
+      if (character == '%') copyLine();
+    }
+    return {output_.text(), without(unloggedInput_, input_),
+            without(unloggedOutput_, output_.text())};
+  }
+
+ private:
+  void copyLine();
+  void rewrite(std::int32_t code);
+  std::size_t consumed() {
+    const std::size_t waiting = stream_.window().size();
+    return source_.given() - waiting;
+  }
+
+  std::string_view input_;
+  CountingSource source_;
+  MemoryOutput output_;
+  JobStream stream_{source_, output_.stream()};
+  job::PrintJobData& job_;
+  LineBuffer line_;
+  Pieces unloggedInput_;
+  Pieces unloggedOutput_;
+};
+
+void ReferenceLoop::copyLine() {
+  int count = readRest(stream_, line_);
   if (count < 1) return;
   const int turned = job::customSizeFlg ? psrewrite::replaceCustomOrientation(
-                                              line, job::widthLength <= job::heighLength)
-                                        : psrewrite::replaceOrientation(line, &job);
+                                              line_, job::widthLength <= job::heighLength)
+                                        : psrewrite::replaceOrientation(line_, &job_);
   if (turned >= 1) count = turned;
-  if (job.keepOutputFace == 0 && std::strstr(line.text(), "QVOutputFace FaceUp") != nullptr) {
-    writeWithoutLast(stream, line, count);
-    writeWithoutLast(stream, line, readRest(stream, line));
-    count = readRest(stream, line);
+  if (job_.keepOutputFace == 0 && std::strstr(line_.text(), "QVOutputFace FaceUp") != nullptr) {
+    writeWithoutLast(stream_, line_, count);
+    writeWithoutLast(stream_, line_, readRest(stream_, line_));
+    count = readRest(stream_, line_);
   }
-  for (int i = 0; i < count; ++i) std::fputc(line.data()[i], stream.output());
-  line.data()[count < 4096 ? count : 4095] = '\0';
-  const auto writer = psrewrite::featureWriter(psrewrite::getFeature(line.text()));
-  if (writer) writer(stream, line, job);
+  for (int i = 0; i < count; ++i) std::fputc(line_.data()[i], stream_.output());
+  line_.data()[count < 4096 ? count : 4095] = '\0';
+  rewrite(psrewrite::getFeature(line_.text()));
+}
+
+void ReferenceLoop::rewrite(std::int32_t code) {
+  const auto writer = psrewrite::featureWriter(code);
+  if (!writer) return;
+  if (!isUnlogged(code, job_)) {
+    writer(stream_, line_, job_);
+    return;
+  }
+  const std::size_t read = consumed();
+  const std::size_t written = output_.text().size();
+  writer(stream_, line_, job_);
+  unloggedInput_.emplace_back(read, consumed());
+  unloggedOutput_.emplace_back(written, output_.text().size());
 }
 
 }  // namespace
 
+ReferenceJob referenceJob(std::string_view input, job::PrintJobData& job) {
+  return ReferenceLoop(input, job).run();
+}
+
 std::string referenceCopy(std::string_view input, job::PrintJobData& job) {
-  MemorySource source(input);
-  MemoryOutput output;
-  JobStream stream(source, output.stream());
-  LineBuffer line;
-  int character = 0;
-  while ((character = stream.get()) != EOF) {
-    std::fputc(character, stream.output());
-    if (character == '%') copyLine(stream, line, job);
-  }
-  return output.text();
+  return referenceJob(input, job).output;
 }
 
 }  // namespace kelm::tests

@@ -10,7 +10,16 @@
 
 namespace kelm::tests {
 
-// What the job's input becomes, byte for byte.
+struct ReferenceJob {
+  std::string output;     // what the job's input becomes, byte for byte
+  std::string asRead;     // diagnostic file 2: the input less zero bytes and unlogged lines
+  std::string asWritten;  // diagnostic file 3: the output less zero bytes and unlogged lines
+};
+
+// The diagnostic files must be off.
+ReferenceJob referenceJob(std::string_view input, job::PrintJobData& job);
+
+// The output alone.
 std::string referenceCopy(std::string_view input, job::PrintJobData& job);
 
 }  // namespace kelm::tests

@@ -225,10 +225,7 @@ TEST_F(CopyLoop, GivesTheSameOutputWithDiagnostics) {
   const RichJob job;
   tests::DiagnosticsOn diagnostics;
   diagnostics.nameFiles();
-  const std::string start = job.input.substr(0, 5000);  // a file is opened for every byte
-  const std::string logged = copied(start, job.options);
-  job::LogFileMessageCheck(false);
-  EXPECT_TRUE(logged == copied(start, job.options));
+  EXPECT_TRUE(copied(job.input, job.options) == job.output);
   EXPECT_NE(diagnostics.content(job::file_2_Name), "no file");
 }
 

@@ -28,6 +28,8 @@ void writeToEveryFile() {
   LogFile3Message_char("text", true);
   LogFile2Message('c');
   LogFile3Message('c');
+  LogFile2Run("run");
+  LogFile3Run("run");
   LogFile3Message_char_join("%d", 7, true);
 }
 
@@ -176,6 +178,27 @@ TEST_F(DiagnosticFiles, TakeNoZeroByte) {
   }
   EXPECT_EQ(second(), "ab");
   EXPECT_EQ(third(), "ab");
+}
+
+TEST_F(DiagnosticFiles, GrowByRunsWithoutTheirZeroBytes) {
+  LogFile2Run({"a\0b\0\0c\n", 7});
+  LogFile3Run("xy");
+  LogFile3Run({"\0z", 2});
+  EXPECT_EQ(second(), "abc\n");
+  EXPECT_EQ(third(), "xyz");
+}
+
+TEST_F(DiagnosticFiles, TakeALongRunWhole) {
+  const std::string run = std::string(200000, 'a') + "b";
+  LogFile2Run(run);
+  EXPECT_TRUE(second() == run);
+}
+
+TEST_F(DiagnosticFiles, AreNotMadeByAnEmptyRun) {
+  LogFile2Run("");
+  LogFile3Run("");
+  EXPECT_EQ(second(), "no file");
+  EXPECT_EQ(third(), "no file");
 }
 
 TEST_F(DiagnosticFiles, TakeAFormattedValue) {

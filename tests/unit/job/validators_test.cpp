@@ -174,11 +174,18 @@ TEST_F(Validators, BothBoundsAreInclusive) {
   EXPECT_FALSE(isValidateString("abcd", 2, 3, ""));
 }
 
-TEST_F(Validators, TextThatIsNotUtf8FailsEverywhere) {
+TEST_F(Validators, TextThatIsNotUtf8HasNoLength) {
   EXPECT_FALSE(isName("caf\xE9"));
-  EXPECT_FALSE(isValidateString("caf\xE9", 0, 100, ""));
+  EXPECT_FALSE(isProfile("caf\xE9"));
+  EXPECT_THAT(log(), ElementsAre("[DEBUG] found validate max min : 0",
+                                 "[DEBUG] found validate max min : 0"));
+  EXPECT_TRUE(isValidateString("caf\xE9", 0, 100, ""));
+}
+
+TEST_F(Validators, TextThatIsNotUtf8IsNotAscii) {
   EXPECT_FALSE(isValidateProfileString("caf\xE9", 0, 100));
-  EXPECT_FALSE(isValidateSecretNumString("1\xE9", 0, 100));
+  EXPECT_FALSE(isPin("1\xE9"));
+  EXPECT_THAT(log(), IsEmpty());
 }
 
 TEST_F(Validators, ProfileLengthMessageIsTheSame) {

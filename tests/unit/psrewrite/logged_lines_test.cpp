@@ -39,10 +39,10 @@ TEST_F(LoggedLines, OfReadLineEndAtItsLimit) {
   EXPECT_EQ(asRead(), "abcd");
 }
 
-TEST_F(LoggedLines, OfAValueAreTheTwoPiecesReadAndTheLineWritten) {
+TEST_F(LoggedLines, OfAValueAreTheWholeLineReadAndTheLineWritten) {
   TestJob job({{"PrintPDE", ""}, {"QVPageNumStartNumValue", "7"}});
   written(outputQVPageNumStartNum, *job, "(5) set (x) y\n");
-  EXPECT_EQ(asRead(), "(5) set (x");
+  EXPECT_EQ(asRead(), "(5) set (x) y\n");
   EXPECT_EQ(asWritten(), "(7) set (x");
 }
 
@@ -89,6 +89,57 @@ TEST_F(LoggedLines, OfTheRedBalanceOfADialogJobAreAsOfAnyValue) {
   written(outputQVGCRed, *job, "(5) red\n");
   EXPECT_EQ(asRead(), "(5) red\n");
   EXPECT_EQ(asWritten(), "(100) red\n");
+}
+
+TEST_F(LoggedLines, OfAPlaceholderAreTheLineReadAndTheLineWritten) {
+  TestJob job(TestJob::Options{{"QVZoomRate", "OFF"}});
+  written(outputQVManualZoom, *job, "(XXX) zoom\nnext\n");
+  EXPECT_EQ(asRead(), "(XXX) zoom\n");
+  EXPECT_EQ(asWritten(), "(OFF) zoom\n");
+}
+
+TEST_F(LoggedLines, OfACustomValueHaveTheExtraLineRead) {
+  TestJob job(TestJob::Options{{"QVJobComment", "Custom.Hi"}});
+  written(outputQVJobComment, *job, "Hi\n(XXX) comment\nnext\n");
+  EXPECT_EQ(asRead(), "Hi\n(XXX) comment\n");
+  EXPECT_EQ(asWritten(), "(4869) comment\n");
+}
+
+TEST_F(LoggedLines, OfAnOrientationThatIsDroppedAreThatOfTheInput) {
+  TestJob job;
+  written(outputQVOrientation, *job, "(Portrait) turn\n");
+  EXPECT_EQ(asRead(), "(Portrait) turn\n");
+  EXPECT_EQ(asWritten(), "no file");
+}
+
+TEST_F(LoggedLines, OfATurnedOrientationAreTheLineReadAndTheLineWritten) {
+  TestJob job(TestJob::Options{{"QVOrientation", "1"}});
+  written(outputQVOrientation, *job, "(Portrait) turn\n");
+  EXPECT_EQ(asRead(), "(Portrait) turn\n");
+  EXPECT_EQ(asWritten(), "(Landscape) turn\n");
+}
+
+TEST_F(LoggedLines, OfACustomTargetPaperAreTheLineReadAndTheLineWritten) {
+  TestJob job({{"PrintPDE", ""}, {"QVTargetPaperSize", "Custom"}});
+  written(outputQVTargetPaperSize, *job, "(A4) size\n");
+  EXPECT_EQ(asRead(), "(A4) size\n");
+  EXPECT_EQ(asWritten(), "(CustomSize) size\n");
+}
+
+TEST_F(LoggedLines, OfTheDialogsTrayRepeatAreThoseOfAnyPlaceholder) {
+  TestJob job(TestJob::Options{{"PrintPDE", ""}});
+  written(outputQVPageTrayRepeat, *job, "(XXX) repeat\n");
+  EXPECT_EQ(asRead(), "(XXX) repeat\n");
+  EXPECT_EQ(asWritten(), "(0) repeat\n");
+}
+
+TEST_F(LoggedLines, OfASizeRewrittenByHandAreTheLineReadAndTheLineWritten) {
+  writtenFrom("(Auto) XXX\n(Landscape)\n", [](JobStream& stream, LineBuffer& line) {
+    return outputFeatureByCustomSizeValue(stream, line, "5") &&
+           outputQVCustomOrientation(stream, line, true);
+  });
+  EXPECT_EQ(asRead(), "(Auto) XXX\n(Landscape)\n");
+  EXPECT_EQ(asWritten(), "(Auto) 5\n(Portrait)\n");
 }
 
 TEST_F(LoggedLines, OfATitleAreTheResultOfTheSecondRewriterOnly) {
