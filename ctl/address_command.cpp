@@ -41,12 +41,10 @@ int showAddress(const Arguments& arguments, const Console& console) {
 
 }  // namespace
 
-Action declareAddress(CLI::App& app) {
+Action declareAddress(ArgumentList& list) {
   auto arguments = std::make_shared<Arguments>();
-  app.add_option("URI", arguments->uri, "A device URI, as lpstat -v shows it")
-      ->type_name("")
-      ->required();
-  app.add_flag("--json", arguments->json, "One JSON object, for programs");
+  list.add("URI", arguments->uri, "A device URI, as lpstat -v shows it").valueName("").required();
+  list.addFlag("--json", arguments->json, "One JSON object, for programs");
   return [arguments](const Console& console) { return showAddress(*arguments, console); };
 }
 

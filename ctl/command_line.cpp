@@ -2,10 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/command_line.hpp"
 
+#include <CLI/CLI.hpp>
 #include <ostream>
 #include <string>
 
 #include "ctl/exit_status.hpp"
+#include "ctl/subcommand.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -16,7 +18,8 @@ constexpr char kFooter[] = "Exit status: 0 done, 1 failed, 2 usage. See kelmctl(
 void declareSubcommands(CLI::App& app, Action& chosen) {
   for (const Subcommand& row : subcommands()) {
     CLI::App* subcommand = app.add_subcommand(row.name, row.help);
-    subcommand->callback([&chosen, action = row.declare(*subcommand)] { chosen = action; });
+    ArgumentList list(*subcommand);
+    subcommand->callback([&chosen, action = row.declare(list)] { chosen = action; });
   }
   app.require_subcommand(1);
 }

@@ -6,11 +6,11 @@
 
 namespace kelm::ctl {
 
-Action declareAddress(CLI::App& app);
-Action declarePpd(CLI::App& app);
-Action declareSettings(CLI::App& app);
-Action declarePrinter(CLI::App& app);
-Action declareSync(CLI::App& app);
-Action declareWake(CLI::App& app);
+Action declareAddress(ArgumentList& list);
+Action declarePpd(ArgumentList& list);
+Action declareSettings(ArgumentList& list);
+Action declarePrinter(ArgumentList& list);
+Action declareSync(ArgumentList& list);
+Action declareWake(ArgumentList& list);
 
 }  // namespace kelm::ctl

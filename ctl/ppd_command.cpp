@@ -135,12 +135,12 @@ int showPpd(const Arguments& arguments, const Console& console) {
 
 }  // namespace
 
-Action declarePpd(CLI::App& app) {
+Action declarePpd(ArgumentList& list) {
   auto arguments = std::make_shared<Arguments>();
-  app.add_option("FILE", arguments->file, "The PPD file")->type_name("")->required();
-  app.add_option("--language", arguments->language, "The first language, such as de or zh-Hant-TW")
-      ->type_name("TAG");
-  app.add_flag("--json", arguments->json, "One JSON object, for programs");
+  list.add("FILE", arguments->file, "The PPD file").valueName("").required();
+  list.add("--language", arguments->language, "The first language, such as de or zh-Hant-TW")
+      .valueName("TAG");
+  list.addFlag("--json", arguments->json, "One JSON object, for programs");
   return [arguments](const Console& console) { return showPpd(*arguments, console); };
 }
 

@@ -112,16 +112,16 @@ int run(const Arguments& arguments, const Console& console) {
 
 }  // namespace
 
-Action declarePrinter(CLI::App& app) {
+Action declarePrinter(ArgumentList& list) {
   auto arguments = std::make_shared<Arguments>();
-  app.add_option("ADDRESS", arguments->address, "The printer's IP address or host name")
-      ->required()
-      ->type_name("")
-      ->check(addressProblem);
-  app.add_option("--community", arguments->community, "The printer's SNMP community")
-      ->type_name("NAME")
-      ->capture_default_str();
-  app.add_flag("--json", arguments->json, "One JSON object, for programs");
+  list.add("ADDRESS", arguments->address, "The printer's IP address or host name")
+      .required()
+      .valueName("")
+      .check(addressProblem);
+  list.add("--community", arguments->community, "The printer's SNMP community")
+      .valueName("NAME")
+      .showDefault();
+  list.addFlag("--json", arguments->json, "One JSON object, for programs");
   return [arguments](const Console& console) { return run(*arguments, console); };
 }
 

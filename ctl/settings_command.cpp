@@ -112,10 +112,6 @@ int showSettings(const Arguments& arguments, const Console& console) {
   return kExitDone;
 }
 
-void requireSource(const Arguments& arguments) {
-  if (!arguments.queue && !arguments.file) throw CLI::RequiredError("QUEUE or --ppd FILE");
-}
-
 }  // namespace
 
 std::vector<StoredSetting> storedSettings(ppd_file_t* ppd) {
@@ -127,14 +123,14 @@ std::vector<StoredSetting> storedSettings(ppd_file_t* ppd) {
   return settings;
 }
 
-Action declareSettings(CLI::App& app) {
+Action declareSettings(ArgumentList& list) {
   auto arguments = std::make_shared<Arguments>();
-  app.add_option("QUEUE", arguments->queue, "The queue, as lpstat -v names it")
-      ->type_name("")
-      ->excludes(app.add_option("--ppd", arguments->file, "A PPD file instead of a queue's")
-                     ->type_name("FILE"));
-  app.add_flag("--json", arguments->json, "One JSON object, for programs");
-  app.parse_complete_callback([arguments] { requireSource(*arguments); });
+  list.add("QUEUE", arguments->queue, "The queue, as lpstat -v names it")
+      .valueName("")
+      .excludes(
+          list.add("--ppd", arguments->file, "A PPD file instead of a queue's").valueName("FILE"));
+  list.addFlag("--json", arguments->json, "One JSON object, for programs");
+  list.require("QUEUE or --ppd FILE", [arguments] { return arguments->queue || arguments->file; });
   return [arguments](const Console& console) { return showSettings(*arguments, console); };
 }
 

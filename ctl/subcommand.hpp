@@ -2,10 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <CLI/CLI.hpp>
 #include <functional>
 #include <iosfwd>
 #include <span>
+
+#include "ctl/arguments.hpp"
 
 namespace kelm::ctl {
 
@@ -23,8 +24,8 @@ struct Subcommand {
   const char* name;
   const char* help;  // one line, without a full stop
 
-  // Adds the subcommand's arguments to `app`, which outlives the action, and returns the action.
-  Action (*declare)(CLI::App& app);
+  // Declares the subcommand's arguments and returns its action; the list is gone when it runs.
+  Action (*declare)(ArgumentList& list);
 };
 
 // All subcommands, in the order of the help text.

@@ -137,19 +137,17 @@ int sync(const Arguments& arguments, const Console& console) {
 
 }  // namespace
 
-Action declareSync(CLI::App& app) {
+Action declareSync(ArgumentList& list) {
   auto arguments = std::make_shared<Arguments>();
-  app.add_option("QUEUE", arguments->queue, "The queue, as lpstat -v names it")
-      ->required()
-      ->type_name("");
-  app.add_option("--address", arguments->address,
-                 "The printer's IP address or host name, instead of the device URI's")
-      ->type_name("ADDRESS")
-      ->check(addressProblem);
-  app.add_option("--community", arguments->community,
-                 "The printer's SNMP community, instead of the stored one")
-      ->type_name("NAME");
-  app.add_flag("--dry-run", arguments->dryRun, "Show what would be stored, and store nothing");
+  list.add("QUEUE", arguments->queue, "The queue, as lpstat -v names it").required().valueName("");
+  list.add("--address", arguments->address,
+           "The printer's IP address or host name, instead of the device URI's")
+      .valueName("ADDRESS")
+      .check(addressProblem);
+  list.add("--community", arguments->community,
+           "The printer's SNMP community, instead of the stored one")
+      .valueName("NAME");
+  list.addFlag("--dry-run", arguments->dryRun, "Show what would be stored, and store nothing");
   return [arguments](const Console& console) { return sync(*arguments, console); };
 }
 

@@ -133,26 +133,25 @@ int wakePrinter(const Arguments& arguments, const Console& console) {
   return kExitFailed;
 }
 
-void requirePrinter(const Arguments& arguments) {
-  const bool given = arguments.macAddress && arguments.address;
-  if (!arguments.queue && !given) throw CLI::RequiredError("QUEUE, or --mac and --address,");
+bool namesPrinter(const Arguments& arguments) {
+  return arguments.queue || (arguments.macAddress && arguments.address);
 }
 
 }  // namespace
 
-Action declareWake(CLI::App& app) {
+Action declareWake(ArgumentList& list) {
   auto arguments = std::make_shared<Arguments>();
-  auto* queue = app.add_option("QUEUE", arguments->queue, "The queue, as lpstat -v names it");
-  queue->type_name("");
+  const Argument queue = list.add("QUEUE", arguments->queue, "The queue, as lpstat -v names it");
+  queue.valueName("");
   const auto addOption = [&](const char* name, auto& value, const char* help) {
-    app.add_option(name, value, help)->type_name("")->excludes(queue);
+    list.add(name, value, help).valueName("").excludes(queue);
   };
   addOption("--mac", arguments->macAddress, "MAC address, six hexadecimal parts between colons");
   addOption("--address", arguments->address, "IP address or host name");
   addOption("--community", arguments->community, "SNMP community (public)");
-  app.add_flag("--over-router", arguments->overRouter, "The printer is beyond a router")
-      ->excludes(queue);
-  app.parse_complete_callback([arguments] { requirePrinter(*arguments); });
+  list.addFlag("--over-router", arguments->overRouter, "The printer is beyond a router")
+      .excludes(queue);
+  list.require("QUEUE, or --mac and --address,", [arguments] { return namesPrinter(*arguments); });
   return [arguments](const Console& console) { return wakePrinter(*arguments, console); };
 }
 

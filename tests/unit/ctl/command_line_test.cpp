@@ -5,11 +5,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <CLI/CLI.hpp>
 #include <fstream>
 #include <iterator>
 #include <string>
 
 #include "ctl/exit_status.hpp"
+#include "ctl/subcommand.hpp"
 #include "tests/unit/ctl/command_runner.hpp"
 
 namespace kelm::ctl {
@@ -78,7 +80,8 @@ TEST(Subcommands, AreInTheManualPageAndInTheCompletionsWithTheirOptions) {
     EXPECT_THAT(bash, HasSubstr("_kelmctl_" + std::string(row.name) + "()"));
     EXPECT_THAT(zsh, HasSubstr("_kelmctl_" + std::string(row.name) + "()"));
     CLI::App app;
-    row.declare(app);
+    ArgumentList list(app);
+    row.declare(list);
     for (const CLI::Option* option : app.get_options()) {
       for (const std::string& name : option->get_lnames()) {
         EXPECT_THAT(manual, HasSubstr("*--" + name + "*"));

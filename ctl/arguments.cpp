@@ -1,0 +1,54 @@
+// What a subcommand of kelmctl takes on its command line, declared to CLI11.
+// SPDX-License-Identifier: Apache-2.0
+#include "ctl/arguments.hpp"
+
+#include <CLI/CLI.hpp>
+#include <utility>
+
+namespace kelm::ctl {
+
+const Argument& Argument::required() const {
+  option_->required();
+  return *this;
+}
+
+const Argument& Argument::valueName(const char* name) const {
+  option_->type_name(name);
+  return *this;
+}
+
+const Argument& Argument::showDefault() const {
+  option_->capture_default_str();
+  return *this;
+}
+
+const Argument& Argument::excludes(const Argument& other) const {
+  option_->excludes(other.option_);
+  return *this;
+}
+
+const Argument& Argument::check(
+    const std::function<std::string(const std::string&)>& problem) const {
+  option_->check(problem);
+  return *this;
+}
+
+Argument ArgumentList::add(const char* name, std::string& value, const char* help) {
+  return Argument(app_.add_option(name, value, help));
+}
+
+Argument ArgumentList::add(const char* name, std::optional<std::string>& value, const char* help) {
+  return Argument(app_.add_option(name, value, help));
+}
+
+Argument ArgumentList::addFlag(const char* name, bool& value, const char* help) {
+  return Argument(app_.add_flag(name, value, help));
+}
+
+void ArgumentList::require(const char* what, std::function<bool()> isGiven) {
+  app_.parse_complete_callback([what, isGiven = std::move(isGiven)] {
+    if (!isGiven()) throw CLI::RequiredError(what);
+  });
+}
+
+}  // namespace kelm::ctl

@@ -1,0 +1,52 @@
+// What a subcommand of kelmctl takes on its command line.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+// Only arguments.cpp, command_line.cpp and their tests include CLI11: it takes longer to compile
+// than all the rest of a subcommand.
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
+
+namespace kelm::ctl {
+
+// One argument or option that was declared: a handle, valid as long as its command line.
+class Argument {
+ public:
+  explicit Argument(CLI::Option* option) : option_(option) {}
+
+  const Argument& required() const;
+  const Argument& valueName(const char* name) const;  // what the help calls the value; may be ""
+  const Argument& showDefault() const;                // in the help
+  const Argument& excludes(const Argument& other) const;
+
+  // `problem` says what is wrong with a value; an empty answer accepts it.
+  const Argument& check(const std::function<std::string(const std::string&)>& problem) const;
+
+ private:
+  CLI::Option* option_;
+};
+
+// Where a subcommand declares its arguments. A name that begins with "--" is an option, any other
+// name a positional argument. The values and texts must outlive the parsing.
+class ArgumentList {
+ public:
+  explicit ArgumentList(CLI::App& app) : app_(app) {}
+
+  Argument add(const char* name, std::string& value, const char* help);
+  Argument add(const char* name, std::optional<std::string>& value, const char* help);
+  Argument addFlag(const char* name, bool& value, const char* help);
+
+  // After parsing: unless `isGiven`, a usage error says that `what` is required.
+  void require(const char* what, std::function<bool()> isGiven);
+
+ private:
+  CLI::App& app_;
+};
+
+}  // namespace kelm::ctl
