@@ -32,7 +32,10 @@ List listAt(std::string_view absolutePath) {
   const std::string bytes{std::istreambuf_iterator<char>(file), {}};
   if (bytes.empty() || bytes.size() > kMaxFileBytes) return nullptr;
   plist_t list = nullptr;
-  plist_from_memory(bytes.data(), static_cast<std::uint32_t>(bytes.size()), &list);
+  const auto length = static_cast<std::uint32_t>(bytes.size());
+  // plist_from_memory() would choose too, but its parameters differ between libplist 2.2 and 2.6.
+  const bool isBinary = plist_is_binary(bytes.data(), length) != 0;
+  (isBinary ? plist_from_bin : plist_from_xml)(bytes.data(), length, &list);
   return List(list);
 }
 
