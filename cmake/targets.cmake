@@ -1,4 +1,4 @@
-# One folder is one static library; what it may use is what it links.
+# One directory is one static library; what it may use is what it links.
 # SPDX-License-Identifier: Apache-2.0
 
 # kelm_library(NAME SOURCES file... [LINKS target...])
@@ -8,7 +8,7 @@ function(kelm_library NAME)
   target_link_libraries(${NAME} PUBLIC kelm_settings ${ARG_LINKS} PRIVATE kelm_warnings)
 endfunction()
 
-# kelm_program(NAME SOURCES file... [LINKS target...]): left in the top of the build folder; its
+# kelm_program(NAME SOURCES file... [LINKS target...]): left in the top of the build directory; its
 # hardening is tested.
 function(kelm_program NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
@@ -18,12 +18,20 @@ function(kelm_program NAME)
   set_property(GLOBAL APPEND PROPERTY KELM_PROGRAMS $<TARGET_FILE:${NAME}>)
 endfunction()
 
-# kelm_unit_tests(FOLDER SOURCES file... LINKS target...): the tests of one folder, one executable.
-function(kelm_unit_tests FOLDER)
+# kelm_test_program(NAME SOURCES file... LINKS target...): a program of the tests. All share one
+# precompiled header, that of the test support library.
+function(kelm_test_program NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
-  add_executable(${FOLDER}_test ${ARG_SOURCES})
-  target_link_libraries(${FOLDER}_test
-    PRIVATE ${ARG_LINKS} GTest::gmock_main kelm_settings kelm_warnings)
-  gtest_discover_tests(${FOLDER}_test TEST_PREFIX "${FOLDER}/" DISCOVERY_MODE PRE_TEST
+  add_executable(${NAME} ${ARG_SOURCES})
+  target_link_libraries(${NAME}
+    PRIVATE ${ARG_LINKS} GTest::gmock kelm_settings kelm_test_settings kelm_warnings)
+  target_precompile_headers(${NAME} REUSE_FROM kelm_test_support)
+endfunction()
+
+# kelm_unit_tests(DIRECTORY SOURCES file... LINKS target...): its tests, as one program.
+function(kelm_unit_tests DIRECTORY)
+  kelm_test_program(${DIRECTORY}_test ${ARGN})
+  target_link_libraries(${DIRECTORY}_test PRIVATE GTest::gmock_main)
+  gtest_discover_tests(${DIRECTORY}_test TEST_PREFIX "${DIRECTORY}/" DISCOVERY_MODE PRE_TEST
     PROPERTIES TIMEOUT 120)
 endfunction()
