@@ -1,16 +1,30 @@
 # The targets that people type; the build itself is CMake's (CMakePresets.json).
 # SPDX-License-Identifier: Apache-2.0
-.PHONY: all demo check bench asan tsan fuzz coverage format lint install clean
+.PHONY: all help demo check bench asan tsan fuzz coverage format lint install clean
 
-all: ; @scripts/build release
-demo: ; @scripts/install-deps && scripts/build release && scripts/demo
-check: ; @scripts/install-deps && scripts/build release && ctest --preset release
-bench: ; @scripts/install-deps && scripts/build release && build/tests/bench/bench && build/tests/bench/ppdtext_growth
-asan: ; @scripts/install-deps && scripts/build asan && ctest --preset asan
-tsan: ; @scripts/install-deps && scripts/build tsan && ctest --preset tsan
-fuzz: ; @scripts/install-deps && scripts/build fuzz && scripts/fuzz
-coverage: ; @scripts/install-deps && scripts/build coverage && scripts/coverage
-format: ; @scripts/format
-lint: ; @scripts/install-deps && scripts/lint
-install: ; @cmake --install build
-clean: ; @rm -rf build build-*
+all: ## build the programs, the PPD and the manual pages
+	@scripts/install-deps build && scripts/build release all
+help: ## show this list
+	@sed -n 's/^\([a-z][a-z0-9-]*\):.*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 16
+demo: ## send the example job through the filter and show what became of it
+	@scripts/install-deps demo && scripts/build demo all && scripts/demo
+check: ## build and run all tests
+	@scripts/install-deps build check && scripts/build release all tests/all && ctest --preset release
+bench: ## measure throughput, start-up and memory
+	@scripts/install-deps build check && scripts/build release all tests/bench/all && scripts/bench
+asan: ## run the tests under the address and undefined-behaviour sanitizers
+	@scripts/install-deps build check && scripts/build asan all tests/all && ctest --preset asan
+tsan: ## run the tests under the thread sanitizer
+	@scripts/install-deps build check && scripts/build tsan all tests/all && ctest --preset tsan
+fuzz: ## run every fuzz target for a minute
+	@scripts/install-deps build check lint && scripts/build fuzz tests/fuzz/all && scripts/fuzz
+coverage: ## print the line coverage of each directory
+	@scripts/install-deps build check && scripts/build coverage all tests/all && scripts/coverage
+format: ## give every C++ file the project's shape
+	@scripts/install-deps lint && scripts/format
+lint: ## check shape, warnings of both compilers, clang-tidy, shell scripts, licences
+	@scripts/install-deps build check lint && scripts/lint
+install: ## install what "make" built
+	@cmake --install build
+clean: ## remove all build directories
+	@rm -rf build build-*
