@@ -162,7 +162,7 @@ ppd_choice_t* KelmPPD::ppdFindMarkedChoice_optionKey_(ppd_file_t* ppd, const cha
 }
 
 std::string KelmPPD::cupsGetPPD2_(const char* printer) {
-  return "/etc/cups/ppd/" + std::string(printer) + ".ppd";
+  return KELM_CUPS_SERVERROOT "/ppd/" + std::string(printer) + ".ppd";
 }
 
 void KelmPPD::getSystemVersion_middle_minor_(std::int32_t* major, std::int32_t* middle,

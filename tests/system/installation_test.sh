@@ -22,6 +22,8 @@ PREFIX/share/bash-completion/completions/kelmctl
 PREFIX/share/dbus-1/system-services/com.kelm.KelmWoLServices.service
 PREFIX/share/man/man1/kelmctl.1
 PREFIX/share/man/man8/KelmWoLServices.8
+PREFIX/share/man/man8/kelmfilter.8
+PREFIX/share/metainfo/com.kelm.kelmfilter.metainfo.xml
 PREFIX/share/zsh/vendor-completions/_kelmctl
 END
 diff "$W/expected" "$W/installed" || fail "other files are installed"

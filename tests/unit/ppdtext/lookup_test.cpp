@@ -142,7 +142,7 @@ TEST_F(Lookup, FindsTheMarkedChoiceOfAnOptionInAnyCase) {
 }
 
 TEST(CupsGetPpd, NamesTheQueuesFileWithoutLookingForIt) {
-  EXPECT_EQ(KelmPPD::cupsGetPPD2_("Büro"), "/etc/cups/ppd/Büro.ppd");
+  EXPECT_EQ(KelmPPD::cupsGetPPD2_("Büro"), KELM_CUPS_SERVERROOT "/ppd/Büro.ppd");
 }
 
 }  // namespace
