@@ -1,6 +1,6 @@
 # The targets that people type; the build itself is CMake's (CMakePresets.json).
 # SPDX-License-Identifier: Apache-2.0
-.PHONY: all help demo check bench asan tsan fuzz coverage format lint install clean
+.PHONY: all help demo check bench asan tsan fuzz coverage format lint package package-check install clean
 
 all: ## build the programs, the PPD and the manual pages
 	@scripts/install-deps build && scripts/build release all
@@ -24,6 +24,10 @@ format: ## give every C++ file the project's shape
 	@scripts/install-deps lint && scripts/format
 lint: ## check shape, warnings of both compilers, clang-tidy, shell scripts, licences
 	@scripts/install-deps build check lint && scripts/lint
+package: ## build the Debian packages of the last commit and run lintian
+	@scripts/install-deps package && scripts/package
+package-check: ## build the packages twice and compare them
+	@scripts/install-deps package && scripts/check-reproducible
 install: ## install what "make" built
 	@cmake --install build
 clean: ## remove all build directories
