@@ -1,4 +1,4 @@
-// Runs the real filter on every case folder (README.md beside this file says what is in one).
+// Runs the real filter on every case directory (README.md in this directory says what is in one).
 // SPDX-License-Identifier: Apache-2.0
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -18,6 +18,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/cases/header_differences.hpp"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -31,7 +33,7 @@ std::optional<std::string> readFile(const fs::path& path) {
   return std::string{std::istreambuf_iterator<char>(file), {}};
 }
 
-// The file's content less one line feed at its end.
+// The file's content without one line feed at its end.
 std::string readText(const fs::path& path, const std::string& missing) {
   std::string text = readFile(path).value_or(missing);
   if (!text.empty() && text.back() == '\n') text.pop_back();
@@ -45,22 +47,23 @@ std::vector<std::string> readLines(const fs::path& path) {
   return lines;
 }
 
-std::vector<std::string> argumentsOf(const fs::path& folder) {
-  if (!fs::exists(folder / "argv")) {
-    return {"1", "user", readText(folder / "title", "job"), "1", readText(folder / "options", "")};
+std::vector<std::string> argumentsOf(const fs::path& directory) {
+  if (!fs::exists(directory / "argv")) {
+    return {"1", "user", readText(directory / "title", "job"), "1",
+            readText(directory / "options", "")};
   }
-  std::vector<std::string> arguments = readLines(folder / "argv");
+  std::vector<std::string> arguments = readLines(directory / "argv");
   for (std::string& argument : arguments) {
-    if (argument.starts_with('@')) argument.replace(0, 1, folder.string());
+    if (argument.starts_with('@')) argument.replace(0, 1, directory.string());
   }
   return arguments;
 }
 
-std::vector<std::string> environmentOf(const fs::path& folder) {
-  std::vector<std::string> environment = readLines(folder / "env");
+std::vector<std::string> environmentOf(const fs::path& directory) {
+  std::vector<std::string> environment = readLines(directory / "env");
   environment.emplace_back("PATH=/usr/bin:/bin");
-  if (fs::exists(folder / "ppd")) {
-    const fs::path ppd = readText(folder / "ppd", "");
+  if (fs::exists(directory / "ppd")) {
+    const fs::path ppd = readText(directory / "ppd", "");
     environment.push_back("PPD=" + (fs::path(KELM_PPDS_DIR) / ppd).string());
   }
   for (const char* passed : {"ASAN_OPTIONS", "UBSAN_OPTIONS", "TSAN_OPTIONS", "LSAN_OPTIONS"}) {
@@ -78,7 +81,8 @@ std::vector<char*> pointersTo(std::vector<std::string>& strings) {
   return pointers;
 }
 
-// A computer of the case's own: its name, and no session of logind. False when the system refuses.
+// Gives the process a computer name of its own and hides logind's sessions from it. False when the
+// system refuses.
 bool enterOwnComputer(const std::string& name) {
   const int flags = CLONE_NEWUTS | CLONE_NEWNS;
   if (unshare(geteuid() == 0 ? flags : flags | CLONE_NEWUSER) != 0) return false;
@@ -102,24 +106,25 @@ struct Result {
   int status;
 };
 
-[[noreturn]] void runFilter(const fs::path& folder, int output, int error) {
-  std::vector<std::string> arguments = argumentsOf(folder);
+[[noreturn]] void runFilter(const fs::path& directory, int output, int error) {
+  std::vector<std::string> arguments = argumentsOf(directory);
   arguments.insert(arguments.begin(), "kelmfilter");
-  std::vector<std::string> environment = environmentOf(folder);
-  const fs::path input = fs::exists(folder / "in.ps") ? folder / "in.ps" : fs::path("/dev/null");
+  std::vector<std::string> environment = environmentOf(directory);
+  const fs::path input =
+      fs::exists(directory / "in.ps") ? directory / "in.ps" : fs::path("/dev/null");
   const int inputDescriptor = open(input.c_str(), O_RDONLY | O_CLOEXEC);
-  if (!enterOwnComputer(readText(folder / "host", "kelm-test"))) _exit(125);
+  if (!enterOwnComputer(readText(directory / "host", "kelm-test"))) _exit(125);
   if (dup2(inputDescriptor, 0) < 0 || dup2(output, 1) < 0 || dup2(error, 2) < 0) _exit(126);
   alarm(kMostSeconds);
   execve(KELM_FILTER, pointersTo(arguments).data(), pointersTo(environment).data());
   _exit(127);
 }
 
-Result run(const fs::path& folder) {
+Result run(const fs::path& directory) {
   const int output = memoryFile("output");
   const int error = memoryFile("error");
   const pid_t child = fork();
-  if (child == 0) runFilter(folder, output, error);
+  if (child == 0) runFilter(directory, output, error);
   int status = 0;
   waitpid(child, &status, 0);
   return {contentOf(output), contentOf(error),
@@ -137,7 +142,7 @@ std::string escaped(std::string_view text) {
   return result;
 }
 
-// The line of `text` around position `at`, and how far in the text it is.
+// The line of `text` at position `at`, with that position.
 std::string lineAt(std::string_view text, std::size_t at) {
   const std::size_t before = at == 0 ? std::string_view::npos : text.rfind('\n', at - 1);
   const std::size_t start = before == std::string_view::npos ? 0 : before + 1;
@@ -154,52 +159,92 @@ void compare(const char* what, std::string_view actual, std::string_view expecte
                 << lineAt(actual, at);
 }
 
-void compareWithFile(const char* what, std::string_view actual, const fs::path& file) {
-  if (const auto expected = readFile(file)) compare(what, actual, *expected);
+// Writes `text` to `directory`/`name` and returns that path.
+fs::path keep(const fs::path& directory, const char* name, std::string_view text) {
+  fs::create_directories(directory);
+  const fs::path path = directory / name;
+  std::ofstream(path, std::ios::binary) << text;
+  return path;
 }
 
 class Case : public testing::Test {
  public:
-  explicit Case(fs::path folder) : folder_(std::move(folder)) {}
+  explicit Case(fs::path directory)
+      : directory_(std::move(directory)),
+        kept_(fs::path(KELM_KEPT_DIR) / directory_.parent_path().filename() /
+              directory_.filename()) {}
 
   void TestBody() override {
-    SCOPED_TRACE(folder_.string() + ": " + readText(folder_ / "story", "(no story)"));
-    ASSERT_TRUE(fs::exists(folder_ / "story"));
-    ASSERT_TRUE(fs::exists(folder_ / "out.prn") || fs::exists(folder_ / "out.pjl") ||
-                fs::exists(folder_ / "out.ps"));
-    const Result result = run(folder_);
-    EXPECT_EQ(result.status, std::stoi(readText(folder_ / "status", "0")));
-    compare("standard error", result.error, readFile(folder_ / "err").value_or(""));
-    compareWithFile("the output", result.output, folder_ / "out.prn");
+    SCOPED_TRACE(directory_.string() + ": " + readText(directory_ / "story", "(no story)"));
+    ASSERT_TRUE(fs::exists(directory_ / "story"));
+    ASSERT_TRUE(has("out.prn") || has("plain.pjl") || has("dialog.pjl") || has("out.ps"))
+        << "the case expects nothing: README.md names the files";
+    fs::remove_all(kept_);
+    const Result result = run(directory_);
+    EXPECT_EQ(result.status, std::stoi(readText(directory_ / "status", "0")));
+    expect("err", result.error, readFile(directory_ / "err").value_or(""));
+    expectFile("out.prn", result.output);
     const std::size_t last = result.output.find(kLastHeaderLine);
     const std::size_t end =
         last == std::string::npos ? result.output.size() : last + kLastHeaderLine.size();
-    compareWithFile("the header", result.output.substr(0, end), folder_ / "out.pjl");
-    compareWithFile("the PostScript", result.output.substr(end), folder_ / "out.ps");
+    expectHeader("plain.pjl", result.output.substr(0, end));
+    expectHeader("dialog.pjl", result.output.substr(0, end));
+    expectFile("out.ps", result.output.substr(end));
   }
 
  private:
-  fs::path folder_;
+  bool has(const char* name) const { return fs::exists(directory_ / name); }
+
+  // On a difference, keeps both texts in the build tree.
+  void expect(const char* name, std::string_view actual, std::string_view expected) const {
+    compare(name, actual, expected);
+    if (actual == expected) return;
+    const fs::path expectedPath = keep(kept_ / "expected", name, expected);
+    const fs::path actualPath = keep(kept_ / "actual", name, actual);
+    ADD_FAILURE() << "all differences: diff -a " << expectedPath.string() << " "
+                  << actualPath.string();
+  }
+
+  void expectFile(const char* name, std::string_view actual) const {
+    if (const auto expected = readFile(directory_ / name)) expect(name, actual, *expected);
+  }
+
+  // The base header has the same name, in the directory of all cases.
+  void expectHeader(const char* name, std::string_view actual) const {
+    const auto differences = readFile(directory_ / name);
+    if (!differences) return;
+    const auto base = readFile(fs::path(KELM_CASES_DIR) / name);
+    ASSERT_TRUE(base.has_value()) << "no base header " << name;
+    const auto expected = kelm::cases::rebuildHeader(*base, *differences);
+    EXPECT_EQ(expected.fault, "") << "in " << (directory_ / name).string();
+    expect(name, actual, expected.header);
+  }
+
+  fs::path directory_;
+  fs::path kept_;
 };
 
 // Test names must not hold "-": to GoogleTest's filter it means "but not".
-std::string testName(const fs::path& folder) {
-  std::string name = folder.filename().string();
+std::string testName(const fs::path& directory) {
+  std::string name = directory.filename().string();
   std::replace(name.begin(), name.end(), '-', '_');
   return name;
 }
 
 void registerCases() {
-  std::vector<fs::path> folders;
+  std::vector<fs::path> directories;
   for (const auto& area : fs::directory_iterator(KELM_CASES_DIR)) {
     if (!area.is_directory()) continue;
-    for (const auto& folder : fs::directory_iterator(area.path())) folders.push_back(folder.path());
+    for (const auto& directory : fs::directory_iterator(area.path())) {
+      directories.push_back(directory.path());
+    }
   }
-  std::sort(folders.begin(), folders.end());
-  for (const fs::path& folder : folders) {
-    const std::string area = folder.parent_path().filename().string();
-    testing::RegisterTest(area.c_str(), testName(folder).c_str(), nullptr, nullptr, __FILE__,
-                          __LINE__, [folder]() -> testing::Test* { return new Case(folder); });
+  std::sort(directories.begin(), directories.end());
+  for (const fs::path& directory : directories) {
+    const std::string area = directory.parent_path().filename().string();
+    testing::RegisterTest(area.c_str(), testName(directory).c_str(), nullptr, nullptr, __FILE__,
+                          __LINE__,
+                          [directory]() -> testing::Test* { return new Case(directory); });
   }
 }
 
