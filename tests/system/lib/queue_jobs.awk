@@ -1,10 +1,10 @@
-# queue_jobs.awk : from tests/system/queue/ the jobs to print and what the printer must get of each.
+# queue_jobs.awk : the jobs to print, and what the printer must get for each.
 #
-#   awk -v from=FOLDER -v to=FOLDER -f queue_jobs.awk
+#   awk -v from=tests/system/queue -v cases=tests/cases -v to=DIRECTORY -f queue_jobs.awk
 #
-# writes for the job N the files N.name (what it is), N.env, N.arguments (one argument of lp a line),
-# N.header (the header) and N.sections (the feature sections, a line each: the opening comment behind
-# "%%BeginFeature: ", then its lines, each behind a "|").
+# For each job N it writes the files N.name (what it is), N.env, N.arguments (one argument of lp per
+# line), N.header (the header) and N.sections (one feature section per line: the opening comment
+# without "%%BeginFeature: ", then the section's lines, each after a "|").
 # SPDX-License-Identifier: Apache-2.0
 BEGIN {
   load("plain")
@@ -21,12 +21,18 @@ function fail(text) {
   exit 1
 }
 
-# The header and the sections of a job without options, of either kind.
+# The header and the sections of a job without options, of either kind: the golden cases' header and
+# the PPD's default sections, with what is different for this kind of job in this queue. The first line
+# of the header, the UEL, separates the jobs in the printer's input.
 function load(base,    line, file) {
-  file = from "/" base ".header"
+  file = cases "/" base ".pjl"
+  getline line < file
   while ((getline line < file) > 0) header[base, ++headers[base]] = line
-  file = from "/" base ".sections"
+  file = from "/default.sections"
   while ((getline line < file) > 0) section[base, ++sections[base]] = line
+  close(file)
+  file = from "/" base ".changes"
+  while ((getline line < file) > 0) base_change[base, ++base_changes[base]] = line
 }
 
 function keyword_of(text) {
@@ -121,7 +127,7 @@ function read_jobs(file,    line) {
   }
 }
 
-# NAME=VALUE replaces the line of NAME, OLD>NAME=VALUE the line of OLD, OLD+NAME=VALUE stands behind it.
+# NAME=VALUE replaces the line of NAME, OLD>NAME=VALUE the line of OLD; OLD+NAME=VALUE follows it.
 function change_header(job, text,    at, old, new, count) {
   match(text, /^[A-Z0-9_]+/)
   old = substr(text, 1, RLENGTH)
@@ -143,14 +149,17 @@ function change_section(job, text,    at, count) {
   if (count != 1) fail("job " job " (" names[job] "): no section " keyword_of(text))
 }
 
+function apply(job, text) {
+  if (text ~ /^\*/) change_section(job, text)
+  else change_header(job, text)
+}
+
 function write(job,    base, i, file) {
   base = base_of[job]
   for (i = 1; i <= headers[base]; ++i) out[i] = header[base, i]
   for (i = 1; i <= sections[base]; ++i) out_section[i] = section[base, i]
-  for (i = 1; i <= changes_of[job]; ++i) {
-    if (changes[job, i] ~ /^\*/) change_section(job, changes[job, i])
-    else change_header(job, changes[job, i])
-  }
+  for (i = 1; i <= base_changes[base]; ++i) apply(job, base_change[base, i])
+  for (i = 1; i <= changes_of[job]; ++i) apply(job, changes[job, i])
   file = to "/" job
   print names[job] > (file ".name")
   print env[job] > (file ".env")

@@ -171,10 +171,6 @@ TEST(HeaderTables, LeaveOutPapersAndTheCopiesAlone) {
   EXPECT_EQ((std::set<std::string>{"PageSize", "PageRegion", "Collate"}), others);
 }
 
-TEST(HeaderTables, HaveThe129OptionsOfThePrinter) {
-  EXPECT_EQ(129U, Description().printerOptions().size());
-}
-
 TEST(Default, IsAChoiceOfItsOption) {
   const Description description;
   for (const Option& option : description.options()) {
