@@ -1,4 +1,4 @@
-// The printer's 66 keywords: which line opens which section, and which codes have a writer.
+// The printer's keywords: which line opens which section, and which codes have a writer.
 // SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/features.hpp"
 
@@ -86,7 +86,6 @@ constexpr Row kRows[] = {
     {"QVBarcodeProof", 210, false},
     {"QVHideJob", 407},
 };
-static_assert(std::size(kRows) == 66);
 
 class EveryKeyword : public testing::TestWithParam<Row> {};
 
@@ -113,7 +112,8 @@ INSTANTIATE_TEST_SUITE_P(Table, EveryKeyword, testing::ValuesIn(kRows),
                          [](const auto& row) { return std::string(row.param.keyword); });
 
 TEST(Features, StandInTheOrderOfTheSearch) {
-  ASSERT_EQ(features().size(), std::size(kRows));
+  ASSERT_EQ(features().size(), std::size(kRows))
+      << "a feature section is a name in psrewrite/features.cpp and a row in this file";
   for (std::size_t i = 0; i < std::size(kRows); ++i) {
     EXPECT_STREQ(features()[i].keyword, kRows[i].keyword);
     EXPECT_EQ(features()[i].code, kRows[i].code);
