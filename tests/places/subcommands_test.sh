@@ -1,0 +1,27 @@
+#!/bin/sh
+# Every subcommand of kelmctl is completed in both shells and described in the manual.
+# SPDX-License-Identifier: Apache-2.0
+set -eu
+
+status=0
+# expect_in FILE WHAT PATTERN : an extended regular expression that matches a line of FILE
+expect_in() {
+  grep -qE -- "$3" "$1" && return
+  echo "kelmctl $name (ctl/subcommands.cpp): $1 has no $2" >&2
+  status=1
+}
+
+names=$(sed -n 's/^ *{"\([a-z-]*\)", ".*", declare.*/\1/p' ctl/subcommands.cpp)
+[ -n "$names" ] || { echo "no subcommands found in ctl/subcommands.cpp" >&2; exit 1; }
+for name in $names; do
+  bash=packaging/completions/kelmctl.bash
+  zsh=packaging/completions/_kelmctl
+  manual=packaging/man/kelmctl.1.scd
+  expect_in $bash "word in _kelmctl() for the subcommand" "_kelmctl_words '.*\\<$name\\>.* --help --version'"
+  expect_in $bash "function _kelmctl_$name() for the arguments" "^_kelmctl_$name\\(\\)"
+  expect_in $zsh "line among the subcommands" "^ *\"$name:"
+  expect_in $zsh "function _kelmctl_$name() for the arguments" "^_kelmctl_$name\\(\\)"
+  expect_in $manual "line under SYNOPSIS" "^\\*kelmctl $name\\*"
+  expect_in $manual "section under SUBCOMMANDS" "^## $name\$"
+done
+exit $status
