@@ -14,6 +14,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -179,6 +180,7 @@ class Case : public testing::Test {
     ASSERT_TRUE(fs::exists(directory_ / "story"));
     ASSERT_TRUE(has("out.prn") || has("plain.pjl") || has("dialog.pjl") || has("out.ps"))
         << "the case expects nothing: README.md names the files";
+    expectKnownFiles();
     fs::remove_all(kept_);
     const Result result = run(directory_);
     EXPECT_EQ(result.status, std::stoi(readText(directory_ / "status", "0")));
@@ -193,6 +195,19 @@ class Case : public testing::Test {
   }
 
  private:
+  // A file that the runner does not read would be an expectation that is never checked. A case with
+  // arguments of its own may name further files.
+  void expectKnownFiles() const {
+    if (has("argv")) return;
+    static const std::set<std::string> kNames = {
+        "story",  "options", "title", "ppd",    "in.ps", "plain.pjl", "dialog.pjl",
+        "out.ps", "out.prn", "err",   "status", "env",   "host"};
+    for (const auto& entry : fs::directory_iterator(directory_)) {
+      const std::string name = entry.path().filename().string();
+      EXPECT_TRUE(kNames.contains(name)) << name << " means nothing: README.md names the files";
+    }
+  }
+
   bool has(const char* name) const { return fs::exists(directory_ / name); }
 
   // On a difference, keeps both texts in the build tree.
