@@ -9,7 +9,7 @@ help: ## show this list
 demo: ## send the example job through the filter and show what became of it
 	@scripts/install-deps demo && scripts/build demo all && scripts/demo
 check: ## build and run all tests
-	@scripts/install-deps build check && scripts/build release all tests/all && ctest --preset release
+	@scripts/install-deps build check && scripts/build release all tests/all && scripts/check
 bench: ## measure throughput, start-up and memory
 	@scripts/install-deps build check && scripts/build release all tests/bench/all && scripts/bench
 asan: ## run the tests under the address and undefined-behaviour sanitizers

@@ -28,10 +28,16 @@ function(kelm_test_program NAME)
   target_precompile_headers(${NAME} REUSE_FROM kelm_test_support)
 endfunction()
 
-# kelm_unit_tests(DIRECTORY SOURCES file... LINKS target...): its tests, as one program.
+# kelm_unit_tests(DIRECTORY SOURCES file... LINKS target... [NAMESPACES filter]): its tests, as one
+# program. The filter names the suites that need namespaces (scripts/check).
 function(kelm_unit_tests DIRECTORY)
-  kelm_test_program(${DIRECTORY}_test ${ARGN})
-  target_link_libraries(${DIRECTORY}_test PRIVATE GTest::gmock_main)
+  cmake_parse_arguments(ARG "" "NAMESPACES" "SOURCES;LINKS" ${ARGN})
+  kelm_test_program(${DIRECTORY}_test SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} GTest::gmock_main)
+  if(ARG_NAMESPACES)
+    gtest_discover_tests(${DIRECTORY}_test TEST_PREFIX "${DIRECTORY}/" DISCOVERY_MODE PRE_TEST
+      TEST_FILTER "${ARG_NAMESPACES}" PROPERTIES TIMEOUT 120 LABELS namespaces)
+    set(ARG_NAMESPACES "-${ARG_NAMESPACES}")
+  endif()
   gtest_discover_tests(${DIRECTORY}_test TEST_PREFIX "${DIRECTORY}/" DISCOVERY_MODE PRE_TEST
-    PROPERTIES TIMEOUT 120)
+    TEST_FILTER "${ARG_NAMESPACES}" PROPERTIES TIMEOUT 120)
 endfunction()
