@@ -26,10 +26,19 @@ using ppdtext::KelmPPD;
 
 constexpr const char* kUnreadable =
     ": cannot be read as UTF-8 text; check the path, and unpack a compressed PPD";
-constexpr const char* kNoRecord =
-    ": no record; every PPD needs an option with a text (*OpenUI *Key/Text: ...), and every such "
-    "option a choice with a text and its code on one line (*Key choice/Text: \"code\") before its "
-    "*CloseUI: *Key; lines end with a line feed alone";
+constexpr const char* kNoOption =
+    ": no option with a text (*OpenUI *Key/Text: ...); there is nothing to show";
+constexpr const char* kNoChoice =
+    " has no choice; it needs one with a text and its code on one line (*Key choice/Text: "
+    "\"code\") "
+    "before its *CloseUI: *Key, and lines that end with a line feed alone";
+constexpr const char* kTooSlow =
+    " or an earlier one takes too long: its keyword has pattern characters (such as * + ( or |)";
+constexpr const char* kTooMany =
+    " makes more than a million choices: groups or options of the same names are repeated";
+
+constexpr const char* kTranslationsTooSlow =
+    ": translations take too long to find: keywords have pattern characters (such as * + ( or |)";
 
 struct Arguments {
   std::string file;
@@ -50,6 +59,24 @@ std::string wholeText(const char* text) {
     if (ppdtext::toUtf16(all.substr(0, length))) return std::string(all.substr(0, length));
   }
   return "";
+}
+
+std::string sentenceOf(const ppdtext::ReadProblem& problem) {
+  const std::string option = ", line " + std::to_string(problem.line) + ": option \"" +
+                             safeText(ppdtext::toUtf8(problem.option)) + '"';
+  switch (problem.kind) {
+    case ppdtext::ReadProblem::kNoOption:
+      return kNoOption;
+    case ppdtext::ReadProblem::kNoChoice:
+      return option + kNoChoice;
+    case ppdtext::ReadProblem::kTooSlow:
+      return option + kTooSlow;
+    case ppdtext::ReadProblem::kTooMany:
+      return option + kTooMany;
+    case ppdtext::ReadProblem::kNone:
+      break;
+  }
+  return ": out of memory";
 }
 
 std::string readable(const char* text) { return safeText(wholeText(text)); }
@@ -119,14 +146,18 @@ std::string languageFor(ppd_file_t* ppd, const std::optional<std::string>& langu
 
 int showPpd(const Arguments& arguments, const Console& console) {
   const auto text = ppdtext::readTextFile(arguments.file.c_str());
-  Shown shown{ppdtext::Record(text ? ppdtext::recordOf(*text) : nullptr), ""};
+  ppdtext::ReadProblem problem;
+  Shown shown{ppdtext::Record(text ? ppdtext::recordOf(*text, &problem) : nullptr), ""};
   if (shown.record == nullptr) {
-    console.err << "kelmctl: " << arguments.file << (text ? kNoRecord : kUnreadable) << '\n';
+    console.err << "kelmctl: " << arguments.file << (text ? sentenceOf(problem) : kUnreadable)
+                << '\n';
     return kExitFailed;
   }
   shown.language = languageFor(shown.record.get(), arguments.language);
-  if (const auto language = ppdtext::toUtf16(shown.language)) {
-    ppdtext::localizeRecord(*shown.record, *text, *language);
+  const auto language = ppdtext::toUtf16(shown.language);
+  if (language && !ppdtext::localizeRecord(*shown.record, *text, *language)) {
+    console.err << "kelmctl: " << arguments.file << kTranslationsTooSlow << '\n';
+    return kExitFailed;
   }
   KelmPPD::ppdMarkDefaults_(shown.record.get());
   (arguments.json ? printJson : printReadable)(console.out, shown);

@@ -12,6 +12,7 @@
 #include "platform/property_files.hpp"
 #include "ppdtext/language.hpp"
 #include "ppdtext/localizer.hpp"
+#include "ppdtext/ppd_text.hpp"
 #include "ppdtext/record.hpp"
 #include "ppdtext/record_parts.hpp"
 #include "ppdtext/text_file.hpp"
@@ -83,11 +84,13 @@ ppd_file_t* KelmPPD::ppdOpenFile_(const char* path) {
 void KelmPPD::ppdClose_(ppd_file_t* ppd) { freeRecord(ppd); }
 
 std::vector<std::u16string> KelmPPD::groupKeyword_(std::u16string_view text) {
-  return PPDText(text).groupKeywords();
+  SearchBudget budget(text);
+  return PPDText(text, budget).groupKeywords();
 }
 
 TextRange KelmPPD::groupRange_keyword_(std::u16string_view text, std::u16string_view keyword) {
-  return PPDText(text).groupRange(keyword);
+  SearchBudget budget(text);
+  return PPDText(text, budget).groupRange(keyword);
 }
 
 std::u16string KelmPPD::findGroupKey_itemRange_(const GroupRanges& ranges, TextRange item) {
@@ -95,11 +98,17 @@ std::u16string KelmPPD::findGroupKey_itemRange_(const GroupRanges& ranges, TextR
 }
 
 std::vector<std::u16string> KelmPPD::optionKeywords_(std::u16string_view text) {
-  return PPDText(text).optionKeywords();
+  SearchBudget budget(text);
+  std::vector<std::u16string> keywords;
+  for (const TextRange range : PPDText(text, budget).optionKeywords()) {
+    keywords.emplace_back(pieceOf(text, range));
+  }
+  return keywords;
 }
 
 TextRange KelmPPD::optionRagne_keyword_(std::u16string_view text, std::u16string_view keyword) {
-  return PPDText(text).optionRange(keyword);
+  SearchBudget budget(text);
+  return PPDText(text, budget).optionRange(keyword);
 }
 
 ppd_attr_t* KelmPPD::ppdFindAttr_attrName_attrSpcec_(ppd_file_t* ppd, const char* name,
@@ -207,7 +216,8 @@ std::string KelmPPD::ppdGetLanguage_(ppd_file_t* ppd) {
 std::u16string KelmPPD::ppdGetAttributes_pattern_idx_(OptionalText text, OptionalText pattern,
                                                       std::size_t index) {
   if (!text || !pattern) return u"";
-  const auto match = Pattern(*pattern, Letters::kAnyCase).firstMatch(*text);
+  SearchBudget budget(*text);
+  const auto match = Pattern(*pattern, Letters::kAnyCase).firstMatch(*text, budget);
   return match ? captured(*text, *match, index).value_or(u"") : u"";
 }
 
@@ -222,7 +232,9 @@ std::u16string KelmPPD::ppdLocalGetLocalize_local_key_option_(OptionalText text,
 bool KelmPPD::isDefinePpdLocalLocalize_local_key_option_(OptionalText text, OptionalText language,
                                                          OptionalText option, OptionalText choice) {
   const auto pattern = patternFor(text, language, option, choice);
-  return pattern && Pattern(*pattern, Letters::kAnyCase).firstMatch(*text).has_value();
+  if (!pattern) return false;
+  SearchBudget budget(*text);
+  return Pattern(*pattern, Letters::kAnyCase).firstMatch(*text, budget).has_value();
 }
 
 int KelmPPD::ppdLocalize_ppdPath_(ppd_file_t* ppd, const char* path) {

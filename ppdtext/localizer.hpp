@@ -12,7 +12,6 @@
 #include <vector>
 
 #include "ppdtext/pattern.hpp"
-#include "ppdtext/search_area.hpp"
 
 namespace kelm::ppdtext {
 
@@ -26,32 +25,44 @@ inline constexpr std::size_t kTranslationGroup = 3;
 
 // How far `text` counts for translations: to the end of the language's last line, 0 without one. A
 // language that makes no valid pattern leaves all of it.
-std::size_t localizationEnd(std::u16string_view text, std::u16string_view language);
+std::size_t localizationEnd(std::u16string_view text, std::u16string_view language,
+                            SearchBudget& budget);
 
-// The lines of a text in which a language's translation patterns can match at all, found by what
-// stands before the blank and between the blank and the slash. Borrows the text.
+// The translation lines of a text in one language, found in one pass. Borrows the text.
 class TranslationLines {
  public:
+  // `language` is plain.
   TranslationLines(std::u16string_view text, std::u16string_view language);
 
-  // `subject` is the option, or "Translation" for an option's own line; `keyword` is the choice, or
-  // then the option. Everywhere when one of them or the language has pattern characters.
-  SearchArea linesOf(std::u16string_view subject, std::u16string_view keyword) const;
+  // The translation in the first line with this subject (the option, or "Translation" for an
+  // option's own line) and keyword (the choice, or then the option), both plain.
+  std::optional<TextRange> first(std::u16string_view subject, std::u16string_view keyword) const;
+
+  // The lines with this plain subject, for a keyword in which "." stands for any character.
+  std::vector<TextRange> linesOf(std::u16string_view subject) const;
+
+  // Lines in which a letter beyond ASCII may stand for one of the subject or the keyword when case
+  // is ignored: to be searched by pattern.
+  std::vector<TextRange> unusual(std::u16string_view subject, std::u16string_view keyword) const;
 
  private:
   void addLine(TextRange line);
-  void addSlash(std::u16string_view before, TextRange line);
-  void addSubjects(std::u16string_view words, std::u16string_view keyword, TextRange line);
+  void addAt(std::size_t place, TextRange line);
+  void addUnusual(TextRange line);
+  void addUnusualBefore(std::size_t slash, TextRange line);
 
   std::u16string_view text_;
-  std::u16string language_;  // folded; empty when it has pattern characters
-  std::unordered_map<std::u16string, std::vector<TextRange>> lines_;
+  std::u16string language_;  // in lower case
+  std::unordered_map<std::u16string, TextRange> first_;
+  std::unordered_map<std::u16string, std::vector<TextRange>> bySubject_;
+  std::unordered_map<std::u16string, std::vector<TextRange>> unusual_;
+  std::vector<TextRange> unusualLines_;
 };
 
-// Borrows the text of the PPD file.
+// Borrows the text of the PPD file and the budget.
 class Localizer {
  public:
-  Localizer(std::u16string_view text, std::u16string_view language);
+  Localizer(std::u16string_view text, std::u16string_view language, SearchBudget& budget);
 
   // What the option, or its choice, is to be shown as; empty when its line translates it to
   // nothing, none when it keeps its text.
@@ -59,14 +70,21 @@ class Localizer {
                                         std::optional<std::u16string_view> choice) const;
 
  private:
+  std::optional<TextRange> firstOfPlain(std::u16string_view option,
+                                        std::optional<std::u16string_view> choice) const;
+  std::optional<std::u16string> textByPattern(const Pattern& pattern,
+                                              const std::vector<TextRange>& pieces) const;
+
   std::u16string_view text_;
   std::u16string language_;
+  SearchBudget& budget_;
   std::size_t end_;
-  TranslationLines lines_;
+  std::optional<TranslationLines> lines_;  // of a plain language
 };
 
 // Shows the record's options and choices in `language` with the translations of `text`: a
-// translation replaces the text, cut at the field's last byte, and an empty one empties it.
-void localizeRecord(const ppd_file_t& ppd, std::u16string_view text, std::u16string_view language);
+// translation replaces the text, cut at the field's last byte, and an empty one empties it. False
+// when keywords with pattern characters take too long; some texts are not translated then.
+bool localizeRecord(const ppd_file_t& ppd, std::u16string_view text, std::u16string_view language);
 
 }  // namespace kelm::ppdtext

@@ -2,8 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/model.hpp"
 
-#include <iterator>
 #include <map>
+#include <string>
+#include <unordered_map>
 #include <utility>
 
 #include "ppdtext/pattern.hpp"
@@ -13,11 +14,6 @@ namespace kelm::ppdtext {
 namespace {
 
 constexpr std::u16string_view kEndOfReading = u"*CloseGroup: Advanced";
-
-constexpr std::u16string_view kOptionText = uR"re(\*OpenUI.*\*%@?/(.*):)re";
-constexpr std::u16string_view kOptionDefault = uR"re(\*Default%@:[ ]*(.*))re";
-constexpr std::u16string_view kChoice = uR"re(\*%@[ ]+(.*?)/(.*?):.*\"(.*)\")re";
-constexpr std::u16string_view kCustomChoice = uR"re(\*Custom%@[ ]+(.*?):.*\"(.*)\")re";
 
 // The kinds of choice lines are told apart by their capture groups, and a keyword with groups of
 // its own changes the kind.
@@ -29,15 +25,12 @@ constexpr std::u16string_view kCustom = u"Custom";
 // CUPS' twin of "PageSize"; its custom sizes have no line of their own.
 constexpr std::u16string_view kPageRegion = u"PageRegion";
 
-const Pattern& attributeLine() {
-  static const Pattern pattern(uR"re(\*([^ ]*?):[ ]*(.*))re");
-  return pattern;
-}
+// A model with more choices, counted in every group that has them, is not made: a file may name the
+// same groups and options again and again.
+constexpr std::size_t kMostChoices = std::size_t{1} << 20;
 
-std::optional<std::u16string> lastCapture(std::u16string_view section, std::u16string_view format,
-                                          std::u16string_view keyword) {
-  const auto matches = Pattern(formatted(format, {keyword})).allMatches(section);
-  return matches.empty() ? std::nullopt : captured(section, matches.back(), 1);
+std::optional<std::u16string> piece(std::u16string_view text, std::optional<TextRange> range) {
+  return range ? std::optional(std::u16string(pieceOf(text, *range))) : std::nullopt;
 }
 
 std::optional<ModelChoice> choiceOf(std::u16string_view text, const Match& match) {
@@ -62,44 +55,107 @@ void appendChoices(std::vector<ModelChoice>& choices, std::u16string_view text,
   }
 }
 
-// The option's choices: those of its section, then the custom ones of the whole text. None when
-// there is no line of either kind.
-std::optional<std::vector<ModelChoice>> choicesOf(const PPDText& ppd, std::u16string_view section,
-                                                  std::u16string_view keyword) {
-  const auto own = Pattern(formatted(kChoice, {keyword})).allMatches(section);
-  const auto custom = ppd.customMatches(Pattern(formatted(kCustomChoice, {keyword})), keyword);
-  if (own.empty() && custom.empty()) return std::nullopt;
+struct GroupedOption {
+  std::u16string group;
+  ModelOption option;
+  bool hasChoiceLine;
+};
+
+// Reads the options of one text.
+class OptionReader {
+ public:
+  OptionReader(const PPDText& ppd, const SearchBudget& budget)
+      : ppd_(ppd),
+        budget_(budget),
+        groupKeywords_(ppd.groupKeywords()),
+        ranges_(ppd.groupRanges(groupKeywords_)),
+        finder_(ranges_) {}
+
+  Reading read();
+
+ private:
+  // The option of `keyword` in its group; null when it has no range.
+  const GroupedOption* optionOf(std::u16string_view keyword);
+  GroupedOption readOption(std::u16string_view keyword, TextRange range) const;
+  ReadProblem problemIn(TextRange keyword, ReadProblem::Kind kind) const {
+    return {kind, std::u16string(pieceOf(ppd_.text(), keyword)), ppd_.lineNumber(keyword.start)};
+  }
+  // What keeps the option from being added to its group.
+  ReadProblem addOption(TextRange keyword);
+  std::optional<std::vector<ModelGroup>> groups() const;
+
+  const PPDText& ppd_;
+  const SearchBudget& budget_;
+  std::vector<std::u16string> groupKeywords_;
+  GroupRanges ranges_;
+  GroupFinder finder_;
+  std::unordered_map<std::u16string_view, std::optional<GroupedOption>> found_;
+  std::map<std::u16string, std::vector<ModelOption>> optionsByGroup_;
+  std::size_t choices_ = 0;
+};
+
+// The option's choices are those of its section, then the custom ones of the whole text.
+GroupedOption OptionReader::readOption(std::u16string_view keyword, TextRange range) const {
+  const std::u16string_view text = ppd_.text();
+  const auto own = ppd_.choices(keyword, range);
+  const auto custom = ppd_.customChoices(keyword);
   std::vector<ModelChoice> choices;
-  appendChoices(choices, section, own);
-  appendChoices(choices, ppd.text(), custom);
+  appendChoices(choices, text, own);
+  appendChoices(choices, text, custom);
   if (keyword == kPageRegion) {
     choices.push_back({std::u16string(kCustom), std::u16string(kCustom), std::u16string(kNoCode)});
   }
-  return choices;
+  return {finder_.holding(range),
+          {std::u16string(keyword), piece(text, ppd_.optionText(keyword, range)),
+           piece(text, ppd_.optionDefault(keyword, range)), std::move(choices)},
+          !own.empty() || !custom.empty()};
 }
 
-std::optional<ModelOption> optionOf(const PPDText& ppd, TextRange range,
-                                    const std::u16string& keyword) {
-  const std::u16string_view section = pieceOf(ppd.text(), range);
-  auto choices = choicesOf(ppd, section, keyword);
-  if (!choices) return std::nullopt;
-  return ModelOption{keyword, lastCapture(section, kOptionText, keyword),
-                     lastCapture(section, kOptionDefault, keyword), std::move(*choices)};
-}
-
-using OptionsByGroup = std::map<std::u16string, std::vector<ModelOption>>;
-
-// None when an option of the file has no line of a choice: such a file is not read at all.
-std::optional<OptionsByGroup> optionsByGroup(const PPDText& ppd, const GroupRanges& groups) {
-  OptionsByGroup options;
-  for (const std::u16string& keyword : ppd.optionKeywords()) {
-    const TextRange range = ppd.optionRange(keyword);
-    if (range == TextRange()) continue;
-    auto option = optionOf(ppd, range, keyword);
-    if (!option) return std::nullopt;
-    options[groupHolding(groups, range)].push_back(std::move(*option));
+const GroupedOption* OptionReader::optionOf(std::u16string_view keyword) {
+  const auto [entry, isNew] = found_.try_emplace(keyword);
+  if (isNew) {
+    const TextRange range = ppd_.optionRange(keyword);
+    if (range != TextRange()) entry->second = readOption(keyword, range);
   }
-  return options;
+  return entry->second ? &*entry->second : nullptr;
+}
+
+ReadProblem OptionReader::addOption(TextRange keyword) {
+  const GroupedOption* option = optionOf(pieceOf(ppd_.text(), keyword));
+  if (budget_.isExceeded()) return problemIn(keyword, ReadProblem::kTooSlow);
+  if (option == nullptr) return {};
+  if (!option->hasChoiceLine) return problemIn(keyword, ReadProblem::kNoChoice);
+  choices_ += option->option.choices.size();
+  if (choices_ > kMostChoices) return problemIn(keyword, ReadProblem::kTooMany);
+  optionsByGroup_[option->group].push_back(option->option);
+  return {};
+}
+
+// None when groups of the same keyword make the options too many.
+std::optional<std::vector<ModelGroup>> OptionReader::groups() const {
+  std::vector<ModelGroup> groups;
+  std::size_t choices = 0;
+  for (const std::u16string& keyword : groupKeywords_) {
+    const auto found = optionsByGroup_.find(keyword);
+    groups.push_back({keyword, {}});
+    if (found == optionsByGroup_.end()) continue;
+    for (const ModelOption& option : found->second) choices += option.choices.size();
+    if (choices > kMostChoices) return std::nullopt;
+    groups.back().options = found->second;
+  }
+  return groups;
+}
+
+Reading OptionReader::read() {
+  const std::vector<TextRange> keywords = ppd_.optionKeywords();
+  if (keywords.empty()) return {std::nullopt, {ReadProblem::kNoOption, u"", 0}};
+  for (const TextRange keyword : keywords) {
+    ReadProblem problem = addOption(keyword);
+    if (problem.kind != ReadProblem::kNone) return {std::nullopt, std::move(problem)};
+  }
+  auto groups = this->groups();
+  if (!groups) return {std::nullopt, problemIn(keywords.back(), ReadProblem::kTooMany)};
+  return {Model{std::move(*groups), {}}, {}};
 }
 
 // The text between the first and the last double quote; all of it when there are no two.
@@ -109,12 +165,11 @@ std::u16string_view unquoted(std::u16string_view value) {
   return first == last ? value : value.substr(first + 1, last - first - 1);
 }
 
-std::vector<ModelAttribute> attributesOf(std::u16string_view text) {
+std::vector<ModelAttribute> attributesOf(const PPDText& ppd) {
   std::vector<ModelAttribute> attributes;
-  for (const Match& match : attributeLine().allMatches(text)) {
-    const std::u16string name = captured(text, match, 1).value_or(u"");
-    const std::u16string value = captured(text, match, 2).value_or(u"");
-    attributes.push_back({name, std::u16string(unquoted(value))});
+  for (const auto& [name, value] : ppd.attributes()) {
+    attributes.push_back({std::u16string(pieceOf(ppd.text(), name)),
+                          std::u16string(unquoted(pieceOf(ppd.text(), value)))});
   }
   return attributes;
 }
@@ -126,20 +181,14 @@ std::u16string_view readPart(std::u16string_view text) {
   return at == std::u16string_view::npos ? text : text.substr(0, at + kEndOfReading.size());
 }
 
-std::optional<Model> modelOf(std::u16string_view text) {
-  const PPDText ppd(text);
-  const auto keywords = ppd.groupKeywords();
-  if (ppd.optionKeywords().empty()) return std::nullopt;
-  const auto options = optionsByGroup(ppd, ppd.groupRanges(keywords));
-  if (!options) return std::nullopt;
-  Model model;
-  for (const std::u16string& keyword : keywords) {
-    const auto found = options->find(keyword);
-    model.groups.push_back(
-        {keyword, found == options->end() ? std::vector<ModelOption>() : found->second});
-  }
-  model.attributes = attributesOf(text);
-  return model;
+Reading readModel(std::u16string_view text) {
+  SearchBudget budget(text);
+  const PPDText ppd(text, budget);
+  Reading reading = OptionReader(ppd, budget).read();
+  if (reading.model) reading.model->attributes = attributesOf(ppd);
+  return reading;
 }
+
+std::optional<Model> modelOf(std::u16string_view text) { return readModel(text).model; }
 
 }  // namespace kelm::ppdtext

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,8 +46,29 @@ struct Model {
 // The text as far as it is read: through the first "*CloseGroup: Advanced", else all of it.
 std::u16string_view readPart(std::u16string_view text);
 
-// None when the text has no option, or an option without any line of a choice. The whole of `text`
-// is read.
+// Why a text has no model.
+struct ReadProblem {
+  enum Kind {
+    kNone,
+    kNoOption,  // the text has no option with a translation
+    kNoChoice,  // the option has no choice line
+    kTooSlow,   // a keyword with pattern characters takes too long, at the latest the option's own
+    kTooMany,   // groups and options of the same names make more than a million choices
+  };
+  Kind kind = kNone;
+  std::u16string option;  // its keyword
+  std::size_t line = 0;   // where the file opens the option, from 1
+};
+
+struct Reading {
+  std::optional<Model> model;
+  ReadProblem problem;  // kNone with a model
+};
+
+// The whole of `text` is read, in a time that grows with its size.
+Reading readModel(std::u16string_view text);
+
+// The model alone; none when there is a problem.
 std::optional<Model> modelOf(std::u16string_view text);
 
 }  // namespace kelm::ppdtext

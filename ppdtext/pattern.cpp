@@ -9,17 +9,29 @@
 namespace kelm::ppdtext {
 namespace {
 
-// Keywords of strangers become patterns, so a search may run away. A unit of time is 10,000 steps
-// of ICU's matcher. A search has 500 of them, a tenth of a second or so, and for long texts one
-// more for every 4096 units: at least twice what the patterns of plain keywords need for a text
-// full of matches. The memory is that of the matcher's backtracking.
-constexpr std::int32_t kTimeUnits = 500;
-constexpr std::size_t kTextUnitsPerTimeUnit = 4096;
-constexpr std::int32_t kStackBytes = 1 << 20;
+// About a second for the text of a printer, and a second for each further megabyte: enough for
+// dozens of options with pattern characters in their keywords.
+constexpr std::int64_t kSteps = 20'000'000;
+constexpr std::int64_t kStepsPerTextUnit = 40;
+
+// ICU counts no steps while it looks for a place to start, nor for the copy of the expression.
+constexpr std::int64_t kTextUnitsPerStep = 8;
+constexpr std::int64_t kStepsPerSearch = 200;
+
+constexpr std::int32_t kStackBytes = 1 << 20;  // of the matcher's backtracking
 
 constexpr std::size_t kMaxUnits = std::numeric_limits<std::int32_t>::max();
 
 constexpr std::u16string_view kArgument = u"%@";
+
+constexpr std::int64_t kStepsBetweenCalls = 10'000;  // as ICU's matcher does
+
+// ICU calls it from time to time; false ends the search.
+UBool spendSteps(const void* context, std::int32_t /*total*/) {
+  auto* budget = static_cast<SearchBudget*>(const_cast<void*>(context));
+  budget->spend(kStepsBetweenCalls);
+  return budget->isExceeded() ? 0 : 1;
+}
 
 // The current match of `search`.
 Match matchOf(URegularExpression* search, UErrorCode* status) {
@@ -37,6 +49,9 @@ Match matchOf(URegularExpression* search, UErrorCode* status) {
 }
 
 }  // namespace
+
+SearchBudget::SearchBudget(std::u16string_view text)
+    : left_(kSteps + static_cast<std::int64_t>(text.size()) * kStepsPerTextUnit) {}
 
 TextRange unionOf(TextRange a, TextRange b) {
   const std::size_t start = std::min(a.start, b.start);
@@ -65,36 +80,37 @@ Pattern::Pattern(std::u16string_view pattern, Letters letters) {
 
 // Null when nothing can be searched. The copy shares the compiled expression; the text is not
 // copied.
-Pattern::Expression Pattern::searchOf(std::u16string_view text) const {
-  if (!isValid() || text.size() > kMaxUnits) return nullptr;
+Pattern::Expression Pattern::searchOf(std::u16string_view text, SearchBudget& budget) const {
+  if (!isValid() || text.size() > kMaxUnits || budget.isExceeded()) return nullptr;
+  budget.spend(static_cast<std::int64_t>(text.size()) / kTextUnitsPerStep + kStepsPerSearch);
   const char16_t* units = text.empty() ? u"" : text.data();
   UErrorCode status = U_ZERO_ERROR;
   Expression search(uregex_clone(expression_.get(), &status));
-  const std::size_t textTime = text.size() / kTextUnitsPerTimeUnit;
-  uregex_setTimeLimit(search.get(), kTimeUnits + static_cast<std::int32_t>(textTime), &status);
+  uregex_setMatchCallback(search.get(), spendSteps, &budget, &status);
   uregex_setStackLimit(search.get(), kStackBytes, &status);
   uregex_setText(search.get(), units, static_cast<std::int32_t>(text.size()), &status);
   return U_SUCCESS(status) ? std::move(search) : nullptr;
 }
 
-std::vector<Match> Pattern::allMatches(std::u16string_view text) const {
+std::vector<Match> Pattern::allMatches(std::u16string_view text, SearchBudget& budget) const {
   std::vector<Match> matches;
-  const Expression search = searchOf(text);
+  const Expression search = searchOf(text, budget);
   if (search == nullptr) return matches;
   UErrorCode status = U_ZERO_ERROR;
   while (uregex_findNext(search.get(), &status) != 0) {
     matches.push_back(matchOf(search.get(), &status));
   }
-  if (U_FAILURE(status)) matches.clear();
+  if (U_FAILURE(status)) budget.exceed();
   return matches;
 }
 
-std::optional<Match> Pattern::firstMatch(std::u16string_view text) const {
-  const Expression search = searchOf(text);
+std::optional<Match> Pattern::firstMatch(std::u16string_view text, SearchBudget& budget) const {
+  const Expression search = searchOf(text, budget);
   if (search == nullptr) return std::nullopt;
   UErrorCode status = U_ZERO_ERROR;
-  if (uregex_findNext(search.get(), &status) == 0) return std::nullopt;
-  return matchOf(search.get(), &status);
+  const bool found = uregex_findNext(search.get(), &status) != 0;
+  if (U_FAILURE(status)) budget.exceed();
+  return found ? std::optional(matchOf(search.get(), &status)) : std::nullopt;
 }
 
 std::u16string formatted(std::u16string_view format,
@@ -109,8 +125,8 @@ std::u16string formatted(std::u16string_view format,
 }
 
 bool isPlainUnit(char16_t c) {
-  return (c >= u'A' && c <= u'Z') || (c >= u'a' && c <= u'z') || (c >= u'0' && c <= u'9') ||
-         c == u'_' || c == u'-';
+  constexpr std::u16string_view kOther = uR"re(\^$.|?*+()[]{}/:")re";
+  return c > u' ' && c < 0x7F && kOther.find(c) == std::u16string_view::npos;
 }
 
 bool isPlain(std::u16string_view keyword) {

@@ -5,6 +5,7 @@
 #include <unicode/uregex.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <memory>
 #include <optional>
@@ -43,6 +44,23 @@ std::optional<std::u16string> captured(std::u16string_view text, const Match& ma
 
 enum class Letters { kExact, kAnyCase };
 
+// What all searches for one text may cost together. Keywords of a PPD become patterns, and a
+// pattern can take time without end; with one budget for all of them, the time for a PPD grows with
+// its size alone. A search that exceeds it stops with what it has found, and so does every later
+// one.
+class SearchBudget {
+ public:
+  explicit SearchBudget(std::u16string_view text);
+
+  bool isExceeded() const { return left_ <= 0; }
+  // In steps of ICU's matcher, some 20 ns each.
+  void spend(std::int64_t steps) { left_ -= steps; }
+  void exceed() { left_ = 0; }
+
+ private:
+  std::int64_t left_;
+};
+
 // May be shared between threads once it is made.
 class Pattern {
  public:
@@ -51,18 +69,18 @@ class Pattern {
   // False when the expression does not compile; such a pattern has no matches.
   bool isValid() const { return expression_ != nullptr; }
 
-  // The matches that do not overlap, from the left. A search that exceeds its limits has none.
-  std::vector<Match> allMatches(std::u16string_view text) const;
+  // The matches that do not overlap, from the left.
+  std::vector<Match> allMatches(std::u16string_view text, SearchBudget& budget) const;
 
-  // The leftmost match; none also when the search exceeds its limits.
-  std::optional<Match> firstMatch(std::u16string_view text) const;
+  // The leftmost match.
+  std::optional<Match> firstMatch(std::u16string_view text, SearchBudget& budget) const;
 
  private:
   struct Close {
     void operator()(URegularExpression* expression) const { uregex_close(expression); }
   };
   using Expression = std::unique_ptr<URegularExpression, Close>;
-  Expression searchOf(std::u16string_view text) const;
+  Expression searchOf(std::u16string_view text, SearchBudget& budget) const;
 
   Expression expression_;
 };
@@ -72,10 +90,11 @@ class Pattern {
 std::u16string formatted(std::u16string_view format,
                          std::initializer_list<std::u16string_view> arguments);
 
-// An ASCII letter or digit, "_" or "-": a character that means itself in a pattern.
+// Visible ASCII that means itself in a pattern, except what ends a keyword in a PPD: "/", ":" and
+// the double quote.
 bool isPlainUnit(char16_t c);
 
-// Whether `keyword` means itself in a pattern and stays within a line: plain units, at least one.
+// Whether `keyword` is made of plain units, at least one.
 bool isPlain(std::u16string_view keyword);
 
 }  // namespace kelm::ppdtext

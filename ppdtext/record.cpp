@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <string>
+#include <utility>
 
 #include "platform/platform.hpp"
 #include "ppdtext/record_parts.hpp"
@@ -120,9 +121,10 @@ ppd_file_t* buildRecord(const Model& model, const AllocateZeroed& allocate) {
   return RecordBuilder(allocate).build(model);
 }
 
-ppd_file_t* recordOf(std::u16string_view text) {
-  const auto model = modelOf(readPart(text));
-  return model ? buildRecord(*model, std::calloc) : nullptr;
+ppd_file_t* recordOf(std::u16string_view text, ReadProblem* problem) {
+  Reading reading = readModel(readPart(text));
+  if (problem != nullptr) *problem = std::move(reading.problem);
+  return reading.model ? buildRecord(*reading.model, std::calloc) : nullptr;
 }
 
 void freeRecord(ppd_file_t* ppd) {

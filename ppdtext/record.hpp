@@ -22,9 +22,9 @@ using AllocateZeroed = std::function<void*(std::size_t count, std::size_t size)>
 // to 40 bytes and texts to 80, between two characters.
 ppd_file_t* buildRecord(const Model& model, const AllocateZeroed& allocate);
 
-// The record of a PPD's text: of its model, with calloc(3). Null where the text has no model
-// (without a message), else as buildRecord.
-ppd_file_t* recordOf(std::u16string_view text);
+// The record of a PPD's text: of its model, with calloc(3). Null when the text has no model
+// (without a message; `problem`, unless it is null, says why), else as buildRecord.
+ppd_file_t* recordOf(std::u16string_view text, ReadProblem* problem = nullptr);
 
 // Frees all of a record that one of these gave; null is allowed.
 void freeRecord(ppd_file_t* ppd);

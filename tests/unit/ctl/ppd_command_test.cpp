@@ -114,11 +114,36 @@ TEST_F(PpdCommand, NamesAFileThatCannotBeRead) {
   EXPECT_THAT(outcome.err, HasSubstr("kelmctl: /nonexistent.ppd: cannot be read as UTF-8 text"));
 }
 
-TEST_F(PpdCommand, NamesAFileWithoutARecord) {
-  const std::string file = folder.write("bare.ppd", "*OpenUI *Bare/b: PickOne\n*CloseUI: *Bare\n");
+TEST_F(PpdCommand, NamesTheOptionWithoutAChoiceAndItsLine) {
+  const std::string file =
+      folder.write("bare.ppd", "*PPD-Adobe: \"4.3\"\n*OpenUI *Bare/b: PickOne\n*CloseUI: *Bare\n");
   const Outcome outcome = runKelmctl({"ppd", file.c_str()});
   EXPECT_EQ(outcome.status, kExitFailed);
-  EXPECT_THAT(outcome.err, HasSubstr("kelmctl: " + file + ": no record"));
+  EXPECT_THAT(outcome.err,
+              HasSubstr("kelmctl: " + file + ", line 2: option \"Bare\" has no choice;"));
+}
+
+TEST_F(PpdCommand, NamesAFileWithoutOptions) {
+  const std::string file = folder.write("empty.ppd", "*PPD-Adobe: \"4.3\"\n");
+  const Outcome outcome = runKelmctl({"ppd", file.c_str()});
+  EXPECT_EQ(outcome.status, kExitFailed);
+  EXPECT_THAT(outcome.err, HasSubstr("kelmctl: " + file + ": no option with a text"));
+}
+
+TEST_F(PpdCommand, RefusesKeywordsThatTakeTooLong) {
+  const std::string letters(200, 'a');
+  const std::string reading =
+      folder.write("slow.ppd", "*" + letters + " On/On: \"\"\n*OpenUI *(a+)+b/b: PickOne\n");
+  EXPECT_THAT(runKelmctl({"ppd", reading.c_str()}).err, HasSubstr("takes too long"));
+  const std::string showing =
+      folder.write("odd.ppd",
+                   "*cupsLanguages: \"de\"\n*OpenUI *Fold/F: PickOne\n*Fold (a+)+b/On: \"\"\n"
+                   "*CloseUI: *Fold\n*de.Fold " +
+                       letters + "/An: \"\"\n");
+  const Outcome outcome = runKelmctl({"ppd", showing.c_str(), "--language", "de"});
+  EXPECT_EQ(outcome.status, kExitFailed);
+  EXPECT_THAT(outcome.out, IsEmpty());
+  EXPECT_THAT(outcome.err, HasSubstr("translations take too long"));
 }
 
 TEST_F(PpdCommand, WithoutAFileIsAUsageError) { EXPECT_EQ(runKelmctl({"ppd"}).status, kExitUsage); }

@@ -93,18 +93,21 @@ TEST(IsDefineLocalize, SeesALineWithAnEmptyTranslation) {
   EXPECT_FALSE(isDefined(std::nullopt, u"de", u"Fold", u"One"));
 }
 
+std::size_t endOf(std::u16string_view text, std::u16string_view language) {
+  SearchBudget budget(text);
+  return localizationEnd(text, language, budget);
+}
+
 TEST(LocalizationEnd, IsTheEndOfTheLastLineOfTheLanguage) {
-  EXPECT_EQ(localizationEnd(u"*de.A\n*de.B c\n*fr.D\n", u"de"), 13U);
+  EXPECT_EQ(endOf(u"*de.A\n*de.B c\n*fr.D\n", u"de"), 13U);
 }
 
-TEST(LocalizationEnd, IsTheStartWithoutALine) {
-  EXPECT_EQ(localizationEnd(u"*fr.A\nde.B\n", u"de"), 0U);
-}
+TEST(LocalizationEnd, IsTheStartWithoutALine) { EXPECT_EQ(endOf(u"*fr.A\nde.B\n", u"de"), 0U); }
 
-TEST(LocalizationEnd, TellsLettersApart) { EXPECT_EQ(localizationEnd(u"*DE.A\n", u"de"), 0U); }
+TEST(LocalizationEnd, TellsLettersApart) { EXPECT_EQ(endOf(u"*DE.A\n", u"de"), 0U); }
 
 TEST(LocalizationEnd, IsTheEndForALanguageThatIsNoPattern) {
-  EXPECT_EQ(localizationEnd(u"*(.A\n--", u"("), 7U);
+  EXPECT_EQ(endOf(u"*(.A\n--", u"("), 7U);
 }
 
 // A record of `text`, shown in German. The texts of the option Fold and of its choice One.

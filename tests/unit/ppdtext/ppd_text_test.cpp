@@ -97,11 +97,12 @@ TEST(FindGroupKey, HoldsNothingInAnEmptyRange) {
   EXPECT_EQ(KelmPPD::findGroupKey_itemRange_({{u"A", {}}}, {0, 1}), u"General");
 }
 
-TEST(GroupRanges, StandInTheOrderOfTheFile) {
+TEST(GroupRanges, AreInTheOrderOfTheFile) {
   const std::u16string_view text =
       u"*OpenGroup: Outer/o\n*OpenGroup: Inner/i\n*CloseGroup: Inner\n*OpenGroup: General/g\n"
       u"*CloseGroup: General\n*CloseGroup: Outer\n";
-  const PPDText ppd(text);
+  SearchBudget budget(text);
+  const PPDText ppd(text, budget);
   const auto ranges = ppd.groupRanges(ppd.groupKeywords());
   ASSERT_EQ(ranges.size(), 4U);
   EXPECT_EQ(ranges[0].first, u"Outer");
@@ -125,7 +126,7 @@ TEST(OptionKeywords, HoldThoseOfJobControlToo) {
               ElementsAre(u"JCLFold"));
 }
 
-TEST(OptionKeywords, NeedExactlyOneBlank) {
+TEST(OptionKeywords, NeedExactlyOneSpace) {
   EXPECT_THAT(KelmPPD::optionKeywords_(u"*OpenUI  *A/a: PickOne\n"), ElementsAre());
 }
 

@@ -1,4 +1,4 @@
-// The searches of lines against searches of the whole text, over many small texts: the same
+// The indexed searches against plain ones of the whole text, over many small texts: the same
 // results.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
@@ -7,6 +7,7 @@
 
 #include "ppdtext/localizer.hpp"
 #include "ppdtext/ppd_text.hpp"
+#include "tests/unit/ppdtext/plain_reader.hpp"
 #include "tests/unit/ppdtext/test_record.hpp"
 
 namespace kelm::ppdtext {
@@ -14,7 +15,7 @@ namespace {
 
 constexpr int kTexts = 1500;
 
-// What texts are made of; what a pattern says stands here more often than it would by chance.
+// What texts are made of; what a pattern says is here more often than it would be by chance.
 constexpr std::u16string_view kPieces[] = {
     u"*OpenUI *",
     u"*OpenUI ",
@@ -61,11 +62,25 @@ constexpr std::u16string_view kPieces[] = {
     u"de\U0001F5A8",
     u"\u212A",
     u"deK Size/",
+    u"*DefaultPageSize: ",
+    u"*DefaultS.ze:",
+    u"*PageSize A4/Vier: \"c\"",
+    u"*QVOption12 B/",
+    u"\"",
+    u":",
+    u"*",
+    u"*Size ",
+    u"\u0085",
+    u"\v",
+    u"+#=",
+    u"A.4/Vier: \"\"",
+    u"*de.PageSize A.",
+    u"*PageRegion",
 };
 
-constexpr std::u16string_view kKeywords[] = {u"PageSize", u"Size",       u"Si",    u"S.ze",
-                                             u"A|B",      u"QVOption12", u"A4",    u"K",
-                                             u"(",        u"*",          u"Option"};
+constexpr std::u16string_view kKeywords[] = {u"PageSize",   u"Size", u"Si",  u"S.ze", u"A|B",
+                                             u"QVOption12", u"A4",   u"K",   u"(",    u"*",
+                                             u"Option",     u"+#=",  u"A.4", u"#="};
 
 std::u16string randomText(std::mt19937& random) {
   std::u16string text;
@@ -74,88 +89,151 @@ std::u16string randomText(std::mt19937& random) {
   return text;
 }
 
-TextRange lastRange(std::u16string_view text, std::u16string_view pattern) {
-  const auto matches = Pattern(pattern).allMatches(text);
-  return matches.empty() ? TextRange() : matches.back().whole();
-}
-
-std::u16string around(const char16_t* before, std::u16string_view keyword, const char16_t* after) {
-  return std::u16string(before).append(keyword).append(after);
-}
-
-// The range as the whole text gives it, step by step.
-TextRange wholeTextOptionRange(std::u16string_view text, std::u16string_view keyword) {
-  const TextRange open = lastRange(text, around(u"\\*OpenUI.*(\\*", keyword, u"?)/.*"));
-  const TextRange close = lastRange(text, around(u"\\*CloseUI:.*", keyword, u"[ ]*\\n"));
-  if (close != TextRange()) return unionOf(open, close);
-  const std::u16string_view behind = text.substr(open.end());
-  const auto next = Pattern(u"\\*OpenUI.*").firstMatch(behind);
-  if (!next) return unionOf(open, {});
-  const std::size_t place = text.find(pieceOf(behind, next->whole()));
-  return unionOf(open, place == 0 ? TextRange() : TextRange{place - 1, 1});
-}
-
-TextRange wholeTextGroupRange(std::u16string_view text, std::u16string_view keyword) {
-  const auto open = Pattern(around(u"\\*OpenGroup:[ ]*", keyword, u"?/.*")).firstMatch(text);
-  const auto close = Pattern(around(u"\\*CloseGroup:[ ]*", keyword, u"")).firstMatch(text);
-  return open && close ? unionOf(open->whole(), close->whole()) : TextRange();
-}
-
-std::optional<std::u16string> wholeTextTranslation(std::u16string_view text,
-                                                   std::u16string_view option,
-                                                   OptionalText choice) {
-  const std::u16string_view counting = text.substr(0, localizationEnd(text, u"de"));
-  const auto translated =
-      KelmPPD::ppdLocalGetLocalize_local_key_option_(counting, u"de", option, choice);
-  if (!translated.empty()) return translated;
-  return KelmPPD::isDefinePpdLocalLocalize_local_key_option_(text, u"de", option, choice)
-             ? std::optional<std::u16string>(u"")
-             : std::nullopt;
-}
-
-TEST(LineSearches, FindTheRangesOfTheWholeText) {
+TEST(IndexedSearches, FindTheRangesOfTheWholeText) {
   std::mt19937 random(7);
   for (int i = 0; i < kTexts; ++i) {
     const std::u16string text = randomText(random);
-    const PPDText ppd(text);
+    SearchBudget budget(text);
+    const PPDText ppd(text, budget);
     for (const std::u16string_view keyword : kKeywords) {
-      EXPECT_EQ(ppd.optionRange(keyword), wholeTextOptionRange(text, keyword)) << toUtf8(text);
-      EXPECT_EQ(ppd.groupRange(keyword), wholeTextGroupRange(text, keyword)) << toUtf8(text);
+      EXPECT_EQ(ppd.optionRange(keyword), plain::optionRange(text, keyword)) << toUtf8(text);
+      EXPECT_EQ(ppd.groupRange(keyword), plain::groupRange(text, keyword)) << toUtf8(text);
     }
   }
 }
 
-TEST(LineSearches, FindTheCustomChoicesOfTheWholeText) {
+TEST(IndexedSearches, FindTheCustomChoicesOfTheWholeText) {
   std::mt19937 random(8);
   for (int i = 0; i < kTexts; ++i) {
     const std::u16string text = randomText(random);
-    const PPDText ppd(text);
+    SearchBudget budget(text);
+    const PPDText ppd(text, budget);
     for (const std::u16string_view keyword : kKeywords) {
-      const Pattern pattern(around(u"\\*Custom", keyword, u"[ ]+(.*?):.*\"(.*)\""));
-      const auto expected = pattern.allMatches(text);
-      const auto found = ppd.customMatches(pattern, keyword);
+      const auto pattern = formatted(u"\\*Custom%@[ ]+(.*?):.*\"(.*)\"", {keyword});
+      const auto expected = plain::allMatches(text, pattern);
+      const auto found = ppd.customChoices(keyword);
       ASSERT_EQ(found.size(), expected.size()) << toUtf8(text);
       for (std::size_t m = 0; m < found.size(); ++m) EXPECT_EQ(found[m].groups, expected[m].groups);
     }
   }
 }
 
-TEST(LineSearches, FindTheTranslationsOfTheWholeText) {
+std::optional<std::u16string> lastCapture(std::u16string_view text,
+                                          const std::vector<Match>& matches) {
+  return matches.empty() ? std::nullopt : captured(text, matches.back(), 1);
+}
+
+std::optional<std::u16string> textOf(std::u16string_view text, std::optional<TextRange> range) {
+  return range ? std::optional(std::u16string(pieceOf(text, *range))) : std::nullopt;
+}
+
+// Sections of all sizes, not only those of options.
+TEST(IndexedSearches, FindTheLinesOfASection) {
+  std::mt19937 random(10);
+  int found = 0;
+  for (int i = 0; i < kTexts; ++i) {
+    const std::u16string text = randomText(random);
+    SearchBudget budget(text);
+    const PPDText ppd(text, budget);
+    const std::size_t start = random() % (text.size() + 1);
+    const TextRange range{start, random() % (text.size() - start + 1)};
+    const std::u16string_view section = pieceOf(text, range);
+    for (const std::u16string_view keyword : kKeywords) {
+      const auto choices =
+          plain::allMatches(section, formatted(u"\\*%@[ ]+(.*?)/(.*?):.*\"(.*)\"", {keyword}));
+      EXPECT_EQ(ppd.choices(keyword, range).size(), choices.size()) << toUtf8(text);
+      const auto texts =
+          plain::allMatches(section, formatted(u"\\*OpenUI.*\\*%@?/(.*):", {keyword}));
+      EXPECT_EQ(textOf(text, ppd.optionText(keyword, range)), lastCapture(section, texts))
+          << toUtf8(text);
+      const auto defaults =
+          plain::allMatches(section, formatted(u"\\*Default%@:[ ]*(.*)", {keyword}));
+      EXPECT_EQ(textOf(text, ppd.optionDefault(keyword, range)), lastCapture(section, defaults))
+          << toUtf8(text);
+      found += static_cast<int>(choices.size() + texts.size() + defaults.size());
+    }
+  }
+  EXPECT_GT(found, kTexts / 10);
+}
+
+TEST(IndexedSearches, FindTheTranslationsOfTheWholeText) {
   std::mt19937 random(9);
   int translated = 0;
   for (int i = 0; i < kTexts; ++i) {
     const std::u16string text = randomText(random);
-    const Localizer localizer(text, u"de");
+    SearchBudget budget(text);
+    const Localizer localizer(text, u"de", budget);
+    EXPECT_EQ(localizationEnd(text, u"de", budget), plain::localizationEnd(text, u"de"));
     for (const std::u16string_view option : kKeywords) {
       for (const OptionalText choice :
-           {OptionalText(), OptionalText(u"A4"), OptionalText(u"Size")}) {
+           {OptionalText(), OptionalText(u"A4"), OptionalText(u"Size"), OptionalText(u"A.4")}) {
         const auto found = localizer.textFor(option, choice);
-        EXPECT_EQ(found, wholeTextTranslation(text, option, choice)) << toUtf8(text);
+        EXPECT_EQ(found, plain::translation(text, u"de", option, choice)) << toUtf8(text);
         translated += found ? 1 : 0;
       }
     }
   }
   EXPECT_GT(translated, kTexts / 10);
+}
+
+std::string described(const std::optional<Model>& model) {
+  if (!model) return "none";
+  std::u16string all;
+  for (const ModelGroup& group : model->groups) {
+    all += u"group " + group.keyword + u"\n";
+    for (const ModelOption& option : group.options) {
+      all += u" option " + option.keyword + u"|" + option.text.value_or(u"-") + u"|" +
+             option.defaultChoice.value_or(u"-") + u"\n";
+      for (const ModelChoice& choice : option.choices) {
+        all += u"  " + choice.keyword + u"|" + choice.text + u"|" + choice.code + u"\n";
+      }
+    }
+  }
+  for (const ModelAttribute& attribute : model->attributes) {
+    all += u"attribute " + attribute.name + u"|" + attribute.value + u"\n";
+  }
+  return toUtf8(all);
+}
+
+// Whole options, so that many texts have a model.
+std::u16string randomFile(std::mt19937& random) {
+  constexpr std::u16string_view kLines[] = {
+      u"*OpenGroup: Paper/The Paper\n",
+      u"*CloseGroup: Paper\n",
+      u"*OpenGroup: Paper2/More\n",
+      u"*CloseGroup: Paper2\n",
+      u"*OpenGroup: General/G\n",
+      u"*CloseGroup: General\n",
+      u"*OpenUI *Size/The Size: PickOne\n*DefaultSize: A4\n",
+      u"*Size A4/Four: \"<</A 4>>\"\n",
+      u"*Size A5/Five: \"\" \"x\"\n",
+      u"*CloseUI: *Size\n",
+      u"*OpenUI *PageRegion/R: PickOne\n*PageRegion A4/Four: \"4\"\n*CloseUI: *PageRegion \n",
+      u"*OpenUI *Siz/No: PickOne\n",
+      u"*CustomSize True/Own: \"code\"\n",
+      u"*CustomSiz True: \"other\"\n",
+      u"*DefaultSize: A5\r\n",
+      u"*Name: plain\n",
+      u"*Quoted: \"a\" b \"c\"\n",
+      u"*JCLOpenUI *J/J: PickOne\n*J On/On: \"on\"\n"};
+  std::u16string text = u"*PPD-Adobe: \"4.3\"\n";
+  for (std::size_t i = random() % 25; i > 0; --i) {
+    text += kLines[random() % std::size(kLines)];
+    if (random() % 8 == 0) text += kPieces[random() % std::size(kPieces)];
+  }
+  return text;
+}
+
+TEST(IndexedSearches, GiveTheModelOfTheWholeText) {
+  std::mt19937 random(11);
+  int models = 0;
+  for (int i = 0; i < 2 * kTexts; ++i) {
+    const std::u16string text = i % 2 == 0 ? randomFile(random) : randomText(random);
+    const auto expected = plain::model(text);
+    EXPECT_EQ(described(modelOf(text)), described(expected)) << toUtf8(text);
+    models += expected ? 1 : 0;
+  }
+  EXPECT_GT(models, kTexts / 10);
 }
 
 }  // namespace

@@ -1,0 +1,153 @@
+// PPDs of unusual sizes and shapes: what is found, what is refused and why, and how the time grows.
+// SPDX-License-Identifier: Apache-2.0
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <ctime>
+#include <string>
+
+#include "ppdtext/localizer.hpp"
+#include "tests/unit/ppdtext/test_record.hpp"
+
+namespace kelm::ppdtext {
+namespace {
+
+using testing::ElementsAre;
+
+std::string option(const std::string& keyword) {
+  return "*OpenUI *" + keyword + "/Text: PickOne\n*" + keyword + " On/On: \"on\"\n*CloseUI: *" +
+         keyword + "\n";
+}
+
+ReadProblem problemOf(const std::string& utf8) { return readModel(toUtf16(utf8).value()).problem; }
+
+TEST(LongPpdLine, OfAsterisksTakesNoAttributeAway) {
+  const Record record = recordOf("*Before: 1\n" + option("Fold") + std::string(100'000, '*') +
+                                 " \n*cupsLanguages: \"en de\"\n");
+  ASSERT_NE(record, nullptr);
+  EXPECT_EQ(attributesIn(record).front(), "Before=1");
+  EXPECT_EQ(attributesIn(record).back(), "cupsLanguages=en de");
+}
+
+TEST(LongPpdLine, OfSlashesAndColonsTakesNoChoiceAway) {
+  std::string text = "*OpenUI *Fold/Text: PickOne\n*Fold On/On: \"on\"\n*Fold Odd";
+  for (int i = 0; i < 100'000; ++i) text += "/:";
+  EXPECT_THAT(choicesIn(recordOf(text + "\n*CloseUI: *Fold\n"), "Fold"), ElementsAre("On/On=on"));
+}
+
+TEST(PpdProblem, IsNoneWithAModel) {
+  EXPECT_EQ(problemOf(option("Fold")).kind, ReadProblem::kNone);
+}
+
+TEST(PpdProblem, IsThatThereIsNoOption) {
+  EXPECT_EQ(problemOf("*Name: 1\n").kind, ReadProblem::kNoOption);
+}
+
+TEST(PpdProblem, NamesTheOptionWithoutAChoiceAndItsLine) {
+  const ReadProblem problem =
+      problemOf("*PPD-Adobe: \"4.3\"\n" + option("Fold") + "*OpenUI *Bare/b: PickOne\n");
+  EXPECT_EQ(problem.kind, ReadProblem::kNoChoice);
+  EXPECT_EQ(problem.option, u"Bare");
+  EXPECT_EQ(problem.line, 5U);
+}
+
+// The pattern of this keyword takes time without end in the first line, which is in its range.
+TEST(PpdProblem, NamesTheOptionThatTakesTooLong) {
+  const ReadProblem problem = problemOf("*" + std::string(200, 'a') + " On/On: \"on\"\n" +
+                                        option("Fold") + "*OpenUI *(a+)+b/Text: PickOne\n");
+  EXPECT_EQ(problem.kind, ReadProblem::kTooSlow);
+  EXPECT_EQ(problem.option, u"(a+)+b");
+  EXPECT_EQ(problem.line, 5U);
+}
+
+TEST(PpdProblem, IsTooManyChoicesOfRepeatedOptions) {
+  std::string text;
+  for (int i = 0; i < 1100; ++i) text += "*OpenUI *Fold/Text: PickOne\n";
+  std::string choices;
+  for (int i = 0; i < 1100; ++i) choices += "*Fold On/On: \"on\"\n";
+  EXPECT_EQ(problemOf(text + choices).kind, ReadProblem::kNoChoice);
+  std::string custom;
+  for (int i = 0; i < 1100; ++i) custom += "*CustomFold True: \"on\"\n";
+  EXPECT_EQ(problemOf(text + custom).kind, ReadProblem::kTooMany);
+}
+
+TEST(PpdProblem, IsTooManyChoicesOfRepeatedGroups) {
+  std::string text;
+  for (int i = 0; i < 1100; ++i) text += "*OpenGroup: Paper/P\n";
+  text += "*OpenUI *Fold/Text: PickOne\n";
+  for (int i = 0; i < 1100; ++i) text += "*Fold On/On: \"on\"\n";
+  EXPECT_EQ(problemOf(text + "*CloseUI: *Fold\n*CloseGroup: Paper\n").kind, ReadProblem::kTooMany);
+}
+
+TEST(LocalizeRecord, SaysThatKeywordsTakeTooLong) {
+  const std::string text =
+      "*OpenUI *Fold/Text: PickOne\n*Fold (a+)+b/On: \"on\"\n*CloseUI: *Fold\n";
+  const Record record = recordOf(text);
+  ASSERT_NE(record, nullptr);
+  const std::string translations = text + "*de.Fold " + std::string(200, 'a') + "/An: \"\"\n";
+  EXPECT_FALSE(localizeRecord(*record, toUtf16(translations).value(), u"de"));
+  EXPECT_TRUE(localizeRecord(*record, toUtf16(text).value(), u"de"));
+}
+
+// Files of all shapes; each grows with n.
+std::string optionsInGroups(int n) {
+  std::string text;
+  for (int i = 0; i < n; ++i) {
+    const std::string number = std::to_string(i);
+    text += "*OpenGroup: G" + number + "/G\n" + option("Option" + number) + "*CloseGroup: G" +
+            number + "\n*de.Option" + number + " On/An: \"\"\n";
+  }
+  return text;
+}
+
+std::string unclosed(int n) {
+  std::string text = "\n";
+  for (int i = 0; i < n; ++i) {
+    const std::string number = std::to_string(i);
+    text += "*OpenGroup: G" + number + "/G\n*OpenUI *Option" + number +
+            "/O: PickOne\n*CustomOption" + number + " On: \"on\"\n";
+  }
+  return text;
+}
+
+std::string nested(int n) {
+  std::string text;
+  for (int i = 0; i < n; ++i) text += "*OpenUI *Option" + std::to_string(i) + "/O: PickOne\n";
+  for (int i = 0; i < n; ++i) text += "*Option" + std::to_string(i) + " On/On: \"on\"\n";
+  for (int i = 0; i < n; ++i) text += "*CloseUI: *Option" + std::to_string(i) + "\n";
+  return text;
+}
+
+std::string oneLine(int n) {
+  std::string text = option("Fold");
+  for (int i = 0; i < n; ++i)
+    text += "*OpenUI *Fold *OpenGroup: *de.Fold On:*CloseUI: *CustomFold ";
+  return text;
+}
+
+double millisecondsFor(const std::string& utf8) {
+  const std::u16string text = toUtf16(utf8).value();
+  double best = 1e9;
+  for (int run = 0; run < 3; ++run) {
+    const std::clock_t start = std::clock();
+    const Record record(ppdtext::recordOf(std::u16string_view(text)));
+    EXPECT_NE(record, nullptr);
+    if (record == nullptr) return 0;
+    EXPECT_TRUE(localizeRecord(*record, text, u"de"));
+    best = std::min(best, 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+  }
+  return best;
+}
+
+// Sixteen times the size took 256 times the time when something was searched for again and again:
+// the limit of 64 has room for noise on both sides.
+TEST(TimeForAPpd, GrowsWithItsSizeInEveryShape) {
+  for (auto* shape : {optionsInGroups, unclosed, nested, oneLine}) {
+    const double once = millisecondsFor(shape(250));
+    EXPECT_LT(millisecondsFor(shape(4000)), 64 * once + 50);
+  }
+}
+
+}  // namespace
+}  // namespace kelm::ppdtext
