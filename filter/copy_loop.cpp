@@ -11,6 +11,7 @@
 #include "psrewrite/features.hpp"
 #include "psrewrite/line_rewriters.hpp"
 #include "psrewrite/orientation.hpp"
+#include "psrewrite/settled_sections.hpp"
 
 namespace kelm::filter {
 namespace {
@@ -46,6 +47,12 @@ bool mayConcernPrinter(const char* line, const char* end) {
          (contains(line, end, "BeginFeature") || contains(line, end, "QVOutputFace FaceUp"));
 }
 
+// The lines in which CUPS asks for copies: a cheap test that lets few others through.
+bool mayAskForCopies(const char* line, const char* end) {
+  const std::string_view text(line, static_cast<std::size_t>(end - line));
+  return text.starts_with("RBI") || text.starts_with("%Requirements");
+}
+
 // The end of the line (at most LineBuffer::kSize bytes) that begins at `line`; null when the window
 // ends before it does.
 const char* endOfLine(const char* line, const char* windowEnd) {
@@ -56,30 +63,35 @@ const char* endOfLine(const char* line, const char* windowEnd) {
   return whole ? limit : nullptr;
 }
 
-// The length of the front of the window that passes unseen: up to and including the first "%" whose
-// line may concern the printer or is not whole in the window. `found` says whether there is such a
-// "%".
-std::size_t plainRun(std::span<const char> window, bool& found) {
+// The length of the front of the window that passes without a look: up to the first "%" whose line
+// may concern the printer, or CUPS' copies, or is not whole in the window. `found` says whether
+// there is such a "%".
+std::size_t plainRun(std::span<const char> window, bool copies, bool& found) {
   const char* const end = window.data() + window.size();
   const char* next = window.data();
   const char* percent = nullptr;
   while ((percent = find(next, end, '%')) != nullptr) {
     const char* const line = percent + 1;
     next = endOfLine(line, end);
-    if (next == nullptr || mayConcernPrinter(line, next)) {
+    if (next == nullptr || mayConcernPrinter(line, next) ||
+        (copies && mayAskForCopies(line, next))) {
       found = true;
-      return static_cast<std::size_t>(line - window.data());
+      return static_cast<std::size_t>(percent - window.data());
     }
   }
   found = false;
   return window.size();
 }
 
-// Copies the input up to and including the next "%" whose line must be looked at; false at the end.
-bool passRuns(JobStream& stream) {
+// Passes the input on up to the next "%" whose line must be looked at, and takes the "%"; false at
+// the end.
+bool passRuns(JobStream& stream, bool copies) {
   for (bool found = false; !stream.window().empty();) {
-    stream.pass(plainRun(stream.window(), found));
-    if (found) return true;
+    stream.pass(plainRun(stream.window(), copies, found));
+    if (!found) continue;
+    job::LogFile2Run("%");
+    stream.consume(1);
+    return true;
   }
   return false;
 }
@@ -135,13 +147,28 @@ void rewriteFeature(JobStream& stream, LineBuffer& line, job::PrintJobData& job)
   job::LogMessage("Get C done", true);
 }
 
-// Copies the line after a "%", and the rest of its section when it opens one.
+// Writes the line, which opens a section where CUPS wrote another choice than the job's, and the
+// job's choice; the rest of a section of a custom text is its writer's.
+void writeOverridden(JobStream& stream, LineBuffer& line, const job::SectionOverride& section,
+                     job::PrintJobData& job) {
+  writeLine(stream, line, psrewrite::nameChoice(line, section));
+  LineBuffer next;
+  if (!psrewrite::writeOverride(stream, next, section)) rewriteFeature(stream, line, job);
+}
+
+// Looks at one line, after its "%", and at the lines that its section brings. The "%" is taken but
+// not written.
 void copyLine(JobStream& stream, LineBuffer& line, job::PrintJobData& job) {
   job::LogMessage("After continue", true);
   line.clear();
   job::LogMessage("Checking for feature", true);
   std::int32_t length = readLine(stream, line.data(), LineBuffer::kSize);
+  if (length > 0 && psrewrite::asksForCopies(line, job)) return dropCopies(stream, line);
+  stream.write("%");
   if (length < 1) return;
+  if (const auto* section = psrewrite::sectionOverride(line, job)) {
+    return writeOverridden(stream, line, *section, job);
+  }
   length = followOrientation(line, length, job);
   length = suppressFaceUp(stream, line, length, job);
   writeLine(stream, line, length);
@@ -153,7 +180,7 @@ void copyLine(JobStream& stream, LineBuffer& line, job::PrintJobData& job) {
 
 void copyPostScript(JobStream& stream, job::PrintJobData& job) {
   LineBuffer line;
-  while (passRuns(stream)) copyLine(stream, line, job);
+  while (passRuns(stream, job.copiesOfHeader != 0)) copyLine(stream, line, job);
 }
 
 }  // namespace kelm::filter

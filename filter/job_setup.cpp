@@ -46,7 +46,7 @@ void takeCustomSize(std::string media) {
 
 void decideCustomPaper(const job::PrintJobData& job) {
   job::customSizeFlg = false;
-  if (job.numOptions > kMostOptionsForCustomPaper) return;
+  if (job.numOptions > kMostOptionsForCustomPaper && !job.optionsSettled) return;
   for (const cups_option_t& option : job::jobOptions(&job)) {
     if (std::strcmp(option.name, "media") != 0 || option.value == nullptr) continue;
     if (std::strstr(option.value, "Custom") == nullptr) continue;

@@ -8,6 +8,7 @@
 #include <csignal>
 
 #include "base/byte_source.hpp"
+#include "base/number_text.hpp"
 #include "filter/copy_loop.hpp"
 #include "filter/job_setup.hpp"
 #include "job/diagnostics.hpp"
@@ -16,6 +17,7 @@
 #include "pjl/sequence.hpp"
 #include "ppdsettings/update_job.hpp"
 #include "psrewrite/job_stream.hpp"
+#include "stdoptions/standard_options.hpp"
 #include "wakeup/xpc_call_object.hpp"
 
 namespace kelm::filter {
@@ -99,6 +101,8 @@ int runFilter(int argc, char* argv[], std::FILE* output) {
     job::LogMessage("Filter exited successfully", true);
     return kExitCompleted;
   }
+
+  stdoptions::settleOptions(jobData, base::leadingInteger(argv[4]));
 
   job::ClearLogFileName(&jobData);
   wakeup::callWoLXPC(argc, argv, &jobData);

@@ -35,6 +35,14 @@ ppd_choice_t* r_ppdFindMarkedChoice(ppd_file_t* ppd, const char* keyword) {
   return ppdFindMarkedChoice(ppd, keyword);
 }
 
+ppd_coption_t* r_ppdFindCustomOption(ppd_file_t* ppd, const char* keyword) {
+  return ppdFindCustomOption(ppd, keyword);
+}
+
+ppd_cparam_t* r_ppdFirstCustomParam(ppd_coption_t* option) { return ppdFirstCustomParam(option); }
+
+ppd_size_t* r_ppdPageSize(ppd_file_t* ppd, const char* name) { return ppdPageSize(ppd, name); }
+
 const char* r_cupsGetPPD2(http_t* http, const char* name) { return cupsGetPPD2(http, name); }
 
 int r_cupsMarkOptions(ppd_file_t* ppd, int numOptions, cups_option_t* options) {

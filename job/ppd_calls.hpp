@@ -17,6 +17,9 @@ ppd_choice_t* r_ppdFindChoice(ppd_option_t* option, const char* choice);
 int r_ppdMarkOption(ppd_file_t* ppd, const char* keyword, const char* choice);
 void r_ppdMarkDefaults(ppd_file_t* ppd);
 ppd_choice_t* r_ppdFindMarkedChoice(ppd_file_t* ppd, const char* keyword);
+ppd_coption_t* r_ppdFindCustomOption(ppd_file_t* ppd, const char* keyword);
+ppd_cparam_t* r_ppdFirstCustomParam(ppd_coption_t* option);
+ppd_size_t* r_ppdPageSize(ppd_file_t* ppd, const char* name);
 const char* r_cupsGetPPD2(http_t* http, const char* name);
 int r_cupsMarkOptions(ppd_file_t* ppd, int numOptions, cups_option_t* options);
 

@@ -92,6 +92,15 @@ const cups_option_t* findJobOption(const PrintJobData* job, const char* name) {
   return nullptr;
 }
 
+void setOption(PrintJobData& job, const char* name, const std::string& value) {
+  removeOption(job, name);  // cupsAddOption would keep the letters of an old name
+  job.numOptions = cupsAddOption(name, value.c_str(), job.numOptions, &job.options);
+}
+
+void removeOption(PrintJobData& job, const char* name) {
+  job.numOptions = cupsRemoveOption(name, job.numOptions, &job.options);
+}
+
 bool outputTrayDecidesFace(const PrintJobData* job) {
   const cups_option_t* tray = findJobOption(job, "QVOutputTray");
   return tray != nullptr && tray->value != nullptr && std::strcmp(tray->value, "Auto") != 0 &&

@@ -9,6 +9,9 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <vector>
+
+#include "job/section_override.hpp"
 
 namespace kelm::job {
 
@@ -24,6 +27,11 @@ struct PrintJobData {
   cups_option_t* options = nullptr;  // the job's options alone, without the PPD's defaults
   bool isPrintPDE = false;           // the job came from the maker's print dialog
   std::int32_t keepOutputFace = 0;   // 1: the job's output tray decides the face, 0: face down
+
+  // What the standard options' stage settles; as here in jobs that it leaves alone.
+  bool optionsSettled = false;
+  std::int32_t copiesOfHeader = 0;  // CUPS' own request for so many copies goes; 0: it stays
+  std::vector<SectionOverride> overrides;
 };
 
 // The arguments are those of a CUPS filter (filter(7)). False only for a wrong argument count, with
@@ -39,6 +47,11 @@ std::span<cups_option_t> jobOptions(const PrintJobData* job);
 
 // The first option of exactly this name, with or without a value, or null.
 const cups_option_t* findJobOption(const PrintJobData* job, const char* name);
+
+// Gives the job one option of this name, which counts from now on, or takes every option of this
+// name away. Names are compared as CUPS does, without regard to case.
+void setOption(PrintJobData& job, const char* name, const std::string& value);
+void removeOption(PrintJobData& job, const char* name);
 
 // Whether the job has an output tray that leaves the output face to the job: any but "Auto" and
 // "FaceDown".
