@@ -73,8 +73,9 @@ const Paper* findPaper(std::string_view name) {
 }
 
 void NotPDE_PageSize(const PrintJobData* job, std::string& width, std::string& height) {
-  std::string media;
-  if (!getOptionValue(job, "media", media)) media = kDefaultPaper;
+  const char* option =
+      job == nullptr ? nullptr : cupsGetOption("media", job->numOptions, job->options);
+  const std::string media = option != nullptr ? option : kDefaultPaper;
   if (media.find("Custom") != std::string::npos) return customMediaSize(media, width, height);
   const Paper* paper = findPaper(media == "tabloid" ? "Tabloid" : media);
   if (paper == nullptr) return;

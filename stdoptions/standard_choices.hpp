@@ -136,7 +136,6 @@ inline constexpr StandardOption kStandardOptions[] = {
     {Source::kMarked, "OutputBin", "QVOutputTray", kOutputBin},
     {Source::kMarked, "ColorModel", "QVOutputMode", kColorModel},
     {Source::kJob, "print-color-mode", "QVOutputMode", kPrintColorMode},
-    {Source::kJob, "output-mode", "QVOutputMode", kPrintColorMode},
     {Source::kJob, "print-quality", "QVImageQuality", kPrintQuality},
     {Source::kJob, "cupsPrintQuality", "QVImageQuality", kCupsPrintQuality},
     {Source::kMarked, "Collate", "QVCollate", kCollate},

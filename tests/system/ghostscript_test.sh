@@ -5,7 +5,7 @@
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 
-PPD=$SOURCE/ppd/kelm-ij.ppd
+PPD=$SOURCE/ppd/kelm-ij-dialog.ppd
 PSTOPS=/usr/lib/cups/filter/pstops
 [ -x "$PSTOPS" ] || fail "no $PSTOPS: install the package cups-filters"
 export PPD

@@ -12,7 +12,7 @@
 hostname office-pc
 mount -t tmpfs none /run
 
-PPD=$SOURCE/ppd/kelm-ij.ppd
+PPD=$SOURCE/ppd/kelm-ij-dialog.ppd
 mkdir "$W/jobs"
 awk -v from="$HERE/queue" -v cases="$SOURCE/tests/cases" -v to="$W/jobs" -f "$HERE/lib/queue_jobs.awk" || fail "no jobs"
 jobs=$(find "$W/jobs" -name '*.name' | wc -l)
@@ -84,15 +84,13 @@ job_named() {
   basename "$found" .name
 }
 
-# Copies are asked for in the PostScript, in sets or not, and no other job has them: the one page
-# comes once.
+# The header asks for the copies, and the PostScript for each page once.
 for what in 'three copies' 'three copies in sets'; do
   copies=$W/jobs/$(job_named "$what").postscript
-  expect_line "$copies" '%RBINumCopies: 3'
-  expect_line "$copies" '%RBIBeginNonPPDFeature: *NumCopies 3'
   expect "$what: pages" 1 "$(grep -c '^%%Page:' "$copies")"
 done
-expect "jobs with copies" 2 "$(grep -l 'NumCopies 3' "$W"/jobs/*.postscript | wc -l)"
+expect "jobs whose PostScript asks for copies" "" \
+  "$(grep -liE 'NumCopies [2-9]|RBINumCopies: [2-9]|numcopies\(' "$W"/jobs/*.postscript)"
 
 # Outside of the sections the PostScript is as pstops wrote it: the same job by a queue without the
 # filter.
@@ -132,8 +130,7 @@ cups_job kelm -o UpdatePPDOptions -o IsWakeOnLan=0 "$W/page.ps" >"$W/job_id" ||
 wait_until 5 grep -q '^\*IsWakeOnLan: 0$' "$(cups_queue_ppd kelm)" || fail "nothing was stored"
 expect "bytes at the printer" "$before" "$(wc -c <"$W/printer.out")"
 
-# Defaults of the server and of its users travel with the job; one in the PPD reaches the PostScript
-# alone.
+# Defaults of the server and of its users travel with the job; the filter reads those in the PPD.
 lpadmin -p kelm -o QVStapleMode-default=TwoStaple -o QVPunchMode=TwoHoles 2>"$W/lpadmin_log"
 CUPS_SERVERROOT=$CUPS/etc
 export CUPS_SERVERROOT
@@ -144,7 +141,7 @@ expect_line "$W/defaults" '@PJL SET QVSTAPLEMODE=2STAPLES'
 expect_line "$W/defaults" '%%BeginFeature: *QVStapleMode TwoStaple'
 expect_line "$W/defaults" '@PJL SET QVJOG=SET'
 expect_line "$W/defaults" '%%BeginFeature: *QVJog Set'
-expect_line "$W/defaults" '@PJL SET QVPUNCHMODE=OFF'
+expect_line "$W/defaults" '@PJL SET QVPUNCHMODE=2HOLES'
 expect_line "$W/defaults" '%%BeginFeature: *QVPunchMode TwoHoles'
 
 # The facts that an update stored are still there.

@@ -65,7 +65,7 @@ TEST(CodeLine, SaysItsChoiceUnlessTheFilterFillsIt) {
 
 // A longer line makes the print system ignore the whole file, so do longer keywords.
 TEST(PpdText, KeepsTheLimitsOfThePrintSystem) {
-  std::ifstream file(Description::path());
+  std::ifstream file(kDialogModel);
   std::string line;
   std::size_t number = 0;
   while (std::getline(file, line)) {
@@ -79,7 +79,7 @@ TEST(PpdText, KeepsTheLimitsOfThePrintSystem) {
 }
 
 TEST(PpdText, ChoicesHaveAtMost40AndLabelsAtMost80Bytes) {
-  std::ifstream file(Description::path());
+  std::ifstream file(kDialogModel);
   std::string line;
   while (std::getline(file, line)) {
     if (!line.starts_with('*') || line.starts_with("*%")) continue;

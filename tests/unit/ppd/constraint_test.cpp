@@ -56,11 +56,12 @@ TEST(Constraints, AreTheseAndNoOther) {
   add(expected, {"QVBooklet"}, {"QVMultiUp", "QVMultiUpSinglePage"});
   add(expected, {"QVMultiUp"}, {"QVMultiUpSinglePage"});
   add(expected, {"QVBookletBinding"},
-      {"QVDuplex OFF", "QVDuplex LongEdge", "QVStapleMode", "QVPunchMode", "QVFoldMode",
+      {"Duplex DuplexNoTumble", "QVDuplex LongEdge", "QVStapleMode", "QVPunchMode", "QVFoldMode",
        "QVMultiUp", "QVMultiUpSinglePage"});
   add(expected, {"QVFoldMode Fold2", "QVFoldMode FoldInner3", "QVFoldMode FoldOuter3"},
       {"QVStapleMode", "QVPunchMode"});
   add(expected, choices("QVOutputTray", kStackers), {"QVOutputFace FaceDown"});
+  add(expected, choices("OutputBin", kStackers), {"QVOutputFace FaceDown"});
   for (const char* paper : {"PageSize", "QVTargetPaperSize"}) {
     add(expected, choices(paper, kEnvelopes),
         {"QVStapleMode", "QVPunchMode", "QVFoldMode", "QVBooklet", "QVBookletBinding"});
@@ -90,8 +91,7 @@ class Conflicts : public testing::Test {
 
 TEST_F(Conflicts, AreNoneInTheDefaults) { EXPECT_EQ(among({}), 0); }
 
-// A finished booklet needs two sides.
-TEST_F(Conflicts, ComeFromOneChoiceAloneOnlyForAFinishedBooklet) {
+TEST_F(Conflicts, ComeFromNoChoiceAlone) {
   std::set<std::string> alone;
   for (const Option& option : description_.options()) {
     for (const Choice& choice : option.choices) {
@@ -101,9 +101,15 @@ TEST_F(Conflicts, ComeFromOneChoiceAloneOnlyForAFinishedBooklet) {
       }
     }
   }
-  EXPECT_THAT(alone,
-              testing::ElementsAre("QVBookletBinding FoldStaple", "QVBookletBinding TwoFold"));
+  EXPECT_THAT(alone, testing::IsEmpty());
+}
+
+// A finished booklet flips on the short edge.
+TEST_F(Conflicts, AreBetweenAFinishedBookletAndTheLongEdge) {
   EXPECT_EQ(among({{"QVBookletBinding", "FoldStaple"}, {"QVDuplex", "ShortEdge"}}), 0);
+  EXPECT_EQ(among({{"QVBookletBinding", "FoldStaple"}, {"Duplex", "DuplexTumble"}}), 0);
+  EXPECT_EQ(among({{"QVBookletBinding", "FoldStaple"}, {"QVDuplex", "LongEdge"}}), 1);
+  EXPECT_EQ(among({{"QVBookletBinding", "FoldStaple"}, {"Duplex", "DuplexNoTumble"}}), 1);
 }
 
 TEST_F(Conflicts, AreBetweenABookletAndSeveralPagesPerSheet) {
@@ -114,6 +120,7 @@ TEST_F(Conflicts, AreBetweenEveryStackerAndFaceDown) {
   for (const char* tray : kStackers) {
     EXPECT_EQ(among({{"QVOutputTray", tray}, {"QVOutputFace", "FaceDown"}}), 1) << tray;
     EXPECT_EQ(among({{"QVOutputTray", tray}, {"QVOutputFace", "FaceUp"}}), 0) << tray;
+    EXPECT_EQ(among({{"OutputBin", tray}, {"QVOutputFace", "FaceDown"}}), 1) << tray;
   }
 }
 

@@ -42,7 +42,7 @@ bool Option::hasChoice(std::string_view name) const {
   return std::ranges::any_of(choices, [&](const Choice& choice) { return choice.name == name; });
 }
 
-Description::Description() : ppd_(job::r_ppdOpenFile(path())) {
+Description::Description(const char* path) : ppd_(job::r_ppdOpenFile(path)) {
   if (ppd_ == nullptr) return;
   for (const ppd_group_t& group : std::span(ppd_->groups, size_t(ppd_->num_groups))) {
     for (const ppd_option_t& option : std::span(group.options, size_t(group.num_options))) {
@@ -54,8 +54,6 @@ Description::Description() : ppd_(job::r_ppdOpenFile(path())) {
 Description::~Description() {
   if (ppd_ != nullptr) job::r_ppdClose(ppd_);
 }
-
-const char* Description::path() { return KELM_PPD; }
 
 const Option* Description::find(std::string_view keyword) const {
   const auto found = std::ranges::find(options_, keyword, &Option::keyword);

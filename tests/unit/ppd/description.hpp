@@ -28,15 +28,18 @@ struct Option {
   bool hasChoice(std::string_view name) const;
 };
 
-// The file in the source tree. A file that libcups refuses has no options at all.
+// The two models: the source, which has every option, and the default model made from it.
+inline constexpr char kDialogModel[] = KELM_DIALOG_PPD;
+inline constexpr char kDefaultModel[] = KELM_PPD;
+
+// A model of the PPD. A file that libcups refuses has no options at all.
 class Description {
  public:
-  Description();
+  explicit Description(const char* path = kDialogModel);
   ~Description();
   Description(const Description&) = delete;
   Description& operator=(const Description&) = delete;
 
-  static const char* path();
   ppd_file_t* ppd() const { return ppd_; }
   const std::vector<Option>& options() const { return options_; }
   // Null when there is no such option.

@@ -176,7 +176,7 @@ std::string lineOf(const std::string& keyword, const std::string& value) {
 // What the writer of a feature makes of `lines`.
 std::string rewritten(const std::string& keyword, const Options& options,
                       const std::string& lines) {
-  TestJob job(options, Description::path());
+  TestJob job(options, kDialogModel);
   MemorySource source(lines);
   MemoryOutput output;
   psrewrite::JobStream stream(source, output.stream());

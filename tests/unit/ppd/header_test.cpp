@@ -102,7 +102,7 @@ bool isValueKey(const std::string& key) {
 }
 
 std::string header(const TestJob::Options& options) {
-  TestJob job(options, Description::path());
+  TestJob job(options, kDialogModel);
   MemoryOutput output;
   pjl::OutputPJL(output.stream(), *job);
   return output.text();
@@ -161,14 +161,17 @@ TEST(HeaderTables, AndFeaturesTogetherKnowEveryOptionOfThePpd) {
   }
 }
 
-// The papers are held against the table of papers; the copies are pstops' own.
-TEST(HeaderTables, LeaveOutPapersAndTheCopiesAlone) {
+// The papers are held against the table of papers, the others against the table of standard
+// options.
+TEST(HeaderTables, LeaveOutPapersAndTheStandardOptions) {
   const Description description;
   std::set<std::string> others;
   for (const Option& option : description.options()) {
     if (!option.keyword.starts_with("QV")) others.insert(option.keyword);
   }
-  EXPECT_EQ((std::set<std::string>{"PageSize", "PageRegion", "Collate"}), others);
+  EXPECT_EQ((std::set<std::string>{"PageSize", "PageRegion", "Duplex", "InputSlot", "MediaType",
+                                   "ColorModel", "OutputBin", "Collate"}),
+            others);
 }
 
 TEST(Default, IsAChoiceOfItsOption) {

@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <set>
 #include <span>
 #include <sstream>
 #include <string>
@@ -19,7 +20,6 @@ namespace kelm::tests {
 namespace {
 
 using testing::ElementsAre;
-using testing::Pair;
 
 TEST(Printer, IsAColourPrinterOfLanguageLevelThree) {
   const Description description;
@@ -28,16 +28,22 @@ TEST(Printer, IsAColourPrinterOfLanguageLevelThree) {
   EXPECT_STREQ("KELM IJ", description.ppd()->modelname);
 }
 
-// pstops sends the pages of copies in sets several times over unless "Collate" is chosen.
+// pstops sends the pages of copies in sets repeatedly unless "Collate" is True.
 TEST(Printer, MakesAndSortsItsCopiesItself) {
   const Description description;
   EXPECT_EQ(0, description.ppd()->manual_copies);
   const Option* collate = description.find("Collate");
   ASSERT_NE(nullptr, collate);
   EXPECT_EQ("True", collate->defaultChoice);
-  ASSERT_EQ(1U, collate->choices.size());
-  EXPECT_EQ("True", collate->choices[0].name);
-  EXPECT_EQ("", collate->choices[0].code);
+}
+
+TEST(Printer, HasItsStandardOptionsTurnedIntoItsOwn) {
+  for (const char* model : {kDialogModel, kDefaultModel}) {
+    const Description description(model);
+    const ppd_attr_t* attribute = ppdFindAttr(description.ppd(), "KelmStandardOptions", nullptr);
+    ASSERT_NE(nullptr, attribute) << model;
+    EXPECT_STREQ("True", attribute->value);
+  }
 }
 
 // The network backends would otherwise wait for ink levels with every job.
@@ -69,11 +75,21 @@ std::vector<std::string> choicesMeantBy(const Description& description, const ch
 
 TEST(Requests, OfEveryPrinterMeanChoicesOfThisOne) {
   const Description description;
-  EXPECT_THAT(choicesMeantBy(description, "cupsIPPFinishings"),
-              ElementsAre("4 *QVStapleMode OneStaple", "5 *QVPunchMode TwoHoles",
-                          "10 *QVFoldMode Fold2", "28 *QVStapleMode TwoStaple"));
-  EXPECT_THAT(choicesMeantBy(description, "APPrinterPreset"),
-              ElementsAre("Black *QVOutputMode Black"));
+  EXPECT_THAT(
+      choicesMeantBy(description, "cupsIPPFinishings"),
+      ElementsAre(
+          "4 *QVStapleMode OneStaple", "5 *QVPunchMode TwoHoles", "8 *QVBookletBinding FoldStaple",
+          "10 *QVFoldMode Fold2", "13 *QVBookletBinding FoldStaple", "20 *QVStapleMode Left1",
+          "22 *QVStapleMode Right1", "28 *QVStapleMode TwoStaple", "50 *QVBinding Left",
+          "51 *QVBinding Upper", "52 *QVBinding Right", "74 *QVPunchMode TwoHoles",
+          "78 *QVPunchMode ThreeHoles", "82 *QVPunchMode FourHoles", "93 *QVFoldMode Fold2",
+          "94 *QVFoldMode ZFold", "96 *QVFoldMode FoldInner3", "100 *QVFoldMode FoldOuter3"));
+  EXPECT_THAT(
+      choicesMeantBy(description, "APPrinterPreset"),
+      ElementsAre("ColorDraft *ColorModel CMYK *QVImageQuality Draft", "Color *ColorModel CMYK",
+                  "ColorFine *ColorModel CMYK *QVImageQuality Fine",
+                  "GrayDraft *ColorModel Gray *QVImageQuality Draft", "Gray *ColorModel Gray",
+                  "GrayFine *ColorModel Gray *QVImageQuality Fine"));
 }
 
 TEST(Filter, TakesPostScriptOfPstopsAtNoCost) {
@@ -83,9 +99,11 @@ TEST(Filter, TakesPostScriptOfPstopsAtNoCost) {
 }
 
 // The papers are the first two options of General, which libcups makes for all without a group.
-TEST(Groups, AreThoseThatAPersonLooksFor) {
-  const Description description;
-  std::vector<std::pair<std::string, std::vector<std::string>>> found;
+// Dialogs put the groups whose names begin with "FP" on tabs of their own.
+using Groups = std::vector<std::pair<std::string, std::vector<std::string>>>;
+
+Groups groupsOf(const Description& description) {
+  Groups found;
   for (const ppd_group_t& group :
        std::span(description.ppd()->groups, std::size_t(description.ppd()->num_groups))) {
     found.emplace_back(group.name, std::vector<std::string>());
@@ -93,57 +111,98 @@ TEST(Groups, AreThoseThatAPersonLooksFor) {
       found.back().second.emplace_back(option.keyword);
     }
   }
-  EXPECT_THAT(
-      found,
-      ElementsAre(
-          Pair("General", ElementsAre("PageSize", "PageRegion", "QVDuplex", "QVOrientation",
-                                      "Collate", "QVCollate", "QVWaitAfterProof", "QVPrintSpeed")),
-          Pair("Paper",
-               ElementsAre("QVMediaType", "QVInputSlot", "QVTargetPaperSize",
-                           "QVTargetPaperSizeWidth", "QVTargetPaperSizeHeight", "QVPAGESizeWidth",
-                           "QVPAGESizeHeight", "QVPageTray", "QVPageTrayStandard",
-                           "QVPageTrayTray1", "QVPageTrayTray2", "QVPageTrayTray3",
-                           "QVPageTrayExternalFeeder", "QVPageTrayRepeat")),
-          Pair("Layout",
-               ElementsAre("QVManualZoom", "QVZoomRate", "QVMultiUp", "QVMultiUpSinglePage",
-                           "QVBooklet", "QVRotate", "QVImageShift", "QVImageShiftFrontV",
-                           "QVImageShiftFrontH", "QVImageShiftBackV", "QVImageShiftBackH",
-                           "QVBinding", "QVGutter", "QVGutterDistance", "QVGutterAutoReducing",
-                           "QVBookletGutter", "QVBookletGutterDistance",
-                           "QVBookletGutterAutoReducing")),
-          Pair("Stamps",
-               ElementsAre("QVHeaderFooterPrint", "QVPageNumPrint", "QVPageNumTransparent",
-                           "QVPageNumStartNum", "QVPageNumStartPage", "QVPageNumPosition",
-                           "QVStampPageFont", "QVStampPageSize", "QVDatePrint", "QVDateTransparent",
-                           "QVDateTargetPage", "QVDateSpecify", "QVDateInfo", "QVDatePosition",
-                           "QVStampDateFont", "QVStampDateSize", "QVTextPrint", "QVTextTransparent",
-                           "QVTextTargetPage", "QVTextInfo", "QVTextPosition", "QVStampTextFont",
-                           "QVStampTextSize")),
-          Pair("Quality",
-               ElementsAre("QVOutputMode", "QVImageQuality", "QVDitherType", "QVPrintDensity",
-                           "QVLineSmoothing", "QVScreening", "QVEnvelopeImageProcessing",
-                           "QVGammaAdjustment", "QVGCBrightness", "QVGCContrast", "QVGCCyan",
-                           "QVGCMagenta", "QVGCYellow", "QVGCBlack", "QVGCGray", "QVGCRed",
-                           "QVColorProfile", "QVOutputProfileSelection", "QVRenderingIntent",
-                           "QVMaxDrops", "QVBarcodeArea", "QVBarcodeSelection", "QVBarcodeDensity",
-                           "QVBarcodeProof")),
-          Pair("Finishing",
-               ElementsAre("QVStapleMode", "QVPunchMode", "QVFoldMode", "QVFoldInnerOuter",
-                           "QVFoldBinding", "QVBookletBinding", "QVBookletSplitting",
-                           "QVBookletCover", "QVBookletCoverSheetTray", "QVWaitingExceptCover")),
-          Pair("Output",
-               ElementsAre("QVOutputMethod", "QVOutputBox", "QVOutputTray", "QVOutputFace",
-                           "QVContinuousOutput", "QVReverseOrder", "QVJog", "QVJobSepSheet",
-                           "QVJobSepSheetTray", "QVJobSepSheetText", "QVCoverSheet",
-                           "QVFrontCoverSheet", "QVFrontCoverSheetTray", "QVBackCoverSheet",
-                           "QVBackCoverSheetTray", "QVCarbonCopy", "QVCarbonCopyPriority1",
-                           "QVCarbonCopyPriority2", "QVCarbonCopyPriority3",
-                           "QVCarbonCopyPriority4")),
-          Pair("FormsAndJob",
-               ElementsAre("QVForm", "QVFormPattern", "QVFormSurface", "QVFormSeparate",
-                           "QVFormSelect1", "QVFormSelect2", "QVPriorityLayer", "QVOwnerName",
-                           "QVOwnerNameInfo", "QVJobName", "QVJobNameInfo", "QVSecretNum",
-                           "QVSecretNumInfo", "QVHideJob", "QVJobComment"))));
+  return found;
+}
+
+const Groups kDefaultGroups = {
+    {"General",
+     {"PageSize", "PageRegion", "Duplex", "InputSlot", "MediaType", "ColorModel", "OutputBin",
+      "Collate", "QVOrientation", "QVWaitAfterProof", "QVPrintSpeed"}},
+    {"FPFinishing1",
+     {"QVStapleMode", "QVPunchMode", "QVFoldMode", "QVFoldInnerOuter", "QVFoldBinding",
+      "QVBookletBinding", "QVBookletSplitting", "QVBookletCover", "QVBookletCoverSheetTray",
+      "QVWaitingExceptCover"}},
+    {"FPFinishing2",
+     {"QVBinding", "QVGutter", "QVGutterDistance", "QVGutterAutoReducing", "QVBookletGutter",
+      "QVBookletGutterDistance", "QVBookletGutterAutoReducing"}},
+    {"FPFinishing3",
+     {"QVCoverSheet", "QVFrontCoverSheet", "QVFrontCoverSheetTray", "QVBackCoverSheet",
+      "QVBackCoverSheetTray", "QVJobSepSheet", "QVJobSepSheetTray", "QVJobSepSheetText"}},
+    {"FPFinishing4",
+     {"QVOutputMethod", "QVOutputBox", "QVOutputFace", "QVContinuousOutput", "QVReverseOrder",
+      "QVJog", "QVCarbonCopy", "QVCarbonCopyPriority1", "QVCarbonCopyPriority2",
+      "QVCarbonCopyPriority3", "QVCarbonCopyPriority4"}},
+    {"FPImageQuality1",
+     {"QVImageQuality", "QVDitherType", "QVPrintDensity", "QVLineSmoothing", "QVScreening",
+      "QVEnvelopeImageProcessing", "QVMaxDrops", "QVBarcodeSelection", "QVBarcodeDensity",
+      "QVBarcodeProof"}},
+    {"FPColorWise1",
+     {"QVGCBrightness", "QVGCContrast", "QVGCCyan", "QVGCMagenta", "QVGCYellow", "QVGCBlack",
+      "QVGCGray", "QVGCRed", "QVGammaAdjustment", "QVColorProfile", "QVOutputProfileSelection",
+      "QVRenderingIntent"}},
+    {"Layout",
+     {"QVTargetPaperSize", "QVZoomRate", "QVMultiUp", "QVMultiUpSinglePage", "QVBooklet",
+      "QVRotate", "QVImageShift", "QVImageShiftFrontV", "QVImageShiftFrontH", "QVImageShiftBackV",
+      "QVImageShiftBackH"}},
+    {"FormsAndJob",
+     {"QVOwnerNameInfo", "QVJobNameInfo", "QVSecretNumInfo", "QVJobComment", "QVForm",
+      "QVFormPattern", "QVFormSurface", "QVFormSeparate", "QVFormSelect1", "QVFormSelect2",
+      "QVPriorityLayer"}},
+    {"Overrides",
+     {"QVDuplex", "QVInputSlot", "QVMediaType", "QVOutputMode", "QVOutputTray", "QVCollate"}},
+    {"InstallableOptions",
+     {"QVBarcodeArea", "QVTargetPaperSizeWidth", "QVTargetPaperSizeHeight", "QVPAGESizeWidth",
+      "QVPAGESizeHeight", "QVManualZoom", "QVOwnerName", "QVJobName", "QVSecretNum"}},
+};
+
+TEST(Groups, OfTheDefaultModelAreThoseThatAPersonLooksFor) {
+  EXPECT_EQ(kDefaultGroups, groupsOf(Description(kDefaultModel)));
+}
+
+std::set<std::string> optionsIn(const Groups& groups) {
+  std::set<std::string> options;
+  for (const auto& [name, members] : groups) options.insert(members.begin(), members.end());
+  return options;
+}
+
+// The options that do something in jobs of the KELM dialog alone.
+TEST(Groups, OfTheDialogModelHaveTheStampsAndTheTraysOfPagesToo) {
+  const std::set<std::string> plain = optionsIn(kDefaultGroups);
+  std::set<std::string> dialog = optionsIn(groupsOf(Description(kDialogModel)));
+  for (const std::string& option : plain) EXPECT_EQ(1U, dialog.erase(option)) << option;
+  const std::set<std::string> expected = {
+      "QVPageTray",        "QVPageTrayStandard",       "QVPageTrayTray1",   "QVPageTrayTray2",
+      "QVPageTrayTray3",   "QVPageTrayExternalFeeder", "QVPageTrayRepeat",  "QVHeaderFooterPrint",
+      "QVPageNumPrint",    "QVPageNumTransparent",     "QVPageNumStartNum", "QVPageNumStartPage",
+      "QVPageNumPosition", "QVStampPageFont",          "QVStampPageSize",   "QVDatePrint",
+      "QVDateTransparent", "QVDateTargetPage",         "QVDateSpecify",     "QVDateInfo",
+      "QVDatePosition",    "QVStampDateFont",          "QVStampDateSize",   "QVTextPrint",
+      "QVTextTransparent", "QVTextTargetPage",         "QVTextInfo",        "QVTextPosition",
+      "QVStampTextFont",   "QVStampTextSize",          "QVHideJob"};
+  EXPECT_EQ(expected, dialog);
+}
+
+// Apart from the groups, the two models say the same of an option.
+TEST(Models, HaveTheSameChoicesAndCode) {
+  const Description dialog(kDialogModel);
+  const Description plain(kDefaultModel);
+  ASSERT_FALSE(plain.options().empty());
+  for (const Option& option : plain.options()) {
+    const Option* other = dialog.find(option.keyword);
+    ASSERT_NE(nullptr, other) << option.keyword;
+    EXPECT_EQ(other->defaultChoice, option.defaultChoice) << option.keyword;
+    ASSERT_EQ(other->choices.size(), option.choices.size()) << option.keyword;
+    for (std::size_t i = 0; i < option.choices.size(); ++i) {
+      EXPECT_EQ(other->choices[i].name, option.choices[i].name) << option.keyword;
+      EXPECT_EQ(other->choices[i].code, option.choices[i].code) << option.keyword;
+    }
+  }
+}
+
+TEST(Models, HaveNamesOfTheirOwn) {
+  EXPECT_STREQ("KELM IJ PostScript", Description(kDefaultModel).ppd()->nickname);
+  EXPECT_STREQ("KELM IJ PostScript, for jobs of the KELM dialog",
+               Description(kDialogModel).ppd()->nickname);
 }
 
 // In points: 90 to 550 mm either way.

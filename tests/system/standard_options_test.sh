@@ -1,0 +1,55 @@
+#!/bin/sh
+# What people choose in any program reaches header and PostScript, and the two never disagree: the
+# default model on a real queue. The jobs and what the printer gets are in standard/jobs.txt.
+# SPDX-License-Identifier: Apache-2.0
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+
+hostname office-pc
+mount -t tmpfs none /run
+CUPS_SERVERROOT=$W/cups/etc
+export CUPS_SERVERROOT
+
+cups_setup
+cups_start
+printer_start 9100 "$W/printer.out"
+cups_queue kelm socket://127.0.0.1:9100 "$BUILD/ppd/kelm-ij.ppd"
+
+# Two pages: CUPS prints a single page on one side whatever is asked for.
+printf '%%!PS-Adobe-3.0\n%%%%Pages: 2\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n%%%%Page: 2 2\nshowpage\n%%%%EOF\n' \
+  >"$W/document.ps"
+gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=pdfwrite "-sOutputFile=$W/document.pdf" "$W/document.ps"
+seq 1 100 >"$W/document.txt"
+
+python3 "$HERE/lib/standard_jobs.py" "$HERE/standard/jobs.txt" "$W" kelm || fail "a job went wrong"
+
+# What the queue tells clients that it can do.
+cat >"$W/attributes.test" <<'END'
+{
+  OPERATION Get-Printer-Attributes
+  GROUP operation-attributes-tag
+  ATTR charset attributes-charset utf-8
+  ATTR language attributes-natural-language en
+  ATTR uri printer-uri $uri
+  STATUS successful-ok
+  DISPLAY sides-supported
+  DISPLAY media-source-supported
+  DISPLAY media-type-supported
+  DISPLAY output-bin-supported
+  DISPLAY finishings-supported
+  DISPLAY print-quality-supported
+  DISPLAY print-color-mode-supported
+  DISPLAY urf-supported
+  DISPLAY job-password-supported
+}
+END
+ipptool -t ipp://127.0.0.1/printers/kelm "$W/attributes.test" >"$W/attributes" || fail "no attributes"
+while read -r name values; do
+  line=$(grep "^ *$name " "$W/attributes" | head -n 1)
+  for value in $values; do
+    printf '%s\n' "$line" | tr ' ,=' '\n' | grep -qxF -e "$value" ||
+      fail "$name lacks $value: $line"
+  done
+done <"$HERE/standard/attributes.txt"

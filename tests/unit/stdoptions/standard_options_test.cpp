@@ -1,0 +1,222 @@
+// What people choose in any program becomes the printer's own options: who wins, and what the
+// PostScript has to be told.
+// SPDX-License-Identifier: Apache-2.0
+#include "stdoptions/standard_options.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <map>
+#include <string>
+
+#include "job/ppd_calls.hpp"
+#include "tests/support/memory_job.hpp"
+
+namespace kelm::stdoptions {
+namespace {
+
+using testing::Contains;
+using testing::IsEmpty;
+using testing::Key;
+using testing::Pair;
+using tests::TestJob;
+using Options = TestJob::Options;
+
+// A job of the shipped PPD after the stage, as a CUPS filter would have it.
+class Settled {
+ public:
+  explicit Settled(const Options& options, int copies = 1) : job_(options, KELM_PPD) {
+    job::r_ppdMarkDefaults(job_->ppd);
+    job::r_cupsMarkOptions(job_->ppd, job_->numOptions, job_->options);
+    settleOptions(*job_, copies);
+  }
+
+  std::string option(const char* name) {
+    std::string value;
+    return job::getOptionValue(&*job_, name, value) ? value : "absent";
+  }
+
+  // The sections to be changed: keyword and choice.
+  std::map<std::string, std::string> changes() {
+    std::map<std::string, std::string> sections;
+    for (const job::SectionOverride& section : job_->overrides) {
+      sections[section.keyword] = section.choice;
+    }
+    return sections;
+  }
+
+  job::PrintJobData& job() { return *job_; }
+
+ private:
+  TestJob job_;
+};
+
+TEST(StandardOptions, AreLeftAloneInJobsOfTheDialog) {
+  Settled settled({{"PrintPDE", "1"}, {"Duplex", "DuplexNoTumble"}});
+  EXPECT_EQ(settled.option("QVDuplex"), "absent");
+  EXPECT_FALSE(settled.job().optionsSettled);
+}
+
+TEST(StandardOptions, AreLeftAloneInUpdateJobs) {
+  Settled settled({{"UpdatePPDOptions", ""}, {"Duplex", "DuplexNoTumble"}});
+  EXPECT_EQ(settled.option("QVDuplex"), "absent");
+}
+
+TEST(StandardOptions, AreLeftAloneWithoutAPpd) {
+  TestJob job({{"Duplex", "DuplexNoTumble"}});
+  settleOptions(*job, 3);
+  EXPECT_FALSE(job->optionsSettled);
+  EXPECT_EQ(job->copiesOfHeader, 0);
+}
+
+TEST(StandardOptions, BecomeOwnOnesAndChangeTheirSections) {
+  Settled settled({{"Duplex", "DuplexTumble"}, {"InputSlot", "FeedTray2"}});
+  EXPECT_EQ(settled.option("QVDuplex"), "ShortEdge");
+  EXPECT_EQ(settled.option("QVInputSlot"), "FeedTray2");
+  EXPECT_THAT(settled.changes(), testing::UnorderedElementsAre(Pair("QVDuplex", "ShortEdge"),
+                                                               Pair("QVInputSlot", "FeedTray2")));
+}
+
+TEST(StandardOptions, ThatAreNeutralAskForNothing) {
+  Settled settled({{"Duplex", "None"}, {"InputSlot", "Auto"}, {"ColorModel", "CMYK"}});
+  EXPECT_EQ(settled.option("QVDuplex"), "OFF");
+  EXPECT_THAT(settled.changes(), IsEmpty());
+}
+
+TEST(OwnOptions, WinWhereTheyAreNotTheDefault) {
+  Settled settled({{"Duplex", "DuplexTumble"}, {"QVDuplex", "LongEdge"}});
+  EXPECT_EQ(settled.option("QVDuplex"), "LongEdge");
+  EXPECT_THAT(settled.changes(), IsEmpty());
+}
+
+TEST(OwnOptions, LoseWhereTheyRepeatTheDefault) {
+  Settled settled({{"Duplex", "DuplexTumble"}, {"QVDuplex", "OFF"}});
+  EXPECT_EQ(settled.option("QVDuplex"), "ShortEdge");
+}
+
+TEST(OwnOptions, LoseWhereTheyAreNoChoice) {
+  Settled settled({{"Duplex", "DuplexTumble"}, {"QVDuplex", "Sideways"}});
+  EXPECT_EQ(settled.option("QVDuplex"), "ShortEdge");
+}
+
+TEST(OwnOptions, AreSpelledAsThePpdSpellsThem) {
+  Settled settled({{"qvstaplemode", "onestaple"}});
+  EXPECT_EQ(settled.option("QVStapleMode"), "OneStaple");
+  EXPECT_EQ(settled.option("qvstaplemode"), "absent");
+}
+
+TEST(OwnOptions, OfNumbersAreNumbers) {
+  Settled custom({{"QVZoomRate", "Custom.141"}});
+  EXPECT_EQ(custom.option("QVZoomRate"), "141");
+  EXPECT_THAT(custom.changes(), IsEmpty());
+  Settled bare({{"QVZoomRate", "141"}});
+  EXPECT_EQ(bare.option("QVZoomRate"), "141");
+  EXPECT_THAT(bare.changes(), Contains(Pair("QVZoomRate", "141")));
+  EXPECT_EQ(bare.job().overrides.front().code, "(141) userdict exch /QVZoomRate exch put");
+}
+
+TEST(OwnOptions, OfNumbersHaveBounds) {
+  Settled settled({{"QVZoomRate", std::string(5000, '9')}});
+  EXPECT_EQ(settled.option("QVZoomRate"), "OFF");
+}
+
+TEST(OwnOptions, OfFoldersTakeNamesAlone) {
+  EXPECT_EQ(Settled({{"QVOutputBox", "SharedBox42"}}).option("QVOutputBox"), "SharedBox42");
+  EXPECT_EQ(Settled({{"QVOutputBox", "a)b"}}).option("QVOutputBox"), "SharedBox1");
+}
+
+TEST(OwnOptions, OfTextsStayAsTheyAreTyped) {
+  Settled settled({{"QVJobComment", "Custom.No. 7"}, {"QVOwnerNameInfo", "Miller"}});
+  EXPECT_EQ(settled.option("QVJobComment"), "Custom.No. 7");
+  EXPECT_EQ(settled.option("QVOwnerNameInfo"), "Miller");
+  EXPECT_THAT(settled.changes(), IsEmpty());
+}
+
+TEST(OwnOptions, OfFormsAreFoundByTheirLabelAfterCustom) {
+  Settled settled({{"QVFormSelect1", "Custom.Form 3"}});
+  EXPECT_EQ(settled.option("QVFormSelect1"), "Form3");
+  ASSERT_THAT(settled.changes(), Contains(Key("QVFormSelect1")));
+  EXPECT_EQ(settled.job().overrides.front().code, "");
+}
+
+TEST(OwnOptions, OfABookletFlipOnTheShortEdge) {
+  Settled settled({{"QVBookletBinding", "TwoFold"}, {"Duplex", "DuplexNoTumble"}});
+  EXPECT_EQ(settled.option("QVDuplex"), "ShortEdge");
+  EXPECT_THAT(settled.changes(), testing::ElementsAre(Pair("QVDuplex", "ShortEdge")));
+}
+
+TEST(JobPassword, IsThePin) {
+  EXPECT_EQ(Settled({{"job-password", "1234"}}).option("QVSecretNumInfo"), "1234");
+  EXPECT_EQ(Settled({{"job-password", "12a4"}}).option("QVSecretNumInfo"), "OFF");
+  EXPECT_EQ(Settled({{"job-password", "123456789"}}).option("QVSecretNumInfo"), "OFF");
+  EXPECT_EQ(Settled({{"job-password", "31"}, {"job-password-encryption", "sha2-256"}})
+                .option("QVSecretNumInfo"),
+            "OFF");
+}
+
+TEST(PageSize, IsTheOneThatCupsMarked) {
+  EXPECT_EQ(Settled({}).option("media"), "A4");
+  EXPECT_EQ(Settled({{"PageSize", "A5"}}).option("media"), "A5");
+  EXPECT_EQ(Settled({{"media", "iso_a5_148x210mm"}}).option("media"), "A5");
+  EXPECT_EQ(Settled({{"media", "a5,FeedTray1"}}).option("media"), "A5");
+  EXPECT_EQ(Settled({{"PageSize", "A5"}, {"media", "A3"}}).option("media"), "A5");
+}
+
+TEST(PageSize, IsInWholePointsThatMeanTheSameMillimetres) {
+  EXPECT_EQ(Settled({{"media", "Custom.20x30cm"}}).option("media"), "Custom.567x850");
+  EXPECT_EQ(Settled({{"media", "Custom.500.4x700"}}).option("media"), "Custom.502x700");
+}
+
+TEST(PageSize, StaysAsItIsTypedWhereItAgrees) {
+  EXPECT_EQ(Settled({{"media", "Custom.500x700"}}).option("media"), "Custom.500x700");
+  EXPECT_EQ(Settled({{"PageSize", "Tabloid"}, {"media", "tabloid"}}).option("media"), "tabloid");
+}
+
+TEST(PageSize, ReplacesAMappedPaperThatIsAnother) {
+  constexpr char kMapped[] = "com.apple.print.PageToPaperMappingMediaName";
+  EXPECT_EQ(Settled({{kMapped, "B5"}}).option(kMapped), "absent");
+  EXPECT_EQ(Settled({{kMapped, "A4"}}).option(kMapped), "A4");
+}
+
+TEST(Orientation, FollowsAWideCustomPaperUnlessTheJobAsksForTheOther) {
+  EXPECT_EQ(Settled({{"QVOrientation", "Portrait"}, {"PageSize", "Custom.700x500"}})
+                .option("QVOrientation"),
+            "Landscape");
+  EXPECT_EQ(Settled({{"QVOrientation", "Portrait"}}).option("QVOrientation"), "Portrait");
+  EXPECT_EQ(Settled({}).option("QVOrientation"), "absent");
+  EXPECT_EQ(Settled({{"QVOrientation", "landscape"}}).option("QVOrientation"), "Landscape");
+}
+
+constexpr char kCopies[] = "com.apple.print.PrintSettings.PMCopies..n.";
+
+TEST(Copies, AreAskedForByTheHeader) {
+  Settled settled({}, 3);
+  EXPECT_EQ(settled.option(kCopies), "3");
+  EXPECT_EQ(settled.job().copiesOfHeader, 3);
+  EXPECT_EQ(settled.option("QVCollate"), "True");
+}
+
+TEST(Copies, OfOneChangeNothing) {
+  Settled settled({}, 1);
+  EXPECT_EQ(settled.option(kCopies), "absent");
+  EXPECT_EQ(settled.job().copiesOfHeader, 0);
+}
+
+TEST(Copies, MayComeUncollated) {
+  EXPECT_EQ(Settled({{"Collate", "False"}}, 3).option("QVCollate"), "False");
+  EXPECT_EQ(Settled({{"multiple-document-handling", "separate-documents-uncollated-copies"}}, 3)
+                .option("QVCollate"),
+            "False");
+}
+
+// pstops makes sets itself when "Collate" is not its own.
+TEST(Copies, ThatCupsMakesAreNotAskedForAgain) {
+  Settled settled({{"Collate", "False"},
+                   {"multiple-document-handling", "separate-documents-collated-copies"}},
+                  3);
+  EXPECT_EQ(settled.option(kCopies), "1");
+  EXPECT_EQ(settled.job().copiesOfHeader, 0);
+}
+
+}  // namespace
+}  // namespace kelm::stdoptions
