@@ -7,6 +7,11 @@
 # only carry a value that the filter works out: they move into the group InstallableOptions, which
 # print dialogs do not show. The file is read twice: first for the names of what goes.
 # SPDX-License-Identifier: Apache-2.0
+BEGIN {
+  group["de"] = "Vom Filter gesetzt"
+  group["fr"] = "Définies par le filtre"
+  group["ja"] = "フィルターが設定"
+}
 /^\*% Begin: jobs of the KELM dialog only/ { block = "gone"; next }
 /^\*% Begin: no choice for people/ { block = "hidden"; next }
 /^\*% End$/ { block = ""; next }
@@ -34,6 +39,10 @@ block == "hidden" { hidden = hidden $0 "\n"; next }
   sub(/^\*[a-z][a-z]\.(Translation |ParamCustom|Custom)?/, "", name)
   sub(/[ \/].*/, "", name)
   if (name in gone) next
+  if (name == "General") {
+    language = substr($0, 2, 2)
+    print "*" language ".Translation InstallableOptions/" group[language] ": \"\""
+  }
 }
 /^\*NickName:/ { sub(/, for jobs of the KELM dialog/, "") }
 /^\*PCFileName:/ { sub(/KELMIJD/, "KELMIJ") }

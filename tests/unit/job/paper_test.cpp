@@ -100,6 +100,11 @@ TEST(NotPDEPageSize, OfCustom595x842IsA4) {
   EXPECT_EQ(sheetOfMedia("Custom.595x842"), (Size{"21000", "29700"}));
 }
 
+// CUPS finds options so, and the header finds the paper's name so.
+TEST(NotPDEPageSize, FindsMediaInAnyLetterCase) {
+  EXPECT_EQ(sheetOf({{"MEDIA", "Kaku3"}}), (Size{"21600", "27700"}));
+}
+
 TEST(NotPDEPageSize, OfTabloidInLowerCaseIsTabloid) {
   EXPECT_EQ(sheetOfMedia("tabloid"), (Size{"27900", "43200"}));
   EXPECT_EQ(sheetOfMedia("TABLOID"), (Size{"", ""}));

@@ -40,8 +40,8 @@ const Language kLanguages[] = {
      "fr_FR.UTF-8",
      "Désactivé",
      "Formulaire 3",
-     {"8 points", "Arial", "Copies", "Cyan", "Fine", "Magenta", "Orientation", "Original", "Page 1",
-      "Photos", "Portrait", "Saturation", "Standard"}},
+     {"8 points", "Arial", "Cyan", "Fine", "Magenta", "Orientation", "Original", "Page 1", "Photos",
+      "Portrait", "Saturation", "Standard"}},
     {"ja", "ja_JP.UTF-8", "オフ", "フォーム3", {"Arial"}},
 };
 

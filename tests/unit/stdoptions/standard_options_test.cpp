@@ -52,25 +52,25 @@ class Settled {
 };
 
 TEST(StandardOptions, AreLeftAloneInJobsOfTheDialog) {
-  Settled settled({{"PrintPDE", "1"}, {"Duplex", "DuplexNoTumble"}});
+  Settled settled(Options{{"PrintPDE", "1"}, {"Duplex", "DuplexNoTumble"}});
   EXPECT_EQ(settled.option("QVDuplex"), "absent");
   EXPECT_FALSE(settled.job().optionsSettled);
 }
 
 TEST(StandardOptions, AreLeftAloneInUpdateJobs) {
-  Settled settled({{"UpdatePPDOptions", ""}, {"Duplex", "DuplexNoTumble"}});
+  Settled settled(Options{{"UpdatePPDOptions", ""}, {"Duplex", "DuplexNoTumble"}});
   EXPECT_EQ(settled.option("QVDuplex"), "absent");
 }
 
 TEST(StandardOptions, AreLeftAloneWithoutAPpd) {
-  TestJob job({{"Duplex", "DuplexNoTumble"}});
+  TestJob job(Options{{"Duplex", "DuplexNoTumble"}});
   settleOptions(*job, 3);
   EXPECT_FALSE(job->optionsSettled);
   EXPECT_EQ(job->copiesOfHeader, 0);
 }
 
 TEST(StandardOptions, BecomeOwnOnesAndChangeTheirSections) {
-  Settled settled({{"Duplex", "DuplexTumble"}, {"InputSlot", "FeedTray2"}});
+  Settled settled(Options{{"Duplex", "DuplexTumble"}, {"InputSlot", "FeedTray2"}});
   EXPECT_EQ(settled.option("QVDuplex"), "ShortEdge");
   EXPECT_EQ(settled.option("QVInputSlot"), "FeedTray2");
   EXPECT_THAT(settled.changes(), testing::UnorderedElementsAre(Pair("QVDuplex", "ShortEdge"),
@@ -78,113 +78,114 @@ TEST(StandardOptions, BecomeOwnOnesAndChangeTheirSections) {
 }
 
 TEST(StandardOptions, ThatAreNeutralAskForNothing) {
-  Settled settled({{"Duplex", "None"}, {"InputSlot", "Auto"}, {"ColorModel", "CMYK"}});
+  Settled settled(Options{{"Duplex", "None"}, {"InputSlot", "Auto"}, {"ColorModel", "CMYK"}});
   EXPECT_EQ(settled.option("QVDuplex"), "OFF");
   EXPECT_THAT(settled.changes(), IsEmpty());
 }
 
 TEST(OwnOptions, WinWhereTheyAreNotTheDefault) {
-  Settled settled({{"Duplex", "DuplexTumble"}, {"QVDuplex", "LongEdge"}});
+  Settled settled(Options{{"Duplex", "DuplexTumble"}, {"QVDuplex", "LongEdge"}});
   EXPECT_EQ(settled.option("QVDuplex"), "LongEdge");
   EXPECT_THAT(settled.changes(), IsEmpty());
 }
 
 TEST(OwnOptions, LoseWhereTheyRepeatTheDefault) {
-  Settled settled({{"Duplex", "DuplexTumble"}, {"QVDuplex", "OFF"}});
+  Settled settled(Options{{"Duplex", "DuplexTumble"}, {"QVDuplex", "OFF"}});
   EXPECT_EQ(settled.option("QVDuplex"), "ShortEdge");
 }
 
 TEST(OwnOptions, LoseWhereTheyAreNoChoice) {
-  Settled settled({{"Duplex", "DuplexTumble"}, {"QVDuplex", "Sideways"}});
+  Settled settled(Options{{"Duplex", "DuplexTumble"}, {"QVDuplex", "Sideways"}});
   EXPECT_EQ(settled.option("QVDuplex"), "ShortEdge");
 }
 
 TEST(OwnOptions, AreSpelledAsThePpdSpellsThem) {
-  Settled settled({{"qvstaplemode", "onestaple"}});
+  Settled settled(Options{{"qvstaplemode", "onestaple"}});
   EXPECT_EQ(settled.option("QVStapleMode"), "OneStaple");
   EXPECT_EQ(settled.option("qvstaplemode"), "absent");
 }
 
 TEST(OwnOptions, OfNumbersAreNumbers) {
-  Settled custom({{"QVZoomRate", "Custom.141"}});
+  Settled custom(Options{{"QVZoomRate", "Custom.141"}});
   EXPECT_EQ(custom.option("QVZoomRate"), "141");
   EXPECT_THAT(custom.changes(), IsEmpty());
-  Settled bare({{"QVZoomRate", "141"}});
+  Settled bare(Options{{"QVZoomRate", "141"}});
   EXPECT_EQ(bare.option("QVZoomRate"), "141");
   EXPECT_THAT(bare.changes(), Contains(Pair("QVZoomRate", "141")));
   EXPECT_EQ(bare.job().overrides.front().code, "(141) userdict exch /QVZoomRate exch put");
 }
 
 TEST(OwnOptions, OfNumbersHaveBounds) {
-  Settled settled({{"QVZoomRate", std::string(5000, '9')}});
+  Settled settled(Options{{"QVZoomRate", std::string(5000, '9')}});
   EXPECT_EQ(settled.option("QVZoomRate"), "OFF");
 }
 
 TEST(OwnOptions, OfFoldersTakeNamesAlone) {
-  EXPECT_EQ(Settled({{"QVOutputBox", "SharedBox42"}}).option("QVOutputBox"), "SharedBox42");
-  EXPECT_EQ(Settled({{"QVOutputBox", "a)b"}}).option("QVOutputBox"), "SharedBox1");
+  EXPECT_EQ(Settled(Options{{"QVOutputBox", "SharedBox42"}}).option("QVOutputBox"), "SharedBox42");
+  EXPECT_EQ(Settled(Options{{"QVOutputBox", "a)b"}}).option("QVOutputBox"), "SharedBox1");
 }
 
 TEST(OwnOptions, OfTextsStayAsTheyAreTyped) {
-  Settled settled({{"QVJobComment", "Custom.No. 7"}, {"QVOwnerNameInfo", "Miller"}});
+  Settled settled(Options{{"QVJobComment", "Custom.No. 7"}, {"QVOwnerNameInfo", "Miller"}});
   EXPECT_EQ(settled.option("QVJobComment"), "Custom.No. 7");
   EXPECT_EQ(settled.option("QVOwnerNameInfo"), "Miller");
   EXPECT_THAT(settled.changes(), IsEmpty());
 }
 
 TEST(OwnOptions, OfFormsAreFoundByTheirLabelAfterCustom) {
-  Settled settled({{"QVFormSelect1", "Custom.Form 3"}});
+  Settled settled(Options{{"QVFormSelect1", "Custom.Form 3"}});
   EXPECT_EQ(settled.option("QVFormSelect1"), "Form3");
   ASSERT_THAT(settled.changes(), Contains(Key("QVFormSelect1")));
   EXPECT_EQ(settled.job().overrides.front().code, "");
 }
 
 TEST(OwnOptions, OfABookletFlipOnTheShortEdge) {
-  Settled settled({{"QVBookletBinding", "TwoFold"}, {"Duplex", "DuplexNoTumble"}});
+  Settled settled(Options{{"QVBookletBinding", "TwoFold"}, {"Duplex", "DuplexNoTumble"}});
   EXPECT_EQ(settled.option("QVDuplex"), "ShortEdge");
   EXPECT_THAT(settled.changes(), testing::ElementsAre(Pair("QVDuplex", "ShortEdge")));
 }
 
 TEST(JobPassword, IsThePin) {
-  EXPECT_EQ(Settled({{"job-password", "1234"}}).option("QVSecretNumInfo"), "1234");
-  EXPECT_EQ(Settled({{"job-password", "12a4"}}).option("QVSecretNumInfo"), "OFF");
-  EXPECT_EQ(Settled({{"job-password", "123456789"}}).option("QVSecretNumInfo"), "OFF");
-  EXPECT_EQ(Settled({{"job-password", "31"}, {"job-password-encryption", "sha2-256"}})
+  EXPECT_EQ(Settled(Options{{"job-password", "1234"}}).option("QVSecretNumInfo"), "1234");
+  EXPECT_EQ(Settled(Options{{"job-password", "12a4"}}).option("QVSecretNumInfo"), "OFF");
+  EXPECT_EQ(Settled(Options{{"job-password", "123456789"}}).option("QVSecretNumInfo"), "OFF");
+  EXPECT_EQ(Settled(Options{{"job-password", "31"}, {"job-password-encryption", "sha2-256"}})
                 .option("QVSecretNumInfo"),
             "OFF");
 }
 
 TEST(PageSize, IsTheOneThatCupsMarked) {
   EXPECT_EQ(Settled({}).option("media"), "A4");
-  EXPECT_EQ(Settled({{"PageSize", "A5"}}).option("media"), "A5");
-  EXPECT_EQ(Settled({{"media", "iso_a5_148x210mm"}}).option("media"), "A5");
-  EXPECT_EQ(Settled({{"media", "a5,FeedTray1"}}).option("media"), "A5");
-  EXPECT_EQ(Settled({{"PageSize", "A5"}, {"media", "A3"}}).option("media"), "A5");
+  EXPECT_EQ(Settled(Options{{"PageSize", "A5"}}).option("media"), "A5");
+  EXPECT_EQ(Settled(Options{{"media", "iso_a5_148x210mm"}}).option("media"), "A5");
+  EXPECT_EQ(Settled(Options{{"media", "a5,FeedTray1"}}).option("media"), "A5");
+  EXPECT_EQ(Settled(Options{{"PageSize", "A5"}, {"media", "A3"}}).option("media"), "A5");
 }
 
 TEST(PageSize, IsInWholePointsThatMeanTheSameMillimetres) {
-  EXPECT_EQ(Settled({{"media", "Custom.20x30cm"}}).option("media"), "Custom.567x850");
-  EXPECT_EQ(Settled({{"media", "Custom.500.4x700"}}).option("media"), "Custom.502x700");
+  EXPECT_EQ(Settled(Options{{"media", "Custom.20x30cm"}}).option("media"), "Custom.567x850");
+  EXPECT_EQ(Settled(Options{{"media", "Custom.500.4x700"}}).option("media"), "Custom.502x700");
 }
 
 TEST(PageSize, StaysAsItIsTypedWhereItAgrees) {
-  EXPECT_EQ(Settled({{"media", "Custom.500x700"}}).option("media"), "Custom.500x700");
-  EXPECT_EQ(Settled({{"PageSize", "Tabloid"}, {"media", "tabloid"}}).option("media"), "tabloid");
+  EXPECT_EQ(Settled(Options{{"media", "Custom.500x700"}}).option("media"), "Custom.500x700");
+  EXPECT_EQ(Settled(Options{{"PageSize", "Tabloid"}, {"media", "tabloid"}}).option("media"),
+            "tabloid");
 }
 
 TEST(PageSize, ReplacesAMappedPaperThatIsAnother) {
   constexpr char kMapped[] = "com.apple.print.PageToPaperMappingMediaName";
-  EXPECT_EQ(Settled({{kMapped, "B5"}}).option(kMapped), "absent");
-  EXPECT_EQ(Settled({{kMapped, "A4"}}).option(kMapped), "A4");
+  EXPECT_EQ(Settled(Options{{kMapped, "B5"}}).option(kMapped), "absent");
+  EXPECT_EQ(Settled(Options{{kMapped, "A4"}}).option(kMapped), "A4");
 }
 
 TEST(Orientation, FollowsAWideCustomPaperUnlessTheJobAsksForTheOther) {
-  EXPECT_EQ(Settled({{"QVOrientation", "Portrait"}, {"PageSize", "Custom.700x500"}})
+  EXPECT_EQ(Settled(Options{{"QVOrientation", "Portrait"}, {"PageSize", "Custom.700x500"}})
                 .option("QVOrientation"),
             "Landscape");
-  EXPECT_EQ(Settled({{"QVOrientation", "Portrait"}}).option("QVOrientation"), "Portrait");
+  EXPECT_EQ(Settled(Options{{"QVOrientation", "Portrait"}}).option("QVOrientation"), "Portrait");
   EXPECT_EQ(Settled({}).option("QVOrientation"), "absent");
-  EXPECT_EQ(Settled({{"QVOrientation", "landscape"}}).option("QVOrientation"), "Landscape");
+  EXPECT_EQ(Settled(Options{{"QVOrientation", "landscape"}}).option("QVOrientation"), "Landscape");
 }
 
 constexpr char kCopies[] = "com.apple.print.PrintSettings.PMCopies..n.";
@@ -203,16 +204,17 @@ TEST(Copies, OfOneChangeNothing) {
 }
 
 TEST(Copies, MayComeUncollated) {
-  EXPECT_EQ(Settled({{"Collate", "False"}}, 3).option("QVCollate"), "False");
-  EXPECT_EQ(Settled({{"multiple-document-handling", "separate-documents-uncollated-copies"}}, 3)
-                .option("QVCollate"),
-            "False");
+  EXPECT_EQ(Settled(Options{{"Collate", "False"}}, 3).option("QVCollate"), "False");
+  EXPECT_EQ(
+      Settled(Options{{"multiple-document-handling", "separate-documents-uncollated-copies"}}, 3)
+          .option("QVCollate"),
+      "False");
 }
 
 // pstops makes sets itself when "Collate" is not its own.
 TEST(Copies, ThatCupsMakesAreNotAskedForAgain) {
-  Settled settled({{"Collate", "False"},
-                   {"multiple-document-handling", "separate-documents-collated-copies"}},
+  Settled settled(Options{{"Collate", "False"},
+                          {"multiple-document-handling", "separate-documents-collated-copies"}},
                   3);
   EXPECT_EQ(settled.option(kCopies), "1");
   EXPECT_EQ(settled.job().copiesOfHeader, 0);
