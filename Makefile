@@ -1,6 +1,6 @@
 # The targets that people type; the build itself is CMake's (CMakePresets.json).
 # SPDX-License-Identifier: Apache-2.0
-.PHONY: all help demo check bench asan tsan fuzz coverage format lint package package-check install clean
+.PHONY: all help demo check check-desktop bench asan tsan fuzz coverage format lint package package-check install clean
 
 all: ## build the programs, the PPD and the manual pages
 	@scripts/install-deps build && scripts/build release all
@@ -10,6 +10,8 @@ demo: ## send the example job through the filter and show what became of it
 	@scripts/install-deps demo && scripts/build demo all && scripts/demo
 check: ## build and run all tests
 	@scripts/install-deps build check && scripts/build release all tests/all && scripts/check
+check-desktop: ## print through GTK's own dialog
+	@scripts/install-deps build check desktop && scripts/build release all && sh tests/desktop/gtk_dialog_test.sh
 bench: ## measure throughput, start-up and memory
 	@scripts/install-deps build check && scripts/build release all tests/bench/all && scripts/bench
 asan: ## run the tests under the address and undefined-behaviour sanitizers

@@ -86,11 +86,12 @@ def fill_in(dialog):
         if combo is None or not combo.get_sensitive() or len(texts(combo)) < 3:
             failures.append(f"the control {name!r} is missing or grey")
     for widget in widgets(dialog):
+        if isinstance(widget, Gtk.Label) and widget.get_text() == "Copies:":
+            widget.get_mnemonic_widget().set_value(3)
+    # Grey while there is one copy.
+    for widget in widgets(dialog):
         if isinstance(widget, Gtk.CheckButton) and widget.get_label() == "C_ollate":
             widget.set_active(False)
-        if isinstance(widget, Gtk.SpinButton) and widget.get_adjustment().get_lower() == 1.0:
-            if widget.get_adjustment().get_upper() <= 100:
-                widget.set_value(3)
 
 
 attempts = []

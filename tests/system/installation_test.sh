@@ -13,6 +13,7 @@ rm -f "$BUILD/install_manifest.txt"
 sed "s|^PREFIX|$PREFIX|" <<'END' | sort >"$W/expected"
 /usr/lib/cups/filter/kelmfilter
 /usr/share/dbus-1/system.d/com.kelm.KelmWoLServices.conf
+/usr/share/ppd/kelm/kelm-ij-dialog.ppd
 /usr/share/ppd/kelm/kelm-ij.ppd
 PREFIX/bin/kelmctl
 PREFIX/lib/systemd/system/kelm-wol.service
