@@ -66,9 +66,9 @@ inline constexpr char kMappedPaperKey[] = "com.apple.print.PageToPaperMappingMed
 // The paper of exactly this name, or null.
 const Paper* findPaper(std::string_view name);
 
-// The size of the job's option "media", which CUPS finds in any letter case, in 1/100 mm as decimal text: kDefaultPaper without the
-// option, a paper of the table ("tabloid" is Tabloid), or "Custom.WIDTHxHEIGHT" in points. An
-// unknown name leaves both unchanged.
+// The size of the job's option "media", which CUPS finds in any letter case, in 1/100 mm as decimal
+// text: kDefaultPaper without the option, a paper of the table ("tabloid" is Tabloid), or
+// "Custom.WIDTHxHEIGHT" in points. An unknown name leaves both unchanged.
 void NotPDE_PageSize(const PrintJobData* job, std::string& width, std::string& height);
 
 // Reads the size of a custom paper's name: the points between the first "." and the first "x", and
