@@ -24,8 +24,8 @@ void declareSubcommands(CLI::App& app, Action& chosen) {
   app.require_subcommand(1);
 }
 
-// Help and version are asked for and go to standard output; all other reports of the parser mean
-// that the arguments make no sense.
+// Help and version go to standard output with status 0; everything else that the parser reports is
+// a usage error.
 int reportParserEnd(const CLI::App& app, const CLI::ParseError& end, const Console& console) {
   return app.exit(end, console.out, console.err) == kExitDone ? kExitDone : kExitUsage;
 }

@@ -15,7 +15,7 @@
 namespace kelm::ctl {
 namespace {
 
-// The schemes whose URIs name a host; others ("usb", "file") have other things in its place.
+// The schemes whose URIs name a host; others ("usb", "file") have something else in its place.
 constexpr std::string_view kNetworkSchemes[] = {"socket", "lpd", "ipp", "ipps", "http", "https"};
 
 struct AddressListDeleter {

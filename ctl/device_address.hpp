@@ -6,8 +6,8 @@
 
 namespace kelm::ctl {
 
-// The numeric address (IPv4 before IPv6) of the host that `deviceUri` names; empty when it names
-// none on the network, or one that nobody knows.
+// The numeric address (IPv4 before IPv6) of the host in `deviceUri`; empty when it has no network
+// host or the host is unknown.
 std::string addressOfDevice(const std::string& deviceUri);
 
 }  // namespace kelm::ctl

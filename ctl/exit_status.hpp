@@ -5,7 +5,7 @@
 namespace kelm::ctl {
 
 inline constexpr int kExitDone = 0;
-inline constexpr int kExitFailed = 1;  // the message on standard error names the input and the cure
-inline constexpr int kExitUsage = 2;   // the arguments make no sense; nothing was done
+inline constexpr int kExitFailed = 1;  // a message on standard error says what and what to do
+inline constexpr int kExitUsage = 2;   // wrong arguments; nothing was done
 
 }  // namespace kelm::ctl

@@ -137,7 +137,7 @@ void printJson(std::ostream& out, const Shown& shown) {
   out << object.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
-// `language` stands in for the user's first one.
+// `language` replaces the user's first one.
 std::string languageFor(ppd_file_t* ppd, const std::optional<std::string>& language) {
   std::vector<std::string> languages = KelmPPD::getLanguageArrayFromGlobalPreference();
   if (language) languages.front() = *language;

@@ -1,4 +1,4 @@
-// What a printer says about itself, asked for in one go.
+// Everything that a printer says about itself.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/printer_facts.hpp"
 
@@ -104,20 +104,20 @@ std::string addressProblem(const std::string& address) {
       "0123456789abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ.-_:%[]";
   const bool sound = !snmp::unbracketed(address).empty() &&
                      address.find_first_not_of(kLettersOfAddresses) == std::string::npos;
-  return sound ? "" : "\"" + address + "\" is no IP address and no host name";
+  return sound ? "" : "\"" + address + "\" is neither an IP address nor a host name";
 }
 
 std::string noAnswerMessage(const PrinterFacts& facts, const std::string& address,
                             const std::string& community) {
   if (facts.sleepModeStatus == kCouldNotAsk) {
     return "the printer \"" + safeText(address) +
-           "\" cannot be asked: it is no known host or address, or there is no way to it; check "
-           "its "
-           "spelling and the network.";
+           "\" cannot be asked: the host is unknown or cannot be reached; check its spelling and "
+           "the "
+           "network";
   }
   return "the printer \"" + safeText(address) +
          "\" does not answer SNMP requests of the community \"" + safeText(community) +
-         "\"; check that it is switched on, that its SNMP is, and its community (--community).";
+         "\"; check that the printer and its SNMP are on, and the community (--community)";
 }
 
 }  // namespace kelm::ctl

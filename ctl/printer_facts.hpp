@@ -1,4 +1,4 @@
-// What a printer says about itself, asked for in one go.
+// Everything that a printer says about itself.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -40,12 +40,12 @@ struct PrinterFacts {
 
 // Asks the printer at `address` (an IPv4 or IPv6 address or a host name) for everything; a printer
 // that does not answer the first two questions is not asked the others, so that a wrong address
-// costs seconds and not minutes. Shows a progress line to whoever watches the console.
+// costs seconds and not minutes. Shows a progress line on a terminal.
 PrinterFacts askPrinter(const std::string& address, const std::string& community,
                         const Console& console);
 
-// What is wrong with `address` as an argument; empty when nothing is. The SNMP library would take
-// some texts for other ways to an agent than over the network.
+// What is wrong with `address` as an argument; empty when nothing is. The SNMP library would read
+// some texts as transports other than UDP.
 std::string addressProblem(const std::string& address);
 
 // Why a printer whose `answered` is false gave nothing, and what to do: one sentence.

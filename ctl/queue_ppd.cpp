@@ -1,4 +1,4 @@
-// The PPD that a subcommand looks at: a file, or the one of a queue.
+// The PPD that a subcommand reads: a file, or a queue's.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/queue_ppd.hpp"
 
@@ -21,7 +21,7 @@ struct ServerCloser {
 };
 using ServerHandle = std::unique_ptr<http_t, ServerCloser>;
 
-// Why libcups could not read the PPD that it was asked for last.
+// Why libcups could not read the last PPD.
 std::string lastPpdProblem(int errorNumber) {
   int line = 0;
   const ppd_status_t status = ppdLastError(&line);

@@ -1,4 +1,4 @@
-// The PPD that a subcommand looks at: a file, or the one of a queue.
+// The PPD that a subcommand reads: a file, or a queue's.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -14,7 +14,7 @@ struct PpdCloser {
 };
 using PpdHandle = std::unique_ptr<ppd_file_t, PpdCloser>;
 
-// Either the PPD or, when it is null, what went wrong with which input and what to do about it.
+// Either the PPD or, when it is null, what went wrong and what to do.
 struct OpenedPpd {
   PpdHandle ppd;
   std::string problem;
@@ -22,8 +22,7 @@ struct OpenedPpd {
 
 OpenedPpd openPpdFile(const std::string& path);
 
-// Asks the print server (CUPS_SERVER) for the queue's PPD; the copy that the library makes of it is
-// removed again.
+// Asks the print server (CUPS_SERVER) for the queue's PPD and removes the library's copy again.
 OpenedPpd openQueuePpd(const std::string& queue);
 
 }  // namespace kelm::ctl

@@ -1,4 +1,4 @@
-// Text from a printer or a PPD on somebody's terminal.
+// Text of unknown origin, made safe for a terminal.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -39,7 +39,7 @@ constexpr Setting kSettings[] = {
     {"snmpCommunityName",         "SNMP community",            Helper::snmpCommunityName_},
     {"isWakeOnLan",               "Wake-on-LAN",               Helper::isWakeOnLan_},
     {"printerMacAddress",         "MAC address",               Helper::getPrinterMacAddress_},
-    {"isOverTheRouter",           "Behind a router",           Helper::isOverTheRouter_},
+    {"isOverTheRouter",           "Beyond a router",           Helper::isOverTheRouter_},
     {"printerIPAddress",          "IP address",                Helper::getPrinterIPAddress_},
     {"ppdOptionsUpdated",         "Updated by the dialog",     Helper::isPPDOptionsUpdated_},
     {"usePersonalFolder",         "Personal folder",           Helper::isPersonalFolderSelected_},

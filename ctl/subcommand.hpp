@@ -1,4 +1,4 @@
-// What a subcommand of kelmctl is.
+// The table row of a kelmctl subcommand.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -10,14 +10,14 @@
 
 namespace kelm::ctl {
 
-// Where a subcommand writes: its result to `out`, what went wrong to `err`.
+// Where a subcommand writes: results to `out`, problems to `err`.
 struct Console {
   std::ostream& out;
   std::ostream& err;
-  bool errIsTerminal = false;  // somebody watches: progress may be shown on `err`
+  bool errIsTerminal = false;  // progress may be shown on `err`
 };
 
-// What a subcommand does once its arguments are read; the result is its exit status.
+// Runs a subcommand whose arguments have been read; returns its exit status.
 using Action = std::function<int(const Console&)>;
 
 struct Subcommand {

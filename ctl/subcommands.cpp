@@ -11,7 +11,7 @@ constexpr Subcommand kSubcommands[] = {
     {"ppd", "Show what a PPD offers, in your language", declarePpd},
     {"printer", "Show what a printer says about itself", declarePrinter},
     {"sync", "Store in a queue what its printer says about itself", declareSync},
-    {"address", "Show the printer's address behind a device URI", declareAddress},
+    {"address", "Show the printer's address in a device URI", declareAddress},
     {"wake", "Wake a sleeping printer", declareWake},
 };
 

@@ -1,4 +1,4 @@
-// What somebody at a terminal sees while they wait.
+// The progress line on a terminal.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/terminal.hpp"
 

@@ -1,4 +1,4 @@
-// What somebody at a terminal sees while they wait.
+// The progress line on a terminal.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -8,8 +8,8 @@
 
 namespace kelm::ctl {
 
-// One line on the console's standard error that changes while something is under way, and is gone
-// at the end; nothing where standard error is no terminal. The console outlives it.
+// One line on the console's standard error that is rewritten while work is under way and erased at
+// the end. Writes nothing when standard error is not a terminal. The console outlives it.
 class ProgressLine {
  public:
   explicit ProgressLine(const Console& console) : console_(console) {}

@@ -1,4 +1,4 @@
-// What a printer said, as the keywords and values that the queue's PPD keeps of it.
+// A printer's answers as keywords and values of the queue's PPD.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/update_lines.hpp"
 

@@ -1,4 +1,4 @@
-// What a printer said, as the keywords and values that the queue's PPD keeps of it
+// A printer's answers as keywords and values of the queue's PPD
 // (docs/stored-facts.md).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
@@ -29,8 +29,8 @@ struct UpdateLines {
 // value.
 inline constexpr std::size_t kMostOfKeywordAndValue = 252;
 
-// The print system hands a job's options to the filter as one argument, which Linux limits to
-// 131072 bytes; some room is left for the options that the print system adds.
+// CUPS passes a job's options to the filter as one argument, which Linux limits to 131072 bytes;
+// the rest is left for the options that CUPS adds.
 inline constexpr std::size_t kMostOfAllLines = 100'000;
 
 // The printer's MAC address where it can be stored: six hexadecimal parts, not all zero. Any other
@@ -39,8 +39,8 @@ std::optional<std::string> storableMacAddress(const PrinterFacts& facts);
 
 // The lines that make the PPD say what the printer at `address` said. Of the shared boxes those in
 // use are kept, box n at index n - 1; the other lists are kept from index 0 on. What `stored`
-// (which may be null) holds beyond that is emptied, because the print system cannot take a keyword
-// away. A list that the printer did not give stays as it is stored, and so does the MAC address.
+// (which may be null) holds beyond that is emptied, because CUPS cannot remove a keyword. A list
+// that the printer did not give stays as it is stored, and so does the MAC address.
 UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address,
                            const std::string& community, ppd_file_t* stored);
 

@@ -1,4 +1,4 @@
-// An address as the SNMP library reads it rightly.
+// Brackets around IPv6 addresses, for the SNMP library.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -6,14 +6,14 @@
 
 namespace kelm::snmp {
 
-// `address` with brackets around an IPv6 address that has none: the library takes what follows the
-// last colon of such an address for one more group of it, not for the port (docs/printer-mib.md).
+// `address`, with brackets added to an IPv6 address that has none: without them the library reads
+// the port as one more group of the address (docs/printer-mib.md).
 inline std::string bracketed(const std::string& address) {
   const bool plainIPv6 = address.find(':') != std::string::npos && !address.starts_with('[');
   return plainIPv6 ? "[" + address + "]" : address;
 }
 
-// `address` without brackets around the whole of it.
+// `address` without the brackets around it, if any.
 inline std::string unbracketed(const std::string& address) {
   const bool bracketed = address.starts_with('[') && address.ends_with(']');
   return bracketed ? address.substr(1, address.size() - 2) : address;

@@ -1,4 +1,4 @@
-// The SNMP library's headers, in the order in which they want to be read.
+// The SNMP library's headers, in the order that they require.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -1,4 +1,4 @@
-// The one way to ask a printer: a single SNMP GET in a session of its own.
+// Asks a printer: one SNMP GET in a session of its own.
 // SPDX-License-Identifier: Apache-2.0
 #include "snmp/query.hpp"
 
@@ -13,11 +13,11 @@ struct CloseSession {
 };
 using SessionHandle = std::unique_ptr<netsnmp_session, CloseSession>;
 
-// What an administrator set for the SNMP tools must not change how a printer is asked. init_snmp,
-// which reads configuration and MIB files, is never called; the files per host are a matter of
-// their own. Without a log handler the library would write to standard error. The first session
-// makes the library ready: before it, no object identifier can be read.
-void keepLibraryToItself() {
+// The SNMP tools' settings must not change how a printer is asked: init_snmp, which reads
+// configuration and MIB files, is never called, and the files per host are switched off. Without a
+// log handler the library would write to standard error. The first session initialises the library:
+// no object identifier can be parsed before it.
+void prepareLibrary() {
   [[maybe_unused]] static const bool done = [] {
     netsnmp_session first;
     snmp_sess_init(&first);
@@ -34,38 +34,38 @@ void addObject(netsnmp_pdu& request, const OidText& object) {
   snmp_add_null_var(&request, identifiers.data(), count);
 }
 
-// The library reads these texts and copies them, but its types do not say so.
+// The library only reads and copies these texts, but its types are not const.
 char* asLibraryText(const char* text) { return const_cast<char*>(text); }
 
 }  // namespace
 
-netsnmp_session sessionFor(const char* peer, const char* community, const Manner& manner) {
+netsnmp_session sessionFor(const char* peer, const char* community, const QueryOptions& options) {
   netsnmp_session session;
   snmp_sess_init(&session);
-  session.version = manner.version;
+  session.version = options.version;
   session.peername = asLibraryText(peer);
   session.community = reinterpret_cast<u_char*>(asLibraryText(community));
   session.community_len = std::strlen(community);
-  session.timeout = manner.timeout;
-  session.retries = manner.retries;
+  session.timeout = options.timeout;
+  session.retries = options.retries;
   return session;
 }
 
 PduHandle requestFor(std::span<const OidText> objects) {
-  keepLibraryToItself();
+  prepareLibrary();
   PduHandle request(snmp_pdu_create(SNMP_MSG_GET));
   for (const OidText& object : objects) addObject(*request, object);
   return request;
 }
 
 Answer get(const char* peer, const char* community, std::span<const OidText> objects,
-           const Manner& manner) {
-  keepLibraryToItself();
-  netsnmp_session wanted = sessionFor(peer, community, manner);
+           const QueryOptions& options) {
+  prepareLibrary();
+  netsnmp_session wanted = sessionFor(peer, community, options);
   const SessionHandle session(snmp_open(&wanted));
   if (session == nullptr) return {STAT_ERROR, nullptr};
   netsnmp_pdu* response = nullptr;
-  // The library takes the request over, whatever comes of it.
+  // The library owns the request from here on, also on failure.
   const int status = snmp_synch_response(session.get(), requestFor(objects).release(), &response);
   return {status, PduHandle(response)};
 }

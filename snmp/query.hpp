@@ -1,4 +1,4 @@
-// The one way to ask a printer: a single SNMP GET in a session of its own.
+// Asks a printer: one SNMP GET in a session of its own.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -11,19 +11,19 @@
 
 namespace kelm::snmp {
 
-// How to ask; what is not said is the SNMP library's default (1 s, 5 retries). Every retry waits
-// for the timeout again.
-struct Manner {
+// Version, timeout and retries of a query. Defaults are the SNMP library's (1 s, 5 retries). Every
+// retry waits for the timeout again.
+struct QueryOptions {
   long version = SNMP_VERSION_1;
   long timeout = SNMP_DEFAULT_TIMEOUT;  // microseconds
   int retries = SNMP_DEFAULT_RETRIES;
 };
 
-inline constexpr Manner kUsualManner{};
-inline constexpr Manner kManySharedBoxesManner{.timeout = 10'000'000};
-inline constexpr Manner kSleepModeManner{.timeout = 1'000'000, .retries = 1};
-inline constexpr Manner kMacAddressManner{.timeout = 1'000'000};
-inline constexpr Manner kTestManner{.version = SNMP_VERSION_2c};
+inline constexpr QueryOptions kUsualQuery{};
+inline constexpr QueryOptions kManySharedBoxesQuery{.timeout = 10'000'000};
+inline constexpr QueryOptions kSleepModeQuery{.timeout = 1'000'000, .retries = 1};
+inline constexpr QueryOptions kMacAddressQuery{.timeout = 1'000'000};
+inline constexpr QueryOptions kTestQuery{.version = SNMP_VERSION_2c};
 
 struct FreePdu {
   void operator()(netsnmp_pdu* pdu) const { snmp_free_pdu(pdu); }
@@ -31,19 +31,18 @@ struct FreePdu {
 using PduHandle = std::unique_ptr<netsnmp_pdu, FreePdu>;
 
 struct Answer {
-  int status;          // STAT_SUCCESS: the exchange completed, maybe with an error from the agent;
-                       // STAT_ERROR: nothing could be sent; STAT_TIMEOUT: nothing came back
+  int status;          // STAT_SUCCESS: the exchange completed, possibly with an agent error;
+                       // STAT_ERROR: nothing could be sent; STAT_TIMEOUT: no answer
   PduHandle response;  // null unless the exchange completed
 };
 
-// Asks the agent at `peer`, written as the SNMP library reads it (snmpcmd(1), AGENT SPECIFICATION),
-// for all `objects` in one request, and waits for the answer. Neither configuration nor MIB files
-// are read, and nothing is logged.
+// Asks the agent at `peer` (snmpcmd(1), AGENT SPECIFICATION) for all `objects` in one request and
+// waits for the answer. Reads neither configuration nor MIB files and logs nothing.
 Answer get(const char* peer, const char* community, std::span<const OidText> objects,
-           const Manner& manner);
+           const QueryOptions& options);
 
 // The session that `get` opens. It borrows both texts.
-netsnmp_session sessionFor(const char* peer, const char* community, const Manner& manner);
+netsnmp_session sessionFor(const char* peer, const char* community, const QueryOptions& options);
 
 // The request that `get` sends: one null-valued variable per object, in their order.
 PduHandle requestFor(std::span<const OidText> objects);

@@ -16,7 +16,7 @@ namespace {
 
 using TextArray = QVSNMPHelper::TextArray;
 
-// One list of the printer: where its values are, what they are, and which array holds them.
+// One list of the printer: its objects, the kind of their values, and the array that holds them.
 struct OidFamily {
   std::span<const OidText> objects;
   ValueKind kind;
@@ -72,26 +72,26 @@ static_assert(everyFamilyHasItsOwnObjects());
 constexpr std::int64_t kManySharedBoxes = 100;
 constexpr int kFewSharedBoxes = 30;
 constexpr char kInUse[] = "1";
-constexpr char kTestAgent[] = "localhost";  // nothing leaves the machine unasked
+constexpr char kTestAgent[] = "localhost";  // the test query stays on this machine
 constexpr char kTestCommunity[] = "public";
 
 Answer ask(const char* address, const char* community, std::span<const OidText> objects,
-           const Manner& manner = kUsualManner) {
+           const QueryOptions& options = kUsualQuery) {
   std::string peer;
   QVSNMPHelper::getConvertedAddress_sourceAddr_(peer, address);
-  return get(peer.c_str(), community, objects, manner);
+  return get(peer.c_str(), community, objects, options);
 }
 
 Answer ask(const char* address, const char* community, const OidText& object,
-           const Manner& manner = kUsualManner) {
-  return ask(address, community, std::span(&object, 1), manner);
+           const QueryOptions& options = kUsualQuery) {
+  return ask(address, community, std::span(&object, 1), options);
 }
 
 // Fills the family's array from its first `objects`; all or nothing.
 bool fill(const OidFamily& family, std::span<const OidText> objects, const char* address,
-          const char* community, const Manner& manner = kUsualManner) {
+          const char* community, const QueryOptions& options = kUsualQuery) {
   family.array->clear();
-  const Answer answer = ask(address, community, objects, manner);
+  const Answer answer = ask(address, community, objects, options);
   walkResponse(answer.response.get(), family.kind, *family.array);
   if (family.array->size() == objects.size()) return true;
   family.array->clear();
@@ -110,7 +110,7 @@ bool fillSharedBoxes(const OidFamily& family, const char* address, const char* c
   }
   const auto objects = family.objects.first(static_cast<std::size_t>(totalCount));
   return fill(family, objects, address, community,
-              totalCount == kManySharedBoxes ? kManySharedBoxesManner : kUsualManner);
+              totalCount == kManySharedBoxes ? kManySharedBoxesQuery : kUsualQuery);
 }
 
 std::optional<TextArray> namesInUse(const TextArray& states, const TextArray& names) {
@@ -232,7 +232,7 @@ bool QVSNMPHelper::snmpGetAdminLoginModeEnabled_community_(const char* address,
 int QVSNMPHelper::getSleepMode_community_sleepMode_(const char* address, const char* community,
                                                     std::int32_t* sleepMode) {
   *sleepMode = -1;
-  const Answer answer = ask(address, community, kSleepModeOid, kSleepModeManner);
+  const Answer answer = ask(address, community, kSleepModeOid, kSleepModeQuery);
   if (const auto mode = firstInteger(answer.response.get())) {
     *sleepMode = base::cutTo32Bits(*mode);
   }
@@ -241,7 +241,7 @@ int QVSNMPHelper::getSleepMode_community_sleepMode_(const char* address, const c
 
 std::optional<std::string> QVSNMPHelper::getMacAddress_community_(const char* address,
                                                                   const char* community) {
-  return firstText(ask(address, community, kMacAddressOid, kMacAddressManner).response.get());
+  return firstText(ask(address, community, kMacAddressOid, kMacAddressQuery).response.get());
 }
 
 void QVSNMPHelper::getConvertedAddress_sourceAddr_(std::string& destination,
@@ -251,7 +251,7 @@ void QVSNMPHelper::getConvertedAddress_sourceAddr_(std::string& destination,
 }
 
 std::string QVSNMPHelper::snmpGetTestValue() {
-  ask(kTestAgent, kTestCommunity, kSysNameOid, kTestManner);
+  ask(kTestAgent, kTestCommunity, kSysNameOid, kTestQuery);
   return {};
 }
 

@@ -1,4 +1,4 @@
-// What an agent's response says, taken out of it without trusting it.
+// Reads values from an agent's response without trusting it.
 // SPDX-License-Identifier: Apache-2.0
 #include "snmp/response_walk.hpp"
 
@@ -9,14 +9,14 @@
 namespace kelm::snmp {
 namespace {
 
-// The value's bytes as the library holds them. A value of a type without contents has no memory at
-// all, whatever length the agent gave it.
+// The value's bytes as the library holds them. A value of a type without contents has no memory,
+// whatever length the agent sent.
 std::string_view bytesOf(const netsnmp_variable_list& variable) {
   if (variable.val.string == nullptr) return {};
   return {reinterpret_cast<const char*>(variable.val.string), variable.val_len};
 }
 
-// The library holds an INTEGER as a long. Of another value the bytes that are there are taken.
+// The library holds an INTEGER as a long. Of a value of another type, its bytes are used.
 long integerOf(const netsnmp_variable_list& variable) {
   long integer = 0;
   bytesOf(variable).copy(reinterpret_cast<char*>(&integer), sizeof integer);

@@ -1,4 +1,4 @@
-// What an agent's response says, taken out of it without trusting it.
+// Reads values from an agent's response without trusting it.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace kelm::snmp {
 
-// Names and other texts of the printer go through a buffer of this size, terminator included.
+// The printer's texts are limited to this size in bytes, terminator included.
 inline constexpr std::size_t kTextBufferSize = 4096;
 
 enum class ValueKind {
@@ -20,7 +20,7 @@ enum class ValueKind {
 
 // Appends the values of all variables of `response` to `values`, in their order. False, and nothing
 // is appended, when there is no response (null), the agent reported an error or the first variable
-// is not of `kind`. The others' types are not looked at: their bytes are read as those of `kind`.
+// is not of `kind`. The types of the others are not checked: their bytes are read as `kind`.
 // A name of kTextBufferSize bytes or more and one that is not valid UTF-8 add nothing.
 bool walkResponse(const netsnmp_pdu* response, ValueKind kind, std::vector<std::string>& values);
 

@@ -1,5 +1,5 @@
 #!/bin/sh
-# kelmctl printer: what an administrator sees of a printer, and that nobody's SNMP settings change it.
+# kelmctl printer: what an administrator sees of a printer, whatever the SNMP settings are.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -86,8 +86,8 @@ done >"$W/expected"
 diff "$W/expected" "$W/progress" || fail "other progress lines"
 expect "lines that erase the one before" 9 "$(tr '\033' '^' <"$W/terminal" | grep -o '\^\[K' | wc -l)"
 
-# Nobody's settings count: not the user's, not the environment's. No file of the SNMP library is
-# even looked for, and each question has one socket of its own.
+# Neither the user's nor the environment's SNMP settings count. No file of the SNMP library is even
+# looked for, and each question has one socket of its own.
 mkdir -p "$W/home/.snmp" "$W/etc"
 printf "defaultPort 9161\ndefVersion 3\nretries 0\ntimeout 1\nmibs +ALL\n" |
   tee "$W/home/.snmp/snmp.conf" >"$W/etc/snmp.conf"

@@ -1,4 +1,4 @@
-// Texts on somebody's terminal.
+// Text of unknown origin, made safe for a terminal.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/safe_text.hpp"
 

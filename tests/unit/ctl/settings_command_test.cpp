@@ -58,7 +58,7 @@ TEST(Settings, AreReadableByDefault) {
             "SNMP community            Büro\n"
             "Wake-on-LAN               no\n"
             "MAC address               00:11:22:33:44:55\n"
-            "Behind a router           no\n"
+            "Beyond a router           no\n"
             "IP address                192.0.2.7\n"
             "Updated by the dialog     no\n"
             "Personal folder           no\n"

@@ -20,7 +20,7 @@ std::vector<std::vector<oid>> objectsOf(const netsnmp_pdu& request) {
 }
 
 TEST(SessionFor, IsVersionOneWithTheGivenCommunity) {
-  const netsnmp_session session = sessionFor("192.0.2.1", "printers", kUsualManner);
+  const netsnmp_session session = sessionFor("192.0.2.1", "printers", kUsualQuery);
   EXPECT_EQ(session.version, SNMP_VERSION_1);
   EXPECT_EQ(session.version, 0);
   EXPECT_STREQ(session.peername, "192.0.2.1");
@@ -29,34 +29,34 @@ TEST(SessionFor, IsVersionOneWithTheGivenCommunity) {
 }
 
 TEST(SessionFor, LeavesTimeoutAndRetriesToTheLibrary) {
-  const netsnmp_session session = sessionFor("192.0.2.1", "public", kUsualManner);
+  const netsnmp_session session = sessionFor("192.0.2.1", "public", kUsualQuery);
   EXPECT_EQ(session.timeout, SNMP_DEFAULT_TIMEOUT);
   EXPECT_EQ(session.retries, SNMP_DEFAULT_RETRIES);
 }
 
 TEST(SessionFor, WaitsTenSecondsForAHundredSharedBoxes) {
-  const netsnmp_session session = sessionFor("192.0.2.1", "public", kManySharedBoxesManner);
+  const netsnmp_session session = sessionFor("192.0.2.1", "public", kManySharedBoxesQuery);
   EXPECT_EQ(session.timeout, 10'000'000);
   EXPECT_EQ(session.retries, SNMP_DEFAULT_RETRIES);
 }
 
 TEST(SessionFor, WaitsOneSecondTwiceForTheSleepMode) {
-  const netsnmp_session session = sessionFor("192.0.2.1", "public", kSleepModeManner);
+  const netsnmp_session session = sessionFor("192.0.2.1", "public", kSleepModeQuery);
   EXPECT_EQ(session.timeout, 1'000'000);
   EXPECT_EQ(session.retries, 1);
 }
 
 TEST(SessionFor, WaitsOneSecondForTheMacAddress) {
-  const netsnmp_session session = sessionFor("192.0.2.1", "public", kMacAddressManner);
+  const netsnmp_session session = sessionFor("192.0.2.1", "public", kMacAddressQuery);
   EXPECT_EQ(session.timeout, 1'000'000);
   EXPECT_EQ(session.retries, SNMP_DEFAULT_RETRIES);
 }
 
 TEST(SessionFor, IsVersionTwoForTheTestOnly) {
-  EXPECT_EQ(sessionFor("localhost", "public", kTestManner).version, SNMP_VERSION_2c);
-  for (const Manner& manner :
-       {kUsualManner, kManySharedBoxesManner, kSleepModeManner, kMacAddressManner}) {
-    EXPECT_EQ(sessionFor("192.0.2.1", "public", manner).version, SNMP_VERSION_1);
+  EXPECT_EQ(sessionFor("localhost", "public", kTestQuery).version, SNMP_VERSION_2c);
+  for (const QueryOptions& options :
+       {kUsualQuery, kManySharedBoxesQuery, kSleepModeQuery, kMacAddressQuery}) {
+    EXPECT_EQ(sessionFor("192.0.2.1", "public", options).version, SNMP_VERSION_1);
   }
 }
 
@@ -77,7 +77,7 @@ TEST(RequestFor, PutsAWholeFamilyIntoOneRequest) {
 }
 
 TEST(Get, FailsAtOnceForAPeerThatDoesNotExist) {
-  const Answer answer = get("udp6:..:161", "public", formNameOID, kUsualManner);
+  const Answer answer = get("udp6:..:161", "public", formNameOID, kUsualQuery);
   EXPECT_EQ(answer.status, STAT_ERROR);
   EXPECT_EQ(answer.response, nullptr);
 }
