@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "snmp/query.hpp"
 
+#include <sys/socket.h>
+
 #include <array>
 #include <cstring>
 
@@ -37,6 +39,15 @@ void addObject(netsnmp_pdu& request, const OidText& object) {
 // The library only reads and copies these texts, but its types are not const.
 char* asLibraryText(const char* text) { return const_cast<char*>(text); }
 
+// Only the agent that was asked may answer: the kernel drops messages from other addresses. False
+// when there is no way to the agent.
+bool connectToAgent(netsnmp_session* session) {
+  const netsnmp_transport* transport = snmp_sess_transport(snmp_sess_pointer(session));
+  if (transport == nullptr || transport->remote == nullptr) return false;
+  return connect(transport->sock, static_cast<const sockaddr*>(transport->remote),
+                 static_cast<socklen_t>(transport->remote_length)) == 0;
+}
+
 }  // namespace
 
 netsnmp_session sessionFor(const char* peer, const char* community, const QueryOptions& options) {
@@ -63,7 +74,7 @@ Answer get(const char* peer, const char* community, std::span<const OidText> obj
   prepareLibrary();
   netsnmp_session wanted = sessionFor(peer, community, options);
   const SessionHandle session(snmp_open(&wanted));
-  if (session == nullptr) return {STAT_ERROR, nullptr};
+  if (session == nullptr || !connectToAgent(session.get())) return {STAT_ERROR, nullptr};
   netsnmp_pdu* response = nullptr;
   // The library owns the request from here on, also on failure.
   const int status = snmp_synch_response(session.get(), requestFor(objects).release(), &response);

@@ -37,7 +37,8 @@ struct Answer {
 };
 
 // Asks the agent at `peer` (snmpcmd(1), AGENT SPECIFICATION) for all `objects` in one request and
-// waits for the answer. Reads neither configuration nor MIB files and logs nothing.
+// waits for the answer; messages from other addresses and ports do not count. Reads neither
+// configuration nor MIB files and logs nothing.
 Answer get(const char* peer, const char* community, std::span<const OidText> objects,
            const QueryOptions& options);
 

@@ -7,6 +7,7 @@ one does. Every value it gives is the INTEGER 1. Behaviours:
   never            keeps silent
   fewer COUNT      leaves out the last COUNT variables
   doubled          answers twice
+  elsewhere        answers from another port of its address
   garbled          answers with bytes that are no SNMP message first, then properly
   error STATUS     reports the error, with no variables
 It prints "ready" first, then for each request a line with its number of bytes and its bytes.
@@ -17,7 +18,7 @@ import time
 
 
 def read_tlv(data, at):
-    """The tag at `at`, its contents, and the place behind it."""
+    """The tag at `at`, its contents, and the place after it."""
     tag, length, at = data[at], data[at + 1], at + 2
     if length & 0x80:
         size = length & 0x7F
@@ -56,6 +57,8 @@ def main():
     number = float(sys.argv[3]) if len(sys.argv) > 3 else 0
     agent = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
     agent.bind((address, 161))
+    other = socket.socket(socket.AF_INET, socket.SOCK_DGRAM)
+    other.bind((address, 0))
     print("ready", flush=True)
     heard = 0
     while True:
@@ -68,13 +71,15 @@ def main():
             "never": lambda: [],
             "fewer": lambda: [response(request, lambda variables: variables[:-int(number)])],
             "doubled": lambda: [response(request)] * 2,
+            "elsewhere": lambda: [response(request)],
             "garbled": lambda: [b"\x30\x82", b"no message", request[:20], response(request)],
             "error": lambda: [response(request, lambda variables: [], int(number))],
         }[behaviour]()
         if behaviour == "late":
             time.sleep(number)
         for answer in answers:
-            agent.sendto(answer, client)
+            (other if behaviour == "elsewhere" else agent).sendto(answer, client)
 
 
-main()
+if __name__ == "__main__":
+    main()
