@@ -16,6 +16,8 @@ sed "s|^PREFIX|$PREFIX|" <<'END' | sort >"$W/expected"
 /usr/share/ppd/kelm/kelm-ij-dialog.ppd
 /usr/share/ppd/kelm/kelm-ij.ppd
 PREFIX/bin/kelmctl
+PREFIX/lib/systemd/system/kelm-sync.service
+PREFIX/lib/systemd/system/kelm-sync.timer
 PREFIX/lib/systemd/system/kelm-wol.service
 PREFIX/lib/sysusers.d/kelm-wol.conf
 PREFIX/libexec/kelm/KelmWoLServices
@@ -40,14 +42,22 @@ mkdir "$ROOT/etc"
 systemd-sysusers --root="$ROOT" "$ROOT$PREFIX/lib/sysusers.d/kelm-wol.conf" 2>"$W/sysusers_log"
 grep -q '^kelmwol:' "$ROOT/etc/passwd" || fail "the service's user is not made"
 
-# systemd understands every line of the unit.
-sed "s|^ExecStart=|&$ROOT|" "$unit" >"$W/kelm-wol.service"
-systemd-analyze verify --man=no "$W/kelm-wol.service" >"$W/verify_log" 2>&1 ||
-  fail "systemd refuses the unit"
-expect "what systemd says of the unit" '' "$(grep kelm-wol "$W/verify_log" || :)"
-exposure=$(systemd-analyze security --offline=true "$W/kelm-wol.service" |
-  sed -n 's/^.*exposure level for kelm-wol.service: \([0-9]*\).*/\1/p')
-[ "$exposure" -le 1 ] || fail "the unit's exposure level is $exposure"
+# systemd understands every line of the units.
+for name in kelm-wol kelm-sync; do
+  sed "s|^ExecStart=|&$ROOT|" "$ROOT$PREFIX/lib/systemd/system/$name.service" >"$W/$name.service"
+  systemd-analyze verify --man=no "$W/$name.service" >"$W/verify_log" 2>&1 ||
+    fail "systemd refuses the unit $name"
+  expect "what systemd says of the unit" '' "$(grep "$name" "$W/verify_log" || :)"
+  exposure=$(systemd-analyze security --offline=true "$W/$name.service" |
+    sed -n "s/^.*exposure level for $name.service: \([0-9]*\).*/\1/p")
+  [ "$exposure" -le 1 ] || fail "the exposure level of $name is $exposure"
+done
+systemd-analyze verify --man=no "$W/kelm-sync.service" \
+  "$ROOT$PREFIX/lib/systemd/system/kelm-sync.timer" >"$W/verify_log" 2>&1 ||
+  fail "systemd refuses the timer"
+expect_line "$ROOT$PREFIX/lib/systemd/system/kelm-sync.service" \
+  "ExecStart=$PREFIX/bin/kelmctl sync --all --quiet"
+[ -x "$ROOT$PREFIX/bin/kelmctl" ] || fail "the timer starts a program that is not installed"
 
 # The filter that is installed prints.
 printf '%%!PS\n' | "$ROOT/usr/lib/cups/filter/kelmfilter" 1 user title 1 '' >"$W/out"
