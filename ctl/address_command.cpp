@@ -6,7 +6,9 @@
 #include <string>
 
 #include "ctl/commands.hpp"
+#include "ctl/device_address.hpp"
 #include "ctl/exit_status.hpp"
+#include "ctl/message.hpp"
 #include "ctl/safe_text.hpp"
 #include "wakeup/xpc_call_object.hpp"
 
@@ -33,10 +35,13 @@ int showAddress(const Arguments& arguments, const Console& console) {
   const bool ipv6 = wakeup::XPCCallObject::isAddressTypeIPv6_(arguments.uri);
   const wakeup::Text address = wakeup::XPCCallObject::addressOf(arguments.uri);
   (arguments.json ? printJson : printReadable)(console.out, ipv6, address);
-  if (address) return kExitDone;
-  console.err << "kelmctl: no address is found for \"" << safeText(arguments.uri)
-              << "\"; check that it is a URI and that its host or service is known\n";
-  return kExitFailed;
+  if (address) {
+    const std::string advice = wakeUpAdvice(arguments.uri, addressOfDevice(arguments.uri));
+    if (!advice.empty()) complain(console, advice);
+    return kExitDone;
+  }
+  return fail(console, "no address is found for \"" + arguments.uri +
+                           "\"; check that it is a URI and that its host or service is known");
 }
 
 }  // namespace

@@ -41,6 +41,24 @@ Argument ArgumentList::add(const char* name, std::optional<std::string>& value, 
   return Argument(app_.add_option(name, value, help));
 }
 
+Argument ArgumentList::add(const char* name, std::vector<std::string>& values, const char* help) {
+  return Argument(app_.add_option(name, values, help));
+}
+
+Argument ArgumentList::addNumber(const char* name, unsigned& value, unsigned least, unsigned most,
+                                 const char* help) {
+  return Argument(
+      app_.add_option(name, value, help)->type_name("NUMBER")->check(CLI::Range(least, most)));
+}
+
+Argument ArgumentList::addShortH(std::vector<std::string>& values, bool isRepeatable,
+                                 const char* help) {
+  app_.set_help_flag("--help", "Print the arguments and exit");
+  CLI::Option* option = app_.add_option("-h", values, help)->allow_extra_args(false);
+  if (!isRepeatable) option->expected(1);
+  return Argument(option);
+}
+
 Argument ArgumentList::addFlag(const char* name, bool& value, const char* help) {
   return Argument(app_.add_flag(name, value, help));
 }

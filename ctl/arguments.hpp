@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 // Only arguments.cpp, command_line.cpp and their tests include CLI11: it takes longer to compile
 // than all the rest of a subcommand.
@@ -32,7 +33,7 @@ class Argument {
   CLI::Option* option_;
 };
 
-// Where a subcommand declares its arguments. A name that begins with "--" is an option, any other
+// Where a subcommand declares its arguments. A name that begins with "-" is an option, any other
 // name a positional argument. The values and texts must outlive the parsing.
 class ArgumentList {
  public:
@@ -40,7 +41,15 @@ class ArgumentList {
 
   Argument add(const char* name, std::string& value, const char* help);
   Argument add(const char* name, std::optional<std::string>& value, const char* help);
+  Argument add(const char* name, std::vector<std::string>& values, const char* help);
   Argument addFlag(const char* name, bool& value, const char* help);
+
+  // A number from `least` to `most`; `value` keeps its default without the option.
+  Argument addNumber(const char* name, unsigned& value, unsigned least, unsigned most,
+                     const char* help);
+
+  // -h for something else than help, which is --help alone then. With `values`, it can be repeated.
+  Argument addShortH(std::vector<std::string>& values, bool isRepeatable, const char* help);
 
   // After parsing: unless `isGiven`, a usage error says that `what` is required.
   void require(const char* what, std::function<bool()> isGiven);

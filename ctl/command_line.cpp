@@ -7,13 +7,14 @@
 #include <string>
 
 #include "ctl/exit_status.hpp"
+#include "ctl/safe_text.hpp"
 #include "ctl/subcommand.hpp"
 
 namespace kelm::ctl {
 namespace {
 
 constexpr char kAbout[] = "Looks after the queues of KELM IJ printers.";
-constexpr char kFooter[] = "Exit status: 0 done, 1 failed, 2 usage. See kelmctl(1).";
+constexpr char kFooter[] = "Exit status: 0 done, 1 failed, 2 usage, 3 partly done. See kelmctl(1).";
 
 void declareSubcommands(CLI::App& app, Action& chosen) {
   for (const Subcommand& row : subcommands()) {
@@ -31,9 +32,9 @@ int reportParserEnd(const CLI::App& app, const CLI::ParseError& end, const Conso
 }
 
 std::string failureMessage(const CLI::App* app, const CLI::Error& error) {
-  std::string message = "kelmctl: " + std::string(error.what());
+  std::string message = error.what();
   for (const std::string& argument : app->remaining()) message += ", not \"" + argument + "\"";
-  return message + "\nRun kelmctl --help for the arguments.\n";
+  return "kelmctl: " + safeText(message) + "\nRun kelmctl --help for the arguments.\n";
 }
 
 int finish(int status, const Console& console) {

@@ -11,6 +11,7 @@ Action declarePpd(ArgumentList& list);
 Action declareSettings(ArgumentList& list);
 Action declarePrinter(ArgumentList& list);
 Action declareSync(ArgumentList& list);
+Action declareRefresh(ArgumentList& list);
 Action declareWake(ArgumentList& list);
 
 }  // namespace kelm::ctl

@@ -16,15 +16,26 @@ namespace kelm::ctl {
 namespace {
 
 // The schemes whose URIs name a host; others ("usb", "file") have something else in its place.
-constexpr std::string_view kNetworkSchemes[] = {"socket", "lpd", "ipp", "ipps", "http", "https"};
+struct NetworkScheme {
+  std::string_view name;
+  int port;
+};
+constexpr NetworkScheme kNetworkSchemes[] = {{"socket", 9100}, {"lpd", 515}, {"ipp", 631},
+                                             {"ipps", 631},    {"http", 80}, {"https", 443}};
 
 struct AddressListDeleter {
   void operator()(http_addrlist_t* list) const { httpAddrFreeList(list); }
 };
 using AddressList = std::unique_ptr<http_addrlist_t, AddressListDeleter>;
 
-// The host of a network URI; empty without one.
-std::string hostOf(const std::string& uri) {
+struct NetworkUri {
+  std::string scheme;
+  std::string host;  // empty: not a URI of the network; an IPv6 zone follows a "%"
+  std::string resource;
+  bool hasOwnPort = false;  // another one than the scheme's
+};
+
+NetworkUri networkUriOf(const std::string& uri) {
   char scheme[HTTP_MAX_URI];
   char user[HTTP_MAX_URI];
   char host[HTTP_MAX_URI];
@@ -34,9 +45,24 @@ std::string hostOf(const std::string& uri) {
                       host, sizeof host, &port, resource, sizeof resource) < HTTP_URI_STATUS_OK) {
     return {};
   }
-  const bool network = std::find(std::begin(kNetworkSchemes), std::end(kNetworkSchemes),
-                                 std::string_view(scheme)) != std::end(kNetworkSchemes);
-  return network ? host : "";
+  const auto known = std::find_if(std::begin(kNetworkSchemes), std::end(kNetworkSchemes),
+                                  [&](const NetworkScheme& each) { return each.name == scheme; });
+  if (known == std::end(kNetworkSchemes)) return {};
+  return {scheme, host, resource, port != known->port};
+}
+
+// The wake-up reads a second colon as the sign of an IPv6 address, and a zone after "+" alone.
+std::string workingUri(const NetworkUri& uri) {
+  const std::string resource = uri.resource == "/" ? "" : uri.resource;
+  if (uri.host.find(':') == std::string::npos) {
+    if (uri.hasOwnPort) return "no device URI with a port works";
+    return "\"" + uri.scheme + "://" + uri.host + resource + "\" works";
+  }
+  std::string host = uri.host;
+  const std::size_t zone = host.find('%');
+  if (zone != std::string::npos) host = "v1." + host.replace(zone, 1, "+");
+  if (uri.hasOwnPort) return "\"[" + host + "]\" as its host works";
+  return "\"" + uri.scheme + "://[" + host + "]" + (resource.empty() ? "/" : resource) + "\" works";
 }
 
 // Not httpAddrString, which writes IPv6 addresses as URIs have them.
@@ -56,10 +82,20 @@ std::string addressOfDevice(const std::string& deviceUri) {
   if (deviceUri.starts_with("dnssd://")) {
     return wakeup::XPCCallObject::ConvertDeviceURItoIPAddress_(deviceUri).value_or("");
   }
-  std::string host = hostOf(deviceUri);
+  std::string host = networkUriOf(deviceUri).host;
   if (host.empty() || host.find(':') != std::string::npos) return host;
   const std::string address = lookUp(host, AF_INET);
   return address.empty() ? lookUp(host, AF_INET6) : address;
+}
+
+std::string wakeUpAdvice(const std::string& deviceUri, const std::string& address) {
+  const NetworkUri uri = networkUriOf(deviceUri);
+  if (uri.host.empty() || address.empty()) return {};
+  const std::string taken = wakeup::XPCCallObject::addressOf(deviceUri).value_or("");
+  // An IPv6 address is taken as it is written.
+  if (taken == address || (taken == uri.host && !taken.empty())) return {};
+  return "the device URI \"" + deviceUri + "\" gives the wake-up before a job \"" + taken +
+         "\" as the printer's address; " + workingUri(uri);
 }
 
 }  // namespace kelm::ctl

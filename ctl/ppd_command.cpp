@@ -9,6 +9,7 @@
 
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
+#include "ctl/message.hpp"
 #include "ctl/safe_text.hpp"
 #include "ppdtext/kelm_ppd.hpp"
 #include "ppdtext/language.hpp"
@@ -63,7 +64,7 @@ std::string wholeText(const char* text) {
 
 std::string sentenceOf(const ppdtext::ReadProblem& problem) {
   const std::string option = ", line " + std::to_string(problem.line) + ": option \"" +
-                             safeText(ppdtext::toUtf8(problem.option)) + '"';
+                             ppdtext::toUtf8(problem.option) + '"';
   switch (problem.kind) {
     case ppdtext::ReadProblem::kNoOption:
       return kNoOption;
@@ -149,15 +150,12 @@ int showPpd(const Arguments& arguments, const Console& console) {
   ppdtext::ReadProblem problem;
   Shown shown{ppdtext::Record(text ? ppdtext::recordOf(*text, &problem) : nullptr), ""};
   if (shown.record == nullptr) {
-    console.err << "kelmctl: " << arguments.file << (text ? sentenceOf(problem) : kUnreadable)
-                << '\n';
-    return kExitFailed;
+    return fail(console, arguments.file + (text ? sentenceOf(problem) : kUnreadable));
   }
   shown.language = languageFor(shown.record.get(), arguments.language);
   const auto language = ppdtext::toUtf16(shown.language);
   if (language && !ppdtext::localizeRecord(*shown.record, *text, *language)) {
-    console.err << "kelmctl: " << arguments.file << kTranslationsTooSlow << '\n';
-    return kExitFailed;
+    return fail(console, arguments.file + kTranslationsTooSlow);
   }
   KelmPPD::ppdMarkDefaults_(shown.record.get());
   (arguments.json ? printJson : printReadable)(console.out, shown);

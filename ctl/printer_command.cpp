@@ -1,9 +1,11 @@
 // kelmctl printer: what a printer says about itself.
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
+#include <chrono>
 #include <iomanip>
 #include <memory>
 #include <nlohmann/json.hpp>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -11,8 +13,13 @@
 
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
+#include "ctl/facts_transfer.hpp"
+#include "ctl/interruption.hpp"
+#include "ctl/message.hpp"
 #include "ctl/printer_facts.hpp"
 #include "ctl/safe_text.hpp"
+#include "ctl/terminal.hpp"
+#include "ctl/worker_pool.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -20,9 +27,13 @@ namespace {
 using Json = nlohmann::ordered_json;
 using Names = std::optional<std::vector<std::string>>;
 
+constexpr auto kTurn = std::chrono::milliseconds(100);
+constexpr unsigned kMostAtATime = 1000;
+
 struct Arguments {
-  std::string address;
+  std::vector<std::string> addresses;
   std::string community = "public";
+  unsigned jobs = 256;
   bool json = false;
 };
 
@@ -37,12 +48,13 @@ Json jsonOf(const std::optional<std::vector<SharedBox>>& boxes) {
 
 Json jsonOf(const PrinterFacts& facts) {
   return {
-      {"sharedBoxCount", facts.sharedBoxCount},
+      {"sharedBoxCount", facts.sharedBoxCount ? Json(*facts.sharedBoxCount) : Json()},
       {"sharedBoxes", jsonOf(facts.sharedBoxes)},
       {"forms", jsonOf(facts.forms)},
       {"barcodeAreas", jsonOf(facts.barcodeAreas)},
       {"colorProfiles", jsonOf(facts.colorProfiles)},
-      {"adminLoginModeEnabled", facts.adminLoginModeEnabled},
+      {"adminLoginModeEnabled",
+       facts.adminLoginModeEnabled ? Json(*facts.adminLoginModeEnabled) : Json()},
       {"sleepMode", facts.sleepMode},
       {"sleepModeStatus", facts.sleepModeStatus},
       {"macAddress", facts.macAddress ? Json(*facts.macAddress) : Json(nullptr)},
@@ -87,42 +99,108 @@ void writeSleepMode(std::ostream& out, const PrinterFacts& facts) {
                          << '\n';
 }
 
+void writeAdminLogin(std::ostream& out, const PrinterFacts& facts) {
+  const std::optional<bool>& mode = facts.adminLoginModeEnabled;
+  row(out, "Administrator log-in") << (mode ? (*mode ? "on" : "off") : kNotGiven) << '\n';
+}
+
 void writeTable(std::ostream& out, const PrinterFacts& facts) {
   row(out, "MAC address") << (facts.macAddress ? safeText(*facts.macAddress) : kNotGiven) << '\n';
   writeSleepMode(out, facts);
-  row(out, "Administrator log-in") << (facts.adminLoginModeEnabled ? "on" : "off") << '\n';
+  writeAdminLogin(out, facts);
   writeSharedBoxes(out, facts);
   writeNames(out, "Forms", facts.forms);
   writeNames(out, "Barcode areas", facts.barcodeAreas);
   writeNames(out, "Colour profiles", facts.colorProfiles);
 }
 
-int run(const Arguments& arguments, const Console& console) {
-  const PrinterFacts facts = askPrinter(arguments.address, arguments.community, console);
+int showOne(const Arguments& arguments, const Console& console) {
+  const std::string& address = arguments.addresses.front();
+  const PrinterFacts facts = askPrinter(address, arguments.community, Incomplete::kAbsent, console);
   if (arguments.json) {
     console.out << jsonOf(facts).dump(2) << '\n';
   } else if (facts.answered) {
     writeTable(console.out, facts);
   }
   if (facts.answered) return kExitDone;
-  console.err << "kelmctl: " << noAnswerMessage(facts, arguments.address, arguments.community)
-              << '\n';
-  return kExitFailed;
+  return fail(console, noAnswerMessage(facts, address, arguments.community));
+}
+
+// Each printer in a process of its own; nothing for one that was not asked to the end.
+std::vector<std::optional<AskedPrinter>> askMany(const Arguments& arguments,
+                                                 const Console& console) {
+  const Interruption interruption;
+  const auto& addresses = arguments.addresses;
+  std::vector<std::optional<AskedPrinter>> printers(addresses.size());
+  WorkerPool pool(arguments.jobs);
+  ProgressLine progress(console);
+  std::size_t next = 0;
+  std::size_t over = 0;
+  while ((next < addresses.size() || !pool.isIdle()) && !Interruption::isWanted()) {
+    for (; next < addresses.size() && !pool.isFull(); ++next) {
+      const auto work = [&arguments, &console, address = addresses[next]] {
+        const Console noProgress{console.out, console.err};
+        return packed({address,
+                       {},
+                       askPrinter(address, arguments.community, Incomplete::kAbsent, noProgress)});
+      };
+      pool.start(work, [&printers, &over, index = next](const std::optional<std::string>& bytes) {
+        if (bytes) printers[index] = unpacked(*bytes);
+        ++over;
+      });
+    }
+    progress.show(std::to_string(over) + " of " + std::to_string(addresses.size()) +
+                  " printers over");
+    pool.wait(kTurn);
+  }
+  return printers;
+}
+
+void writeJsonLine(const AskedPrinter& printer, std::ostream& out) {
+  Json object{{"address", printer.address}};
+  object.update(jsonOf(printer.facts));
+  out << object.dump() << '\n';
+}
+
+int showMany(const Arguments& arguments, const Console& console) {
+  std::size_t answered = 0;
+  std::size_t index = 0;
+  for (const auto& printer : askMany(arguments, console)) {
+    const std::string& address = arguments.addresses[index++];
+    if (!printer) {
+      complain(console, "the printer \"" + address + "\" was not asked to the end");
+      continue;
+    }
+    if (printer->facts.answered) ++answered;
+    if (arguments.json) writeJsonLine(*printer, console.out);
+    if (!printer->facts.answered) {
+      complain(console, noAnswerMessage(printer->facts, address, arguments.community));
+    } else if (!arguments.json) {
+      console.out << address << '\n';
+      writeTable(console.out, printer->facts);
+      console.out << '\n';
+    }
+  }
+  if (answered == arguments.addresses.size()) return kExitDone;
+  return answered == 0 ? kExitFailed : kExitPartly;
 }
 
 }  // namespace
 
 Action declarePrinter(ArgumentList& list) {
   auto arguments = std::make_shared<Arguments>();
-  list.add("ADDRESS", arguments->address, "The printer's IP address or host name")
+  list.add("ADDRESS", arguments->addresses, "The printers' IP addresses or host names")
       .required()
       .valueName("")
       .check(addressProblem);
-  list.add("--community", arguments->community, "The printer's SNMP community")
+  list.add("--community", arguments->community, "The printers' SNMP community")
       .valueName("NAME")
       .showDefault();
-  list.addFlag("--json", arguments->json, "One JSON object, for programs");
-  return [arguments](const Console& console) { return run(*arguments, console); };
+  list.addNumber("--jobs", arguments->jobs, 1, kMostAtATime, "Printers to ask at a time (256)");
+  list.addFlag("--json", arguments->json, "One JSON object for each printer, for programs");
+  return [arguments](const Console& console) {
+    return (arguments->addresses.size() == 1 ? showOne : showMany)(*arguments, console);
+  };
 }
 
 }  // namespace kelm::ctl

@@ -2,27 +2,45 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/printer_facts.hpp"
 
+#include <span>
 #include <utility>
 
-#include "ctl/safe_text.hpp"
 #include "ctl/terminal.hpp"
 #include "snmp/bracketed_address.hpp"
+#include "snmp/oid_tables.hpp"
+#include "snmp/query.hpp"
 #include "snmp/qv_snmp_helper.hpp"
+#include "snmp/stepwise.hpp"
 
 namespace kelm::ctl {
 namespace {
 
+using snmp::OidText;
+using snmp::PartialList;
 using snmp::QVSNMPHelper;
+using snmp::ValueKind;
+using Names = std::optional<std::vector<std::string>>;
 
-constexpr int kWithoutAnswer = 30;  // shared boxes of a printer that does not say
+constexpr int kManySharedBoxes = 100;
+constexpr int kFewSharedBoxes = 30;
 constexpr int kCouldNotAsk = 1;
+constexpr char kInUse[] = "1";
+
+// One list of the printer, as it is asked for where it is not given whole.
+struct ListObjects {
+  const char* entry;  // what an entry is called
+  std::span<const OidText> states;
+  std::span<const OidText> names;
+};
 
 class Questions {
  public:
-  Questions(const std::string& address, std::string community, const Console& console)
+  Questions(const std::string& address, std::string community, Incomplete incomplete,
+            const Console& console)
       : address_(address),
         peer_(snmp::bracketed(address)),
         community_(std::move(community)),
+        incomplete_(incomplete),
         line_(console) {}
 
   PrinterFacts askAll() {
@@ -39,7 +57,6 @@ class Questions {
   const char* community() const { return community_.c_str(); }
 
   void askWhetherThere() {
-    facts_.sharedBoxCount = kWithoutAnswer;
     announce("sleep mode");
     facts_.sleepModeStatus =
         QVSNMPHelper::getSleepMode_community_sleepMode_(peer(), community(), &facts_.sleepMode);
@@ -48,55 +65,112 @@ class Questions {
     facts_.answered = facts_.sleepModeStatus == 0 || facts_.macAddress;
   }
 
+  snmp::Answer ask(const OidText& object) const {
+    std::string agent;
+    QVSNMPHelper::getConvertedAddress_sourceAddr_(agent, peer());
+    return snmp::get(agent.c_str(), community(), std::span(&object, 1), snmp::kUsualQuery);
+  }
+
+  // Asked here and not by QVSNMPHelper, which takes silence for "off" and for 30 boxes: a lost
+  // answer must not change what is stored.
   void askSwitches() {
     announce("administrator log-in");
-    facts_.adminLoginModeEnabled =
-        QVSNMPHelper::getAdminLoginModeEnabled_community_(peer(), community());
+    const auto mode = snmp::firstInteger(ask(snmp::kAdminLoginModeOid).response.get());
+    if (mode) facts_.adminLoginModeEnabled = *mode == 1;
     announce("number of shared boxes");
+    const snmp::Answer answer = ask(snmp::kLastSharedBoxStateOid);
+    if (answer.status != STAT_SUCCESS) return;
     facts_.sharedBoxCount =
-        QVSNMPHelper::snmpGetSharedBoxEntryForIPAddress_community_(peer(), community());
+        answer.response->errstat == SNMP_ERR_NOERROR ? kManySharedBoxes : kFewSharedBoxes;
   }
 
   void askLists() {
     announce("shared boxes");
-    facts_.sharedBoxes = askSharedBoxes();
+    if (facts_.sharedBoxCount) askSharedBoxes(*facts_.sharedBoxCount);
     announce("forms");
-    facts_.forms =
-        QVSNMPHelper::getValidatedFormNameArrayForIPAddress_community_(peer(), community());
+    facts_.forms = orTheRest(
+        QVSNMPHelper::getValidatedFormNameArrayForIPAddress_community_(peer(), community()),
+        {"form", snmp::formStateOID, snmp::formNameOID});
     announce("barcode areas");
-    facts_.barcodeAreas =
-        QVSNMPHelper::getValidatedBarcodeAreaNameArrayForIPAddress_community_(peer(), community());
+    facts_.barcodeAreas = orTheRest(
+        QVSNMPHelper::getValidatedBarcodeAreaNameArrayForIPAddress_community_(peer(), community()),
+        {"barcode area", snmp::barcodeAreaDefinitionStateOID, snmp::barcodeAreaDefinitionNameOID});
     announce("colour profiles");
-    facts_.colorProfiles =
-        QVSNMPHelper::getValidatedColorProfileForIPAddress_community_(peer(), community());
+    facts_.colorProfiles = orTheRest(
+        QVSNMPHelper::getValidatedColorProfileForIPAddress_community_(peer(), community()),
+        {"colour profile", snmp::colorProfileStateOID, snmp::colorProfileNameOID});
   }
 
-  std::optional<std::vector<SharedBox>> askSharedBoxes() {
+  void askSharedBoxes(int count) {
     const auto states =
         QVSNMPHelper::getValidatedSharedBoxStateArrayForIPAddress_community_totalCount_(
-            peer(), community(), facts_.sharedBoxCount);
-    if (!states) return std::nullopt;
+            peer(), community(), count);
     const auto names =
-        QVSNMPHelper::getValidatedSharedBoxNameArrayForIPAddress_community_totalCount_(
-            peer(), community(), facts_.sharedBoxCount);
-    if (!names || names->size() != states->size()) return std::nullopt;
-    std::vector<SharedBox> boxes;
-    for (std::size_t i = 0; i < states->size(); ++i) boxes.push_back({(*states)[i], (*names)[i]});
-    return boxes;
+        states ? QVSNMPHelper::getValidatedSharedBoxNameArrayForIPAddress_community_totalCount_(
+                     peer(), community(), count)
+               : std::nullopt;
+    if (names) {
+      facts_.sharedBoxes.emplace();
+      for (std::size_t i = 0; i < states->size(); ++i) {
+        facts_.sharedBoxes->push_back({(*states)[i], (*names)[i]});
+      }
+      return;
+    }
+    const auto objects = static_cast<std::size_t>(count);
+    facts_.sharedBoxes =
+        boxesInSteps({"shared box", std::span(snmp::sharedBoxStateOID).first(objects),
+                      std::span(snmp::sharedBoxNameOID).first(objects)});
+  }
+
+  Names orTheRest(Names whole, const ListObjects& list) {
+    if (whole) return whole;
+    const auto entries = boxesInSteps(list);
+    if (!entries) return std::nullopt;
+    std::vector<std::string> names;
+    for (const SharedBox& entry : *entries) {
+      if (entry.inUse()) names.push_back(entry.name);
+    }
+    return names;
+  }
+
+  std::optional<PartialList> inSteps(std::span<const OidText> objects, ValueKind kind) {
+    if (isGone_ || incomplete_ == Incomplete::kAbsent) return std::nullopt;
+    snmp::StepwiseAnswer answer = snmp::getStepwise(peer(), community(), objects, kind);
+    isGone_ = answer.isSilent;
+    return std::move(answer.list);
+  }
+
+  // The entries of any list, in the form of boxes; the name of one that is not in use is not
+  // needed.
+  std::optional<std::vector<SharedBox>> boxesInSteps(const ListObjects& list) {
+    const auto states = inSteps(list.states, ValueKind::kState);
+    const auto names = states ? inSteps(list.names, ValueKind::kName) : std::nullopt;
+    if (!names) return std::nullopt;
+    std::vector<SharedBox> entries;
+    for (std::size_t i = 0; i < states->size(); ++i) {
+      const auto& state = (*states)[i];
+      const auto& name = (*names)[i];
+      const bool isRead = state && (name || *state != kInUse);
+      entries.push_back(isRead ? SharedBox{*state, name.value_or("")} : SharedBox{});
+      if (!isRead) facts_.leftOut.push_back(std::string(list.entry) + " " + std::to_string(i + 1));
+    }
+    return entries;
   }
 
   std::string address_;
   std::string peer_;
   std::string community_;
+  Incomplete incomplete_;
   ProgressLine line_;
   PrinterFacts facts_;
+  bool isGone_ = false;
 };
 
 }  // namespace
 
 PrinterFacts askPrinter(const std::string& address, const std::string& community,
-                        const Console& console) {
-  return Questions(address, community, console).askAll();
+                        Incomplete incomplete, const Console& console) {
+  return Questions(address, community, incomplete, console).askAll();
 }
 
 std::string addressProblem(const std::string& address) {
@@ -110,13 +184,12 @@ std::string addressProblem(const std::string& address) {
 std::string noAnswerMessage(const PrinterFacts& facts, const std::string& address,
                             const std::string& community) {
   if (facts.sleepModeStatus == kCouldNotAsk) {
-    return "the printer \"" + safeText(address) +
+    return "the printer \"" + address +
            "\" cannot be asked: the host is unknown or cannot be reached; check its spelling and "
-           "the "
-           "network";
+           "the network";
   }
-  return "the printer \"" + safeText(address) +
-         "\" does not answer SNMP requests of the community \"" + safeText(community) +
+  return "the printer \"" + address + "\" does not answer SNMP requests of the community \"" +
+         community +
          "\"; check that the printer and its SNMP are on, and the community (--community)";
 }
 

@@ -12,24 +12,26 @@
 namespace kelm::ctl {
 
 struct SharedBox {
-  std::string state;  // a decimal number
+  std::string state;  // a decimal number; empty when the box was left out
   std::string name;
 
   bool inUse() const { return state == "1"; }
+  bool isLeftOut() const { return state.empty(); }
 };
 
-// Lists that the printer does not give, or not whole, are absent.
+// What the printer does not give, or gives not whole, is absent.
 struct PrinterFacts {
-  bool answered = false;    // whether anything came back; if not, all else is as without an answer
+  bool answered = false;    // if not, everything else is as without an answer
   int sleepModeStatus = 0;  // 0: the printer answered; 1: it could not be asked; 2: it kept silent
   std::int32_t sleepMode = -1;
   std::optional<std::string> macAddress;
-  bool adminLoginModeEnabled = false;
-  int sharedBoxCount = 0;
+  std::optional<bool> adminLoginModeEnabled;
+  std::optional<int> sharedBoxCount;                  // 100 or 30
   std::optional<std::vector<SharedBox>> sharedBoxes;  // box n at n - 1, in use or not
   std::optional<std::vector<std::string>> forms;
   std::optional<std::vector<std::string>> barcodeAreas;
   std::optional<std::vector<std::string>> colorProfiles;
+  std::vector<std::string> leftOut;  // entries that the lists lack, such as "shared box 17"
 
   // Whether it is a printer of the family at all: another device's agent answers too, but knows
   // none of its facts.
@@ -38,11 +40,41 @@ struct PrinterFacts {
   }
 };
 
+// Calls `visit` for each member, in one order.
+template <class Visitor, class Box>
+requires std::same_as<std::remove_const_t<Box>, SharedBox>
+void eachMember(Visitor& visit, Box& box) {
+  visit(box.state);
+  visit(box.name);
+}
+
+template <class Visitor, class Facts>
+requires std::same_as<std::remove_const_t<Facts>, PrinterFacts>
+void eachMember(Visitor& visit, Facts& facts) {
+  visit(facts.answered);
+  visit(facts.sleepModeStatus);
+  visit(facts.sleepMode);
+  visit(facts.macAddress);
+  visit(facts.adminLoginModeEnabled);
+  visit(facts.sharedBoxCount);
+  visit(facts.sharedBoxes);
+  visit(facts.forms);
+  visit(facts.barcodeAreas);
+  visit(facts.colorProfiles);
+  visit(facts.leftOut);
+}
+
+// How to treat a list that the printer does not give whole.
+enum class Incomplete {
+  kAbsent,      // it is absent
+  kKeepTheRest  // it is asked for in smaller steps, and entries that cannot be read are left out
+};
+
 // Asks the printer at `address` (an IPv4 or IPv6 address or a host name) for everything; a printer
 // that does not answer the first two questions is not asked the others, so that a wrong address
 // costs seconds and not minutes. Shows a progress line on a terminal.
 PrinterFacts askPrinter(const std::string& address, const std::string& community,
-                        const Console& console);
+                        Incomplete incomplete, const Console& console);
 
 // What is wrong with `address` as an argument; empty when nothing is. The SNMP library would read
 // some texts as transports other than UDP.

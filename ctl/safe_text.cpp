@@ -4,38 +4,81 @@
 
 #include <cstdio>
 
+#include "base/utf.hpp"
+
 namespace kelm::ctl {
 namespace {
 
-constexpr unsigned char kC1Lead = 0xC2;  // U+0080 to U+009F are this byte and 80 to 9F
+struct Range {
+  unsigned first;
+  unsigned last;
+};
 
-bool isC0OrDelete(unsigned char c) { return c < 0x20 || c == 0x7F; }
+// No code point beyond the basic plane steers a terminal.
+constexpr Range kControls[] = {
+    {0x00, 0x1F},      // C0
+    {0x7F, 0x9F},      // delete, C1
+    {0x2028, 0x202E},  // line and paragraph separator, bidirectional embeddings and overrides
+    {0x2066, 0x2069},  // bidirectional isolates
+};
 
-bool beginsC1(std::string_view text) {
-  if (text.size() < 2 || static_cast<unsigned char>(text[0]) != kC1Lead) return false;
-  const auto second = static_cast<unsigned char>(text[1]);
-  return second >= 0x80 && second <= 0x9F;
+bool isControl(unsigned codePoint) {
+  for (const Range& range : kControls) {
+    if (codePoint >= range.first && codePoint <= range.last) return true;
+  }
+  return false;
 }
 
-std::string escaped(unsigned char codePoint) {
+std::string escapedCharacter(unsigned codePoint) {
   char text[8];
-  std::snprintf(text, sizeof text, "\\u%04X", codePoint);
+  std::snprintf(text, sizeof text, "\\u%04X", codePoint & 0xFFFFU);
   return text;
+}
+
+std::string escapedByte(char byte) {
+  char text[8];
+  std::snprintf(text, sizeof text, "\\x%02X", static_cast<unsigned char>(byte));
+  return text;
+}
+
+// The code point of one valid character; 0xFFFF for four bytes, which are never a control.
+unsigned codePointOf(std::string_view character) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(character[i]); };
+  switch (character.size()) {
+    case 1:
+      return byte(0);
+    case 2:
+      return (byte(0) & 0x1FU) << 6 | (byte(1) & 0x3FU);
+    case 3:
+      return (byte(0) & 0x0FU) << 12 | (byte(1) & 0x3FU) << 6 | (byte(2) & 0x3FU);
+    default:
+      return 0xFFFF;
+  }
+}
+
+// The length of the valid UTF-8 character at the front of `text`; 0 without one.
+std::size_t characterLength(std::string_view text) {
+  constexpr std::size_t kLongest = 4;
+  for (std::size_t length = 1; length <= kLongest && length <= text.size(); ++length) {
+    if (base::utf16Length(text.substr(0, length))) return length;
+  }
+  return 0;
+}
+
+std::string safeCharacter(std::string_view character) {
+  if (character == "\\") return "\\\\";
+  const unsigned codePoint = codePointOf(character);
+  return isControl(codePoint) ? escapedCharacter(codePoint) : std::string(character);
 }
 
 }  // namespace
 
-std::string safeText(std::string_view utf8) {
+std::string safeText(std::string_view text) {
   std::string safe;
-  for (std::size_t i = 0; i < utf8.size(); ++i) {
-    const auto c = static_cast<unsigned char>(utf8[i]);
-    if (beginsC1(utf8.substr(i))) {
-      safe += escaped(static_cast<unsigned char>(utf8[++i]));
-    } else if (isC0OrDelete(c)) {
-      safe += escaped(c);
-    } else {
-      safe += c == '\\' ? "\\\\" : std::string(1, utf8[i]);
-    }
+  while (!text.empty()) {
+    const std::size_t length = characterLength(text);
+    safe += length > 0 ? safeCharacter(text.substr(0, length)) : escapedByte(text.front());
+    text.remove_prefix(length > 0 ? length : 1);
   }
   return safe;
 }

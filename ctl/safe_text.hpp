@@ -7,8 +7,9 @@
 
 namespace kelm::ctl {
 
-// `utf8` (valid) with every control character (C0, delete, C1) written as \u and four hex digits:
-// what a printer is named must not steer a terminal. A backslash is doubled.
-std::string safeText(std::string_view utf8);
+// `text` with every control character (C0, delete, C1, line separators, bidirectional controls)
+// written as \u and four hexadecimal digits, every byte that is not UTF-8 as \x and two, and every
+// backslash doubled: the name of a printer, queue or file cannot steer a terminal.
+std::string safeText(std::string_view text);
 
 }  // namespace kelm::ctl

@@ -1,21 +1,36 @@
-// What is stored about a queue's printer, as people read it.
+// The facts about a queue's printer that its PPD holds, with their labels.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>
 
+#include <cstdint>
 #include <string>
+#include <variant>
 #include <vector>
 
 namespace kelm::ctl {
 
 struct StoredSetting {
-  const char* label;
-  bool isList;
-  std::vector<std::string> values;  // fit for a terminal; just one when it is no list
+  const char* member;  // of a JSON object
+  const char* label;   // for people
+  std::variant<bool, std::string, std::vector<std::string>, std::vector<std::int32_t>> value;
+  std::vector<int> numbers;  // of a list of texts: each entry's number, from 1 on, with gaps
+};
+
+// One value as people read it, safe for a terminal.
+struct ReadableEntry {
+  int number;  // of the entry of a list of texts; 0 where entries have none
+  std::string text;
+
+  bool operator==(const ReadableEntry&) const = default;
 };
 
 // All settings, in their fixed order; `ppd` may be null.
 std::vector<StoredSetting> storedSettings(ppd_file_t* ppd);
+
+// Whether the setting is a list; its entries are those that are stored. Other settings have one.
+bool isList(const StoredSetting& setting);
+std::vector<ReadableEntry> readableEntries(const StoredSetting& setting);
 
 }  // namespace kelm::ctl

@@ -9,10 +9,11 @@ namespace {
 constexpr Subcommand kSubcommands[] = {
     {"settings", "Show what is stored about a queue's printer", declareSettings},
     {"ppd", "Show what a PPD offers, in your language", declarePpd},
-    {"printer", "Show what a printer says about itself", declarePrinter},
-    {"sync", "Store in a queue what its printer says about itself", declareSync},
+    {"printer", "Show what printers say about themselves", declarePrinter},
+    {"sync", "Store in queues what their printers say about themselves", declareSync},
+    {"refresh", "Give a queue the installed PPD and keep its facts and defaults", declareRefresh},
     {"address", "Show the printer's address in a device URI", declareAddress},
-    {"wake", "Wake a sleeping printer", declareWake},
+    {"wake", "Wake sleeping printers", declareWake},
 };
 
 }  // namespace

@@ -10,8 +10,6 @@
 
 #include "base/mac_address.hpp"
 #include "base/utf.hpp"
-#include "ctl/safe_text.hpp"
-#include "job/ppd_calls.hpp"
 #include "ppdsettings/stored_facts.hpp"
 
 namespace kelm::ctl {
@@ -34,10 +32,9 @@ std::string base64Of(const std::string& text) {
   return encoded;
 }
 
-std::string storedValue(ppd_file_t* ppd, const std::string& keyword) {
-  if (ppd == nullptr) return {};
-  const ppd_attr_t* attribute = job::r_ppdFindAttr(ppd, keyword.c_str(), nullptr);
-  return attribute != nullptr && attribute->value != nullptr ? attribute->value : "";
+std::string storedValue(const StoredLines& stored, const std::string& keyword) {
+  const auto line = stored.find(keyword);
+  return line != stored.end() ? line->second : "";
 }
 
 // The beginning of a text that is too long to be shown whole.
@@ -47,12 +44,12 @@ std::string beginningOf(std::string_view text) {
     rest.remove_prefix(base::firstCharacter(rest).size());
   }
   const std::string_view shown = text.substr(0, text.size() - rest.size());
-  return "\"" + safeText(shown) + (rest.empty() ? "\"" : "...\"");
+  return "\"" + std::string(shown) + (rest.empty() ? "\"" : "...\"");
 }
 
 class Composer {
  public:
-  explicit Composer(ppd_file_t* stored) : stored_(stored) {}
+  explicit Composer(const StoredLines& stored) : stored_(stored) {}
 
   void addPlain(const StoredFact& fact, bool value) { add(fact.keyword, value ? "1" : "0"); }
 
@@ -62,11 +59,20 @@ class Composer {
     refuse(what, text);
   }
 
-  // `texts`: what the entries are to be, from index 0 on; empty ones are none.
+  // `texts`: the entries from index 0 on; empty ones are none.
   void addList(const StoredFact& fact, const char* what, const Texts& texts) {
     for (int index = 0; index <= fact.lastIndex; ++index) {
       const auto position = static_cast<std::size_t>(index);
       addEntry(fact, what, index, position < texts.size() ? texts[position] : "");
+    }
+  }
+
+  // A box that was left out stays as it is stored.
+  void addBoxes(const StoredFact& fact, const std::vector<SharedBox>& boxes) {
+    for (int index = 0; index <= fact.lastIndex; ++index) {
+      const auto position = static_cast<std::size_t>(index);
+      const SharedBox box = position < boxes.size() ? boxes[position] : SharedBox{"0", {}};
+      if (!box.isLeftOut()) addEntry(fact, "shared box", index, box.inUse() ? box.name : "");
     }
   }
 
@@ -111,29 +117,59 @@ class Composer {
                " bytes is too long for the queue's PPD; shorten it at the printer";
   }
 
-  ppd_file_t* stored_;
+  const StoredLines& stored_;
   std::vector<UpdateLine> lines_;
   std::string problem_;
 };
 
-Texts namesInUse(const std::vector<SharedBox>& boxes) {
-  Texts names;
-  for (const SharedBox& box : boxes) names.push_back(box.inUse() ? box.name : "");
-  return names;
+constexpr std::size_t kMacParts = 6;
+
+bool isHexDigit(char c) {
+  return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F');
+}
+
+// "001BA9000001" with a colon after every second digit.
+std::string withColons(const std::string& digits) {
+  std::string text;
+  for (std::size_t i = 0; i < digits.size(); i += 2) {
+    if (i > 0) text += ':';
+    text += digits.substr(i, 2);
+  }
+  return text;
 }
 
 }  // namespace
 
 std::optional<std::string> storableMacAddress(const PrinterFacts& facts) {
   if (!facts.macAddress) return std::nullopt;
-  const auto address = base::macAddressOf(*facts.macAddress);
-  return address && !base::isNone(*address) ? facts.macAddress : std::nullopt;
+  std::string text = *facts.macAddress;
+  std::replace(text.begin(), text.end(), '-', ':');
+  if (text.size() == 2 * kMacParts && std::all_of(text.begin(), text.end(), isHexDigit)) {
+    text = withColons(text);
+  }
+  const auto address = base::macAddressOf(text);
+  return address && !base::isNone(*address) ? std::optional(text) : std::nullopt;
+}
+
+std::vector<std::string> missingFacts(const PrinterFacts& facts) {
+  std::vector<std::string> missing;
+  const auto check = [&](bool isGiven, const char* what) {
+    if (!isGiven) missing.emplace_back(what);
+  };
+  check(storableMacAddress(facts).has_value(), "MAC address of six hexadecimal parts");
+  check(facts.adminLoginModeEnabled.has_value(), "administrator log-in mode");
+  check(facts.sharedBoxes.has_value(), "complete list of its shared boxes");
+  check(facts.forms.has_value(), "complete list of its forms");
+  check(facts.barcodeAreas.has_value(), "complete list of its barcode areas");
+  check(facts.colorProfiles.has_value(), "complete list of its colour profiles");
+  for (const std::string& entry : facts.leftOut) missing.push_back("readable " + entry);
+  return missing;
 }
 
 UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address,
-                           const std::string& community, ppd_file_t* stored) {
+                           const std::string& community, const StoredLines& stored) {
   Composer composer(stored);
-  composer.addPlain(storedFact("PPDOptionsUpdated"), true);
+  if (missingFacts(facts).empty()) composer.addPlain(storedFact("PPDOptionsUpdated"), true);
   composer.addPlain(storedFact("IsCustomSnmpCommunity"), community != kDefaultCommunity);
   composer.addText(storedFact("SnmpCommunityName"), "community", community);
   if (const auto macAddress = storableMacAddress(facts)) {
@@ -141,9 +177,11 @@ UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address
   }
   composer.addText(storedFact("PrinterIPAddress"), "address", address);
   if (facts.sharedBoxes) {
-    composer.addList(storedFact("SharedBoxName"), "shared box", namesInUse(*facts.sharedBoxes));
+    composer.addBoxes(storedFact("SharedBoxName"), *facts.sharedBoxes);
   }
-  composer.addPlain(storedFact("AdminLoginModeEnabled"), facts.adminLoginModeEnabled);
+  if (facts.adminLoginModeEnabled) {
+    composer.addPlain(storedFact("AdminLoginModeEnabled"), *facts.adminLoginModeEnabled);
+  }
   if (facts.forms) composer.addList(storedFact("PSFormName"), "form", *facts.forms);
   if (facts.barcodeAreas) {
     composer.addList(storedFact("BarcodeAreaDefName"), "barcode area", *facts.barcodeAreas);
@@ -154,9 +192,9 @@ UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address
   return composer.result();
 }
 
-const UpdateLine* firstNotStored(const std::vector<UpdateLine>& lines, ppd_file_t* ppd) {
-  const auto missing = std::find_if(lines.begin(), lines.end(), [ppd](const UpdateLine& line) {
-    return storedValue(ppd, line.keyword) != line.value;
+const UpdateLine* firstNotStored(const std::vector<UpdateLine>& lines, const StoredLines& stored) {
+  const auto missing = std::find_if(lines.begin(), lines.end(), [&](const UpdateLine& line) {
+    return storedValue(stored, line.keyword) != line.value;
   });
   return missing != lines.end() ? &*missing : nullptr;
 }

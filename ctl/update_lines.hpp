@@ -3,14 +3,13 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include <cups/ppd.h>
-
 #include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "ctl/printer_facts.hpp"
+#include "ctl/stored_state.hpp"
 
 namespace kelm::ctl {
 
@@ -33,18 +32,23 @@ inline constexpr std::size_t kMostOfKeywordAndValue = 252;
 // the rest is left for the options that CUPS adds.
 inline constexpr std::size_t kMostOfAllLines = 100'000;
 
-// The printer's MAC address where it can be stored: six hexadecimal parts, not all zero. Any other
-// text would end every job of a queue that wakes its printer.
+// The printer's MAC address in the form that a job understands: six hexadecimal parts between
+// colons. The printer may write it with hyphens or as twelve digits. Nothing for any other text and
+// for one that is all zero: it would end every job of a queue that wakes its printer.
 std::optional<std::string> storableMacAddress(const PrinterFacts& facts);
 
-// The lines that make the PPD say what the printer at `address` said. Of the shared boxes those in
-// use are kept, box n at index n - 1; the other lists are kept from index 0 on. What `stored`
-// (which may be null) holds beyond that is emptied, because CUPS cannot remove a keyword. A list
-// that the printer did not give stays as it is stored, and so does the MAC address.
-UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address,
-                           const std::string& community, ppd_file_t* stored);
+// What the printer did not give, such as "complete list of its forms"; none when all facts are
+// known.
+std::vector<std::string> missingFacts(const PrinterFacts& facts);
 
-// The first of `lines` that `ppd` does not hold; null when it holds them all.
-const UpdateLine* firstNotStored(const std::vector<UpdateLine>& lines, ppd_file_t* ppd);
+// The lines that make the PPD say what the printer at `address` said. Of the shared boxes those in
+// use are kept, box n at index n - 1; the other lists are kept from index 0 on. What `stored` holds
+// beyond that is emptied, because CUPS cannot remove a keyword. What the printer did not give stays
+// as it is stored, and PPDOptionsUpdated is set only when nothing is missing.
+UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address,
+                           const std::string& community, const StoredLines& stored);
+
+// The first of `lines` that is not stored; null when all are.
+const UpdateLine* firstNotStored(const std::vector<UpdateLine>& lines, const StoredLines& stored);
 
 }  // namespace kelm::ctl

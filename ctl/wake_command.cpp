@@ -1,18 +1,29 @@
-// kelmctl wake: asks the wake-up service to wake a printer, as the filter does before a job.
+// kelmctl wake: asks the wake-up service to wake printers, as the filter does before a job, and the
+// printers whether they are awake.
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <ostream>
 #include <string>
+#include <thread>
+#include <vector>
 
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
-#include "ctl/queue_ppd.hpp"
+#include "ctl/interruption.hpp"
+#include "ctl/message.hpp"
+#include "ctl/print_server.hpp"
 #include "ctl/safe_text.hpp"
+#include "ctl/server_options.hpp"
 #include "ctl/terminal.hpp"
+#include "ctl/worker_pool.hpp"
 #include "platform/platform.hpp"
+#include "snmp/bracketed_address.hpp"
+#include "snmp/qv_snmp_helper.hpp"
 #include "wakeup/wake_up_settings.hpp"
 #include "wakeup/xpc_call_object.hpp"
 #include "wolservice/wake_up_order.hpp"
@@ -20,49 +31,71 @@
 namespace kelm::ctl {
 namespace {
 
-constexpr std::chrono::seconds kStep{1};
-constexpr int kMostSteps = 240;    // as long as a job waits
-constexpr int kStepsPerLine = 10;  // where nobody watches a progress line
+using namespace std::chrono_literals;
+
+constexpr std::chrono::milliseconds kStep{100};
+constexpr std::chrono::seconds kLongestWait{240};  // as long as a job waits
+constexpr std::chrono::seconds kPauseOfLines{10};  // where there is no progress line
+// The service wakes for a minute. It calls back well before that when the printer answers, when it
+// refuses the order, and when it ends.
+constexpr std::chrono::seconds kNearlyAMinute{55};
+constexpr unsigned kMostAtATime = 64;  // as many printers as the service wakes at a time
 
 struct Arguments {
-  std::optional<std::string> queue;
+  std::vector<std::string> queues;
+  ServerOptions server;
   std::optional<std::string> macAddress;
   std::optional<std::string> address;
   std::string community = "public";
   bool overRouter = false;
+  unsigned jobs = 32;
 };
 
-// What to ask for, or, when `problem` is not empty, why nothing is asked and what to do about it.
+// What to ask for, or, when `problem` is not empty, why nothing is asked and what to do.
 struct Plan {
+  std::string name;  // of the printer or its queue, for messages
   platform::WakeUpRequest request;
   std::string problem;
 };
 
 Plan planOfArguments(const Arguments& arguments) {
+  const std::string address = snmp::unbracketed(arguments.address.value_or(""));
   const wakeup::WakeUpSettings settings{.snmpCommunity = arguments.community,
                                         .macAddress = arguments.macAddress.value_or(""),
                                         .isWakeOnLan = true,
                                         .isOverRouter = arguments.overRouter};
-  return {wakeup::requestFor(settings, arguments.address), {}};
+  return {address, wakeup::requestFor(settings, address), {}};
 }
 
-Plan planOfQueue(const std::string& queue) {
+std::string problemOf(const wakeup::WakeUpSettings& settings, const std::string& queue) {
   const std::string name = "the queue \"" + queue + "\"";
-  const OpenedPpd opened = openQueuePpd(queue);
-  if (opened.ppd == nullptr) return {{}, opened.problem};
-  const wakeup::WakeUpSettings settings = wakeup::wakeUpSettingsOf(opened.ppd.get());
   if (!settings.isWakeOnLan) {
-    return {{},
-            name +
-                " has its wake-up switched off; switch it on in the print dialog, or give"
-                " --mac and --address"};
+    return name +
+           " has its wake-up switched off; switch it on in the print dialog, or give --mac and "
+           "--address";
   }
-  const wakeup::Text uri = wakeup::deviceUriOf(queue);
-  if (!uri) return {{}, name + " has no device URI; \"lpstat -v\" lists the queues"};
-  return {wakeup::requestFor(settings, wakeup::XPCCallObject::addressOf(uri)), {}};
+  if (settings.macAddress.empty()) {
+    return name + " does not know its printer's MAC address; store it: kelmctl sync " + queue;
+  }
+  return {};
 }
 
-// The service calls back at once for arguments that it refuses: looked at here, they get a message.
+Plan planOfQueue(PrintServer& server, const std::string& queue) {
+  Plan plan{queue, {}, {}};
+  const OpenedPpd opened = server.openPpd(queue);
+  plan.problem = opened.problem;
+  if (opened.ppd == nullptr) return plan;
+  const wakeup::WakeUpSettings settings = wakeup::wakeUpSettingsOf(opened.ppd.get());
+  plan.problem = problemOf(settings, queue);
+  const Queues found = server.queue(queue);
+  if (plan.problem.empty()) plan.problem = found.problem;
+  if (!plan.problem.empty()) return plan;
+  const std::string& uri = found.queues.front().deviceUri;
+  plan.request = wakeup::requestFor(settings, wakeup::XPCCallObject::addressOf(uri));
+  return plan;
+}
+
+// The service calls back at once for arguments that it refuses: checked here, they get a message.
 void checkRequest(Plan& plan) {
   if (!plan.problem.empty()) return;
   const platform::WakeUpRequest& request = plan.request;
@@ -77,15 +110,31 @@ void checkRequest(Plan& plan) {
                  "; correct it, or see kelmctl address for the queue's device URI";
 }
 
+std::vector<Plan> plansOf(const Arguments& arguments, const Console& console) {
+  std::vector<Plan> plans;
+  if (arguments.queues.empty()) {
+    plans.push_back(planOfArguments(arguments));
+  } else {
+    PrintServer server(serversOf(arguments.server).front(), console);
+    for (const std::string& queue : arguments.queues) plans.push_back(planOfQueue(server, queue));
+  }
+  for (Plan& plan : plans) checkRequest(plan);
+  return plans;
+}
+
+std::string secondsOf(std::chrono::milliseconds time) {
+  return std::to_string(std::chrono::duration_cast<std::chrono::seconds>(time).count()) + " s";
+}
+
 class Report {
  public:
   explicit Report(const Console& console) : console_(console), line_(console) {}
 
-  void waiting(int seconds) {
-    const std::string text = "waiting for the wake-up service: " + std::to_string(seconds) + " s";
+  void waiting(std::chrono::milliseconds time) {
+    const std::string text = "waiting for the wake-up service: " + secondsOf(time);
     if (console_.errIsTerminal) {
       line_.show(text);
-    } else if (seconds % kStepsPerLine == 0) {
+    } else if (time % kPauseOfLines == 0ms) {
       console_.out << text << std::endl;
     }
   }
@@ -95,64 +144,145 @@ class Report {
   ProgressLine line_;
 };
 
-// How many seconds it took until the service called back; nothing when it did not.
-std::optional<int> waitForCallBack(const std::atomic<bool>& finished,
-                                   const platform::WakeUpConnection& connection,
-                                   const Console& console) {
-  Report report(console);
-  for (int seconds = 0; seconds < kMostSteps; ++seconds) {
-    if (finished) return seconds;
-    if (!connection.isOpen()) return std::nullopt;
-    report.waiting(seconds);
-    platform::platform().steadyClock->sleep(kStep);
+using Clock = std::chrono::steady_clock;
+using Waiting = std::function<void(std::chrono::milliseconds)>;
+
+// How long it took until the service called back; nothing when it did not.
+std::optional<std::chrono::milliseconds> waitForCallBack(
+    const std::atomic<bool>& finished, const platform::WakeUpConnection& connection,
+    const Waiting& waiting) {
+  const auto start = Clock::now();
+  std::chrono::seconds told{-1};
+  while (!finished && connection.isOpen() && Clock::now() - start < kLongestWait) {
+    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start);
+    if (seconds > told) waiting(told = seconds);
+    std::this_thread::sleep_for(kStep);
   }
-  return finished ? std::optional(kMostSteps) : std::nullopt;
+  if (!finished) return std::nullopt;
+  return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
 }
 
-int wake(const platform::WakeUpRequest& request, const Console& console) {
-  const std::string address = safeText(*request.address);
+bool isAwake(const platform::WakeUpRequest& request) {
+  std::int32_t mode = -1;
+  return snmp::QVSNMPHelper::getSleepMode_community_sleepMode_(
+             snmp::bracketed(*request.address).c_str(), request.snmpCommunity.c_str(), &mode) == 0;
+}
+
+struct Outcome {
+  bool isWoken = false;
+  std::string text;
+};
+
+std::string silenceOf(std::chrono::milliseconds time) {
+  const std::string after = " after " + secondsOf(time);
+  if (time < kNearlyAMinute) {
+    return "refused" + after +
+           ": the wake-up service gave up before its limit; its log says why (journalctl -u "
+           "kelm-wol)";
+  }
+  return "silent" + after +
+         ": the printer does not answer SNMP requests of this community; check its power, network "
+         "and MAC address";
+}
+
+Outcome wake(const platform::WakeUpRequest& request, const Waiting& waiting) {
   std::atomic<bool> finished = false;
   const auto connection =
       platform::platform().wakeUpBus->send(request, [&finished] { finished = true; });
-  if (const auto seconds = waitForCallBack(finished, *connection, console)) {
-    console.out << address << ": the wake-up service is done after " << *seconds << " s\n";
-    return kExitDone;
+  const auto time = waitForCallBack(finished, *connection, waiting);
+  if (time) {
+    if (isAwake(request)) return {true, "woken after " + secondsOf(*time)};
+    return {false, silenceOf(*time)};
   }
   const std::string failure = connection->failure();
-  console.err << "kelmctl: " << address << " was not woken: "
-              << (failure.empty() ? "the wake-up service did not call back" : safeText(failure))
-              << "; check that KelmWoLServices is installed and run this as root\n";
-  return kExitFailed;
+  return {false,
+          "not woken: " + (failure.empty() ? "the wake-up service did not call back" : failure) +
+              "; check that KelmWoLServices is installed and run this as root"};
 }
 
-int wakePrinter(const Arguments& arguments, const Console& console) {
-  Plan plan = arguments.queue ? planOfQueue(*arguments.queue) : planOfArguments(arguments);
-  checkRequest(plan);
-  if (plan.problem.empty()) return wake(plan.request, console);
-  console.err << "kelmctl: " << safeText(plan.problem) << '\n';
-  return kExitFailed;
+// Reports one outcome; returns whether the printer is awake.
+bool tell(const Plan& plan, const Outcome& outcome, const Console& console) {
+  if (outcome.isWoken) {
+    console.out << safeText(plan.name) << ": " << safeText(outcome.text) << std::endl;
+  } else {
+    complain(console, plan.name + ": " + outcome.text);
+  }
+  return outcome.isWoken;
+}
+
+int wakeOne(const Plan& plan, const Console& console) {
+  if (!plan.problem.empty()) return fail(console, plan.problem);
+  Outcome outcome;
+  {
+    Report report(console);
+    outcome = wake(plan.request, [&](std::chrono::milliseconds time) { report.waiting(time); });
+  }
+  return tell(plan, outcome, console) ? kExitDone : kExitFailed;
+}
+
+// All printers side by side, each in a process of its own.
+int wakeMany(const std::vector<Plan>& plans, unsigned jobs, const Console& console) {
+  const Interruption interruption;
+  WorkerPool pool(jobs);
+  ProgressLine progress(console);
+  std::size_t woken = 0;
+  std::size_t over = 0;
+  auto next = plans.begin();
+  while ((next != plans.end() || !pool.isIdle()) && !Interruption::isWanted()) {
+    for (; next != plans.end() && !pool.isFull(); ++next) {
+      const Plan& plan = *next;
+      const auto work = [&plan] {
+        if (!plan.problem.empty()) return "-" + plan.problem;
+        const Outcome outcome = wake(plan.request, [](std::chrono::milliseconds) {});
+        return (outcome.isWoken ? "+" : "-") + outcome.text;
+      };
+      pool.start(work, [&](const std::optional<std::string>& result) {
+        const std::string text = result.value_or("-its process died");
+        if (tell(plan, {text.front() == '+', text.substr(1)}, console)) ++woken;
+        ++over;
+      });
+    }
+    progress.show(std::to_string(over) + " of " + std::to_string(plans.size()) + " printers over");
+    pool.wait(kStep);
+  }
+  if (over < plans.size()) {
+    complain(console, "interrupted; " + std::to_string(plans.size() - over) +
+                          " printers were not waited for");
+  }
+  console.out << woken << " of " << plans.size() << " printers are awake\n";
+  if (woken == plans.size()) return kExitDone;
+  return woken == 0 ? kExitFailed : kExitPartly;
 }
 
 bool namesPrinter(const Arguments& arguments) {
-  return arguments.queue || (arguments.macAddress && arguments.address);
+  return !arguments.queues.empty() || (arguments.macAddress && arguments.address);
+}
+
+int wakePrinters(const Arguments& arguments, const Console& console) {
+  const std::vector<Plan> plans = plansOf(arguments, console);
+  if (plans.size() == 1) return wakeOne(plans.front(), console);
+  return wakeMany(plans, arguments.jobs, console);
 }
 
 }  // namespace
 
 Action declareWake(ArgumentList& list) {
   auto arguments = std::make_shared<Arguments>();
-  const Argument queue = list.add("QUEUE", arguments->queue, "The queue, as lpstat -v names it");
-  queue.valueName("");
+  const Argument queues =
+      list.add("QUEUE", arguments->queues, "The queues, as lpstat -v names them");
+  queues.valueName("");
   const auto addOption = [&](const char* name, auto& value, const char* help) {
-    list.add(name, value, help).valueName("").excludes(queue);
+    list.add(name, value, help).valueName("").excludes(queues);
   };
   addOption("--mac", arguments->macAddress, "MAC address, six hexadecimal parts between colons");
   addOption("--address", arguments->address, "IP address or host name");
   addOption("--community", arguments->community, "SNMP community (public)");
   list.addFlag("--over-router", arguments->overRouter, "The printer is beyond a router")
-      .excludes(queue);
+      .excludes(queues);
+  list.addNumber("--jobs", arguments->jobs, 1, kMostAtATime, "Printers to wake at a time (32)");
+  declareServer(list, arguments->server);
   list.require("QUEUE, or --mac and --address,", [arguments] { return namesPrinter(*arguments); });
-  return [arguments](const Console& console) { return wakePrinter(*arguments, console); };
+  return [arguments](const Console& console) { return wakePrinters(*arguments, console); };
 }
 
 }  // namespace kelm::ctl

@@ -7,8 +7,10 @@ _kelmctl_settings() {
   if [[ $2 == --ppd ]]; then
     compopt -o filenames 2>/dev/null
     mapfile -t COMPREPLY < <(compgen -f -- "$1")
+  elif [[ $2 == -h || $2 == -U ]]; then
+    return
   elif [[ $1 == -* ]]; then
-    _kelmctl_words '--ppd --json --help' "$1"
+    _kelmctl_words '--ppd --json -h -U --help' "$1"
   else
     _kelmctl_words "$(lpstat -e 2>/dev/null)" "$1"
   fi
@@ -31,24 +33,43 @@ _kelmctl_address() {
 
 _kelmctl_wake() {
   case $2 in
-    --mac | --address | --community) return ;;
+    --mac | --address | --community | --jobs | -h | -U) return ;;
   esac
   if [[ $1 == -* ]]; then
-    _kelmctl_words '--mac --address --community --over-router --help' "$1"
+    _kelmctl_words '--mac --address --community --over-router --jobs -h -U --help' "$1"
   else
     _kelmctl_words "$(lpstat -e 2>/dev/null)" "$1"
   fi
 }
 
 _kelmctl_printer() {
-  if [[ $1 == -* ]]; then _kelmctl_words '--community --json --help' "$1"; fi
+  if [[ $2 != --community && $2 != --jobs && $1 == -* ]]; then
+    _kelmctl_words '--community --jobs --json --help' "$1"
+  fi
 }
 
 _kelmctl_sync() {
-  if [[ $2 == --address || $2 == --community ]]; then
-    return
-  elif [[ $1 == -* ]]; then
-    _kelmctl_words '--address --community --dry-run --help' "$1"
+  case $2 in
+    --address | --community | --jobs | --wait | -h | -U) return ;;
+  esac
+  if [[ $1 == -* ]]; then
+    _kelmctl_words '--all --address --community --dry-run --jobs --wait --json --quiet -h -U --help' "$1"
+  else
+    _kelmctl_words "$(lpstat -e 2>/dev/null)" "$1"
+  fi
+}
+
+_kelmctl_refresh() {
+  case $2 in
+    --ppd)
+      compopt -o filenames 2>/dev/null
+      mapfile -t COMPREPLY < <(compgen -f -- "$1")
+      return
+      ;;
+    --wait | -h | -U) return ;;
+  esac
+  if [[ $1 == -* ]]; then
+    _kelmctl_words '--all --ppd --dry-run --wait -h -U --help' "$1"
   else
     _kelmctl_words "$(lpstat -e 2>/dev/null)" "$1"
   fi
@@ -58,7 +79,7 @@ _kelmctl() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    _kelmctl_words 'settings ppd printer sync address wake --help --version' "$current"
+    _kelmctl_words 'settings ppd printer sync refresh address wake --help --version' "$current"
   elif declare -F "_kelmctl_${COMP_WORDS[1]}" >/dev/null; then
     "_kelmctl_${COMP_WORDS[1]}" "$current" "$previous"
   fi

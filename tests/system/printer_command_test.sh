@@ -103,9 +103,26 @@ expect "the status for a wrong community" 1 \
   "$(status_of "$KELMCTL" printer 127.0.0.1 --community wrong --json)"
 grep -q '"127.0.0.1" does not answer .*"wrong".*--community' "$W/err" || fail "$(cat "$W/err")"
 expect_json "$W/out" '(d["sleepMode"], d["sleepModeStatus"], d["sharedBoxes"]) == (-1, 2, None)'
+expect_json "$W/out" 'd["adminLoginModeEnabled"] is None and d["sharedBoxCount"] is None'
 expect "the status for an unknown host" 1 "$(status_of "$KELMCTL" printer no.such.host.invalid)"
 grep -q '"no.such.host.invalid" cannot be asked' "$W/err" || fail "$(cat "$W/err")"
 expect "output for an unknown host" '' "$(cat "$W/out")"
+
+# An answer that comes from elsewhere is none.
+odd_agent_start elsewhere 127.0.0.3 elsewhere
+expect "the status for an answer from elsewhere" 1 "$(status_of "$KELMCTL" printer 127.0.0.3)"
+grep -q '"127.0.0.3" does not answer' "$W/err" || fail "$(cat "$W/err")"
+[ "$(wc -l <"$W/elsewhere/requests")" -gt 2 ] || fail "the agent elsewhere was not asked"
+
+# Several printers: one line for each, in the order asked for.
+expect "the status of two printers" 0 "$(status_of "$KELMCTL" printer 127.0.0.1 '[::1]' --json)"
+expect "lines" 2 "$(wc -l <"$W/out")"
+sed -n 1p "$W/out" >"$W/first"
+sed -n 2p "$W/out" >"$W/second"
+expect_json "$W/first" 'd["address"] == "127.0.0.1" and len(d["forms"]) == 98'
+expect_json "$W/second" 'd["address"] == "::1" and d["forms"] == ["Briefkopf", "請求書"]'
+expect "the status of one in two printers" 3 "$(status_of "$KELMCTL" printer ::1 127.0.0.3)"
+expect_line "$W/out" '::1'
 
 # Arguments that make no sense.
 expect "the status without an address" 2 "$(status_of "$KELMCTL" printer)"

@@ -1,7 +1,7 @@
 #!/bin/sh
 # A class over two print servers, one of which is killed in the middle and brought back: every job is
 # printed, and it is known which are printed twice. KELM_JOBS is the number of jobs, 40 when not given;
-# docs/scale.md has the figures for 1,000.
+# docs/scale.md has figures.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

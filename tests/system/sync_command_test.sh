@@ -52,7 +52,7 @@ play() {
 cups_setup
 cups_start
 printer_start 9100 "$W/printer.out"
-cups_queue kelm socket://127.0.0.1:9100 "$HERE/lib/queue.ppd"
+cups_queue kelm socket://127.0.0.1 "$HERE/lib/queue.ppd"
 play "$P/few_boxes.mib"
 
 # A dry run shows what would be stored.
@@ -83,13 +83,13 @@ IP address: (none) -> 127.0.0.1
 Updated by the dialog: no -> yes
 Administrator log-in: yes -> no
 Shared boxes: 0 -> 2
-  + Einkauf
-  + Müller "intern"
+  + 1  Einkauf
+  + 17  Müller "intern"
 Barcode areas: 0 -> 1
-  + Kopf links
+  + 1  Kopf links
 Forms: 0 -> 2
-  + Briefkopf
-  + 請求書
+  + 1  Briefkopf
+  + 2  請求書
 END
 diff "$W/expected" "$W/out" || fail "the changes are others"
 settings 'd["printerMacAddress"] == "00:1b:a9:00:00:01" and d["printerIPAddress"] == "127.0.0.1"'
@@ -112,15 +112,27 @@ print_page() {
 }
 print_page
 
+# What is stored already is not sent again.
+lpstat -W completed -o >"$W/jobs"
 run 0 sync kelm
 expect "the second time" 'Nothing changed.' "$(cat "$W/out")"
+lpstat -W completed -o | diff "$W/jobs" - || fail "an update job that changes nothing"
+
+# A box that moves is a change, with both numbers.
+printf 'boxState 17 integer 0\nboxState 5 integer 1\nboxName 5 text Müller "intern"\n' |
+  play "$P/few_boxes.mib" -
+run 0 sync kelm
+printf 'Shared boxes: 2 -> 2\n  - 17  Müller "intern"\n  + 5  Müller "intern"\n' |
+  diff - "$W/out" || fail "a box that moves is shown otherwise"
+play "$P/few_boxes.mib"
+run 0 sync kelm
 
 # Entries come and go; the longest text that fits takes six parts.
 play "$P/few_boxes.mib" "$P/changed.mib"
 run 0 sync kelm
 settings 'd["sharedBoxes"] == ["Buchhaltung", 1038 * "n"] and d["forms"] == ["請求書"]'
 settings 'd["barcodeAreas"] == ["Kopf links", "Fuß \"links\""] and d["adminLoginModeEnabled"]'
-grep -q '^  - Einkauf$' "$W/out" || fail "it does not say that Einkauf is gone"
+grep -q '^  - 1  Einkauf$' "$W/out" || fail "it does not say that Einkauf is gone"
 expect "the longest line of the PPD" 255 "$(LC_ALL=C awk '/_Part/ && length > n { n = length }
   END { print n }' "$(cups_queue_ppd kelm)")"
 print_page
@@ -135,16 +147,70 @@ run 1 sync kelm
 expect_message 'shared box 17 "nnnnnn.* of 1039 bytes is too long'
 expect_unchanged
 
-# A MAC address that would end the next job stays as it is, and so does a list that is not given whole.
-echo 'macAddress 0 text 00-1B-A9-00-00-02' | play "$P/few_boxes.mib" -
+# A MAC address is stored as the next job understands it; one that would end the next job is not.
+echo 'macAddress 0 text 001BA9000002' | play "$P/few_boxes.mib" -
 run 0 sync kelm
+expect_line "$W/out" 'MAC address: 00:1b:a9:00:00:01 -> 00:1B:A9:00:00:02'
+echo 'macAddress 0 text 00-1b-a9-00-00-01' | play "$P/few_boxes.mib" -
+run 0 sync kelm
+expect_line "$W/out" 'MAC address: 00:1B:A9:00:00:02 -> 00:1b:a9:00:00:01'
+echo 'macAddress 0 text 00-1B-A9-00-00' | play "$P/few_boxes.mib" -
+run 3 sync kelm
 expect "the changes" 'Nothing changed.' "$(cat "$W/out")"
 grep -q 'no MAC address of six hexadecimal parts' "$W/err" || fail "no word about the MAC address"
 print_page
-printf 'formState 1-100 integer 1\nformState 50 absent\n' | play "$P/few_boxes.mib" -
-run 0 sync kelm
+
+# A list that is not given at all stays as it is stored.
+printf 'formState 1-100 absent\n' | play "$P/few_boxes.mib" -
+run 3 sync kelm
 expect "the changes" 'Nothing changed.' "$(cat "$W/out")"
 grep -q 'no complete list of its forms' "$W/err" || fail "no word about the forms"
+
+# A single entry that cannot be read is left out and named; a box stays as it is stored.
+printf 'boxName 17 bytes ff\nboxState 2 integer 1\nboxName 2 text Neu\nformState 9 absent\n' |
+  play "$P/few_boxes.mib" -
+run 3 sync kelm
+cat >"$W/expected" <<'END'
+Shared boxes: 2 -> 3
+  + 2  Neu
+Forms: 2 -> 1
+  - 2  請求書
+END
+diff "$W/expected" "$W/out" || fail "other changes"
+cat >"$W/expected" <<'END'
+kelmctl: the printer gives no readable shared box 17; what is stored of it stays
+kelmctl: the printer gives no readable form 9; what is stored of it stays
+END
+diff "$W/expected" "$W/err" || fail "other messages"
+play "$P/few_boxes.mib"
+run 0 sync kelm
+
+# An incomplete sync does not mark the facts as complete.
+cups_queue fresh socket://127.0.0.1 "$HERE/lib/queue.ppd"
+echo 'macAddress 0 absent' | play "$P/few_boxes.mib" -
+run 3 sync fresh
+! grep -q PPDOptionsUpdated "$(cups_queue_ppd fresh)" || fail "an incomplete sync is marked as complete"
+play "$P/few_boxes.mib"
+run 0 sync fresh
+expect_line "$(cups_queue_ppd fresh)" '*PPDOptionsUpdated: 1'
+
+# A lost answer changes no fact: the printer keeps silent on the log-in mode alone.
+printf '127.0.0.8 nologin\n127.0.0.7 printer\n' | fleet_agents_start
+run 0 sync fresh --address 127.0.0.7
+sed -i 's/^\*AdminLoginModeEnabled: 0/*AdminLoginModeEnabled: 1/' "$(cups_queue_ppd fresh)"
+cp "$(cups_queue_ppd fresh)" "$W/on.ppd"
+lpadmin -p fresh -P "$W/on.ppd" 2>"$W/lpadmin_log"
+run 3 sync fresh --address 127.0.0.8
+grep -q 'no administrator log-in mode' "$W/err" || fail "no word about the log-in mode"
+expect_line "$(cups_queue_ppd fresh)" '*AdminLoginModeEnabled: 1'
+
+# A device URI from which a job takes another address is named, and one that works.
+lpadmin -p fresh -v socket://127.0.0.1:9100 2>"$W/lpadmin_log"
+run 0 sync fresh
+grep -q '"socket://127.0.0.1:9100" gives the wake-up .*; "socket://127.0.0.1" works$' "$W/err" ||
+  fail "no advice: $(cat "$W/err")"
+"$KELMCTL" address socket://127.0.0.1:9100 >"$W/out" 2>"$W/err"
+grep -q '; "socket://127.0.0.1" works$' "$W/err" || fail "no advice: $(cat "$W/err")"
 
 # Everything a printer can have: 330 entries in one job; 100 names of 600 bytes in another.
 play "$P/many_boxes.mib"
@@ -183,10 +249,10 @@ printer_mib "$P/few_boxes.mib" | agent_start six '[fd77::9]'
 cp /etc/hosts "$W/hosts"
 echo 'fd77::9 six.example' >>"$W/hosts"
 mount --bind "$W/hosts" /etc/hosts
-lpadmin -p kelm -v socket://six.example:9100 2>"$W/lpadmin_log"
+lpadmin -p kelm -v socket://six.example 2>"$W/lpadmin_log"
 run 0 sync kelm
 expect "a host name with an IPv6 address" 'IP address: ::1 -> fd77::9' "$(cat "$W/out")"
-lpadmin -p kelm -v socket://127.0.0.1:9100 2>"$W/lpadmin_log"
+lpadmin -p kelm -v socket://127.0.0.1 2>"$W/lpadmin_log"
 
 # What can be wrong: the printer, the queue, the print server.
 keep
@@ -197,14 +263,27 @@ stop agent
 run 1 sync kelm
 expect_message '"127.0.0.1" does not answer .*"secret"'
 run 1 sync nothere --address ::1
-expect_message '"nothere"'
+expect_message '"nothere" is not known to the print server'
+lpadmin -p raw -E -v socket://127.0.0.1 2>"$W/lpadmin_log"
+run 1 sync raw
+expect_message '"raw" has no PPD (raw or driverless queue)'
+run 1 settings raw
+expect_message '"raw" has no PPD (raw or driverless queue)'
+lpadmin -p kelm -c class 2>"$W/lpadmin_log"
+run 1 sync class
+expect_message '"class" is a class; name its queues'
+run 1 wake raw
+expect_message '"raw" has no PPD'
+cups_queue unsynced socket://127.0.0.1 "$HERE/lib/queue.ppd"
+run 1 wake unsynced
+expect_message '"unsynced" does not know its printer.s MAC address; store it: kelmctl sync unsynced'
 cups_queue usb 'file:/dev/null' "$HERE/lib/queue.ppd"
 run 1 sync usb
 expect_message 'no address of a printer .*"file:/dev/null" .*--address'
 sed 's/kelmfilter/-/' "$HERE/lib/queue.ppd" >"$W/other.ppd"
 cups_queue other 'file:/dev/null' "$W/other.ppd"
 run 1 sync other --address ::1 --community secret
-expect_message 'did not store .*kelmfilter'
+expect_message '"other" does not print with kelmfilter'
 cupsreject kelm
 run 1 sync kelm --address ::1
 expect_message 'refuses the update job .*"kelm": .*not accepting jobs'
@@ -232,9 +311,67 @@ expect "exit status for a cancelled update job" 1 "$status"
 grep -q 'the update job hung-[0-9]* was stopped' "$W/err" || fail "no word about it: $(cat "$W/err")"
 expect_line "$W/out" 'IP address: (none) -> ::1'
 
+# A job that holds the queue up: the update job is taken back after --wait.
+cups_queue busy hang://127.0.0.1 "$HERE/lib/queue.ppd"
+rm -f "$W/hung/read"
+lp -d busy "$W/page.ps" >"$W/lp_log"
+wait_until 5 test -e "$W/hung/read" || fail "no job in the busy queue"
+run 1 sync busy --address ::1 --community secret --wait 1
+expect_message 'the update job busy-[0-9]* does not end and is cancelled'
+expect "jobs in the busy queue" 1 "$(lpstat -W not-completed -o busy | wc -l)"
+
+# Two processes at one queue: the second waits for the first; it says so, and gives up in the end.
+"$KELMCTL" sync busy --address ::1 --community secret --wait 4 >"$W/first_out" 2>&1 &
+first=$!
+sleep 1
+run 1 sync busy --address ::1 --community secret --wait 1
+grep -q "^kelmctl: process $first is at work on the queue \"busy\"; waiting for it\$" "$W/err" ||
+  fail "no word about the other process: $(cat "$W/err")"
+wait $first || :
+cancel -a busy
+
+# A server that restarts is waited for; one that stays silent or is gone is not waited for without end.
+cups_stop
+"$KELMCTL" sync kelm --address ::1 --community secret >"$W/out" 2>"$W/err" &
+waiting=$!
+sleep 2
+cups_start
+wait $waiting || fail "a restart of the server is not waited for: $(cat "$W/err")"
+grep -q 'print server 127.0.0.1 does not answer; trying again' "$W/err" ||
+  fail "it does not say that it tries again: $(cat "$W/err")"
+server=$(cat "$W/pids/cupsd")
+kill -STOP "$server"
+begin=$(date +%s)
+run 1 sync kelm --address ::1
+kill -CONT "$server"
+[ $(($(date +%s) - begin)) -le 35 ] || fail "a silent server is waited for too long"
+grep -q 'print server 127.0.0.1 accepts connections and stays silent' "$W/err" || fail "$(cat "$W/err")"
+
+# A server without a place: the sync waits until one is free.
+cups_stop
+sed -i 's/^MaxJobs.*/&\nMaxClients 3/' "$CUPS/etc/cupsd.conf"
+cups_start
+for place in 1 2 3; do
+  sleep 4 | socat -u - TCP:127.0.0.1:631 >"$W/place_log" 2>&1 &
+  started "place$place" $!
+done
+wait_until 3 grep -q 'Max clients reached' "$CUPS/log/error_log" || fail "the server has places left"
+run 0 sync kelm --address ::1 --community secret
+cups_stop
+cups_write_conf >"$CUPS/etc/cupsd.conf"
+cups_start
+
+# Several servers, one of which is not there; the server on the command line wins.
+run 3 sync kelm --address ::1 --community secret -h 127.0.0.1:631 -h 127.0.0.1:632
+grep -q '^127.0.0.1:631/kelm: ' "$W/out" || fail "not the first server: $(cat "$W/out")"
+grep -q '^127.0.0.1:632/kelm: failed: .*does not answer' "$W/out" || fail "not the second server"
+CUPS_SERVER=127.0.0.1:632 run 0 settings kelm -h "$CUPS/state/cups.sock"
 cups_stop
 run 1 sync kelm --address ::1
-expect_message 'print server 127.0.0.1 does not answer'
+grep -q 'print server 127.0.0.1 does not answer' "$W/err" || fail "$(cat "$W/err")"
 
 run 2 sync
 run 2 sync kelm --address 'not an address'
+run 2 sync kelm --all
+run 2 sync kelm other --address ::1
+run 2 sync kelm --jobs 0

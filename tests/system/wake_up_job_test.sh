@@ -59,7 +59,7 @@ cmp "$W/page.ps" "$W/arrived.ps" || fail "the job is not complete"
 
 # The same by hand, with the printer awake and with the service already running.
 "$BUILD/kelmctl" wake kelm >"$W/ctl_out" 2>"$W/ctl_err" || fail "kelmctl wake: $(cat "$W/ctl_err")"
-grep -q '^10.77.0.2: the wake-up service is done after [01] s$' "$W/ctl_out" ||
+grep -q '^kelm: woken after [01] s$' "$W/ctl_out" ||
   fail "kelmctl wake said: $(cat "$W/ctl_out")"
 
 wait_until 15 service_is_gone || fail "the service stays without work"

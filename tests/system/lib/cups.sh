@@ -10,6 +10,9 @@ export CUPS_SERVER
 # cups_setup : lays out the tree; afterwards its two configuration files can still be added to
 cups_setup() {
   [ -x /usr/sbin/cupsd ] || fail "no /usr/sbin/cupsd: install the package cups"
+  # The locks of kelmctl: a queue of another test has the same name.
+  mkdir -p /run/lock
+  mount -t tmpfs -o mode=1777 none /run/lock
   install -d -m 755 "$CUPS" "$CUPS/etc" "$CUPS/etc/ppd" "$CUPS/cache" "$CUPS/state" "$CUPS/log" \
     "$CUPS/bin" "$CUPS/bin/filter" "$CUPS/bin/backend"
   install -d -m 710 -g lp "$CUPS/spool"
@@ -73,12 +76,12 @@ END
 
 cups_answers() { LC_ALL=C lpstat -r 2>/dev/null | grep -q 'is running'; }
 
-# cups_start : runs cupsd and waits until it answers
+# cups_start : runs cupsd and waits until it answers, at most CUPS_START_LIMIT (5) seconds
 cups_start() {
   /usr/sbin/cupsd -f -c "$CUPS/etc/cupsd.conf" -s "$CUPS/etc/cups-files.conf" \
     >"$CUPS/log/stdout_log" 2>&1 </dev/null &
   started cupsd $!
-  wait_until 5 cups_answers || fail "cupsd did not come up"
+  wait_until "${CUPS_START_LIMIT:-5}" cups_answers || fail "cupsd did not come up"
 }
 
 # cups_stop : also done at the end of the test

@@ -47,3 +47,14 @@ odd_agent_start() {
   started "$name" $!
   wait_until 5 test -s "$W/$name/requests" || fail "the agent $name did not come up"
 }
+
+# fleet_agents_start : the agents of the printers that are listed on standard input; the format is in
+# fleet_agent.py
+fleet_agents_start() {
+  mkdir -p "$W/fleet"
+  cat >"$W/fleet/printers"
+  /usr/bin/python3 "$HERE/lib/fleet_agent.py" "$W/fleet/printers" >"$W/fleet/out" \
+    2>"$W/fleet/agents_log" &
+  started fleet_agents $!
+  wait_until 10 test -s "$W/fleet/out" || fail "the agents did not come up"
+}

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/device_address.hpp"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace kelm::ctl {
@@ -20,6 +21,24 @@ TEST(AddressOfDevice, IsAnIPv6AddressWithItsZone) {
 
 TEST(AddressOfDevice, LooksAHostNameUp) {
   EXPECT_EQ(addressOfDevice("socket://localhost:9100"), "127.0.0.1");
+}
+
+TEST(WakeUpAdvice, NamesTheDeviceUriThatWorks) {
+  EXPECT_EQ(wakeUpAdvice("socket://192.0.2.7:9100", "192.0.2.7"),
+            "the device URI \"socket://192.0.2.7:9100\" gives the wake-up before a job "
+            "\"socket://192.0.2.7:9100\" as the printer's address; \"socket://192.0.2.7\" works");
+  EXPECT_THAT(wakeUpAdvice("ipp://[fe80::1%25eth0]/ipp/print", "fe80::1%eth0"),
+              testing::EndsWith("; \"ipp://[v1.fe80::1+eth0]/ipp/print\" works"));
+  EXPECT_THAT(wakeUpAdvice("socket://192.0.2.7:9101", "192.0.2.7"),
+              testing::EndsWith("; no device URI with a port works"));
+}
+
+TEST(WakeUpAdvice, IsEmptyWhereTheWakeUpTakesTheSameAddress) {
+  EXPECT_EQ(wakeUpAdvice("socket://192.0.2.7", "192.0.2.7"), "");
+  EXPECT_EQ(wakeUpAdvice("lpd://192.0.2.7/queue", "192.0.2.7"), "");
+  EXPECT_EQ(wakeUpAdvice("socket://[2001:db8::7]:9100", "2001:db8::7"), "");
+  EXPECT_EQ(wakeUpAdvice("socket://[v1.fe80::1+eth0]:9100", "fe80::1%eth0"), "");
+  EXPECT_EQ(wakeUpAdvice("usb://KELM/IJ?serial=1", "192.0.2.7"), "");
 }
 
 TEST(AddressOfDevice, IsEmptyWithoutAHostOnTheNetwork) {

@@ -20,6 +20,16 @@ TEST(SafeText, EscapesC1ControlCharactersAndNothingAroundThem) {
   EXPECT_EQ(safeText("\xC2\x80\xC2\x9B\xC2\x9F\xC2\xA0"), "\\u0080\\u009B\\u009F\xC2\xA0");
 }
 
+TEST(SafeText, EscapesLineSeparatorsAndBidirectionalControlsAndNothingAroundThem) {
+  EXPECT_EQ(safeText("\u2027\u2028\u202A\u202E\u202F"), "\u2027\\u2028\\u202A\\u202E\u202F");
+  EXPECT_EQ(safeText("\u2065\u2066\u2069\u206A"), "\u2065\\u2066\\u2069\u206A");
+}
+
+TEST(SafeText, EscapesBytesThatAreNotUtf8) {
+  EXPECT_EQ(safeText("a\xFF\xC3(\xE2\x82"), "a\\xFF\\xC3(\\xE2\\x82");
+  EXPECT_EQ(safeText("\xF0\x9F\x96\xA8"), "\xF0\x9F\x96\xA8");
+}
+
 TEST(SafeText, DoublesABackslash) { EXPECT_EQ(safeText("a\\u0009"), "a\\\\u0009"); }
 
 }  // namespace

@@ -63,8 +63,8 @@ TEST(Settings, AreReadableByDefault) {
             "Updated by the dialog     no\n"
             "Personal folder           no\n"
             "Administrator log-in      yes\n"
-            "Shared boxes              ABC\n"
-            "                          D\\u0009E\n"
+            "Shared boxes              1  ABC\n"
+            "                          5  D\\u0009E\n"
             "Selected shared boxes     (none)\n"
             "Selected box indexes      4\n"
             "Barcode areas             (none)\n"
@@ -80,7 +80,8 @@ TEST(Settings, AreOneJsonObjectWhenAsked) {
     "isCustomSnmpCommunity": true, "snmpCommunityName": "Büro", "isWakeOnLan": false,
     "printerMacAddress": "00:11:22:33:44:55", "isOverTheRouter": false,
     "printerIPAddress": "192.0.2.7", "ppdOptionsUpdated": false, "usePersonalFolder": false,
-    "adminLoginModeEnabled": true, "sharedBoxes": ["ABC", "D\tE"], "selectedSharedBoxes": [],
+    "adminLoginModeEnabled": true, "sharedBoxes": ["ABC", "D\tE"], "sharedBoxNumbers": [1, 5],
+    "selectedSharedBoxes": [],
     "selectedSharedBoxIndexes": [4], "barcodeAreas": [], "colorProfiles": [], "forms": []})"));
 }
 
@@ -121,8 +122,8 @@ TEST(Settings, OfAQueueFailWhenNoPrintServerAnswers) {
   EXPECT_EQ(outcome.status, kExitFailed);
   EXPECT_EQ(outcome.err,
             "kelmctl: the PPD of the queue \"office\" cannot be read: the print server "
-            "/nonexistent/cups.sock does not answer; start it, or name another one with "
-            "CUPS_SERVER\n");
+            "/nonexistent/cups.sock does not answer; start it, or name another one (-h, "
+            "CUPS_SERVER)\n");
 }
 
 }  // namespace

@@ -20,8 +20,20 @@ using Names = std::vector<std::string>;
 using Values = std::map<std::string, std::string>;
 
 // The printer at 192.0.2.7 with the community "public", as a job would store it.
-UpdateLines linesFor(const PrinterFacts& facts, ppd_file_t* stored = nullptr) {
+UpdateLines linesFor(const PrinterFacts& facts, const StoredLines& stored = {}) {
   return updateLinesFor(facts, "192.0.2.7", "public", stored);
+}
+
+// A printer that gives everything and has nothing.
+PrinterFacts completeFacts() {
+  PrinterFacts facts;
+  facts.macAddress = "00:1b:a9:00:00:01";
+  facts.adminLoginModeEnabled = false;
+  facts.sharedBoxes.emplace();
+  facts.forms.emplace();
+  facts.barcodeAreas.emplace();
+  facts.colorProfiles.emplace();
+  return facts;
 }
 
 PrinterFacts withForms(Names names) {
@@ -38,17 +50,47 @@ Values valuesOf(const UpdateLines& update, const std::string& beginning) {
   return values;
 }
 
-TEST(UpdateLines, AlwaysHoldTheSwitchesAndTheWayToThePrinter) {
+TEST(UpdateLines, AlwaysHoldTheWayToThePrinter) {
   const UpdateLines update = linesFor({});
   EXPECT_THAT(update.problem, IsEmpty());
-  EXPECT_THAT(valuesOf(update, ""),
-              ElementsAre(Pair("AdminLoginModeEnabled", "0"), Pair("IsCustomSnmpCommunity", "0"),
-                          Pair("PPDOptionsUpdated", "1"), Pair("PrinterIPAddress", "MTkyLjAuMi43"),
-                          Pair("SnmpCommunityName", "cHVibGlj")));
+  EXPECT_THAT(valuesOf(update, ""), ElementsAre(Pair("IsCustomSnmpCommunity", "0"),
+                                                Pair("PrinterIPAddress", "MTkyLjAuMi43"),
+                                                Pair("SnmpCommunityName", "cHVibGlj")));
+}
+
+TEST(UpdateLines, HoldTheLogInModeOnlyWhenThePrinterGaveIt) {
+  PrinterFacts facts;
+  facts.adminLoginModeEnabled = true;
+  EXPECT_EQ(valuesOf(linesFor(facts), "Admin")["AdminLoginModeEnabled"], "1");
+  facts.adminLoginModeEnabled = false;
+  EXPECT_EQ(valuesOf(linesFor(facts), "Admin")["AdminLoginModeEnabled"], "0");
+}
+
+TEST(UpdateLines, MarkACompleteUpdateAlone) {
+  PrinterFacts facts = completeFacts();
+  EXPECT_THAT(missingFacts(facts), IsEmpty());
+  EXPECT_EQ(valuesOf(linesFor(facts), "PPD")["PPDOptionsUpdated"], "1");
+  facts.leftOut = {"shared box 17"};
+  EXPECT_THAT(missingFacts(facts), ElementsAre("readable shared box 17"));
+  EXPECT_THAT(valuesOf(linesFor(facts), "PPD"), IsEmpty());
+  facts = completeFacts();
+  facts.adminLoginModeEnabled.reset();
+  EXPECT_THAT(missingFacts(facts), ElementsAre("administrator log-in mode"));
+  EXPECT_THAT(valuesOf(linesFor(facts), "PPD"), IsEmpty());
+}
+
+TEST(UpdateLines, LeaveABoxThatCannotBeReadAsItIsStored) {
+  PrinterFacts facts;
+  facts.sharedBoxes = {{"1", "a"}, {}, {"0", ""}};
+  EXPECT_THAT(valuesOf(linesFor(facts, {{"SharedBoxName0_Part1", "Yg=="},
+                                        {"SharedBoxName1_Part1", "Yg=="},
+                                        {"SharedBoxName2_Part1", "Yg=="}}),
+                       "SharedBox"),
+              ElementsAre(Pair("SharedBoxName0_Part1", "YQ=="), Pair("SharedBoxName2_Part1", "")));
 }
 
 TEST(UpdateLines, CallEveryCommunityButPublicCustom) {
-  const UpdateLines update = updateLinesFor({}, "192.0.2.7", "", nullptr);
+  const UpdateLines update = updateLinesFor({}, "192.0.2.7", "", {});
   EXPECT_EQ(valuesOf(update, "IsCustom")["IsCustomSnmpCommunity"], "1");
   EXPECT_EQ(valuesOf(update, "SnmpCommunity")["SnmpCommunityName"], "");
 }
@@ -94,7 +136,7 @@ TEST(UpdateLines, UseSixPartsAtMostAndRefuseALongerTextByName) {
 TEST(UpdateLines, RefuseASingleTextThatDoesNotFitOneLine) {
   // "SnmpCommunityName" leaves 235 characters: 58 groups of 4 for 174 bytes.
   const auto problemOf = [](std::size_t length) {
-    return updateLinesFor({}, "192.0.2.7", std::string(length, 'm'), nullptr).problem;
+    return updateLinesFor({}, "192.0.2.7", std::string(length, 'm'), {}).problem;
   };
   EXPECT_THAT(problemOf(174), IsEmpty());
   EXPECT_THAT(problemOf(175), HasSubstr("community \"mmmm"));
@@ -105,10 +147,18 @@ TEST(UpdateLines, HoldAMacAddressOfSixPartsOnly) {
   facts.macAddress = "00:1b:a9:0:4D:5e";
   EXPECT_THAT(valuesOf(linesFor(facts), "PrinterMac"),
               ElementsAre(Pair("PrinterMacAddress", "MDA6MWI6YTk6MDo0RDo1ZQ==")));
-  for (const char* other : {"", "00-1B-A9-0C-4D-5E", "001BA90C4D5E", "00:1b:a9:0c:4d",
-                            "00:1b:a9:0c:4d:5e:6f", "00:00:00:00:00:00"}) {
+  for (const char* other : {"", "001BA90C4D5", "001BA90C4D5G", "00:1b:a9:0c:4d", "00-1b-a9-0c-4d",
+                            "00:1b:a9:0c:4d:5e:6f", "00:00:00:00:00:00", "000000000000"}) {
     facts.macAddress = other;
     EXPECT_THAT(valuesOf(linesFor(facts), "PrinterMac"), IsEmpty()) << other;
+  }
+}
+
+TEST(UpdateLines, WriteAMacAddressAsAJobUnderstandsIt) {
+  PrinterFacts facts;
+  for (const char* form : {"00-1B-A9-0C-4D-5E", "001BA90C4D5E", "00:1B:A9:0C:4D:5E"}) {
+    facts.macAddress = form;
+    EXPECT_EQ(storableMacAddress(facts), "00:1B:A9:0C:4D:5E") << form;
   }
 }
 
@@ -122,9 +172,11 @@ TEST(UpdateLines, RefuseMoreThanOneJobCarries) {
 }
 
 TEST(UpdateLines, EmptyWhatIsStoredAndGone) {
-  const tests::MemoryPpd stored(
-      "*PSFormName0_Part1: \"YWJj\"\n*PSFormName0_Part2: \"ZGVm\"\n*PSFormName7_Part6: \"YQ==\"\n"
-      "*PSFormName8_Part1: \"\"\n*ColorProfileName0_Part1: \"YQ==\"\n");
+  const StoredLines stored{{"PSFormName0_Part1", "YWJj"},
+                           {"PSFormName0_Part2", "ZGVm"},
+                           {"PSFormName7_Part6", "YQ=="},
+                           {"PSFormName8_Part1", ""},
+                           {"ColorProfileName0_Part1", "YQ=="}};
   const UpdateLines update = linesFor(withForms({"a"}), stored);
   EXPECT_THAT(valuesOf(update, "PSForm"),
               ElementsAre(Pair("PSFormName0_Part1", "YQ=="), Pair("PSFormName0_Part2", ""),
@@ -132,14 +184,25 @@ TEST(UpdateLines, EmptyWhatIsStoredAndGone) {
   EXPECT_THAT(valuesOf(update, "Color"), IsEmpty());
 }
 
-TEST(FirstNotStored, IsTheFirstLineThatThePpdDoesNotHold) {
-  const tests::MemoryPpd ppd("*A: \"1\"\n*B: \"2\"\n");
+TEST(FirstNotStored, IsTheFirstLineThatIsNotStored) {
+  const StoredLines stored{{"A", "1"}, {"B", "2"}};
   const std::vector<UpdateLine> lines{{"A", "1"}, {"Gone", ""}, {"B", "3"}, {"C", "4"}};
-  const UpdateLine* missing = firstNotStored(lines, ppd);
+  const UpdateLine* missing = firstNotStored(lines, stored);
   ASSERT_NE(missing, nullptr);
   EXPECT_EQ(missing->keyword, "B");
-  EXPECT_EQ(firstNotStored({{"B", "2"}}, ppd), nullptr);
-  EXPECT_EQ(firstNotStored({{"B", "2"}}, nullptr)->keyword, "B");
+  EXPECT_EQ(firstNotStored({{"B", "2"}}, stored), nullptr);
+  EXPECT_EQ(firstNotStored({{"B", "2"}}, {})->keyword, "B");
+}
+
+TEST(StoredLines, AreTheStoredFactsOfAPpd) {
+  const tests::MemoryPpd ppd(
+      "*IsWakeOnLan: 0\n*SharedBoxName12_Part3: YQ==\n*SelSharedBoxIndex4: 7\n"
+      "*SharedBoxName: no\n*SharedBoxNames1_Part1: no\n*SelSharedBoxIndex4_Part1: no\n"
+      "*IsWakeOnLan2: no\n*NickName: \"no\"\n");
+  EXPECT_THAT(storedLinesOf(ppd),
+              ElementsAre(Pair("IsWakeOnLan", "0"), Pair("SelSharedBoxIndex4", "7"),
+                          Pair("SharedBoxName12_Part3", "YQ==")));
+  EXPECT_THAT(storedLinesOf(nullptr), IsEmpty());
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// The PPD that a subcommand reads: a file, or a queue's.
+// A PPD that a subcommand reads.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -18,11 +18,13 @@ using PpdHandle = std::unique_ptr<ppd_file_t, PpdCloser>;
 struct OpenedPpd {
   PpdHandle ppd;
   std::string problem;
+  bool isAbsent = false;  // the queue is there and has none
 };
 
 OpenedPpd openPpdFile(const std::string& path);
 
-// Asks the print server (CUPS_SERVER) for the queue's PPD and removes the library's copy again.
-OpenedPpd openQueuePpd(const std::string& queue);
+// As openPpdFile; `description` and `advice` are for the message.
+OpenedPpd openPpdAt(const std::string& path, const std::string& description,
+                    const std::string& advice);
 
 }  // namespace kelm::ctl

@@ -1,0 +1,362 @@
+// One print server, over one connection that is made again when it breaks.
+// SPDX-License-Identifier: Apache-2.0
+#include "ctl/print_server.hpp"
+
+#include <unistd.h>
+
+#include <string_view>
+#include <thread>
+#include <utility>
+
+#include "ctl/job_options.hpp"
+#include "ctl/message.hpp"
+#include "job/ppd_calls.hpp"
+
+// libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace kelm::ctl {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr int kConnectLimit = 5000;  // milliseconds
+constexpr int kAnswerLimit = 10;     // seconds
+// The first list of PPDs after an upgrade: CUPS reads all that are installed.
+constexpr int kLimitOfPpdList = 120;  // seconds
+constexpr auto kPauseBetweenAttempts = 500ms;
+constexpr char kTitle[] = "Printer settings";
+// In the filter's own format, so that no other filter comes before it; and without a page, in case
+// the queue does not have this filter.
+constexpr char kFormat[] = "application/vnd.cups-postscript";
+constexpr std::string_view kDocument = "%!PS-Adobe-3.0\n%%Pages: 0\n%%EndComments\n%%EOF\n";
+constexpr const char* kQueueAttributes[] = {"printer-name", "device-uri", "printer-state",
+                                            "printer-type"};
+
+int giveUpWaiting(http_t* /*http*/, void* /*data*/) { return 0; }
+
+// No answer, or one that only says "later".
+bool isWorthAnotherAttempt() {
+  switch (cupsLastError()) {
+    case IPP_STATUS_ERROR_SERVICE_UNAVAILABLE:
+    case IPP_STATUS_ERROR_TEMPORARY:
+    case IPP_STATUS_ERROR_TIMEOUT:
+    case IPP_STATUS_ERROR_BUSY:
+    case IPP_STATUS_ERROR_INTERNAL:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void addQueueAttributes(ipp_t* request) {
+  ippAddStrings(request, IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
+                static_cast<int>(std::size(kQueueAttributes)), nullptr, kQueueAttributes);
+}
+
+// Reads one attribute of a queue into its record.
+void readAttribute(ipp_attribute_t* attribute, Queue& queue) {
+  const std::string_view name = ippGetName(attribute);
+  if (name == "printer-name") {
+    queue.name = ippGetString(attribute, 0, nullptr);
+  } else if (name == "device-uri") {
+    queue.deviceUri = ippGetString(attribute, 0, nullptr);
+  } else if (name == "printer-state") {
+    queue.isStopped = ippGetInteger(attribute, 0) == IPP_PSTATE_STOPPED;
+    queue.isPrinting = ippGetInteger(attribute, 0) == IPP_PSTATE_PROCESSING;
+  } else if (name == "printer-type") {
+    queue.isClass = (static_cast<unsigned>(ippGetInteger(attribute, 0)) & CUPS_PRINTER_CLASS) != 0;
+  }
+}
+
+// The queues of a response; a nameless attribute ends each.
+std::vector<Queue> queuesOf(ipp_t* response) {
+  std::vector<Queue> queues;
+  Queue queue;
+  for (ipp_attribute_t* attribute = ippFirstAttribute(response); attribute != nullptr;
+       attribute = ippNextAttribute(response)) {
+    if (ippGetGroupTag(attribute) == IPP_TAG_PRINTER && ippGetName(attribute) != nullptr) {
+      readAttribute(attribute, queue);
+    } else if (!queue.name.empty()) {
+      queues.push_back(std::exchange(queue, {}));
+    }
+  }
+  if (!queue.name.empty()) queues.push_back(queue);
+  return queues;
+}
+
+JobState stateOf(int state) {
+  switch (state) {
+    case IPP_JSTATE_PROCESSING:
+      return JobState::kPrinting;
+    case IPP_JSTATE_STOPPED:
+      return JobState::kStopped;
+    case IPP_JSTATE_CANCELED:
+    case IPP_JSTATE_ABORTED:
+      return JobState::kFailed;
+    case IPP_JSTATE_COMPLETED:
+      return JobState::kCompleted;
+    default:
+      return JobState::kWaiting;
+  }
+}
+
+std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+
+}  // namespace
+
+std::string classProblem(const std::string& name) {
+  return quoted(name) + " is a class; name its queues, \"lpstat -c " + name + "\" lists them";
+}
+
+PrintServer::PrintServer(const std::string& name, const Console& console,
+                         std::chrono::seconds patience)
+    : console_(console), patience_(patience) {
+  cupsSetServer(name.empty() ? nullptr : name.c_str());
+  host_ = cupsServer();
+  port_ = ippPort();
+  name_ = name.empty() ? host_ : name;
+}
+
+bool PrintServer::connect() {
+  if (http_ != nullptr) return true;
+  http_.reset(httpConnect2(host_.c_str(), port_, nullptr, AF_UNSPEC, cupsEncryption(), 1,
+                           kConnectLimit, nullptr));
+  if (http_ != nullptr) httpSetTimeout(http_.get(), kAnswerLimit, giveUpWaiting, nullptr);
+  return http_ != nullptr;
+}
+
+// False when the server could not be asked or said "later"; a request that fails otherwise is done.
+bool PrintServer::attempt(const std::function<bool()>& request) {
+  unreachable_ = !connect();
+  if (unreachable_) return false;
+  const auto start = Clock::now();
+  if (request() || !isWorthAnotherAttempt()) return true;
+  isSilent_ = Clock::now() - start >= std::chrono::seconds(kAnswerLimit);
+  http_.reset();
+  return false;
+}
+
+bool PrintServer::perform(const std::function<bool()>& request) {
+  const auto end = Clock::now() + patience_;
+  bool told = false;
+  while (!attempt(request)) {
+    if (Clock::now() >= end) return false;
+    if (!told) {
+      complain(console_,
+               lastProblem() + "; trying again for " + std::to_string(patience_.count()) + " s");
+    }
+    told = true;
+    std::this_thread::sleep_for(kPauseBetweenAttempts);
+  }
+  return true;
+}
+
+// Why the last request had no result.
+std::string PrintServer::lastProblem() const {
+  const std::string server = "the print server " + name_;
+  if (unreachable_) return server + " does not answer";
+  if (isSilent_) {
+    return server +
+           " accepts connections and stays silent: it is hung, or all its places are taken "
+           "(MaxClients)";
+  }
+  return server + " says: " + cupsLastErrorString();
+}
+
+PrintServer::Ipp PrintServer::ask(const std::function<Ipp()>& request, const char* resource) {
+  Ipp response;
+  perform([&] {
+    response.reset(cupsDoRequest(http_.get(), request().release(), resource));
+    return response != nullptr &&
+           ippGetStatusCode(response.get()) < IPP_STATUS_REDIRECTION_OTHER_SITE;
+  });
+  return response;
+}
+
+PrintServer::Ipp PrintServer::queueRequest(ipp_op_t operation, const std::string& queue) const {
+  char uri[HTTP_MAX_URI];
+  httpAssembleURIf(HTTP_URI_CODING_ALL, uri, sizeof uri, "ipp", nullptr, "localhost", 0,
+                   "/printers/%s", queue.c_str());
+  Ipp request(ippNewRequest(operation));
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri);
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
+               cupsUser());
+  return request;
+}
+
+Queues PrintServer::allQueues() {
+  const Ipp response = ask(
+      [] {
+        Ipp request(ippNewRequest(IPP_OP_CUPS_GET_PRINTERS));
+        addQueueAttributes(request.get());
+        return request;
+      },
+      "/");
+  // A server without a queue reports that as "not found".
+  if (response == nullptr || cupsLastError() >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
+    if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return {};
+    return {{}, lastProblem()};
+  }
+  return {queuesOf(response.get()), {}};
+}
+
+Queues PrintServer::queue(const std::string& name) {
+  const Ipp response = ask(
+      [&] {
+        Ipp request = queueRequest(IPP_OP_GET_PRINTER_ATTRIBUTES, name);
+        addQueueAttributes(request.get());
+        return request;
+      },
+      "/");
+  std::vector<Queue> queues = queuesOf(response.get());
+  if (!queues.empty()) return {queues, {}};
+  if (!unreachable_ && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
+    return {{},
+            "the queue " + quoted(name) + " is not known to the print server " + name_ +
+                "; \"lpstat -v\" lists the queues"};
+  }
+  return {{}, lastProblem()};
+}
+
+OpenedPpd PrintServer::openPpd(const std::string& queue) {
+  const PpdCopy copy = copyPpd(queue);
+  if (!copy.problem.empty()) return {nullptr, copy.problem, copy.isAbsent};
+  OpenedPpd opened = openPpdAt(copy.path, "the PPD of the queue " + quoted(queue),
+                               "give the queue a sound one: lpadmin -p " + queue + " -P FILE");
+  unlink(copy.path.c_str());
+  return opened;
+}
+
+PrintServer::PpdCopy PrintServer::copyOnce(
+    const std::string& description, const std::function<std::optional<std::string>()>& copy) {
+  PpdCopy result;
+  const bool asked = perform([&] {
+    const auto path = copy();
+    result.path = path.value_or("");
+    return path.has_value();
+  });
+  if (!asked || result.path.empty()) {
+    const bool reached = asked && !unreachable_;
+    result.problem = description + " cannot be read: " +
+                     (reached ? std::string(cupsLastErrorString())
+                              : lastProblem() +
+                                    "; start it, or "
+                                    "name another one (-h, CUPS_SERVER)");
+  }
+  return result;
+}
+
+PrintServer::PpdCopy PrintServer::copyPpd(const std::string& queue) {
+  PpdCopy copy =
+      copyOnce("the PPD of the queue " + quoted(queue), [&]() -> std::optional<std::string> {
+        const char* path = job::r_cupsGetPPD2(http_.get(), queue.c_str());
+        if (path == nullptr) return std::nullopt;
+        return path;
+      });
+  if (copy.problem.empty() || unreachable_) return copy;
+  // "Not found" is a queue that is not there, or one without a PPD.
+  const Queues found = this->queue(queue);
+  if (!found.problem.empty()) {
+    copy.problem = found.problem;
+  } else {
+    copy.problem = "the queue " + quoted(queue) + " has no PPD (raw or driverless queue)";
+    copy.isAbsent = true;
+  }
+  return copy;
+}
+
+PrintServer::PpdCopy PrintServer::copyInstalledPpd(const std::string& makeAndModel) {
+  const Ipp response = ask(
+      [&] {
+        httpSetTimeout(http_.get(), kLimitOfPpdList, giveUpWaiting, nullptr);
+        Ipp request(ippNewRequest(IPP_OP_CUPS_GET_PPDS));
+        ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_TEXT, "ppd-make-and-model", nullptr,
+                     makeAndModel.c_str());
+        ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "limit", 1);
+        return request;
+      },
+      "/");
+  if (http_ != nullptr) httpSetTimeout(http_.get(), kAnswerLimit, giveUpWaiting, nullptr);
+  if (response == nullptr) return {{}, lastProblem()};
+  ipp_attribute_t* name = ippFindAttribute(response.get(), "ppd-name", IPP_TAG_NAME);
+  if (name == nullptr) {
+    return {{},
+            "the print server " + name_ + " has no PPD for " + quoted(makeAndModel) +
+                " installed; give one with --ppd"};
+  }
+  const std::string ppdName = ippGetString(name, 0, nullptr);
+  return copyOnce("the installed PPD " + quoted(ppdName), [&]() -> std::optional<std::string> {
+    const char* path = cupsGetServerPPD(http_.get(), ppdName.c_str());
+    if (path == nullptr) return std::nullopt;
+    return path;
+  });
+}
+
+std::string PrintServer::setPpd(const std::string& queue, const std::string& path) {
+  const bool asked = perform([&] {
+    Ipp request = queueRequest(IPP_OP_CUPS_ADD_MODIFY_PRINTER, queue);
+    const Ipp response(cupsDoFileRequest(http_.get(), request.release(), "/admin/", path.c_str()));
+    return cupsLastError() < IPP_STATUS_REDIRECTION_OTHER_SITE;
+  });
+  if (asked && cupsLastError() < IPP_STATUS_REDIRECTION_OTHER_SITE) return {};
+  if (!asked) return lastProblem();
+  return "the print server " + name_ + " does not take the PPD for the queue " + quoted(queue) +
+         ": " + cupsLastErrorString();
+}
+
+bool PrintServer::sendDocument(const std::string& queue, int job) {
+  if (cupsStartDocument(http_.get(), queue.c_str(), job, kTitle, kFormat, 1) !=
+      HTTP_STATUS_CONTINUE) {
+    return false;
+  }
+  cupsWriteRequestData(http_.get(), kDocument.data(), kDocument.size());
+  return cupsFinishDocument(http_.get(), queue.c_str()) < IPP_STATUS_REDIRECTION_OTHER_SITE;
+}
+
+// A job whose document does not arrive is cancelled; the next attempt sends another one.
+SentJob PrintServer::sendUpdate(const std::string& queue, const std::vector<UpdateLine>& lines) {
+  const JobOptions options(lines);
+  SentJob sent;
+  const bool asked = perform([&] {
+    sent.job =
+        cupsCreateJob(http_.get(), queue.c_str(), kTitle, options.count(), options.options());
+    if (sent.job == 0) return false;
+    if (sendDocument(queue, sent.job)) return true;
+    const std::string reason = cupsLastErrorString();
+    cupsCancelJob2(http_.get(), queue.c_str(), sent.job, 0);
+    sent = {0, reason};
+    return false;
+  });
+  if (sent.job != 0) return {sent.job, {}};
+  if (!asked) return {0, lastProblem()};
+  return {0, "the print server refuses the update job for the queue " + quoted(queue) + ": " +
+                 (sent.problem.empty() ? cupsLastErrorString() : sent.problem) +
+                 "; its policy or error log says why"};
+}
+
+JobState PrintServer::jobState(int job) {
+  const Ipp response = ask(
+      [&] {
+        char uri[HTTP_MAX_URI];
+        httpAssembleURIf(HTTP_URI_CODING_ALL, uri, sizeof uri, "ipp", nullptr, "localhost", 0,
+                         "/jobs/%d", job);
+        Ipp request(ippNewRequest(IPP_OP_GET_JOB_ATTRIBUTES));
+        ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "job-uri", nullptr, uri);
+        ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name",
+                     nullptr, cupsUser());
+        ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_KEYWORD, "requested-attributes",
+                     nullptr, "job-state");
+        return request;
+      },
+      "/");
+  ipp_attribute_t* state = ippFindAttribute(response.get(), "job-state", IPP_TAG_ENUM);
+  return state != nullptr ? stateOf(ippGetInteger(state, 0)) : JobState::kUnknown;
+}
+
+void PrintServer::cancel(const std::string& queue, int job) {
+  if (connect()) cupsCancelJob2(http_.get(), queue.c_str(), job, 0);
+}
+
+}  // namespace kelm::ctl

@@ -1,0 +1,117 @@
+// One print server, over one connection that is made again when it breaks.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cups/cups.h>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "ctl/opened_ppd.hpp"
+#include "ctl/subcommand.hpp"
+#include "ctl/update_lines.hpp"
+
+namespace kelm::ctl {
+
+struct Queue {
+  std::string name;
+  std::string deviceUri;
+  bool isClass = false;
+  bool isStopped = false;
+  bool isPrinting = false;
+};
+
+// The queues asked for or, when `problem` is not empty, why there are none and what to do.
+struct Queues {
+  std::vector<Queue> queues;
+  std::string problem;
+};
+
+// Why nothing is stored in a class, and what to do. CUPS gives the PPD of one of its queues for it.
+std::string classProblem(const std::string& name);
+
+// The number of a job that was sent or, when `problem` is not empty, why none was and what to do.
+struct SentJob {
+  int job = 0;
+  std::string problem;
+};
+
+enum class JobState { kWaiting, kPrinting, kStopped, kFailed, kCompleted, kUnknown };
+
+// Every request waits at most 10 seconds for an answer (the list of installed PPDs: 120). Where the
+// server cannot be reached, breaks off or has no place, requests are tried again for `patience`,
+// and the console is told once. Passwords are asked for as libcups does it. One process may use
+// several servers in turn.
+class PrintServer {
+ public:
+  static constexpr std::chrono::seconds kPatience{15};
+
+  // `name`: HOST[:PORT] or the path of a socket; empty: the default of libcups (CUPS_SERVER).
+  PrintServer(const std::string& name, const Console& console,
+              std::chrono::seconds patience = std::chrono::seconds(0));
+
+  // The name as messages show it.
+  const std::string& name() const { return name_; }
+
+  Queues allQueues();
+
+  // One queue or class.
+  Queues queue(const std::string& name);
+
+  // The queue's PPD; the library's copy is removed again.
+  OpenedPpd openPpd(const std::string& queue);
+
+  // The installed PPD whose NickName is `makeAndModel`: the path of a copy, to be removed by the
+  // caller; or the problem.
+  struct PpdCopy {
+    std::string path;
+    std::string problem;
+    bool isAbsent = false;  // the queue is there and has none
+  };
+  PpdCopy copyInstalledPpd(const std::string& makeAndModel);
+  PpdCopy copyPpd(const std::string& queue);
+
+  // Gives the queue the PPD in the file. The result is the problem; empty when it was done.
+  std::string setPpd(const std::string& queue, const std::string& path);
+
+  // Sends one update job with `lines` as its options.
+  SentJob sendUpdate(const std::string& queue, const std::vector<UpdateLine>& lines);
+
+  // kUnknown: the server does not know the job any more, or does not answer.
+  JobState jobState(int job);
+  void cancel(const std::string& queue, int job);
+
+ private:
+  struct HttpCloser {
+    void operator()(http_t* http) const { httpClose(http); }
+  };
+  struct IppDeleter {
+    void operator()(ipp_t* message) const { ippDelete(message); }
+  };
+  using Ipp = std::unique_ptr<ipp_t, IppDeleter>;
+
+  bool connect();
+  bool attempt(const std::function<bool()>& request);
+  bool perform(const std::function<bool()>& request);
+  Ipp ask(const std::function<Ipp()>& request, const char* resource);
+  Ipp queueRequest(ipp_op_t operation, const std::string& queue) const;
+  std::string lastProblem() const;
+  PpdCopy copyOnce(const std::string& description,
+                   const std::function<std::optional<std::string>()>& copy);
+  bool sendDocument(const std::string& queue, int job);
+
+  const Console& console_;
+  std::chrono::seconds patience_;
+  std::string name_;
+  std::string host_;
+  int port_ = 0;
+  std::unique_ptr<http_t, HttpCloser> http_;
+  bool isSilent_ = false;     // the last request had no answer in time
+  bool unreachable_ = false;  // the last request found no connection
+};
+
+}  // namespace kelm::ctl

@@ -1,0 +1,77 @@
+// Locks that keep two processes from changing the stored facts of one queue at a time.
+// SPDX-License-Identifier: Apache-2.0
+#include "ctl/queue_locks.hpp"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdint>
+#include <cstring>
+
+namespace kelm::ctl {
+namespace {
+
+constexpr char kFile[] = "/run/lock/kelmctl.lock";
+constexpr mode_t kForAllUsers = 0666;
+
+// Created only where it is missing: the kernel does not let root create over another user's file
+// there (fs.protected_regular).
+int openLockFile() {
+  const int existing = open(kFile, O_RDWR | O_NOFOLLOW | O_CLOEXEC);
+  if (existing >= 0 || errno != ENOENT) return existing;
+  const int file = open(kFile, O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_CREAT | O_EXCL, kForAllUsers);
+  if (file < 0 && errno == EEXIST) return open(kFile, O_RDWR | O_NOFOLLOW | O_CLOEXEC);
+  if (file >= 0) fchmod(file, kForAllUsers);
+  return file;
+}
+
+// FNV-1a, the same in every process, cut to a file offset.
+off_t offsetOf(const std::string& server, const std::string& queue) {
+  std::uint64_t hash = 0xCBF29CE484222325U;
+  for (const char c : server + '\n' + queue) {
+    hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
+  }
+  return static_cast<off_t>(hash >> 2);
+}
+
+struct flock lockFor(short type, const std::string& server, const std::string& queue) {
+  struct flock lock {};
+  lock.l_type = type;
+  lock.l_whence = SEEK_SET;
+  lock.l_start = offsetOf(server, queue);
+  lock.l_len = 1;
+  return lock;
+}
+
+}  // namespace
+
+QueueLocks::QueueLocks() : file_(openLockFile()) {
+  if (file_ >= 0) return;
+  problem_ = std::string("the lock file ") + kFile + " cannot be opened: " + std::strerror(errno) +
+             "; without it two updates of one queue could mix";
+}
+
+QueueLocks::~QueueLocks() {
+  if (file_ >= 0) close(file_);
+}
+
+pid_t QueueLocks::tryLock(const std::string& server, const std::string& queue) {
+  constexpr int kAttempts = 10;  // the holder may end between the two calls
+  for (int attempt = 0; attempt < kAttempts; ++attempt) {
+    struct flock lock = lockFor(F_WRLCK, server, queue);
+    if (fcntl(file_, F_SETLK, &lock) == 0) return 0;
+    struct flock holder = lockFor(F_WRLCK, server, queue);
+    if (fcntl(file_, F_GETLK, &holder) != 0) return -1;
+    if (holder.l_type != F_UNLCK) return holder.l_pid;
+  }
+  return -1;
+}
+
+void QueueLocks::unlock(const std::string& server, const std::string& queue) {
+  struct flock lock = lockFor(F_UNLCK, server, queue);
+  fcntl(file_, F_SETLK, &lock);
+}
+
+}  // namespace kelm::ctl

@@ -1,0 +1,27 @@
+// The queues that a subcommand works on: by name, or all.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "ctl/server_options.hpp"
+
+namespace kelm::ctl {
+
+struct QueueOptions {
+  std::vector<std::string> names;  // none with `all`
+  bool all = false;
+  ServerOptions server;
+};
+
+// Adds QUEUE..., --all and the options of declareServers. `options` outlives the list.
+void declareQueues(ArgumentList& list, QueueOptions& options);
+
+// A usage error unless either names or --all are given.
+void requireQueues(ArgumentList& list, const QueueOptions& options);
+
+// The names without repetition, in their order.
+std::vector<std::string> uniqueNames(const QueueOptions& options);
+
+}  // namespace kelm::ctl

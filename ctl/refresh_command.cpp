@@ -1,0 +1,297 @@
+// kelmctl refresh: gives queues the installed PPD and keeps their facts and defaults.
+// SPDX-License-Identifier: Apache-2.0
+#include <cups/cups.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <map>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "ctl/commands.hpp"
+#include "ctl/exit_status.hpp"
+#include "ctl/interruption.hpp"
+#include "ctl/message.hpp"
+#include "ctl/opened_ppd.hpp"
+#include "ctl/print_server.hpp"
+#include "ctl/queue_locks.hpp"
+#include "ctl/queue_options.hpp"
+#include "ctl/refreshed_ppd.hpp"
+#include "ctl/safe_text.hpp"
+#include "ctl/stored_state.hpp"
+
+// libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace kelm::ctl {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr auto kPause = 200ms;
+constexpr unsigned kLongestWait = 86400;
+constexpr std::size_t kLargestPpd = 64U << 20;  // bytes
+
+struct Arguments {
+  QueueOptions queues;
+  std::optional<std::string> ppd;
+  bool dryRun = false;
+  unsigned wait = 120;  // seconds
+};
+
+// The text of a PPD file, unpacked where it is compressed; nothing when it cannot be read.
+std::optional<std::string> textOf(const std::string& path) {
+  cups_file_t* file = cupsFileOpen(path.c_str(), "r");
+  if (file == nullptr) return std::nullopt;
+  std::string text;
+  char block[65536];
+  ssize_t count = 0;
+  while (text.size() < kLargestPpd && (count = cupsFileRead(file, block, sizeof block)) > 0) {
+    text.append(block, static_cast<std::size_t>(count));
+  }
+  const bool isWhole = cupsFileEOF(file) != 0;
+  cupsFileClose(file);
+  return isWhole ? std::optional(text) : std::nullopt;
+}
+
+// A text in a file that is removed at the end.
+class TemporaryFile {
+ public:
+  explicit TemporaryFile(const std::string& text) {
+    char path[1024];
+    const int file = cupsTempFd(path, sizeof path);
+    if (file < 0) return;
+    path_ = path;
+    isWhole_ = write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size());
+    close(file);
+  }
+  ~TemporaryFile() {
+    if (!path_.empty()) unlink(path_.c_str());
+  }
+  TemporaryFile(const TemporaryFile&) = delete;
+  TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+  const std::string& path() const { return path_; }
+  bool isWhole() const { return isWhole_; }
+
+ private:
+  std::string path_;
+  bool isWhole_ = false;
+};
+
+// A PPD as text and as libcups reads it, or the problem.
+struct Ppd {
+  std::string text;
+  PpdHandle ppd;
+  std::string problem;
+  bool isAbsent = false;
+};
+
+Ppd readPpd(const std::string& path, const std::string& description, const std::string& advice) {
+  OpenedPpd opened = openPpdAt(path, description, advice);
+  std::optional<std::string> text = textOf(path);
+  if (opened.ppd != nullptr && !text) {
+    return {{}, nullptr, description + " cannot be read to its end; " + advice};
+  }
+  return {text.value_or(""), std::move(opened.ppd), std::move(opened.problem)};
+}
+
+std::string attributeOf(ppd_file_t* ppd, const char* name) {
+  const ppd_attr_t* attribute = ppdFindAttr(ppd, name, nullptr);
+  return attribute != nullptr && attribute->value != nullptr ? attribute->value : "";
+}
+
+std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+
+class Refresh {
+ public:
+  Refresh(const Arguments& arguments, const Console& console)
+      : arguments_(arguments), console_(console) {}
+
+  int run() {
+    for (const std::string& name : serversOf(arguments_.queues.server)) {
+      PrintServer server(name, console_, PrintServer::kPatience);
+      installed_.clear();
+      refreshAll(server);
+    }
+    if (failed_ == 0) return kExitDone;
+    return done_ == 0 ? kExitFailed : kExitPartly;
+  }
+
+ private:
+  void refreshAll(PrintServer& server) {
+    if (!arguments_.queues.all) {
+      for (const std::string& queue : uniqueNames(arguments_.queues)) {
+        const Queues found = server.queue(queue);
+        if (!found.problem.empty() || found.queues.front().isClass) {
+          complainOf(queue, found.problem.empty() ? classProblem(queue) : found.problem);
+        } else {
+          count(server, queue);
+        }
+      }
+      return;
+    }
+    const Queues found = server.allQueues();
+    if (!found.problem.empty()) complainOf("", found.problem);
+    for (const Queue& queue : found.queues) {
+      if (!queue.isClass) count(server, queue.name);
+    }
+  }
+
+  void count(PrintServer& server, const std::string& queue) {
+    if (Interruption::isWanted()) return complainOf(queue, "interrupted; it is as it was");
+    if (refresh(server, queue)) ++done_;
+  }
+
+  void complainOf(const std::string& queue, const std::string& problem) {
+    complain(console_, queue.empty() ? problem : queue + ": " + problem);
+    ++failed_;
+  }
+
+  void say(const std::string& queue, const std::string& text) const {
+    console_.out << safeText(queue + ": " + text) << std::endl;
+  }
+
+  // False when it was not done, which was reported, or is not ours.
+  bool refresh(PrintServer& server, const std::string& queue) {
+    const pid_t holder = lock(server, queue);
+    if (holder != 0) {
+      complainOf(queue, "process " + std::to_string(holder) + " is at work on it; try again later");
+      return false;
+    }
+    const bool isDone = refreshLocked(server, queue);
+    locks_.unlock(server.name(), queue);
+    return isDone;
+  }
+
+  pid_t lock(PrintServer& server, const std::string& queue) {
+    const auto end = Clock::now() + std::chrono::seconds(arguments_.wait);
+    pid_t holder = locks_.tryLock(server.name(), queue);
+    while (holder > 0 && Clock::now() < end && !Interruption::isWanted()) {
+      std::this_thread::sleep_for(kPause);
+      holder = locks_.tryLock(server.name(), queue);
+    }
+    return holder;
+  }
+
+  bool refreshLocked(PrintServer& server, const std::string& queue) {
+    const Ppd old = queuePpd(server, queue);
+    const bool isOurs = printsWithKelmfilter(old.ppd.get());
+    if (arguments_.queues.all && (old.isAbsent || (old.ppd != nullptr && !isOurs))) return false;
+    if (old.ppd == nullptr) return complainOf(queue, old.problem), false;
+    if (!isOurs) return complainOf(queue, "it does not print with kelmfilter"), false;
+    const Ppd& fresh = installedPpd(server, attributeOf(old.ppd.get(), "NickName"));
+    if (fresh.ppd == nullptr) return complainOf(queue, fresh.problem), false;
+    const RefreshedPpd merged = refreshedPpd(fresh.text, fresh.ppd.get(), old.ppd.get());
+    const std::string versions = "FileVersion " + attributeOf(old.ppd.get(), "FileVersion") +
+                                 " -> " + attributeOf(fresh.ppd.get(), "FileVersion");
+    if (haveSameLines(merged.text, old.text)) {
+      say(queue, "nothing to do, it has the installed PPD");
+      return true;
+    }
+    if (!arguments_.dryRun && !replace(server, queue, old, merged)) return false;
+    tell(queue, versions, merged);
+    return true;
+  }
+
+  void tell(const std::string& queue, const std::string& versions,
+            const RefreshedPpd& merged) const {
+    say(queue, (arguments_.dryRun ? "would be refreshed, " : "refreshed, ") + versions + ", with " +
+                   std::to_string(merged.facts) + " stored lines and " +
+                   std::to_string(merged.defaults) + " defaults of its own");
+    for (const std::string& note : merged.notes) say(queue, note);
+  }
+
+  // Gives the queue the PPD and looks whether it came through; otherwise the old one comes back.
+  bool replace(PrintServer& server, const std::string& queue, const Ppd& old,
+               const RefreshedPpd& merged) {
+    const TemporaryFile file(merged.text);
+    const TemporaryFile backup(old.text);
+    if (!file.isWhole() || !backup.isWhole()) {
+      return complainOf(queue, "no space for a temporary file (TMPDIR); nothing was changed"),
+             false;
+    }
+    const Ppd check = readPpd(file.path(), "the new PPD", "nothing was changed");
+    if (check.ppd == nullptr) return complainOf(queue, check.problem), false;
+    if (!waitUntilIdle(server, queue)) {
+      return complainOf(queue,
+                        "it is printing, and a new PPD would restart its job; nothing was changed"),
+             false;
+    }
+    std::string problem = server.setPpd(queue, file.path());
+    const Ppd now = queuePpd(server, queue);
+    if (problem.empty() && now.ppd != nullptr && haveSameLines(now.text, merged.text)) return true;
+    if (problem.empty())
+      problem = now.ppd == nullptr ? now.problem : "the print server keeps another PPD";
+    const bool isOld = now.ppd != nullptr && haveSameLines(now.text, old.text);
+    const bool isBack = isOld || server.setPpd(queue, backup.path()).empty();
+    complainOf(queue, problem + (isBack ? "; it has its old PPD"
+                                        : "; give it a PPD: lpadmin -p " + queue + " -P FILE"));
+    return false;
+  }
+
+  bool waitUntilIdle(PrintServer& server, const std::string& queue) const {
+    const auto end = Clock::now() + std::chrono::seconds(arguments_.wait);
+    for (;;) {
+      const Queues found = server.queue(queue);
+      if (!found.problem.empty() || !found.queues.front().isPrinting) return true;
+      if (Clock::now() >= end || Interruption::isWanted()) return false;
+      std::this_thread::sleep_for(kPause);
+    }
+  }
+
+  Ppd queuePpd(PrintServer& server, const std::string& queue) const {
+    const PrintServer::PpdCopy copy = server.copyPpd(queue);
+    if (!copy.problem.empty()) return {{}, nullptr, copy.problem, copy.isAbsent};
+    Ppd ppd = readPpd(copy.path, "the PPD of the queue " + quoted(queue),
+                      "give the queue a sound one: lpadmin -p " + queue + " -P FILE");
+    unlink(copy.path.c_str());
+    return ppd;
+  }
+
+  // Read once for all queues of a server.
+  const Ppd& installedPpd(PrintServer& server, const std::string& nickName) {
+    const auto known = installed_.find(nickName);
+    if (known != installed_.end()) return known->second;
+    if (arguments_.ppd) {
+      return installed_[nickName] =
+                 readPpd(*arguments_.ppd, "the PPD file " + quoted(*arguments_.ppd),
+                         "give the path of a readable PPD file");
+    }
+    const PrintServer::PpdCopy copy = server.copyInstalledPpd(nickName);
+    if (!copy.problem.empty()) return installed_[nickName] = {{}, nullptr, copy.problem};
+    Ppd& ppd = installed_[nickName] = readPpd(copy.path, "the installed PPD " + quoted(nickName),
+                                              "install a sound one; nothing was changed");
+    unlink(copy.path.c_str());
+    return ppd;
+  }
+
+  const Arguments& arguments_;
+  const Console& console_;
+  Interruption interruption_;
+  QueueLocks locks_;
+  std::map<std::string, Ppd> installed_;
+  std::size_t done_ = 0;
+  std::size_t failed_ = 0;
+};
+
+}  // namespace
+
+Action declareRefresh(ArgumentList& list) {
+  auto arguments = std::make_shared<Arguments>();
+  declareQueues(list, arguments->queues);
+  list.add("--ppd", arguments->ppd, "This PPD file instead of the installed one").valueName("FILE");
+  list.addFlag("--dry-run", arguments->dryRun, "Show what would change, and change nothing");
+  list.addNumber("--wait", arguments->wait, 0, kLongestWait,
+                 "How long to wait for jobs that are being printed (120)")
+      .valueName("SECONDS");
+  requireQueues(list, arguments->queues);
+  return [arguments](const Console& console) { return Refresh(*arguments, console).run(); };
+}
+
+}  // namespace kelm::ctl

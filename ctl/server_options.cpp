@@ -1,0 +1,31 @@
+// The options that name print servers and the user, as the CUPS commands have them.
+// SPDX-License-Identifier: Apache-2.0
+#include "ctl/server_options.hpp"
+
+#include <cups/cups.h>
+
+namespace kelm::ctl {
+namespace {
+
+void declare(ArgumentList& list, ServerOptions& options, bool areSeveral, const char* help) {
+  list.addShortH(options.names, areSeveral, help).valueName("HOST[:PORT]");
+  list.add("-U", options.user, "The user whose password the print server asks for")
+      .valueName("USER");
+}
+
+}  // namespace
+
+void declareServer(ArgumentList& list, ServerOptions& options) {
+  declare(list, options, false, "The print server, instead of CUPS_SERVER");
+}
+
+void declareServers(ArgumentList& list, ServerOptions& options) {
+  declare(list, options, true, "A print server, instead of CUPS_SERVER; several -h for several");
+}
+
+std::vector<std::string> serversOf(const ServerOptions& options) {
+  if (!options.user.empty()) cupsSetUser(options.user.c_str());
+  return options.names.empty() ? std::vector{std::string()} : options.names;
+}
+
+}  // namespace kelm::ctl

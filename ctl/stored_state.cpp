@@ -1,0 +1,61 @@
+// What a queue's PPD says about its printer, without the PPD.
+// SPDX-License-Identifier: Apache-2.0
+#include "ctl/stored_state.hpp"
+
+#include <span>
+#include <string_view>
+
+#include "ppdsettings/snmp_helper.hpp"
+#include "ppdsettings/stored_facts.hpp"
+
+namespace kelm::ctl {
+namespace {
+
+// Whether `keyword` is the fact's, with an index and a part where it has them.
+bool belongsTo(std::string_view keyword, const ppdsettings::StoredFact& fact) {
+  if (!isList(fact)) return keyword == fact.keyword;
+  constexpr std::string_view kDigits = "0123456789";
+  if (!keyword.starts_with(fact.keyword)) return false;
+  keyword.remove_prefix(std::string_view(fact.keyword).size());
+  const std::size_t digits = keyword.find_first_not_of(kDigits);
+  if (digits == 0) return false;
+  if (fact.parts == ppdsettings::kWhole) return digits == std::string_view::npos;
+  return digits != std::string_view::npos && keyword.substr(digits).starts_with("_Part");
+}
+
+bool isStored(std::string_view keyword) {
+  for (const ppdsettings::StoredFact& fact : ppdsettings::kStoredFacts) {
+    if (belongsTo(keyword, fact)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+StoredLines storedLinesOf(ppd_file_t* ppd) {
+  StoredLines lines;
+  if (ppd == nullptr) return lines;
+  for (const ppd_attr_t* attribute :
+       std::span(ppd->attrs, static_cast<std::size_t>(ppd->num_attrs))) {
+    if (!isStored(attribute->name)) continue;
+    lines.emplace(attribute->name, attribute->value != nullptr ? attribute->value : "");
+  }
+  return lines;
+}
+
+StoredState storedStateOf(ppd_file_t* ppd) {
+  return {printsWithKelmfilter(ppd), ppdsettings::KelmSNMPHelper::snmpCommunityName_(ppd),
+          storedLinesOf(ppd), storedSettings(ppd)};
+}
+
+// A line of *cupsFilter ends with the program's name, which may have a path.
+bool printsWithKelmfilter(const ppd_file_t* ppd) {
+  if (ppd == nullptr) return false;
+  for (const char* filter : std::span(ppd->filters, static_cast<std::size_t>(ppd->num_filters))) {
+    const std::string_view line = filter;
+    if (line.substr(line.find_last_of(" /\t") + 1) == "kelmfilter") return true;
+  }
+  return false;
+}
+
+}  // namespace kelm::ctl

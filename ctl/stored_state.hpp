@@ -1,0 +1,31 @@
+// What a queue's PPD says about its printer, without the PPD.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cups/ppd.h>
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "ctl/stored_settings.hpp"
+
+namespace kelm::ctl {
+
+// The values of the stored facts by keyword, as they are stored.
+using StoredLines = std::map<std::string, std::string>;
+
+struct StoredState {
+  bool isOurs = false;  // the queue prints with kelmfilter
+  std::string community;
+  StoredLines lines;
+  std::vector<StoredSetting> settings;
+};
+
+StoredLines storedLinesOf(ppd_file_t* ppd);
+StoredState storedStateOf(ppd_file_t* ppd);
+
+// Whether the PPD names kelmfilter as a filter.
+bool printsWithKelmfilter(const ppd_file_t* ppd);
+
+}  // namespace kelm::ctl

@@ -1,0 +1,370 @@
+// Asks the printers of many queues and stores the answers in the queues' PPDs.
+// SPDX-License-Identifier: Apache-2.0
+#include "ctl/sync.hpp"
+
+#include <algorithm>
+#include <memory>
+#include <thread>
+#include <utility>
+
+#include "ctl/device_address.hpp"
+#include "ctl/facts_transfer.hpp"
+#include "ctl/interruption.hpp"
+#include "ctl/message.hpp"
+#include "ctl/print_server.hpp"
+#include "ctl/printer_facts.hpp"
+#include "ctl/queue_locks.hpp"
+#include "ctl/stored_state.hpp"
+#include "ctl/terminal.hpp"
+#include "ctl/worker_pool.hpp"
+#include "snmp/bracketed_address.hpp"
+
+namespace kelm::ctl {
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr auto kTurn = 20ms;
+constexpr auto kFirstLook = 40ms;
+constexpr auto kLongestPause = 1000ms;
+constexpr auto kLongestCancel = 5s;
+// CUPS stores what a cancelled job said when its processes have ended, after its state has changed.
+constexpr auto kEndOfProcesses = 1s;
+// An update job keeps a filter and a backend of the print server busy.
+constexpr std::size_t kMostUpdateJobs = 32;
+
+enum class Stage { kWaiting, kAsking, kAnswered, kStoring, kOver };
+
+struct Task {
+  Queue queue;
+  PrintServer* server = nullptr;
+  SyncResult result;
+  Stage stage = Stage::kWaiting;
+  bool isSkipped = false;  // not one of ours, with all queues asked for
+  StoredState before;
+  std::string community;
+  pid_t lockHolder = 0;
+  int job = 0;
+  bool isCancelled = false;
+  bool isEnding = false;
+  Clock::time_point limit;  // of the wait for the lock or the job
+  Clock::time_point nextLook;
+  std::chrono::milliseconds pause = kFirstLook;
+};
+
+std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+
+class Sync {
+ public:
+  Sync(const SyncRequest& request, const Console& console)
+      : request_(request), console_(console), pool_(request.jobs), progress_(console) {}
+
+  std::vector<SyncResult> run() {
+    for (const std::string& server : request_.servers) addServer(server);
+    while (!isOver() && !Interruption::isWanted()) turn();
+    if (!isOver()) stop();
+    return results();
+  }
+
+ private:
+  void addServer(const std::string& name) {
+    servers_.push_back(std::make_unique<PrintServer>(name, console_, PrintServer::kPatience));
+    PrintServer& server = *servers_.back();
+    if (request_.queues.empty()) return addQueues(server, server.allQueues(), "");
+    for (const std::string& queue : request_.queues) addQueues(server, server.queue(queue), queue);
+  }
+
+  void addQueues(PrintServer& server, const Queues& found, const std::string& wanted) {
+    for (const Queue& queue : found.queues) {
+      if (wanted.empty() && queue.isClass) continue;
+      addTask(server, queue);
+    }
+    if (found.problem.empty()) return;
+    Queue unknown;
+    unknown.name = wanted;
+    fail(addTask(server, unknown), found.problem);
+  }
+
+  Task& addTask(PrintServer& server, const Queue& queue) {
+    Task& task = *tasks_.emplace_back(std::make_unique<Task>());
+    task.queue = queue;
+    task.server = &server;
+    task.result.server = server.name();
+    task.result.queue = queue.name;
+    task.result.problem = "interrupted before it was stored";
+    return task;
+  }
+
+  bool isOver() const {
+    return std::all_of(tasks_.begin(), tasks_.end(),
+                       [](const auto& task) { return task->stage == Stage::kOver; });
+  }
+
+  std::vector<SyncResult> results() {
+    std::vector<SyncResult> results;
+    for (const auto& task : tasks_) {
+      if (!task->isSkipped) results.push_back(std::move(task->result));
+    }
+    return results;
+  }
+
+  // Printers come first: while the silent ones are waited for, the answers of the others are
+  // stored.
+  void turn() {
+    const bool prepared = prepareOne();
+    pool_.wait(prepared ? 0ms : std::chrono::milliseconds(kTurn));
+    showProgress();
+    if (prepared) return;
+    for (const auto& task : tasks_) {
+      if (task->stage == Stage::kAnswered && count(Stage::kStoring) < kMostUpdateJobs) send(*task);
+      if (task->stage == Stage::kStoring && Clock::now() >= task->nextLook) look(*task);
+    }
+  }
+
+  std::size_t count(Stage stage) const {
+    return static_cast<std::size_t>(std::count_if(
+        tasks_.begin(), tasks_.end(), [stage](const auto& task) { return task->stage == stage; }));
+  }
+
+  void showProgress() {
+    if (!console_.errIsTerminal || Clock::now() < nextProgress_) return;
+    nextProgress_ = Clock::now() + 100ms;
+    progress_.show(std::to_string(count(Stage::kOver)) + " of " + std::to_string(tasks_.size()) +
+                   " queues over, " + std::to_string(count(Stage::kAsking)) +
+                   " printers being asked, " + std::to_string(count(Stage::kStoring)) +
+                   " queues storing the answers");
+  }
+
+  // Starts to ask the printer of the next queue; false when none can be started now.
+  bool prepareOne() {
+    if (pool_.isFull()) return false;
+    for (const auto& task : tasks_) {
+      if (task->stage != Stage::kWaiting || !lock(*task)) continue;
+      prepare(*task);
+      return true;
+    }
+    return false;
+  }
+
+  bool lock(Task& task) {
+    if (request_.dryRun) return true;
+    if (task.lockHolder != 0 && Clock::now() < task.nextLook) return false;
+    if (!locks_.problem().empty()) {
+      fail(task, locks_.problem());
+      return false;
+    }
+    const bool isFirst = task.lockHolder == 0;
+    task.lockHolder = locks_.tryLock(task.server->name(), task.queue.name);
+    if (task.lockHolder == 0) return true;
+    const std::string holder = "process " + std::to_string(task.lockHolder) +
+                               " is at work on the queue " + quoted(task.queue.name);
+    if (isFirst) {
+      complain(console_, holder + "; waiting for it");
+      task.limit = Clock::now() + request_.wait;
+    }
+    task.nextLook = Clock::now() + 200ms;
+    if (Clock::now() >= task.limit) {
+      task.lockHolder = 0;
+      fail(task, holder + " and does not end; try again later");
+    }
+    return false;
+  }
+
+  void prepare(Task& task) {
+    if (task.queue.isClass) return fail(task, classProblem(task.queue.name));
+    const OpenedPpd opened = task.server->openPpd(task.queue.name);
+    if (request_.queues.empty() &&
+        (opened.isAbsent || (opened.ppd != nullptr && !printsWithKelmfilter(opened.ppd.get())))) {
+      task.isSkipped = true;
+      return finish(task);
+    }
+    if (opened.ppd == nullptr) return fail(task, opened.problem);
+    task.before = storedStateOf(opened.ppd.get());
+    task.result.before = task.before.settings;
+    if (!task.before.isOurs) {
+      return fail(task, "the queue " + quoted(task.queue.name) + " does not print with kelmfilter");
+    }
+    if (task.queue.isStopped && !request_.dryRun) {
+      return fail(task, "the queue " + quoted(task.queue.name) +
+                            " is stopped; start it: cupsenable " + task.queue.name);
+    }
+    startAsking(task);
+  }
+
+  void startAsking(Task& task) {
+    task.community = request_.community.value_or(task.before.community);
+    task.stage = Stage::kAsking;
+    const auto work = [this, uri = task.queue.deviceUri, community = task.community] {
+      const Console noProgress{console_.out, console_.err};
+      AskedPrinter printer;
+      printer.address =
+          request_.address ? snmp::unbracketed(*request_.address) : addressOfDevice(uri);
+      if (!printer.address.empty()) {
+        printer.facts =
+            askPrinter(printer.address, community, Incomplete::kKeepTheRest, noProgress);
+      }
+      if (printer.facts.answered) printer.advice = wakeUpAdvice(uri, printer.address);
+      return packed(printer);
+    };
+    pool_.start(work, [this, &task](const std::optional<std::string>& bytes) {
+      const auto printer = bytes ? unpacked(*bytes) : std::nullopt;
+      if (printer) return take(task, *printer);
+      fail(task, "the process that asked the printer died; see the kernel's log");
+    });
+  }
+
+  void take(Task& task, const AskedPrinter& printer) {
+    task.result.address = printer.address;
+    const std::string problem = problemOf(task, printer);
+    if (!problem.empty()) return fail(task, problem);
+    UpdateLines update =
+        updateLinesFor(printer.facts, printer.address, task.community, task.before.lines);
+    if (!update.problem.empty()) return fail(task, update.problem);
+    task.result.missing = missingFacts(printer.facts);
+    task.result.advice = request_.address ? "" : printer.advice;
+    task.result.lines = std::move(update.lines);
+    const bool isStored = firstNotStored(task.result.lines, task.before.lines) == nullptr;
+    if (!request_.dryRun && !isStored) {
+      task.stage = Stage::kAnswered;
+      return;
+    }
+    succeed(task, isStored ? SyncStatus::kUnchanged : SyncStatus::kDone);
+  }
+
+  static std::string problemOf(const Task& task, const AskedPrinter& printer) {
+    if (printer.address.empty()) {
+      return "no address of a printer is found in the device URI " + quoted(task.queue.deviceUri) +
+             " of the queue " + quoted(task.queue.name) + "; give it with --address";
+    }
+    if (!printer.facts.answered) {
+      return noAnswerMessage(printer.facts, printer.address, task.community);
+    }
+    if (!printer.facts.knowsAnything()) {
+      return quoted(printer.address) +
+             " answers, but knows nothing of a KELM IJ printer; check the address";
+    }
+    return {};
+  }
+
+  void send(Task& task) {
+    const SentJob sent = task.server->sendUpdate(task.queue.name, task.result.lines);
+    if (!sent.problem.empty()) return fail(task, sent.problem);
+    task.job = sent.job;
+    task.stage = Stage::kStoring;
+    task.limit = Clock::now() + request_.wait;
+    task.nextLook = Clock::now() + kFirstLook;
+  }
+
+  std::string jobName(const Task& task) const {
+    return "the update job " + task.queue.name + "-" + std::to_string(task.job);
+  }
+
+  // What a job said before it was cancelled is stored at its end, so that end is waited for too.
+  void look(Task& task) {
+    const JobState state = task.server->jobState(task.job);
+    task.nextLook = Clock::now() + task.pause;
+    task.pause = std::min(task.pause * 2, std::chrono::milliseconds(kLongestPause));
+    const bool isLate = Clock::now() >= task.limit;
+    if (state == JobState::kCompleted || state == JobState::kUnknown) {
+      readBack(task, task.isCancelled ? lateProblem(task) : "");
+    } else if (state == JobState::kFailed && !task.isEnding) {
+      task.isEnding = true;
+      task.nextLook = Clock::now() + kEndOfProcesses;
+    } else if (state == JobState::kFailed) {
+      readBack(task, task.isCancelled
+                         ? lateProblem(task)
+                         : jobName(task) + " was stopped; the print server's error log says why");
+    } else if (task.isCancelled && isLate) {
+      readBack(task, lateProblem(task));
+    } else if (!task.isCancelled && (isLate || state == JobState::kStopped)) {
+      cancel(task);
+    }
+  }
+
+  std::string lateProblem(const Task& task) const {
+    return jobName(task) +
+           " does not end and is cancelled; see what holds the queue up: lpstat -o " +
+           task.queue.name + " (or give it more time: --wait)";
+  }
+
+  void cancel(Task& task) {
+    task.server->cancel(task.queue.name, task.job);
+    task.isCancelled = true;
+    task.limit = Clock::now() + kLongestCancel;
+    task.pause = kFirstLook;
+    task.nextLook = Clock::now();
+  }
+
+  void readBack(Task& task, std::string problem) {
+    const OpenedPpd opened = task.server->openPpd(task.queue.name);
+    if (opened.ppd == nullptr) return fail(task, problem.empty() ? opened.problem : problem);
+    const StoredState after = storedStateOf(opened.ppd.get());
+    task.result.after = after.settings;
+    const UpdateLine* missing = firstNotStored(task.result.lines, after.lines);
+    if (problem.empty() && missing != nullptr) {
+      problem = "the print server did not store " + missing->keyword + "; its error log says why";
+    }
+    if (!problem.empty()) return fail(task, problem);
+    succeed(task, SyncStatus::kDone);
+  }
+
+  void succeed(Task& task, SyncStatus status) {
+    task.result.status = task.result.missing.empty() ? status : SyncStatus::kPartly;
+    task.result.problem.clear();
+    finish(task);
+  }
+
+  void fail(Task& task, const std::string& problem) {
+    task.result.status = SyncStatus::kFailed;
+    task.result.problem = problem;
+    finish(task);
+  }
+
+  void finish(Task& task) {
+    task.stage = Stage::kOver;
+    if (!request_.dryRun && locks_.problem().empty() && task.lockHolder == 0) {
+      locks_.unlock(task.server->name(), task.queue.name);
+    }
+  }
+
+  // A job that the queue has not begun is taken back; one that is under way ends by itself.
+  void stop() {
+    complain(console_, "interrupted; ending what is under way");
+    const auto end = Clock::now() + kLongestCancel;
+    for (const auto& task : tasks_) {
+      if (task->stage == Stage::kStoring) stopStoring(*task, end);
+    }
+  }
+
+  void stopStoring(Task& task, Clock::time_point end) {
+    JobState state = task.server->jobState(task.job);
+    if (state == JobState::kWaiting || state == JobState::kStopped) {
+      task.server->cancel(task.queue.name, task.job);
+      return finish(task);
+    }
+    while (state == JobState::kPrinting && Clock::now() < end) {
+      std::this_thread::sleep_for(kTurn);
+      state = task.server->jobState(task.job);
+    }
+    readBack(task, state == JobState::kPrinting ? jobName(task) + " was still under way" : "");
+  }
+
+  const SyncRequest& request_;
+  const Console& console_;
+  Interruption interruption_;
+  QueueLocks locks_;
+  std::vector<std::unique_ptr<PrintServer>> servers_;
+  std::vector<std::unique_ptr<Task>> tasks_;
+  WorkerPool pool_;
+  ProgressLine progress_;
+  Clock::time_point nextProgress_;
+};
+
+}  // namespace
+
+std::vector<SyncResult> syncQueues(const SyncRequest& request, const Console& console) {
+  return Sync(request, console).run();
+}
+
+}  // namespace kelm::ctl

@@ -1,0 +1,98 @@
+// Work that waits for printers, in processes side by side.
+// SPDX-License-Identifier: Apache-2.0
+#include "ctl/worker_pool.hpp"
+
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace kelm::ctl {
+namespace {
+
+void writeAll(int descriptor, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = write(descriptor, bytes.data(), bytes.size());
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+}
+
+// Ctrl-C at the terminal reaches all processes; the first one decides what ends.
+[[noreturn]] void runAndEnd(const WorkerPool::Work& work, int results, pid_t parent) {
+  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  std::signal(SIGINT, SIG_IGN);
+  std::signal(SIGTERM, SIG_DFL);
+  std::signal(SIGPIPE, SIG_DFL);
+  if (getppid() == parent) writeAll(results, work());
+  _exit(0);
+}
+
+}  // namespace
+
+WorkerPool::~WorkerPool() {
+  for (Worker& worker : workers_) {
+    if (worker.process > 0) kill(worker.process, SIGKILL);
+    end(worker);
+  }
+}
+
+void WorkerPool::start(const Work& work, Done done) {
+  workers_.push_back({.process = -1, .results = -1, .received = {}, .done = std::move(done)});
+  Worker& worker = workers_.back();
+  int ends[2];
+  if (pipe2(ends, O_CLOEXEC) != 0) return;
+  const pid_t parent = getpid();
+  worker.process = fork();
+  if (worker.process == 0) {
+    close(ends[0]);
+    runAndEnd(work, ends[1], parent);
+  }
+  close(ends[1]);
+  worker.results = ends[0];
+}
+
+// True at the end of the worker's results.
+bool WorkerPool::receive(Worker& worker) {
+  if (worker.process < 0) return true;
+  char bytes[4096];
+  const ssize_t count = read(worker.results, bytes, sizeof bytes);
+  if (count < 0) return errno != EINTR;
+  worker.received.append(bytes, static_cast<std::size_t>(count));
+  return count == 0;
+}
+
+void WorkerPool::end(Worker& worker) {
+  if (worker.results >= 0) close(worker.results);
+  if (worker.process > 0) waitpid(worker.process, nullptr, 0);
+}
+
+void WorkerPool::wait(std::chrono::milliseconds limit) {
+  std::vector<pollfd> sources;
+  for (const Worker& worker : workers_) {
+    // A worker without a process is at its end already.
+    if (worker.process < 0) limit = std::chrono::milliseconds(0);
+    sources.push_back({worker.results, POLLIN, 0});
+  }
+  if (poll(sources.data(), sources.size(), static_cast<int>(limit.count())) < 0) return;
+  auto source = sources.begin();
+  for (auto worker = workers_.begin(); worker != workers_.end() && source != sources.end();) {
+    const auto each = worker++;
+    const bool ready = (source++)->revents != 0 || each->process < 0;
+    if (!ready || !receive(*each)) continue;
+    end(*each);
+    const Worker finished = std::move(*each);
+    workers_.erase(each);
+    finished.done(finished.received.empty() ? std::nullopt : std::optional(finished.received));
+  }
+}
+
+}  // namespace kelm::ctl

@@ -1,0 +1,126 @@
+#!/bin/sh
+# Many queues at once: kelmctl sync --all, half of the printers silent; time, memory, places at cupsd.
+# KELM_FLEET is the number of queues, 40 when not given; the figure that counts is that of 500.
+# SPDX-License-Identifier: Apache-2.0
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+# shellcheck source=tests/system/lib/snmp.sh
+. "$HERE/lib/snmp.sh"
+
+KELMCTL=$BUILD/kelmctl
+COUNT=${KELM_FLEET:-40}
+# cupsd reads the PPDs of all queues when it starts.
+CUPS_START_LIMIT=60
+
+# address NUMBER : of printer NUMBER
+address() { echo "127.1.$(($1 / 200)).$(($1 % 200 + 1))"; }
+
+# Queues with odd numbers have printers that answer; the others' keep silent.
+number=0
+while [ $number -lt "$COUNT" ]; do
+  number=$((number + 1))
+  if [ $((number % 2)) = 1 ]; then kind=printer; else kind=silent; fi
+  echo "$(address $number) $kind"
+done | fleet_agents_start
+cups_setup
+# cupsd reads its queues from its files, which is faster than a request for each.
+number=0
+while [ $number -lt "$COUNT" ]; do
+  number=$((number + 1))
+  printf '<Printer q%s>\nPrinterId %s\nDeviceURI socket://%s\nState Idle\nAccepting Yes\nType 8425684\n</Printer>\n' \
+    $number $number "$(address $number)"
+  install -m 640 -g lp "$HERE/lib/queue.ppd" "$CUPS/etc/ppd/q$number.ppd"
+done >"$CUPS/etc/printers.conf"
+chmod 640 "$CUPS/etc/printers.conf"
+cups_start
+lpadmin -p raw -E -v socket://127.0.0.1 2>"$W/lpadmin_log"
+# One listener takes the connections to all printers.
+socat -u TCP-LISTEN:9100,reuseaddr,fork,backlog=128 OPEN:/dev/null &
+started printers $!
+wait_until 5 printer_listens 9100 || fail "no listener on port 9100"
+
+# peak NAME FILE : the sum of the proportional memory of the process and its children, in kB, whenever
+# it grows
+peak() {
+  while alive "$1"; do
+    for process in $1 $(cat "/proc/$1/task/$1/children" 2>/dev/null); do
+      sed -n 's/^Pss: *\([0-9]*\) kB/\1/p' "/proc/$process/smaps_rollup" 2>/dev/null || true
+    done | awk '{ sum += $1 } END { print sum + 0 }' >>"$2"
+    sleep 0.3
+  done
+}
+
+# timed ARGUMENT... : runs kelmctl sync; $status, $milliseconds, $memory
+timed() {
+  : >"$W/memory"
+  begin=$(date +%s%N)
+  "$KELMCTL" sync "$@" >"$W/out" 2>"$W/err" &
+  kelmctl=$!
+  peak $kelmctl "$W/memory" &
+  watcher=$!
+  status=0
+  wait $kelmctl || status=$?
+  milliseconds=$((($(date +%s%N) - begin) / 1000000))
+  wait $watcher
+  memory=$(sort -n "$W/memory" | tail -n 1)
+}
+
+timed --all
+printf '%s queues, half of the printers silent: %s ms, %s kB\n' "$COUNT" $milliseconds "$memory"
+expect "status of a fleet that is done in half" 3 "$status"
+expect "queues that are done" $((COUNT / 2)) "$(grep -c '^q[0-9]*: done, [0-9]* settings changed' "$W/out")"
+expect "queues that failed" $((COUNT / 2)) "$(grep -c '^q[0-9]*: failed: the printer ".*" does not answer' "$W/out")"
+grep -q "^$COUNT queues: $((COUNT / 2)) done, $((COUNT / 2)) failed, in [0-9.]* s\$" "$W/out" ||
+  fail "no summary: $(tail -n 1 "$W/out")"
+expect "standard error" '' "$(cat "$W/err")"
+! grep -q 'Max clients reached' "$CUPS/log/error_log" || fail "cupsd was full"
+[ "$memory" -lt 100000 ] || fail "$memory kB of memory"
+expect "a queue's box" '                          17  Entry 17' \
+  "$("$KELMCTL" settings "q$((COUNT - 1))" | grep ' 17  ')"
+
+# The second time nothing is sent.
+jobs=$(lpstat -W completed -o | wc -l)
+timed --all --json
+printf '%s queues again, nothing to store: %s ms, %s kB\n' "$COUNT" $milliseconds "$memory"
+expect "queues that are unchanged" $((COUNT / 2)) "$(grep -c '"status":"unchanged"' "$W/out")"
+expect "objects" "$COUNT" "$(wc -l <"$W/out")"
+expect "update jobs" "$jobs" "$(lpstat -W completed -o | wc -l)"
+/usr/bin/python3 -c 'import json, sys
+for line in open(sys.argv[1]):
+    d = json.loads(line)
+    assert list(d) == ["server", "queue", "status", "address", "changes", "missing", "message"], d
+    assert d["status"] == "failed" and d["message"] or not d["message"], d' "$W/out" ||
+  fail "other JSON objects"
+
+# Quiet: only those that are not done.
+"$KELMCTL" sync q1 q3 --quiet >"$W/out" 2>"$W/err" || fail "sync --quiet: $(cat "$W/err")"
+expect "output of --quiet" '' "$(cat "$W/out" "$W/err")"
+status=0
+"$KELMCTL" sync q1 q2 --quiet >"$W/out" 2>"$W/err" || status=$?
+expect "status with a silent printer" 3 "$status"
+grep -q '^kelmctl: q2: failed: the printer "127.1.0.3" does not answer' "$W/err" || fail "$(cat "$W/err")"
+expect "lines of --quiet" 1 "$(cat "$W/out" "$W/err" | wc -l)"
+
+# Several printers are asked side by side, too.
+begin=$(date +%s%N)
+status=0
+"$KELMCTL" printer --json "$(address 1)" "$(address 2)" "$(address 3)" "$(address 4)" \
+  >"$W/out" 2>"$W/err" || status=$?
+expect "status of kelmctl printer" 3 "$status"
+[ $((($(date +%s%N) - begin) / 1000000)) -lt 14000 ] || fail "one after the other"
+expect "the first object" '{"address":"127.1.0.2","sharedBoxCount":30' "$(head -n 1 "$W/out" | cut -c 1-42)"
+expect "objects" 4 "$(wc -l <"$W/out")"
+
+# Interrupted: what was stored is said, nothing is stored in half.
+"$KELMCTL" sync q5 q6 >"$W/out" 2>"$W/err" &
+started interrupted $!
+interrupted=$!
+sleep 2
+kill -INT $interrupted
+status=0
+wait $interrupted || status=$?
+expect "status of an interrupted sync" 3 "$status"
+expect_line "$W/out" 'q5: unchanged'
+expect_line "$W/out" 'q6: interrupted: interrupted before it was stored'
