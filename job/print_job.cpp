@@ -93,7 +93,9 @@ const cups_option_t* findJobOption(const PrintJobData* job, const char* name) {
 }
 
 void setOption(PrintJobData& job, const char* name, const std::string& value) {
-  removeOption(job, name);  // cupsAddOption would keep the letters of an old name
+  // cupsAddOption would keep the letters of an old name.
+  const bool exists = cupsGetOption(name, job.numOptions, job.options) != nullptr;
+  if (exists && findJobOption(&job, name) == nullptr) removeOption(job, name);
   job.numOptions = cupsAddOption(name, value.c_str(), job.numOptions, &job.options);
 }
 

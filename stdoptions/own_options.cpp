@@ -44,10 +44,18 @@ const char* jobValue(const PrintJobData& job, const char* name) {
   return cupsGetOption(name, job.numOptions, job.options);
 }
 
-// The choice that libcups marked, which pstops writes; null when none is.
+// The choice that libcups marked, which pstops writes; null when none is. The option is at hand:
+// libcups would search for it.
+const char* markedChoice(const ppd_option_t& option) {
+  const std::span choices(option.choices, static_cast<std::size_t>(option.num_choices));
+  const auto marked =
+      std::ranges::find_if(choices, [](const ppd_choice_t& choice) { return choice.marked != 0; });
+  return marked == choices.end() ? nullptr : marked->choice;
+}
+
 const char* markedChoice(const PrintJobData& job, const char* keyword) {
-  const ppd_choice_t* choice = job::r_ppdFindMarkedChoice(job.ppd, keyword);
-  return choice == nullptr ? nullptr : choice->choice;
+  const ppd_option_t* option = job::r_ppdFindOption(job.ppd, keyword);
+  return option == nullptr ? nullptr : markedChoice(*option);
 }
 
 const StandardChoice* rowOf(std::span<const StandardChoice> choices, std::string_view choice) {
@@ -62,8 +70,8 @@ const StandardChoice* rowOf(std::span<const StandardChoice> choices, std::string
 // takes a default of the queue back.
 const char* askedByMark(const PrintJobData& job, const StandardOption& standard) {
   const ppd_option_t* option = job::r_ppdFindOption(job.ppd, standard.keyword);
-  const char* choice = markedChoice(job, standard.keyword);
-  if (option == nullptr || choice == nullptr) return nullptr;
+  const char* choice = option == nullptr ? nullptr : markedChoice(*option);
+  if (choice == nullptr) return nullptr;
   const StandardChoice* const neutral = &standard.choices.front();
   const StandardChoice* row = rowOf(standard.choices, choice);
   const bool takesBack = strcasecmp(option->defchoice, neutral->choice) != 0;
@@ -137,9 +145,8 @@ class OwnOption {
       : job_(job),
         option_(option),
         field_(textField(option)),
-        parameter_(customParameter(job, option)),
         typed_(jobValue(job, option.keyword)),
-        written_(markedChoice(job, option.keyword)) {}
+        written_(markedChoice(option)) {}
 
   void settle();
   // Has the section say `value`.
@@ -164,7 +171,8 @@ class OwnOption {
   // Whether the header copies a value that is no choice: a number, or the name of a folder.
   bool isCopied(const char* value) const {
     if (std::strcmp(option_.keyword, kOpenOption) == 0) return isName(value);
-    return parameter_ != nullptr && parameter_->type == PPD_CUSTOM_INT && isNumber(value);
+    const ppd_cparam_t* parameter = customParameter(job_, option_);
+    return parameter != nullptr && parameter->type == PPD_CUSTOM_INT && isNumber(value);
   }
 
   std::string ownValue() const;
@@ -173,14 +181,14 @@ class OwnOption {
   PrintJobData& job_;
   const ppd_option_t& option_;
   const job::TextField* field_;
-  const ppd_cparam_t* parameter_;
   const char* typed_;    // the job's value, or null
   const char* written_;  // the choice that pstops writes
 };
 
 // The value of an own choice that counts, in the PPD's letters.
 std::string OwnOption::ownValue() const {
-  if (isCustom() && parameter_ != nullptr) return markedCustomValue(*parameter_);
+  const ppd_cparam_t* parameter = isCustom() ? customParameter(job_, option_) : nullptr;
+  if (parameter != nullptr) return markedCustomValue(*parameter);
   if (typed_ != nullptr && (field_ != nullptr || ownAsks())) {
     const ppd_choice_t* choice = job::r_ppdFindChoice(const_cast<ppd_option_t*>(&option_), typed_);
     if (choice == nullptr) return typed_;
@@ -224,7 +232,7 @@ void OwnOption::settleText() {
 // paper, a job that does not name an orientation stays without one.
 void settleOrientation(PrintJobData& job, const ppd_option_t& option) {
   const char* typed = jobValue(job, option.keyword);
-  const char* written = markedChoice(job, option.keyword);
+  const char* written = markedChoice(option);
   const bool isDefault = written == nullptr || strcasecmp(written, option.choices[0].choice) == 0;
   if (!isDefault) return job::setOption(job, option.keyword, written);
   if (typed == nullptr) return;

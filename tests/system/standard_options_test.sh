@@ -53,3 +53,23 @@ while read -r name values; do
       fail "$name lacks $value: $line"
   done
 done <"$HERE/standard/attributes.txt"
+
+# A driverless queue made from the shared one offers two sides, trays and types, and prints right.
+ln -sfn /usr/lib/cups/backend/ipp "$CUPS/bin/backend/ipp"
+lpadmin -p everywhere -E -v ipp://127.0.0.1:631/printers/kelm -m everywhere 2>"$W/everywhere_log" ||
+  fail "no driverless queue: $(cat "$W/everywhere_log")"
+# cupsd asks the shared queue in the background.
+has_ppd() { [ -s "$(cups_queue_ppd everywhere)" ]; }
+wait_until 60 has_ppd || fail "the driverless queue has no PPD"
+for option in Duplex InputSlot MediaType; do
+  grep -q "^\*OpenUI \*$option" "$(cups_queue_ppd everywhere)" || fail "the driverless PPD lacks $option"
+done
+before=$(wc -c <"$W/printer.out")
+lp -d everywhere -t Report -o sides=two-sided-long-edge -o media=A5 -o InputSlot=FeedTray2 -n 2 \
+  "$W/document.pdf" >"$W/job_id" || fail "the driverless queue refused a job"
+everywhere_printed() { tail -c "+$((before + 1))" "$W/printer.out" | grep -qa '%%EOF'; }
+wait_until 60 everywhere_printed || fail "the driverless queue printed nothing"
+tail -c "+$((before + 1))" "$W/printer.out" | tr -d '\004' >"$W/driverless"
+for line in DUPLEX=ON BINDING=LONGEDGE QVPAGESIZE=A5 MEDIASOURCE=TRAY2; do
+  expect_line "$W/driverless" "@PJL SET $line"
+done
