@@ -16,8 +16,8 @@ class NameLookup {
   virtual ~NameLookup() = default;
 
   // The first IPv4 address of `host` (a name, or an address in dotted form), in the resolver's own
-  // order; nothing when the name is unknown, has no such address, or the resolver fails. Waits for
-  // name servers as long as the machine's resolver configuration allows.
+  // order; nothing when the name is unknown, has no such address, or the resolver fails. Waits at
+  // most 30 seconds for name servers.
   virtual std::optional<Ipv4Address> firstIpv4(const std::string& host) = 0;
 };
 

@@ -13,6 +13,7 @@
 #include "platform/preferred_languages.hpp"
 #include "platform/steady_clock.hpp"
 #include "platform/system_log.hpp"
+#include "platform/termination.hpp"
 #include "platform/wake_up_bus.hpp"
 #include "platform/wall_clock.hpp"
 
@@ -29,6 +30,7 @@ struct Platform {
   PreferredLanguages* preferredLanguages;
   HomeFolder* homeFolder;
   SteadyClock* steadyClock;
+  Termination* termination;
   NameLookup* nameLookup;
   DnsSd* dnsSd;
   Destinations* destinations;

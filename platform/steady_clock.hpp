@@ -13,7 +13,8 @@ class SteadyClock {
   // Time since a fixed moment in the past.
   virtual std::chrono::nanoseconds now() = 0;
 
-  // Sleeps the calling thread for `time`; a signal does not shorten the sleep.
+  // Sleeps the calling thread for `time`. Only a request to end the process (Termination) shortens
+  // the sleep.
   virtual void sleep(std::chrono::nanoseconds time) = 0;
 };
 

@@ -24,8 +24,8 @@ class WakeUpConnection {
  public:
   virtual ~WakeUpConnection() = default;
 
-  // False when no call-back can come: the bus is missing or refuses, or reports that the service
-  // does not run and cannot be started. May change from true to false at any time.
+  // False when no call-back can come: the bus is missing or refuses, or the service cannot be
+  // started or refuses the request. May change from true to false at any time.
   virtual bool isOpen() const = 0;
 
   // Why the connection is not open, for an administrator; empty while it is.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "wakeup/wake_up_settings.hpp"
 
+#include <cstdlib>
 #include <cstring>
 #include <span>
 
@@ -32,7 +33,9 @@ platform::WakeUpRequest requestFor(const WakeUpSettings& settings, const Text& a
           .isOverRouter = yesOrNo(settings.isOverRouter)};
 }
 
-Text deviceUriOf(const Text& printer) {
+namespace {
+
+Text deviceUriAmongDestinations(const Text& printer) {
   const std::span<cups_dest_t> all = platform::platform().destinations->list();
   if (all.empty()) return std::nullopt;
   const cups_dest_t* found = cupsGetDest(printer ? printer->c_str() : nullptr, nullptr,
@@ -43,6 +46,14 @@ Text deviceUriOf(const Text& printer) {
     if (std::strcmp(option.name, "device-uri") == 0 && option.value != nullptr) uri = option.value;
   }
   return uri;
+}
+
+}  // namespace
+
+Text deviceUriOf(const Text& printer) {
+  if (Text uri = deviceUriAmongDestinations(printer)) return uri;
+  const char* uri = std::getenv("DEVICE_URI");
+  return uri != nullptr && *uri != '\0' ? Text(uri) : std::nullopt;
 }
 
 }  // namespace kelm::wakeup

@@ -25,7 +25,9 @@ WakeUpSettings wakeUpSettingsOf(ppd_file_t* ppd);
 platform::WakeUpRequest requestFor(const WakeUpSettings& settings, const Text& address);
 
 // The device URI of the queue `printer` among the print system's destinations (of the default one
-// for an absent name): its last option "device-uri". Absent without such a queue or option.
+// for an absent name): its last option "device-uri". Without such a queue or option, the
+// environment's DEVICE_URI (filter(7)): a print server without destinations sets it too. Absent
+// without either.
 Text deviceUriOf(const Text& printer);
 
 }  // namespace kelm::wakeup

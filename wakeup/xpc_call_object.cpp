@@ -211,8 +211,10 @@ void XPCCallObject::sendAndWait(const platform::WakeUpRequest& request) {
 }
 
 void XPCCallObject::waitForCallBack(const platform::WakeUpConnection& connection) const {
+  const platform::Platform& system = platform::platform();
   for (int sleeps = 0; isXPCWait && connection.isOpen() && sleeps < kMaxSleeps; ++sleeps) {
-    platform::platform().steadyClock->sleep(kSleep);
+    if (system.termination->requested()) return;
+    system.steadyClock->sleep(kSleep);
   }
 }
 

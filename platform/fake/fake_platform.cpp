@@ -15,6 +15,7 @@ FakePlatform::FakePlatform()
           .preferredLanguages = &preferredLanguages,
           .homeFolder = &homeFolder,
           .steadyClock = &steadyClock,
+          .termination = &termination,
           .nameLookup = &nameLookup,
           .dnsSd = &dnsSd,
           .destinations = &destinations,

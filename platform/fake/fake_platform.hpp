@@ -48,6 +48,12 @@ class FakeConsoleUser final : public ConsoleUser {
   std::string user;
 };
 
+class FakeTermination final : public Termination {
+ public:
+  bool requested() override { return asked; }
+  bool asked = false;
+};
+
 class FakePreferredLanguages final : public PreferredLanguages {
  public:
   std::vector<std::string> tags() override { return preferred; }
@@ -74,6 +80,7 @@ class FakePlatform {
   FakePreferredLanguages preferredLanguages;
   FakeHomeFolder homeFolder;
   FakeSteadyClock steadyClock;
+  FakeTermination termination;
   FakeNameLookup nameLookup;
   FakeDnsSd dnsSd{steadyClock};
   FakeDestinations destinations;

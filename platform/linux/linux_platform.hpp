@@ -34,9 +34,15 @@ class LinuxHomeFolder final : public HomeFolder {
   std::string path() override;
 };
 
+// Sends what syslog(3) would, but never waits: a log that does not read must not stop a job.
 class LinuxSystemLog final : public SystemLog {
  public:
   void error(const std::string& message) override;
+};
+
+class LinuxTermination final : public Termination {
+ public:
+  bool requested() override;
 };
 
 class LinuxComputerName final : public ComputerName {

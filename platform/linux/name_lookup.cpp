@@ -6,8 +6,10 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <vector>
 
+#include "platform/linux/bounded_call.hpp"
 #include "platform/linux/linux_network.hpp"
 
 namespace kelm::platform::linux_platform {
@@ -24,9 +26,11 @@ std::optional<Ipv4Address> firstOf(const hostent& entry) {
   return address;
 }
 
-}  // namespace
+// Longer than the resolver takes with its usual configuration: three servers, twice 5 seconds each.
+constexpr std::chrono::seconds kLookupLimit{30};
 
-std::optional<Ipv4Address> LinuxNameLookup::firstIpv4(const std::string& host) {
+// Does not return before the resolver gives up.
+std::optional<Ipv4Address> lookUp(const std::string& host) {
   hostent entry{};
   hostent* found = nullptr;
   int problem = 0;
@@ -37,6 +41,14 @@ std::optional<Ipv4Address> LinuxNameLookup::firstIpv4(const std::string& host) {
     room.resize(room.size() * 2);
   }
   return found == nullptr ? std::nullopt : firstOf(*found);
+}
+
+}  // namespace
+
+std::optional<Ipv4Address> LinuxNameLookup::firstIpv4(const std::string& host) {
+  return resultBefore(std::chrono::steady_clock::now() + kLookupLimit,
+                      [host] { return lookUp(host); })
+      .value_or(std::nullopt);
 }
 
 }  // namespace kelm::platform::linux_platform

@@ -19,7 +19,8 @@ void LinuxSteadyClock::sleep(std::chrono::nanoseconds time) {
   std::timespec until{};
   until.tv_sec = seconds.count();
   until.tv_nsec = (end - seconds).count();
-  while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr) == EINTR) {
+  while (!platform().termination->requested() &&
+         clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr) == EINTR) {
   }
 }
 

@@ -17,6 +17,7 @@ const Platform& systemPlatform() {
   static linux_platform::LinuxPreferredLanguages preferredLanguages;
   static linux_platform::LinuxHomeFolder homeFolder;
   static linux_platform::LinuxSteadyClock steadyClock;
+  static linux_platform::LinuxTermination termination;
   static linux_platform::LinuxNameLookup nameLookup;
   static linux_platform::LinuxDnsSd dnsSd;
   static linux_platform::LinuxDestinations destinations;
@@ -31,6 +32,7 @@ const Platform& systemPlatform() {
       .preferredLanguages = &preferredLanguages,
       .homeFolder = &homeFolder,
       .steadyClock = &steadyClock,
+      .termination = &termination,
       .nameLookup = &nameLookup,
       .dnsSd = &dnsSd,
       .destinations = &destinations,

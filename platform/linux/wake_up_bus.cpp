@@ -8,14 +8,13 @@
 #include <atomic>
 #include <cerrno>
 #include <chrono>
-#include <csignal>
 #include <cstring>
 #include <future>
 #include <mutex>
-#include <system_error>
 #include <thread>
 #include <utility>
 
+#include "platform/linux/bounded_call.hpp"
 #include "platform/linux/linux_network.hpp"
 #include "platform/wake_up_names.hpp"
 
@@ -23,7 +22,7 @@ namespace kelm::platform::linux_platform {
 namespace {
 
 constexpr char kBusName[] = "org.freedesktop.DBus";
-constexpr std::chrono::microseconds kBusAnswerLimit = std::chrono::seconds(5);
+constexpr std::chrono::seconds kBusAnswerLimit{5};
 constexpr std::chrono::milliseconds kForEver{-1};
 
 using Clock = std::chrono::steady_clock;
@@ -44,18 +43,19 @@ class SdBusConnection final : public WakeUpConnection {
       giveUp("no file descriptor left for the system bus");
       return;
     }
-    std::future<void> sent = sent_.get_future();
-    if (startThread(request)) {
-      sent.wait();
-    } else {
+    const std::future<void> sent = sent_.get_future();
+    thread_ = threadWithoutSignals([this, &request] { run(request); });
+    if (!thread_.joinable()) {
       giveUp("cannot start a thread for the system bus");
+    } else if (!readyBefore(Clock::time_point::max(), sent)) {
+      giveUp("the job was cancelled");
+      end();
     }
   }
 
   ~SdBusConnection() override {
     if (stop_ < 0) return;
-    eventfd_write(stop_, 1);
-    if (thread_.joinable()) thread_.join();
+    end();
     close(stop_);
   }
 
@@ -70,18 +70,10 @@ class SdBusConnection final : public WakeUpConnection {
   }
 
  private:
-  // The new thread handles no signals. False when no thread can be started.
-  bool startThread(const WakeUpRequest& request) {
-    sigset_t all;
-    sigset_t before;
-    sigfillset(&all);
-    pthread_sigmask(SIG_SETMASK, &all, &before);
-    try {
-      thread_ = std::thread([this, &request] { run(request); });
-    } catch (const std::system_error&) {
-    }
-    pthread_sigmask(SIG_SETMASK, &before, nullptr);
-    return thread_.joinable();
+  // Ends the thread, which looks at `stop_` wherever it waits.
+  void end() {
+    eventfd_write(stop_, 1);
+    if (thread_.joinable()) thread_.join();
   }
 
   void run(const WakeUpRequest& request) {
@@ -102,11 +94,14 @@ class SdBusConnection final : public WakeUpConnection {
     return nullptr;
   }
 
-  // sd-bus would wait for minutes for a peer that accepts the connection and then says nothing.
-  int waitUntilReady(sd_bus* bus) const {
+  // Handles messages until `done()` or an error, at most kBusAnswerLimit: sd-bus itself would wait
+  // for minutes for a peer that accepts the connection and then says nothing, and would not notice
+  // the end of the connection. The status is negative in case of an error.
+  template <class Done>
+  int processUntil(sd_bus* bus, Done done) const {
     const auto end = Clock::now() + kBusAnswerLimit;
     int status = 0;
-    while (status >= 0 && sd_bus_is_ready(bus) == 0) {
+    while (status >= 0 && !done()) {
       status = sd_bus_process(bus, nullptr);
       if (status != 0) continue;
       const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
@@ -119,7 +114,7 @@ class SdBusConnection final : public WakeUpConnection {
   // later call.
   void sendOn(sd_bus* bus, const WakeUpRequest& request) {
     sd_bus_message* message = nullptr;
-    int status = waitUntilReady(bus);
+    int status = processUntil(bus, [bus] { return sd_bus_is_ready(bus) != 0; });
     if (status >= 0) {
       status = sd_bus_message_new_method_call(bus, &message, kWakeUpService, kWakeUpObject,
                                               kWakeUpInterface, kWakeUpMethod);
@@ -137,14 +132,16 @@ class SdBusConnection final : public WakeUpConnection {
     handleMessages(bus);
   }
 
-  static int askBus(sd_bus* bus) {
-    sd_bus_message* question = nullptr;
-    int status = sd_bus_message_new_method_call(bus, &question, kBusName, "/org/freedesktop/DBus",
-                                                kBusName, "GetId");
-    const Message owner(question);
-    const auto limit = static_cast<std::uint64_t>(kBusAnswerLimit.count());
-    if (status >= 0) status = sd_bus_call(bus, question, limit, nullptr, nullptr);
-    return status;
+  int askBus(sd_bus* bus) {
+    answered_ = false;
+    const int status = sd_bus_call_method_async(bus, nullptr, kBusName, "/org/freedesktop/DBus",
+                                                kBusName, "GetId", takeBusAnswer, this, nullptr);
+    return status < 0 ? status : processUntil(bus, [this] { return answered_; });
+  }
+
+  static int takeBusAnswer(sd_bus_message* /*answer*/, void* self, sd_bus_error* /*error*/) {
+    static_cast<SdBusConnection*>(self)->answered_ = true;
+    return 0;
   }
 
   void handleMessages(sd_bus* bus) {
@@ -165,8 +162,15 @@ class SdBusConnection final : public WakeUpConnection {
   }
 
   static int callBack(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
+    auto& connection = *static_cast<SdBusConnection*>(self);
+    if (sd_bus_message_is_method_call(message, kRefusalInterface, kRefusalMethod) > 0) {
+      const char* reason = nullptr;
+      if (sd_bus_message_read(message, "s", &reason) < 0) return -EINVAL;
+      connection.giveUp(std::string("the wake-up service refused: ") + reason);
+      return sd_bus_reply_method_return(message, "");
+    }
     if (sd_bus_message_is_method_call(message, kCallBackInterface, kCallBackMethod) <= 0) return 0;
-    static_cast<SdBusConnection*>(self)->finished_();
+    if (connection.open_) connection.finished_();
     return sd_bus_reply_method_return(message, "");
   }
 
@@ -199,6 +203,7 @@ class SdBusConnection final : public WakeUpConnection {
   mutable std::mutex mutex_;
   std::string failure_;
   std::uint64_t cookie_ = 0;
+  bool answered_ = false;  // the bus, for its own thread
   std::promise<void> sent_;
   std::thread thread_;
 };

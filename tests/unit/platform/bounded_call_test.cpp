@@ -4,7 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <memory>
+
+#include "platform/system_platform.hpp"
+#include "tests/support/child.hpp"
 
 namespace kelm::platform::linux_platform {
 namespace {
@@ -43,6 +47,37 @@ TEST(ResultBefore, LeavesALateCallAllThatItUses) {
       }));
   gate.set_value();
   EXPECT_EQ(7, seen.get());
+}
+
+// In a process of its own, because a noted termination stays.
+TEST(ResultBefore, IsNothingOnceTheProcessIsAskedToEnd) {
+  EXPECT_EQ("", tests::inChild([] {
+              const Clock::time_point start = Clock::now();
+              std::promise<void> gate;
+              std::thread([] {
+                std::this_thread::sleep_for(milliseconds(50));
+                noteTermination();
+              }).detach();
+              const bool late = resultBefore(start + seconds(30), [opened = gate.get_future()] {
+                                  opened.wait();
+                                  return 7;
+                                }).has_value();
+              gate.set_value();
+              const bool sleeps = Clock::now() - start > seconds(10);
+              systemPlatform().steadyClock->sleep(seconds(30));
+              const bool sleepsOn = Clock::now() - start > seconds(20);
+              return std::string(late ? "result " : "") + (sleeps ? "waits " : "") +
+                     (sleepsOn ? "sleeps" : "");
+            }));
+}
+
+TEST(ResultBefore, LeavesSignalsToTheOtherThreads) {
+  const auto blocked = resultBefore(Clock::now() + seconds(30), [] {
+    sigset_t mask;
+    pthread_sigmask(SIG_SETMASK, nullptr, &mask);
+    return sigismember(&mask, SIGTERM) == 1;
+  });
+  EXPECT_EQ(blocked, true);
 }
 
 }  // namespace

@@ -118,6 +118,22 @@ TEST_F(WakeUpCall, ThrowsForAMacAddressOfTooFewParts) {
   expectNothingDone();
 }
 
+TEST_F(WakeUpCall, DoesNotWaitForACancelledJob) {
+  storeMac(kMac);
+  system.termination.asked = true;
+  call();
+  EXPECT_THAT(system.steadyClock.sleeps, IsEmpty());
+}
+
+TEST_F(WakeUpCall, EndsItsWaitWhenTheJobIsCancelled) {
+  storeMac(kMac);
+  system.steadyClock.duringSleep = [&] {
+    system.termination.asked = system.steadyClock.sleeps.size() == 3;
+  };
+  call();
+  EXPECT_THAT(system.steadyClock.sleeps, SizeIs(3));
+}
+
 TEST_F(WakeUpCall, AsksWithTheFactsOfThePpd) {
   store(std::string("*PrinterMacAddress: \"") + kMac + "\"\n*SnmpCommunityName: \"c2VjcmV0\"\n" +
         "*IsOverTheRouter: \"1\"\n");

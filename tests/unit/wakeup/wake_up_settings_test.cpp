@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+
 #include "platform/fake/fake_platform.hpp"
 
 namespace kelm::wakeup {
@@ -39,6 +41,19 @@ TEST_F(DeviceUri, IsAbsentWithoutTheQueueOrTheOption) {
   system.destinations.add("queue", "printer-info", "x");
   EXPECT_EQ(deviceUriOf("queue"), std::nullopt);
   EXPECT_EQ(deviceUriOf("other"), std::nullopt);
+}
+
+TEST_F(DeviceUri, IsTheEnvironmentsWithoutADestination) {
+  setenv("DEVICE_URI", "lpd://10.0.0.9/", 1);
+  EXPECT_EQ(deviceUriOf("queue"), "lpd://10.0.0.9/");
+  system.destinations.add("queue", "printer-info", "x");
+  EXPECT_EQ(deviceUriOf("queue"), "lpd://10.0.0.9/");
+  system.destinations.add("queue", "device-uri", "lpd://10.0.0.1/");
+  EXPECT_EQ(deviceUriOf("queue"), "lpd://10.0.0.1/");
+  EXPECT_EQ(deviceUriOf("other"), "lpd://10.0.0.9/");
+  setenv("DEVICE_URI", "", 1);
+  EXPECT_EQ(deviceUriOf("other"), std::nullopt);
+  unsetenv("DEVICE_URI");
 }
 
 TEST(WakeUpRequest, CarriesItsSwitchesAsWords) {

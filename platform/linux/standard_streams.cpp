@@ -1,0 +1,17 @@
+// Standard streams on Linux.
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/standard_streams.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace kelm::platform {
+
+// open gives the lowest descriptor that is free.
+void openStandardStreams() {
+  for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
+    if (fcntl(descriptor, F_GETFD) < 0) open("/dev/null", O_RDWR);
+  }
+}
+
+}  // namespace kelm::platform

@@ -1,0 +1,98 @@
+#!/bin/sh
+# The limits of a job's wait for a sleeping printer (docs/wake-up-bus.md), each with its server
+# stopped, and that a cancelled job ends each wait.
+# SPDX-License-Identifier: Apache-2.0
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+# shellcheck source=tests/system/lib/bus.sh
+. "$HERE/lib/bus.sh"
+# shellcheck source=tests/system/lib/avahi.sh
+. "$HERE/lib/avahi.sh"
+# shellcheck source=tests/system/lib/printer_host.sh
+. "$HERE/lib/printer_host.sh"
+
+# A stopped server cannot end.
+trap 'for pid in "$W"/pids/*; do kill -CONT "$(cat "$pid")" || :; done 2>/dev/null; clean_up' EXIT
+
+milliseconds() { echo $(($(date +%s%N) / 1000000)); }
+freeze() { kill -STOP "$(cat "$W/pids/$1")"; }
+thaw() { kill -CONT "$(cat "$W/pids/$1")"; }
+
+# job_start [NAME=VALUE...] : a job as cupsd starts it for the queue kelm
+job_start() {
+  started_at=$(milliseconds)
+  env PPD="$W/wol.ppd" PATH="$W/programs:$PATH" "$@" \
+    kelm 1 user title 1 '' "$W/page.ps" >"$W/out" 2>"$W/filter_log" &
+  started job $!
+  job=$!
+}
+
+# job_ends WHAT FROM TO : the job ends, FROM to TO milliseconds after its start, and is whole
+job_ends() {
+  wait_until 60 gone "$job" || fail "$1: the job does not end"
+  took=$(($(milliseconds) - started_at))
+  [ $took -ge "$2" ] && [ $took -le "$3" ] || fail "$1: the job took $took ms, not $2 to $3"
+  sed -n '/^%!PS-Adobe/,$p' "$W/out" | cmp "$W/page.ps" - >&2 || fail "$1: the job is not complete"
+  echo "$1: $took ms"
+}
+
+# job_is_cancelled WHAT [NAME=VALUE...] : SIGTERM after half a second ends the same wait at once
+job_is_cancelled() {
+  what=$1
+  shift
+  job_start "$@"
+  sleep 0.5
+  alive "$job" || fail "$what: the job did not wait"
+  kill -TERM "$job"
+  job_ends "$what, cancelled" 500 1700
+}
+
+printf '%%!PS-Adobe-3.0\nshowpage\n%%%%EOF\n' >"$W/page.ps"
+sed '/^\*cupsFilter/a *PrinterMacAddress: "MDA6ODA6OTI6MTI6MzQ6NTY="' "$HERE/lib/queue.ppd" >"$W/wol.ppd"
+mkdir "$W/programs"
+ln -s "$BUILD/kelmfilter" "$W/programs/kelm"
+printer_host_start
+bus_start
+mount -t tmpfs none /run
+avahi_start mdns lo
+cups_setup
+echo "SetEnv DBUS_SYSTEM_BUS_ADDRESS $DBUS_SYSTEM_BUS_ADDRESS" >>"$CUPS/etc/cups-files.conf"
+cups_start
+cups_queue kelm socket://10.77.0.2 "$W/wol.ppd"
+
+# The list of queues: 10 seconds. No service is on the bus, which ends the rest at once.
+freeze cupsd
+job_start
+job_ends "cupsd stopped" 9900 11500
+job_is_cancelled "cupsd stopped"
+thaw cupsd
+
+# The mDNS daemon: the list of queues, and 3.3 seconds for each of two places where the name may end.
+freeze mdns
+job_start "DEVICE_URI=dnssd://Nobody._ipp._tcp.local._pdl-datastream._tcp.local/"
+job_ends "mDNS daemon stopped" 16000 18600
+job_is_cancelled "mDNS daemon stopped"
+thaw mdns
+
+# The bus: the list of queues again, because libcups asks for services on the bus, and 5 seconds.
+freeze bus
+job_start
+job_ends "bus stopped" 14900 17000
+job_is_cancelled "bus stopped"
+thaw bus
+
+# The call-back: cancelled while the service asks a silent printer.
+bus_wake_service
+waking() { grep -q 'waking 10.77.0.2' "$W/service_log" 2>/dev/null; }
+lp -d kelm "$W/page.ps" >"$W/lp_out"
+wait_until 10 waking || fail "the service was not asked"
+sleep 0.5
+cancelled_at=$(milliseconds)
+cancel "$(sed 's/.* \(kelm-[0-9]*\) .*/\1/' "$W/lp_out")"
+queue_is_idle() { lpstat -p kelm | grep -q idle; }
+wait_until 10 queue_is_idle || fail "the queue stays busy with a cancelled job"
+took=$(($(milliseconds) - cancelled_at))
+[ $took -le 3000 ] || fail "the queue was busy for $took ms after the cancel"
+echo "call-back, cancelled: $took ms"
