@@ -5,7 +5,9 @@
 #include <iostream>
 
 #include "ctl/command_line.hpp"
+#include "platform/standard_streams.hpp"
 
 int main(int argc, char* argv[]) {
+  kelm::platform::openStandardStreams();
   return kelm::ctl::runCommandLine(argc, argv, {std::cout, std::cerr, isatty(STDERR_FILENO) == 1});
 }

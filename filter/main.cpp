@@ -2,15 +2,17 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <unistd.h>
 
-#include <cstdio>
-
 #include "filter/pipeline.hpp"
+#include "filter/printer_output.hpp"
+#include "filter/termination.hpp"
 #include "platform/pipe.hpp"
+#include "platform/standard_streams.hpp"
 
 int main(int argc, char* argv[]) {
-  static char buffer[1U << 16U];
-  std::setvbuf(stdout, buffer, _IOFBF, sizeof buffer);
+  kelm::filter::catchTermination();
+  kelm::platform::openStandardStreams();
   kelm::platform::widenPipe(STDIN_FILENO);
   kelm::platform::widenPipe(STDOUT_FILENO);
-  return kelm::filter::runFilter(argc, argv, stdout);
+  static kelm::filter::PrinterOutput output(STDOUT_FILENO);
+  return kelm::filter::runFilter(argc, argv, output.stream(), &output.sink());
 }

@@ -5,16 +5,20 @@
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <csignal>
+#include <cerrno>
+#include <cstring>
+#include <string>
 
 #include "base/byte_source.hpp"
 #include "base/number_text.hpp"
 #include "filter/copy_loop.hpp"
 #include "filter/job_setup.hpp"
+#include "filter/termination.hpp"
 #include "job/diagnostics.hpp"
 #include "job/ppd_calls.hpp"
 #include "job/print_job.hpp"
 #include "pjl/sequence.hpp"
+#include "platform/platform.hpp"
 #include "ppdsettings/update_job.hpp"
 #include "psrewrite/job_stream.hpp"
 #include "stdoptions/standard_options.hpp"
@@ -26,20 +30,23 @@ namespace {
 constexpr int kExitCompleted = 0;
 constexpr int kExitFailed = 1;
 
-// Empty on purpose: a cancelled job is still written to its end, so that the printer is not left
-// waiting for the rest of a page.
-void SignalHandler(int /*signal*/) {}
-
-void catchTermination() {
-  struct sigaction action {};
-  action.sa_handler = SignalHandler;
-  action.sa_flags = SA_RESTART;
-  sigaction(SIGTERM, &action, nullptr);
+// The descriptor of the job's input; negative, with the reason in the system log, when its file
+// cannot be opened.
+int openInput(int argc, char* argv[]) {
+  if (argc != 7) return STDIN_FILENO;
+  const int descriptor = open(argv[6], O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) {
+    platform::platform().systemLog->error("[Driver] cannot open the job's file " +
+                                          std::string(argv[6]) + ": " + std::strerror(errno));
+  }
+  return descriptor;
 }
 
-// The descriptor of the job's input; negative when its file cannot be opened.
-int openInput(int argc, char* argv[]) {
-  return argc == 7 ? open(argv[6], O_RDONLY | O_CLOEXEC) : STDIN_FILENO;
+// The exit status of a job whose input has ended; reports a read error to CUPS.
+int statusOf(const base::DescriptorSource& input) {
+  if (input.error() == 0) return kExitCompleted;
+  std::fprintf(stderr, "ERROR: Unable to read the job - %s\n", std::strerror(input.error()));
+  return kExitFailed;
 }
 
 void localizePpd(const job::PrintJobData& job) {
@@ -73,13 +80,13 @@ void updatePpd(const job::PrintJobData& job) {
 
 }  // namespace
 
-int runFilter(int argc, char* argv[], std::FILE* output) {
+int runFilter(int argc, char* argv[], std::FILE* output, base::DescriptorSink* direct) {
+  catchTermination();
   job::ClearLogFile();
   job::logCheck = job::diagnosticsWanted();
   job::LogFileMessageCheck(job::logCheck);
 
   job::LogMessage("Filter started", true);
-  catchTermination();
 
   base::DescriptorSource input(openInput(argc, argv));
   if (!input.isOpen()) {
@@ -115,13 +122,13 @@ int runFilter(int argc, char* argv[], std::FILE* output) {
   pjl::OutputPJL(output, jobData);
   job::LogMessage("Output file opened", true);
 
-  psrewrite::JobStream stream(input, output);
+  psrewrite::JobStream stream(input, output, direct);
   copyPostScript(stream, jobData);
   std::fflush(output);
   job::LogMessage("Output completed", true);
 
   job::LogMessage("Filter exited successfully", true);
-  return kExitCompleted;
+  return statusOf(input);
 }
 
 }  // namespace kelm::filter

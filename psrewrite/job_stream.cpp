@@ -18,10 +18,10 @@ bool LineBuffer::contains(const char* needle) const {
   return std::strstr(bytes_.data(), needle) != nullptr;
 }
 
-JobStream::JobStream(base::ByteSource& input, std::FILE* output)
+JobStream::JobStream(base::ByteSource& input, std::FILE* output, base::DescriptorSink* direct)
     : input_(input),
       output_(output),
-      outputDescriptor_(fileno(output)),
+      direct_(direct),
       block_(static_cast<char*>(::operator new[](kBlockSize, kPageAlignment))) {}
 
 std::span<const char> JobStream::window() {
@@ -81,11 +81,11 @@ void JobStream::write(std::string_view bytes) {
 // A long run goes straight to the descriptor: the stream's buffer would only copy it. It begins at
 // a page boundary, because the kernel copies whole pages to a pipe twice as fast.
 void JobStream::writeUnlogged(std::string_view bytes) {
-  if (bytes.size() >= kLongRun && outputDescriptor_ >= 0) {
+  if (bytes.size() >= kLongRun && direct_ != nullptr) {
     const std::size_t head = -reinterpret_cast<std::uintptr_t>(bytes.data()) % kPageSize;
     std::fwrite(bytes.data(), 1, head, output_);
     std::fflush(output_);
-    base::writeAll(outputDescriptor_, bytes.substr(head));
+    direct_->write(bytes.substr(head));
   } else {
     std::fwrite(bytes.data(), 1, bytes.size(), output_);
   }

@@ -39,8 +39,9 @@ class LineBuffer {
 // where the name of the operation or its comment says otherwise.
 class JobStream {
  public:
-  // Neither is owned; both outlive the stream.
-  JobStream(base::ByteSource& input, std::FILE* output);
+  // Owns none of them; all outlive the stream. `direct`, if not null, writes to the same place as
+  // `output`: long runs go there without being copied to the buffer of `output`.
+  JobStream(base::ByteSource& input, std::FILE* output, base::DescriptorSink* direct = nullptr);
 
   std::FILE* output() { return output_; }
 
@@ -81,7 +82,7 @@ class JobStream {
 
   base::ByteSource& input_;
   std::FILE* output_;
-  int outputDescriptor_;
+  base::DescriptorSink* direct_;
   std::unique_ptr<char[], FreeBlock> block_;  // begins at a page
   std::span<const char> window_;
   bool ended_ = false;

@@ -98,12 +98,31 @@ TEST_F(Pipeline, FailsForAWrongNumberOfArguments) {
             "1|");
 }
 
-TEST_F(Pipeline, TakesAFolderForAnEmptyInput) {
-  EXPECT_THAT(tests::inChild([] {
-                platform::FakePlatform platform;
-                return run(jobOf("", "/"));
-              }),
-              testing::AllOf(testing::StartsWith("0|"), EndsWith(kLastHeaderLine)));
+// Standard error of a job, then its status and the end of its output.
+std::string errorsAndEndOf(const std::vector<std::string>& arguments) {
+  testing::internal::CaptureStderr();
+  const std::string result = run(arguments);
+  const std::string errors = testing::internal::GetCapturedStderr();
+  return errors + "|" + result.substr(0, 2) + result.substr(result.size() - 10);
+}
+
+TEST_F(Pipeline, ReportsAnInputThatCannotBeRead) {
+  EXPECT_EQ(tests::inChild([] {
+              platform::FakePlatform platform;
+              return errorsAndEndOf(jobOf("", "/"));
+            }),
+            "ERROR: Unable to read the job - Is a directory\n|1|OSTSCRIPT\n");
+}
+
+TEST_F(Pipeline, SaysInTheSystemLogWhyAFileCannotBeOpened) {
+  EXPECT_EQ(tests::inChild([] {
+              platform::FakePlatform platform;
+              testing::internal::CaptureStderr();
+              run(jobOf("", "/nonexistent.ps"));
+              return testing::internal::GetCapturedStderr() + "|" +
+                     platform.systemLog.messages.at(0);
+            }),
+            "|[Driver] cannot open the job's file /nonexistent.ps: No such file or directory");
 }
 
 void shortly() { std::this_thread::sleep_for(std::chrono::milliseconds(10)); }
@@ -112,6 +131,35 @@ bool terminationIsCaught() {
   struct sigaction action {};
   sigaction(SIGTERM, nullptr, &action);
   return action.sa_handler != SIG_DFL;
+}
+
+// Notes whether termination was caught when the job first looked at a file.
+class WatchingFileRoot final : public platform::FileRoot {
+ public:
+  std::string locate(std::string_view /*absolutePath*/) const override {
+    if (!seen) caught = terminationIsCaught();
+    seen = true;
+    return "/nonexistent";
+  }
+  mutable bool seen = false;
+  mutable bool caught = false;
+};
+
+TEST_F(Pipeline, CatchesTerminationBeforeAnythingElse) {
+  const std::string file = fileOf("");
+  EXPECT_EQ(tests::inChild([&] {
+              platform::FakePlatform fake;
+              WatchingFileRoot root;
+              platform::Platform set = platform::platform();
+              set.fileRoot = &root;
+              const platform::ScopedPlatform scope(set);
+              run(jobOf("", file));
+              struct sigaction action {};
+              sigaction(SIGTERM, nullptr, &action);
+              return std::string(root.caught ? "first" : "late") +
+                     ((action.sa_flags & SA_RESTART) != 0 ? ", restarting calls" : "");
+            }),
+            "first, restarting calls");
 }
 
 // Gives the job two lines, with a termination request between them.
@@ -146,11 +194,12 @@ constexpr char kWritten[] =
 constexpr char kOptions[] = "PrintPDE DestinationPrinterID=P1 QVPageNumStartNumValue=5";
 
 // The output of the job with the switch file there; its diagnostic files stay in `files`.
-std::string printedWithDiagnostics(const std::string& file, std::vector<std::string>& files) {
+std::string printedWithDiagnostics(const std::string& file, std::vector<std::string>& files,
+                                   const char* options = kOptions) {
   tests::DiagnosticsOn diagnostics;
   std::string output = tests::inChild([&] {
     job::LogFileMessageCheck(false);  // the job looks for the switch file itself
-    return run(jobOf(kOptions, file));
+    return run(jobOf(options, file));
   });
   for (const char* number : {"1", "2", "3"}) {
     const std::string name = std::string("P1_") + number + "_20160930140509.txt";
@@ -165,6 +214,14 @@ TEST_F(Pipeline, LeavesOptionsInputAndOutputInTheDiagnosticFiles) {
   EXPECT_THAT(files, testing::ElementsAre(
                          "DestinationPrinterID=P1\nPrintPDE=true\nQVPageNumStartNumValue=5\n",
                          kInput, kWritten));
+}
+
+// The header makes a booklet's duplex edge short in the options themselves.
+TEST_F(Pipeline, KeepsTheOptionsInTheDiagnosticFileAsTheJobHadThem) {
+  std::vector<std::string> files;
+  printedWithDiagnostics(fileOf(""), files,
+                         "DestinationPrinterID=P1 QVBookletBinding=ON QVDuplex=LongEdge");
+  EXPECT_THAT(files.at(0), HasSubstr("\nQVDuplex=LongEdge\n"));
 }
 
 TEST_F(Pipeline, LeavesNoDiagnosticFilesOfAnUpdateJob) {

@@ -249,7 +249,8 @@ TEST(JobStream, StaysAtTheEndOnceItIsThere) {
 TEST(JobStream, KeepsTheOrderOfShortAndLongRuns) {
   tests::MemorySource source("");
   std::FILE* file = std::tmpfile();
-  JobStream stream(source, file);
+  base::DescriptorSink direct(fileno(file), {});
+  JobStream stream(source, file, &direct);
   const std::string longRun(200'000, 'l');
   stream.write("before ");
   stream.write(longRun);

@@ -1,0 +1,47 @@
+// An allocation that fails ends the filter with exit status 1 and one line for CUPS on standard
+// error. Libraries of libcups do not check all of theirs, so this replaces the C library's
+// allocators, which those of C++ use too. SPDX-License-Identifier: Apache-2.0
+#include <unistd.h>
+
+#include <cstddef>
+#include <string_view>
+
+#include "base/byte_source.hpp"
+
+// The C library's own, under the names that it keeps for replacements.
+extern "C" {
+void* __libc_malloc(std::size_t size);
+void* __libc_calloc(std::size_t count, std::size_t size);
+void* __libc_realloc(void* memory, std::size_t size);
+void* __libc_memalign(std::size_t alignment, std::size_t size);
+}
+
+namespace {
+
+// Without stdio and atexit, which may need memory.
+void* checked(void* memory, std::size_t size) {
+  if (memory != nullptr || size == 0) return memory;
+  constexpr std::string_view kMessage = "ERROR: Unable to print the job - out of memory\n";
+  kelm::base::writeAll(STDERR_FILENO, kMessage);
+  _exit(1);
+}
+
+}  // namespace
+
+extern "C" {
+
+void* malloc(std::size_t size) { return checked(__libc_malloc(size), size); }
+
+void* calloc(std::size_t count, std::size_t size) {
+  return checked(__libc_calloc(count, size), count * size);
+}
+
+void* realloc(void* memory, std::size_t size) {
+  return checked(__libc_realloc(memory, size), size);
+}
+
+void* aligned_alloc(std::size_t alignment, std::size_t size) {
+  return checked(__libc_memalign(alignment, size), size);
+}
+
+}  // extern "C"
