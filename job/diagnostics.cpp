@@ -3,6 +3,7 @@
 #include "job/diagnostics.hpp"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -25,7 +26,7 @@ char file_3_Name[kDiagnosticNameSize];
 
 namespace {
 
-constexpr mode_t kFileMode = 0666;  // less the process's file-creation mask
+constexpr mode_t kFileMode = 0600;
 constexpr std::size_t kJoinBufferSize = 256;
 constexpr std::size_t kWriteSize = std::size_t{1} << 16;
 
@@ -38,14 +39,24 @@ void writeWithoutZeros(int descriptor, std::string_view text) {
   }
 }
 
+// Whether this user made the file: another one may have put a file, a FIFO or a hard link in its
+// place.
+bool isOwnFile(int descriptor) {
+  struct stat status {};
+  return fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == geteuid() &&
+         status.st_nlink == 1;
+}
+
 void append(const char* name, std::string_view text, bool newline) {
   if (!fileOutPutFlag) return;
   const std::string path = platform::platform().fileRoot->locate(name);
-  const int descriptor =
-      open(path.c_str(), O_RDWR | O_CREAT | O_APPEND | O_NOFOLLOW | O_CLOEXEC, kFileMode);
+  const int descriptor = open(
+      path.c_str(), O_RDWR | O_CREAT | O_APPEND | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, kFileMode);
   if (descriptor < 0) return;
-  writeWithoutZeros(descriptor, text);
-  if (newline) base::writeAll(descriptor, std::string_view("\n"));
+  if (isOwnFile(descriptor)) {
+    writeWithoutZeros(descriptor, text);
+    if (newline) base::writeAll(descriptor, std::string_view("\n"));
+  }
   close(descriptor);
 }
 

@@ -1,8 +1,9 @@
 // The diagnostic files for the field: the job's options, the PostScript as read, as written.
 //
 // They are written only where the switch file exists. Every call opens its file, appends and
-// closes, so that nothing is lost when a job is killed. A file that cannot be opened is left out
-// silently. Zero bytes are in no file. With the switch off every call costs one test of a flag.
+// closes, so that nothing is lost when a job is killed. A file that cannot be opened, or is not a
+// regular file of this user with one name, is left out silently. Zero bytes are in no file. With
+// the switch off every call costs one test of a flag.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

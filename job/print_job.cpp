@@ -3,6 +3,7 @@
 #include "job/print_job.hpp"
 
 #include <strings.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <clocale>
@@ -19,9 +20,15 @@
 namespace kelm::job {
 namespace {
 
+// A FIFO would keep the job waiting for a writer.
+bool isRegularFile(const char* path) {
+  struct stat status {};
+  return stat(path, &status) == 0 && S_ISREG(status.st_mode);
+}
+
 void openPpd(PrintJobData& job) {
   const char* path = std::getenv("PPD");
-  job.ppd = path == nullptr ? nullptr : r_ppdOpenFile(path);
+  job.ppd = path != nullptr && isRegularFile(path) ? r_ppdOpenFile(path) : nullptr;
   if (job.ppd == nullptr) return;
   r_ppdMarkDefaults(job.ppd);
   r_cupsMarkOptions(job.ppd, job.numOptions, job.options);
@@ -35,6 +42,12 @@ std::string jobNameFor(const PrintJobData& job) {
     if (!given || !name.empty()) return name;
   }
   return base::hexTextInBuffer(job.title);
+}
+
+// The position of the first option of this name; beyond the last one when there is none.
+std::size_t positionOf(const PrintJobData* job, const char* name) {
+  const std::span<cups_option_t> options = jobOptions(job);
+  return options.empty() ? 0 : job->optionIndex.find(options, name);
 }
 
 // Replaces the value of an option that the job has. A new option goes after those that numOptions
@@ -71,11 +84,11 @@ bool InitializePrintJobData(int argc, char* argv[], PrintJobData* job) {
 
 bool getOptionValue(const PrintJobData* job, const char* name, std::string& destination) {
   destination.clear();
-  for (const cups_option_t& option : jobOptions(job)) {
-    if (std::strcmp(option.name, name) == 0 && option.value != nullptr) {
-      destination = option.value;
-      return true;
-    }
+  const std::span<cups_option_t> options = jobOptions(job);
+  for (std::size_t i = positionOf(job, name); i < options.size(); ++i) {
+    if (options[i].value == nullptr || std::strcmp(options[i].name, name) != 0) continue;
+    destination = options[i].value;
+    return true;
   }
   return false;
 }
@@ -86,10 +99,9 @@ std::span<cups_option_t> jobOptions(const PrintJobData* job) {
 }
 
 const cups_option_t* findJobOption(const PrintJobData* job, const char* name) {
-  for (const cups_option_t& option : jobOptions(job)) {
-    if (std::strcmp(option.name, name) == 0) return &option;
-  }
-  return nullptr;
+  const std::span<cups_option_t> options = jobOptions(job);
+  const std::size_t position = positionOf(job, name);
+  return position < options.size() ? &options[position] : nullptr;
 }
 
 void setOption(PrintJobData& job, const char* name, const std::string& value) {

@@ -13,6 +13,8 @@
 
 #include "job/section_override.hpp"
 
+#include "job/option_index.hpp"
+
 namespace kelm::job {
 
 // One per process, owned by the pipeline for the whole run; nothing in it is freed before the
@@ -26,6 +28,7 @@ struct PrintJobData {
   std::int32_t numOptions = 0;
   cups_option_t* options = nullptr;  // the job's options alone, without the PPD's defaults
   bool isPrintPDE = false;           // the job came from the maker's print dialog
+  mutable OptionIndex optionIndex;   // of `options`, for the lookups below
   std::int32_t keepOutputFace = 0;   // 1: the job's output tray decides the face, 0: face down
 
   // What the standard options' stage settles; as here in jobs that it leaves alone.

@@ -260,13 +260,30 @@ TEST_F(DiagnosticFiles, AreLeftOutWhereTheyCannotBeOpened) {
   EXPECT_FALSE(fs::exists(diagnostics_.caches()));
 }
 
-TEST_F(DiagnosticFiles, FollowTheMaskOfTheProcess) {
-  const mode_t before = umask(027);
+TEST_F(DiagnosticFiles, AreNotWrittenIntoAFileThatSomebodyElsePlanted) {
+  tests::writeFile(pathOf(1), "planted");
+  ASSERT_EQ(chown(pathOf(1).c_str(), 65534, 65534), 0) << "run the tests as root";
+  LogFile1Message("text", true);
+  EXPECT_EQ(tests::readFile(pathOf(1)), "planted");
+}
+
+TEST_F(DiagnosticFiles, AreNotReachedThroughAHardLinkOrAFifo) {
+  const fs::path target = diagnostics_.caches() / "target.txt";
+  tests::writeFile(target, "as it was");
+  fs::create_hard_link(target, pathOf(1));
+  LogFile1Message("text", true);
+  EXPECT_EQ(tests::readFile(target), "as it was");
+  ASSERT_EQ(mkfifo(pathOf(2).c_str(), 0600), 0);
+  LogFile2Message_char("text", true);  // does not wait for a reader
+}
+
+TEST_F(DiagnosticFiles, AreForTheirUserAlone) {
+  const mode_t before = umask(0);
   LogFile1Message("text", true);
   umask(before);
   struct stat status {};
   ASSERT_EQ(stat(pathOf(1).c_str(), &status), 0);
-  EXPECT_EQ(status.st_mode & 0777, 0640U);
+  EXPECT_EQ(status.st_mode & 0777, 0600U);
 }
 
 TEST_F(DiagnosticFiles, TakeNoTrace) {
