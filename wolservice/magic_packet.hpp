@@ -19,8 +19,8 @@ MagicPacket magicPacket(const base::MacAddress& macAddress);
 
 // When packet `number` (from 0) is due, counted from the first: three packets 100 ms apart, in case
 // the network loses one, and the same every 5 seconds, in case the printer was just falling asleep.
+inline constexpr int kPacketsAtOnce = 3;
 constexpr std::chrono::milliseconds packetDue(int number) {
-  constexpr int kPacketsAtOnce = 3;
   return std::chrono::seconds(5) * (number / kPacketsAtOnce) +
          std::chrono::milliseconds(100) * (number % kPacketsAtOnce);
 }

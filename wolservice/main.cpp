@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "platform/standard_streams.hpp"
 #include "snmp/bracketed_address.hpp"
 #include "snmp/qv_snmp_helper.hpp"
 #include "wolservice/service.hpp"
@@ -32,6 +33,7 @@ void blockSignals() {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  kelm::platform::openStandardStreams();
   if (argc != 1) {
     std::fprintf(stderr, "Usage: %s (no arguments; the system bus starts it)\n", argv[0]);
     return kExitUsage;

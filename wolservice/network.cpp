@@ -68,6 +68,38 @@ void sendOn(int socket, MagicPacket packet, const Broadcast& to) {
   sendmsg(socket, &message, 0);
 }
 
+bool canBeAPrinter(in_addr ipv4) {
+  const in_addr_t address = ntohl(ipv4.s_addr);
+  constexpr in_addr_t kThisNetwork = 0x00;
+  return address >> 24 != kThisNetwork && address >> 24 != IN_LOOPBACKNET &&
+         !IN_MULTICAST(address) && address != INADDR_BROADCAST;
+}
+
+bool canBeAPrinter(const in6_addr& address) {
+  if (IN6_IS_ADDR_V4MAPPED(&address) || IN6_IS_ADDR_V4COMPAT(&address)) {
+    in_addr ipv4{};
+    std::memcpy(&ipv4, &address.s6_addr[12], sizeof ipv4);
+    return canBeAPrinter(ipv4);
+  }
+  return !IN6_IS_ADDR_UNSPECIFIED(&address) && !IN6_IS_ADDR_LOOPBACK(&address) &&
+         !IN6_IS_ADDR_MULTICAST(&address);
+}
+
+// As getaddrinfo finds it with these flags.
+std::optional<sockaddr_storage> firstAddress(const std::string& host, int flags) {
+  addrinfo wanted{};
+  wanted.ai_flags = flags;
+  wanted.ai_socktype = SOCK_DGRAM;
+  addrinfo* first = nullptr;
+  if (getaddrinfo(host.c_str(), std::to_string(kMagicPort).c_str(), &wanted, &first) != 0) {
+    return std::nullopt;
+  }
+  const std::unique_ptr<addrinfo, void (*)(addrinfo*)> owner(first, freeaddrinfo);
+  sockaddr_storage address{};
+  std::memcpy(&address, first->ai_addr, first->ai_addrlen);
+  return address;
+}
+
 }  // namespace
 
 std::optional<in_addr> broadcastOf(in_addr address, in_addr mask, in_addr configured) {
@@ -91,18 +123,22 @@ std::vector<Broadcast> broadcastAddresses() {
   return found;
 }
 
-std::optional<sockaddr_storage> locate(const std::string& host) {
-  addrinfo wanted{};
-  wanted.ai_socktype = SOCK_DGRAM;
-  addrinfo* first = nullptr;
-  if (getaddrinfo(host.c_str(), std::to_string(kMagicPort).c_str(), &wanted, &first) != 0) {
-    return std::nullopt;
+bool canBeAPrinter(const sockaddr_storage& address) {
+  if (address.ss_family == AF_INET) {
+    sockaddr_in ipv4{};
+    std::memcpy(&ipv4, &address, sizeof ipv4);
+    return canBeAPrinter(ipv4.sin_addr);
   }
-  const std::unique_ptr<addrinfo, void (*)(addrinfo*)> owner(first, freeaddrinfo);
-  sockaddr_storage address{};
-  std::memcpy(&address, first->ai_addr, first->ai_addrlen);
-  return address;
+  sockaddr_in6 ipv6{};
+  std::memcpy(&ipv6, &address, sizeof ipv6);
+  return address.ss_family == AF_INET6 && canBeAPrinter(ipv6.sin6_addr);
 }
+
+std::optional<sockaddr_storage> numericAddress(const std::string& address) {
+  return firstAddress(address, AI_NUMERICHOST);
+}
+
+std::optional<sockaddr_storage> locate(const std::string& host) { return firstAddress(host, 0); }
 
 void sendPacket(const MagicPacket& packet, const sockaddr_storage& printer) {
   const Socket socket(printer.ss_family);

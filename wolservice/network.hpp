@@ -26,9 +26,17 @@ std::optional<in_addr> broadcastOf(in_addr address, in_addr mask, in_addr config
 // The IPv4 broadcast addresses of all interfaces that are up; none on an error.
 std::vector<Broadcast> broadcastAddresses();
 
+// The socket address of a magic packet to an address in numbers, without asking a name server;
+// nothing for a host name.
+std::optional<sockaddr_storage> numericAddress(const std::string& address);
+
 // The first socket address of a host (an address or a name) for a magic packet; nothing when it is
 // unknown. May wait for name servers.
 std::optional<sockaddr_storage> locate(const std::string& host);
+
+// Whether a printer can have this address (its port does not matter): not one of this machine's own
+// loopback, a multicast group, the unspecified address or the limited broadcast, in either family.
+bool canBeAPrinter(const sockaddr_storage& address);
 
 // Sends the packet to one address. Errors are ignored: another packet follows.
 void sendPacket(const MagicPacket& packet, const sockaddr_storage& printer);

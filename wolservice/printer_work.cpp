@@ -14,7 +14,19 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::seconds kPauseBetweenLookups{1};
 
+// Waits for name servers until they know the host.
+sockaddr_storage addressOf(const std::string& host) {
+  std::optional<sockaddr_storage> address = locate(host);
+  while (!address) {
+    std::this_thread::sleep_for(kPauseBetweenLookups);
+    address = locate(host);
+  }
+  return *address;
+}
+
 }  // namespace
+
+bool findPrinter(const std::string& host) { return canBeAPrinter(addressOf(host)); }
 
 void askUntilAnswered(const std::function<bool()>& answers, std::chrono::milliseconds interval) {
   Clock::time_point due = Clock::now();
@@ -33,12 +45,9 @@ void sendWhenDue(const std::function<void()>& send, int packets) {
 }
 
 void sendToPrinter(const MagicPacket& packet, const std::string& host, int packets) {
-  std::optional<sockaddr_storage> address = locate(host);
-  while (!address) {
-    std::this_thread::sleep_for(kPauseBetweenLookups);
-    address = locate(host);
-  }
-  sendWhenDue([&] { sendPacket(packet, *address); }, packets);
+  const sockaddr_storage address = addressOf(host);
+  if (!canBeAPrinter(address)) return;
+  sendWhenDue([&] { sendPacket(packet, address); }, packets);
 }
 
 }  // namespace kelm::wolservice

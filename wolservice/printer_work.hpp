@@ -18,7 +18,11 @@ void askUntilAnswered(const std::function<bool()>& answers, std::chrono::millise
 // Calls `send` `packets` times, each when its packet is due (packetDue, counted from the start).
 void sendWhenDue(const std::function<void()>& send, int packets);
 
-// Looks the host up until it is known, then sends it the packet as sendWhenDue does.
+// Looks the host up until it is known. False when it has an address that no printer can have.
+bool findPrinter(const std::string& host);
+
+// Looks the host up until it is known, then sends it the packet as sendWhenDue does, unless no
+// printer can have its address.
 void sendToPrinter(const MagicPacket& packet, const std::string& host, int packets);
 
 }  // namespace kelm::wolservice

@@ -7,6 +7,7 @@
 #include <systemd/sd-daemon.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
@@ -25,6 +26,7 @@ constexpr std::chrono::milliseconds kAskInterval = 1s;
 constexpr std::chrono::milliseconds kLimit = 60s;
 constexpr std::chrono::milliseconds kIdle = 10s;
 constexpr std::size_t kMaxWakeUps = 64;
+constexpr std::size_t kMaxRequestsOfCaller = 8;
 constexpr std::uint64_t kTimerAccuracy = 1000;  // microseconds
 
 void say(const std::string& text) { std::fprintf(stderr, "KelmWoLServices: %s\n", text.c_str()); }
@@ -45,15 +47,14 @@ constexpr int packetsWithin(std::chrono::milliseconds time) {
   return count;
 }
 
-// Starts a process that does `work` and ends, at the latest with the service. Its id, or a negative
-// errno.
-pid_t fork(const std::function<void()>& work) {
+// Starts a process that does `work` and ends, at the latest with the service; its exit status says
+// whether that was done (0) or not. Its id, or a negative errno.
+pid_t fork(const std::function<bool()>& work) {
   const pid_t service = getpid();
   const pid_t process = ::fork();
   if (process != 0) return process < 0 ? -errno : process;
   prctl(PR_SET_PDEATHSIG, SIGKILL);
-  if (getppid() == service) work();
-  _exit(0);
+  _exit(getppid() == service && work() ? 0 : 1);
 }
 
 std::uint64_t now(sd_event* event) {
@@ -107,7 +108,7 @@ Service::Source Service::startTimer(std::chrono::milliseconds delay,
 
 // The process ends with its event source. Without a process, packets are still sent and the caller
 // is called back at the limit.
-Service::Source Service::startProcess(const std::function<void()>& work,
+Service::Source Service::startProcess(const std::function<bool()>& work,
                                       sd_event_child_handler_t ended, WakeUp& wakeUp) {
   sd_event_source* source = nullptr;
   const pid_t process = fork(work);
@@ -147,23 +148,56 @@ int Service::onRequest(sd_bus_message* message, void* self, sd_bus_error* /*erro
 void Service::take(const std::string& caller, const WakeUpArguments& arguments) {
   std::string problem;
   const std::optional<WakeUpOrder> order = checkedOrder(arguments, problem);
-  if (order && wakeUps_.size() < kMaxWakeUps) {
-    begin(caller, *order);
+  if (!order) {
+    refuse(caller, problem);
+  } else if (requestsOf(caller) >= kMaxRequestsOfCaller) {
+    turnAway(caller, *order, "too many printers are being woken for the same caller");
+  } else if (join(caller, *order)) {
+    say("waking " + order->address + " for " + caller + " too");
+  } else if (wakeUps_.size() >= kMaxWakeUps) {
+    turnAway(caller, *order, "too many printers are being woken");
   } else {
-    refuse(caller, order ? "too many printers are being woken" : problem);
+    begin(caller, *order);
   }
 }
 
 void Service::refuse(const std::string& caller, const std::string& reason) {
   say("refused a request from " + caller + ": " + reason);
+  tellRefusal(caller, reason);
   callBack(caller);
+}
+
+// The packets take no place: the printer may wake up all the same. No name is looked up, because
+// that would need a process.
+void Service::turnAway(const std::string& caller, const WakeUpOrder& order,
+                       const std::string& reason) {
+  const auto printer = order.isOverRouter ? numericAddress(order.address) : std::nullopt;
+  const MagicPacket packet = magicPacket(order.macAddress);
+  for (int count = 0; order.isWakeOnLan && count < kPacketsAtOnce; ++count) {
+    broadcastPacket(packet);
+    if (printer) sendPacket(packet, *printer);
+  }
+  refuse(caller, reason);
+}
+
+bool Service::join(const std::string& caller, const WakeUpOrder& order) {
+  const auto equal = std::ranges::find(wakeUps_, order, &WakeUp::order);
+  if (equal == wakeUps_.end()) return false;
+  equal->callers.push_back(caller);
+  return true;
+}
+
+std::size_t Service::requestsOf(const std::string& caller) const {
+  std::ptrdiff_t count = 0;
+  for (const WakeUp& each : wakeUps_) count += std::ranges::count(each.callers, caller);
+  return static_cast<std::size_t>(count);
 }
 
 void Service::begin(const std::string& caller, const WakeUpOrder& order) {
   say("waking " + order.address + " for " + caller);
   idleTimer_.reset();
   wakeUps_.push_back({.service = this,
-                      .caller = caller,
+                      .callers = {caller},
                       .order = order,
                       .packet = magicPacket(order.macAddress),
                       .start = now(event_.get()),
@@ -175,16 +209,21 @@ void Service::begin(const std::string& caller, const WakeUpOrder& order) {
   wakeUp.limitTimer = startTimer(kLimit, onLimit, &wakeUp);
   wakeUp.asker = startProcess(
       [&] {
+        if (!findPrinter(order.address)) return false;
         askUntilAnswered([&] { return answers_(order.address, order.snmpCommunity); },
                          kAskInterval);
+        return true;
       },
       onAskerEnd, wakeUp);
   if (!order.isWakeOnLan) return;
   wakeUp.packetTimer = startTimer(0ms, onPacketDue, &wakeUp);
   if (!order.isOverRouter) return;
-  wakeUp.sender =
-      startProcess([&] { sendToPrinter(wakeUp.packet, order.address, packetsWithin(kLimit)); },
-                   onSenderEnd, wakeUp);
+  wakeUp.sender = startProcess(
+      [&] {
+        sendToPrinter(wakeUp.packet, order.address, packetsWithin(kLimit));
+        return true;
+      },
+      onSenderEnd, wakeUp);
 }
 
 int Service::onPacketDue(sd_event_source* /*source*/, std::uint64_t /*time*/, void* wakeUp) {
@@ -205,6 +244,8 @@ int Service::onAskerEnd(sd_event_source* /*source*/, const siginfo_t* end, void*
   auto& self = *static_cast<WakeUp*>(wakeUp);
   if (end->si_code == CLD_EXITED && end->si_status == 0) {
     self.service->finish(self, "answers");
+  } else if (end->si_code == CLD_EXITED) {
+    self.service->finish(self, "has an address that no printer can have: ended");
   } else {
     say(self.order.address + " cannot be asked any more: the asking process was killed");
   }
@@ -225,27 +266,44 @@ int Service::onLimit(sd_event_source* /*source*/, std::uint64_t /*time*/, void* 
 void Service::finish(WakeUp& wakeUp, const char* outcome) {
   const std::uint64_t seconds = (now(event_.get()) - wakeUp.start) / microseconds(1s);
   say(wakeUp.order.address + " " + outcome + " after " + std::to_string(seconds) + " s");
-  callBack(wakeUp.caller);
+  for (const std::string& caller : wakeUp.callers) callBack(caller);
   wakeUps_.remove_if([&](const WakeUp& each) { return &each == &wakeUp; });
   if (wakeUps_.empty()) idleTimer_ = startTimer(kIdle, onIdle, this);
 }
 
-// The call-back gets no reply, and a caller that has gone is not an error.
 void Service::callBack(const std::string& caller) const {
   sd_bus_message* message = nullptr;
   if (sd_bus_message_new_method_call(bus_.get(), &message, caller.c_str(),
                                      platform::kCallBackObject, platform::kCallBackInterface,
                                      platform::kCallBackMethod) >= 0) {
-    sd_bus_message_set_expect_reply(message, 0);
-    sd_bus_send(bus_.get(), message, nullptr);
+    send(message);
   }
   sd_bus_message_unref(message);
+}
+
+void Service::tellRefusal(const std::string& caller, const std::string& reason) const {
+  sd_bus_message* message = nullptr;
+  if (sd_bus_message_new_method_call(bus_.get(), &message, caller.c_str(),
+                                     platform::kCallBackObject, platform::kRefusalInterface,
+                                     platform::kRefusalMethod) >= 0 &&
+      sd_bus_message_append(message, "s", reason.c_str()) >= 0) {
+    send(message);
+  }
+  sd_bus_message_unref(message);
+}
+
+// A call-back gets no reply, and a caller that has gone is not an error.
+void Service::send(sd_bus_message* message) const {
+  sd_bus_message_set_expect_reply(message, 0);
+  sd_bus_send(bus_.get(), message, nullptr);
 }
 
 // The bus is closed when the event loop ends: call back all waiting callers before.
 int Service::onEnd(sd_event_source* /*source*/, const signalfd_siginfo* /*signal*/, void* self) {
   const auto& service = *static_cast<Service*>(self);
-  for (const WakeUp& each : service.wakeUps_) service.callBack(each.caller);
+  for (const WakeUp& each : service.wakeUps_) {
+    for (const std::string& caller : each.callers) service.callBack(caller);
+  }
   sd_bus_flush(service.bus_.get());
   return sd_event_exit(service.event_.get(), 0);
 }

@@ -10,6 +10,7 @@
 #include <list>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "wolservice/magic_packet.hpp"
 #include "wolservice/wake_up_order.hpp"
@@ -20,7 +21,8 @@ namespace kelm::wolservice {
 using PrinterAnswers = bool (*)(const std::string& address, const std::string& community);
 
 // Takes requests from the bus, wakes their printers, and calls each caller back: when its printer
-// answers, at once when the arguments are bad, in any case after 60 seconds.
+// answers, at once when the arguments are bad or there is no place left, in any case after 60
+// seconds. Equal requests share one wake-up.
 class Service {
  public:
   explicit Service(PrinterAnswers answers) : answers_(answers) {}
@@ -42,10 +44,10 @@ class Service {
   };
   using Source = std::unique_ptr<sd_event_source, ReleaseEvent>;
 
-  // A printer that is being woken, and its waiting caller.
+  // A printer that is being woken, and its waiting callers.
   struct WakeUp {
     Service* service;
-    std::string caller;  // its unique name on the bus
+    std::vector<std::string> callers;  // their unique names on the bus, each once for each request
     WakeUpOrder order;
     MagicPacket packet;
     std::uint64_t start;  // microseconds of the monotonic clock
@@ -59,15 +61,20 @@ class Service {
   bool openBus();
   bool addSources();
   Source startTimer(std::chrono::milliseconds delay, sd_event_time_handler_t handler, void* data);
-  Source startProcess(const std::function<void()>& work, sd_event_child_handler_t ended,
+  Source startProcess(const std::function<bool()>& work, sd_event_child_handler_t ended,
                       WakeUp& wakeUp);
 
   void take(const std::string& caller, const WakeUpArguments& arguments);
   void refuse(const std::string& caller, const std::string& reason);
+  void turnAway(const std::string& caller, const WakeUpOrder& order, const std::string& reason);
+  bool join(const std::string& caller, const WakeUpOrder& order);
+  std::size_t requestsOf(const std::string& caller) const;
   void begin(const std::string& caller, const WakeUpOrder& order);
   void sendPackets(WakeUp& wakeUp);
   void finish(WakeUp& wakeUp, const char* outcome);
+  void tellRefusal(const std::string& caller, const std::string& reason) const;
   void callBack(const std::string& caller) const;
+  void send(sd_bus_message* message) const;
   void leaveWhenIdle();
 
   static int onRequest(sd_bus_message* message, void* self, sd_bus_error* error);

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "wolservice/network.hpp"
+
 namespace kelm::wolservice {
 namespace {
 
@@ -65,6 +67,12 @@ bool isAddress(const std::string& text) {
   return text.find('\0') == std::string::npos && (isIpv4(text) || isIpv6(text) || isHostName(text));
 }
 
+// A host name can be one; whether its address can is known once it is looked up.
+bool mayBeAPrinter(const std::string& address) {
+  const auto numeric = numericAddress(address.substr(0, address.find('%')));
+  return !numeric || canBeAPrinter(*numeric);
+}
+
 std::optional<bool> switchOf(std::string_view text) {
   if (text == "YES") return true;
   if (text == "NO") return false;
@@ -81,6 +89,8 @@ std::optional<WakeUpOrder> checkedOrder(const WakeUpArguments& arguments, std::s
     problem = "the MAC address is not six hexadecimal parts, or is all zero";
   } else if (!isAddress(arguments.address)) {
     problem = "the printer's address is neither an IP address nor a host name";
+  } else if (!mayBeAPrinter(arguments.address)) {
+    problem = "no printer can have the address";
   } else if (arguments.snmpCommunity.size() > kLongestCommunity) {
     problem = "the SNMP community is longer than 255 bytes";
   } else if (!isWakeOnLan || !isOverRouter) {

@@ -24,11 +24,13 @@ struct WakeUpOrder {
   std::string snmpCommunity;
   bool isWakeOnLan;   // send magic packets
   bool isOverRouter;  // to the printer's own address too
+
+  bool operator==(const WakeUpOrder&) const = default;
 };
 
 // The order that the arguments give: a MAC address (base::macAddressOf) that is not all zero; an
-// address or host name; a community of at most 255 bytes; "YES" or "NO" twice. Nothing otherwise,
-// and `problem` says what is wrong, without the arguments' text.
+// address that a printer can have, or a host name; a community of at most 255 bytes; "YES" or "NO"
+// twice. Nothing otherwise, and `problem` says what is wrong, without the arguments' text.
 std::optional<WakeUpOrder> checkedOrder(const WakeUpArguments& arguments, std::string& problem);
 
 }  // namespace kelm::wolservice

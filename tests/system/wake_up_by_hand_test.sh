@@ -98,6 +98,10 @@ refused() { grep -q 'refused a request' "$W/service_log"; }
 request string:'' string:$MAC string:public string:YES string:NO
 wait_until 5 refused || fail "an empty address was not refused"
 
+# An address that no printer can have is refused too.
+wake 1 --mac $MAC --address 127.0.0.1
+grep -q 'no printer can have the address' "$W/err" || fail "no reason: $(cat "$W/err")"
+
 # A request with other arguments than five strings is refused too.
 not_five() { [ "$(grep -c 'its arguments are not five strings' "$W/service_log")" = "$1" ]; }
 request string:10.77.0.2 string:$MAC
@@ -124,8 +128,17 @@ for number in $(seq 63); do
 done
 wait_until 5 woken 64 || fail "64 printers are not woken at the same time"
 ! one_too_many || fail "64 printers were too many"
-request string:10.77.9.64 string:$MAC string:public string:NO string:NO
-wait_until 5 one_too_many || fail "more than 64 printers are woken"
+
+# The one too many is told so, after its magic packets were sent; an equal request takes no place.
+: >"$W/packets"
+wake 1 --mac $MAC --address 10.88.0.2 --over-router --community more
+one_too_many || fail "more than 64 printers are woken"
+grep -q 'was not woken: the wake-up service refused: too many printers' "$W/err" ||
+  fail "kelmctl wake said: $(cat "$W/err")"
+wait_until 5 packets_arrived 3 || fail "no packets for the request that was turned away"
+request string:10.77.9.1 string:$MAC string:public string:NO string:NO
+joined() { grep -q 'waking 10.77.9.1 for .* too$' "$W/service_log"; }
+wait_until 5 joined || fail "an equal request was not joined"
 
 # Told to end, it calls back those who wait; so does the bus's end for the next one.
 kill -TERM "$(tail -n 1 "$W/service_pid")"

@@ -87,6 +87,28 @@ TEST(WakeUpOrder, RefusesAMissingAddressAndAUri) {
   EXPECT_FALSE(isTakenWithAddress(std::string("10.0.0.5\0more", 13)));
 }
 
+TEST(WakeUpOrder, RefusesAnAddressThatNoPrinterCanHave) {
+  for (const char* address :
+       {"0.0.0.0", "0.1.2.3", "127.0.0.1", "127.255.255.254", "127.1", "224.0.0.1",
+        "239.255.255.255", "255.255.255.255", "::", "::1", "ff02::1", "ff05::2%lo",
+        "::ffff:127.0.0.1", "::ffff:224.0.0.1", "::127.0.0.1"}) {
+    EXPECT_FALSE(isTakenWithAddress(address)) << address;
+  }
+  for (const char* address : {"1.0.0.1", "126.255.255.255", "128.0.0.1", "223.255.255.255",
+                              "240.0.0.1", "fe80::1", "fd00::1", "::ffff:10.0.0.5"}) {
+    EXPECT_TRUE(isTakenWithAddress(address)) << address;
+  }
+}
+
+TEST(WakeUpOrder, IsEqualToOneWithTheSameArguments) {
+  std::string problem;
+  const auto order = checkedOrder(good(), problem);
+  EXPECT_EQ(order, checkedOrder(good(), problem));
+  WakeUpArguments other = good();
+  other.snmpCommunity = "other";
+  EXPECT_NE(order, checkedOrder(other, problem));
+}
+
 TEST(WakeUpOrder, TakesCommunitiesOfAtMost255Bytes) {
   WakeUpArguments arguments = good();
   arguments.snmpCommunity = std::string(255, 'c');
