@@ -1,6 +1,6 @@
 # The targets that people type; the build itself is CMake's (CMakePresets.json).
 # SPDX-License-Identifier: Apache-2.0
-.PHONY: all help demo check check-desktop bench asan tsan fuzz coverage format lint package package-check install clean
+.PHONY: all help demo check check-desktop bench asan tsan fuzz soak coverage format lint package package-check install clean
 
 all: ## build the programs, the PPD and the manual pages
 	@scripts/install-deps build && scripts/build release all
@@ -20,6 +20,8 @@ tsan: ## run the tests under the thread sanitizer
 	@scripts/install-deps build check && scripts/build tsan all tests/all && ctest --preset tsan
 fuzz: ## run every fuzz target for a minute
 	@scripts/install-deps build check lint && scripts/build fuzz tests/fuzz/all && scripts/fuzz
+soak: ## print 2,000 jobs in 5 minutes through a real cupsd, with cancels and restarts
+	@scripts/install-deps build check && scripts/build release all && sh tests/system/soak.sh
 coverage: ## print the line coverage of each directory
 	@scripts/install-deps build check && scripts/build coverage all tests/all && scripts/coverage
 format: ## give every C++ file the project's shape

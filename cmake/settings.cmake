@@ -55,7 +55,10 @@ elseif(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
   target_compile_options(kelm_settings INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
 endif()
 if(KELM_FUZZ)
-  target_compile_options(kelm_settings INTERFACE -fsanitize=fuzzer-no-link)
+  # The profile gives the coverage by line (scripts/fuzz).
+  target_compile_options(kelm_settings INTERFACE
+    -fsanitize=fuzzer-no-link -fprofile-instr-generate -fcoverage-mapping)
+  target_link_options(kelm_settings INTERFACE -fprofile-instr-generate)
 endif()
 if(KELM_COVERAGE)
   target_compile_options(kelm_settings INTERFACE --coverage)

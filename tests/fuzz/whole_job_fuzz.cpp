@@ -1,0 +1,107 @@
+// Any command line, environment, PPD and PostScript of one job: it gets a whole header and its
+// PostScript, or, being an update job, nothing on standard output.
+// SPDX-License-Identifier: Apache-2.0
+#include <sys/mman.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "base/byte_source.hpp"
+#include "filter/copy_loop.hpp"
+#include "filter/job_setup.hpp"
+#include "job/ppd_calls.hpp"
+#include "job/print_job.hpp"
+#include "pjl/sequence.hpp"
+#include "platform/fake/fake_platform.hpp"
+#include "ppdsettings/update_job.hpp"
+#include "psrewrite/job_stream.hpp"
+#include "tests/support/memory_job.hpp"
+
+namespace {
+
+// A file in memory with a path of its own.
+class MemoryFile {
+ public:
+  explicit MemoryFile(std::string_view content) : descriptor_(memfd_create("job", MFD_CLOEXEC)) {
+    kelm::base::writeAll(descriptor_, content);
+  }
+  ~MemoryFile() { close(descriptor_); }
+  MemoryFile(const MemoryFile&) = delete;
+  MemoryFile& operator=(const MemoryFile&) = delete;
+  std::string path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
+
+ private:
+  int descriptor_;
+};
+
+// Takes the text up to the next zero byte off the front.
+std::string nextText(std::string_view& rest) {
+  const std::size_t end = std::min(rest.find('\0'), rest.size());
+  std::string text(rest.substr(0, end));
+  rest.remove_prefix(std::min(end + 1, rest.size()));
+  return text;
+}
+
+void freeJob(kelm::job::PrintJobData& job) {
+  cupsFreeOptions(job.numOptions, job.options);
+  if (job.ppd != nullptr) kelm::job::r_ppdClose(job.ppd);
+}
+
+void update(const kelm::job::PrintJobData& job) {
+  kelm::tests::MemoryOutput errors;
+  std::FILE* const own = std::exchange(stderr, errors.stream());
+  for (auto* updater :
+       {kelm::ppdsettings::UpdateMacAddressToPPD, kelm::ppdsettings::UpdateSnmpCommunityNameToPPD,
+        kelm::ppdsettings::UpdateSharedBoxToPPD}) {
+    updater(&job);
+  }
+  stderr = own;
+}
+
+void print(kelm::job::PrintJobData& job, std::string_view postScript) {
+  kelm::filter::decideCustomPaper(job);
+  kelm::filter::decideOutputFace(job);
+  kelm::tests::MemorySource source(postScript);
+  kelm::tests::MemoryOutput output;
+  kelm::pjl::OutputPJL(output.stream(), job);
+  const std::string header = output.text();
+  kelm::psrewrite::JobStream stream(source, output.stream());
+  kelm::filter::copyPostScript(stream, job);
+  if (!header.starts_with("\x1B%-12345X@PJL\n") ||
+      !header.ends_with("\n@PJL ENTER LANGUAGE=POSTSCRIPT\n")) {
+    std::abort();
+  }
+}
+
+}  // namespace
+
+// User, title, options, language and PPD, each up to a zero byte, and the PostScript.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const kelm::platform::FakePlatform platform;
+  std::string_view rest(reinterpret_cast<const char*>(data), size);
+  std::string name = "queue";
+  std::string id = "1";
+  std::string user = nextText(rest);
+  std::string title = nextText(rest);
+  std::string options = nextText(rest).substr(0, 3000);  // shorter than a line that aborts
+  setenv("LANG", nextText(rest).c_str(), 1);
+  const MemoryFile ppd(nextText(rest));
+  setenv("PPD", ppd.path().c_str(), 1);
+  std::array<char*, 7> argv = {name.data(), id.data(),      user.data(), title.data(),
+                               id.data(),   options.data(), nullptr};
+  kelm::job::PrintJobData job;
+  if (!kelm::job::InitializePrintJobData(6, argv.data(), &job)) std::abort();
+  if (kelm::ppdsettings::ShouldUpdatePPD(&job)) {
+    update(job);
+  } else {
+    print(job, rest);
+  }
+  freeJob(job);
+  return 0;
+}
