@@ -9,12 +9,14 @@
 #include "base/byte_source.hpp"
 
 // The C library's own, under the names that it keeps for replacements.
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* memory, std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 }
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 
 namespace {
 
@@ -28,20 +30,22 @@ void* checked(void* memory, std::size_t size) {
 
 }  // namespace
 
+// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 extern "C" {
 
-void* malloc(std::size_t size) { return checked(__libc_malloc(size), size); }
+void* malloc(std::size_t size) noexcept { return checked(__libc_malloc(size), size); }
 
-void* calloc(std::size_t count, std::size_t size) {
+void* calloc(std::size_t count, std::size_t size) noexcept {
   return checked(__libc_calloc(count, size), count * size);
 }
 
-void* realloc(void* memory, std::size_t size) {
+void* realloc(void* memory, std::size_t size) noexcept {
   return checked(__libc_realloc(memory, size), size);
 }
 
-void* aligned_alloc(std::size_t alignment, std::size_t size) {
+void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
   return checked(__libc_memalign(alignment, size), size);
 }
 
 }  // extern "C"
+// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)

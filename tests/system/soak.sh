@@ -89,7 +89,7 @@ while [ $number -lt "$JOBS" ]; do
     5) kind=large ;;
     *) kind=plain ;;
   esac
-  id=$(submit "soak$((number % 10))" $kind)
+  id=$(submit "soak$((number % 10))" "$kind")
   [ -n "$id" ] || fail "job $number was not taken: $(cat "$W/lp_err")"
   fate=kept
   [ $((number % 10)) != 9 ] || fate=lost
@@ -102,7 +102,7 @@ while [ $number -lt "$JOBS" ]; do
   wait_until 60 few_wait || fail "the jobs do not go on: $(waiting) wait"
   if [ $((number % 250)) = 0 ]; then
     echo "$number jobs, $(memory) KB in cupsd, $(descriptors) descriptors"
-    [ $memory_before != 0 ] || memory_before=$(memory)
+    [ "$memory_before" != 0 ] || memory_before=$(memory)
     memory_after=$(memory)
     cups_stop
     cups_start
@@ -116,7 +116,7 @@ wrong=0
 while read -r id kind fate; do
   case $fate in
     kept) cmp -s "$W/right.$kind" "$W/jobs/$id" || { echo "job $id ($kind) is wrong" >&2; wrong=$((wrong + 1)); } ;;
-    cancelled) [ ! -e "$W/jobs/$id" ] || cmp -s "$W/right.$kind" "$W/jobs/$id" || [ $kind = update ] ||
+    cancelled) [ ! -e "$W/jobs/$id" ] || cmp -s "$W/right.$kind" "$W/jobs/$id" || [ "$kind" = update ] ||
       echo "job $id ($kind) was cut by its cancel" ;;
   esac
 done <"$W/submitted"

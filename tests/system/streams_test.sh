@@ -7,7 +7,10 @@
 # shellcheck source=tests/system/lib/system_log.sh
 . "$HERE/lib/system_log.sh"
 
+# Before the options; used unquoted, as several words.
 FILTER="$BUILD/kelmfilter 1 user title 1"
+# shellcheck disable=SC2086
+filter() { env PPD= $FILTER "$@"; }
 
 # job COMMAND : runs a shell command within 20 seconds; its exit status in $status
 job() {
@@ -17,8 +20,8 @@ job() {
 
 printf '%%!PS-Adobe-3.0\nshowpage\n' >"$W/page.ps"
 yes '%a line of a large job, 44 bytes with its feed' | head -n 400000 >"$W/large.ps"
-env PPD= $FILTER '' <"$W/large.ps" >"$W/whole.prn"
-env PPD= $FILTER '' </dev/null >"$W/header.prn"
+filter '' <"$W/large.ps" >"$W/whole.prn"
+filter '' </dev/null >"$W/header.prn"
 system_log_start "$W/syslog"
 
 # A closed stream is an empty one; no socket or file of the filter takes its place.
@@ -123,7 +126,7 @@ for index in $(seq 0 99); do
   done
 done
 status=0
-timeout -k 1 20 $FILTER "$options" <"$W/page.ps" >"$W/out" 2>"$W/err" || status=$?
+timeout -k 1 20 "$BUILD/kelmfilter" 1 user title 1 "$options" <"$W/page.ps" >"$W/out" 2>"$W/err" || status=$?
 expect "status with a system log that does not read" 0 "$status"
 stop deaf
 

@@ -33,7 +33,7 @@ job_start() {
 job_ends() {
   wait_until 60 gone "$job" || fail "$1: the job does not end"
   took=$(($(milliseconds) - started_at))
-  [ $took -ge "$2" ] && [ $took -le "$3" ] || fail "$1: the job took $took ms, not $2 to $3"
+  if [ $took -lt "$2" ] || [ $took -gt "$3" ]; then fail "$1: the job took $took ms, not $2 to $3"; fi
   sed -n '/^%!PS-Adobe/,$p' "$W/out" | cmp "$W/page.ps" - >&2 || fail "$1: the job is not complete"
   echo "$1: $took ms"
 }
