@@ -109,10 +109,12 @@ void setOption(PrintJobData& job, const char* name, const std::string& value) {
   const bool exists = cupsGetOption(name, job.numOptions, job.options) != nullptr;
   if (exists && findJobOption(&job, name) == nullptr) removeOption(job, name);
   job.numOptions = cupsAddOption(name, value.c_str(), job.numOptions, &job.options);
+  job.optionIndex.forget();
 }
 
 void removeOption(PrintJobData& job, const char* name) {
   job.numOptions = cupsRemoveOption(name, job.numOptions, &job.options);
+  job.optionIndex.forget();
 }
 
 bool outputTrayDecidesFace(const PrintJobData* job) {
