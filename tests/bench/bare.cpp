@@ -1,4 +1,4 @@
-// What every filter pays: links the print system's library and ends; with a PPD's path as its
+// What every filter pays: links libcups and ends; with a PPD's path as its
 // argument, opens, marks and localises it first.
 // SPDX-License-Identifier: Apache-2.0
 #include <cups/ppd.h>

@@ -1,4 +1,4 @@
-// Runs a fuzz target on every file of a folder: the seeds and whatever the fuzzer found before.
+// Runs a fuzz target on every file of a directory: the seeds and whatever the fuzzer found before.
 // SPDX-License-Identifier: Apache-2.0
 #include <cstdint>
 #include <cstdio>

@@ -68,7 +68,7 @@ void readEverything(ppd_file_t* ppd) {
 
 }  // namespace
 
-// The values of the attributes, each up to a line feed; those behind the last have none.
+// The values of the attributes, each up to a line feed; those after the last have none.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const kelm::tests::MemoryPpd ppd(attributesOfEveryKind());
   ppd_file_t* const file = ppd;

@@ -49,7 +49,7 @@ class TestJob {
   using Options = std::vector<std::pair<std::string, std::string>>;
 
   explicit TestJob(const Options& options = {}, const char* ppdPath = nullptr);
-  // `options` as the print system writes them on the filter's command line.
+  // `options` as CUPS writes them on the filter's command line.
   static TestJob parsed(const char* options);
   ~TestJob();
   TestJob(TestJob&& other) noexcept;

@@ -1,4 +1,4 @@
-// A folder of a test's own, and what is in its files.
+// A directory of a test's own, and what is in its files.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/temporary_folder.hpp"
 

@@ -1,4 +1,4 @@
-// A folder of a test's own, and what is in its files.
+// A directory of a test's own, and what is in its files.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace kelm::tests {
 
-// Made with the object under the system's folder for temporary files, removed with it.
+// Made with the object in the system's directory for temporary files, removed with it.
 class TemporaryFolder {
  public:
   TemporaryFolder();

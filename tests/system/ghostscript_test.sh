@@ -1,5 +1,5 @@
 #!/bin/sh
-# The PostScript stays PostScript: behind the header a job runs through Ghostscript without an error
+# The PostScript stays PostScript: after the header a job runs through Ghostscript without an error
 # and gives the same pages as before the filter; and every code line of the PPD stores its value.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
@@ -28,7 +28,7 @@ stored() {
   gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=nullpage "$file" "$W/probe.ps"
 }
 
-# job NAME OPTIONS : the example document with OPTIONS before the filter and behind it; their pages
+# job NAME OPTIONS : the example document with OPTIONS before and after the filter; their pages
 # are compared
 job() {
   "$PSTOPS" 7 miller Report 1 "$2" "$SOURCE/examples/document.ps" >"$W/$1.before" 2>"$W/$1.log"
@@ -42,7 +42,7 @@ job() {
   diff -r "$W/$1.pages_before" "$W/$1.pages_after" >&2 || fail "$1: the pages differ"
 }
 
-# A blank page proves nothing.
+# An empty page proves nothing.
 has_ink() { [ "$(tail -c +20 "$1" | tr -d '\377' | wc -c)" -gt 1000 ]; }
 
 TEXTS='QVOwnerNameInfo=Custom.M\ Miller QVJobNameInfo=Custom.Report\ (2) QVSecretNumInfo=Custom.0042
@@ -53,7 +53,7 @@ TEXTS='QVOwnerNameInfo=Custom.M\ Miller QVJobNameInfo=Custom.Report\ (2) QVSecre
 # The example job, and the document as the maker's dialog would have sent it.
 job plain "$(cat "$SOURCE/examples/options")" 3
 for picture in "$W"/plain.pages_after/*.ppm; do
-  has_ink "$picture" || fail "$picture is blank"
+  has_ink "$picture" || fail "$picture is empty"
 done
 job dialog "PrintPDE QVDuplex=LongEdge QVTargetPaperSize=Custom QVPageNumPrintPSValue=On
   QVTextInfoTextValueUTF8=54657874 QVJobCommentTextValueUTF8=436F6D QVPageTrayStandardTrayValue=1-2" 3
@@ -61,7 +61,7 @@ expect "values of the dialog" "On 54657874 436F6D 1-2 8" \
   "$(stored "$W/dialog.after" QVPageNumPrint QVTextInfo QVJobComment QVPageTrayStandard \
     QVStampPageSize | xargs)"
 
-# Every typed text, parentheses included, and typed numbers.
+# Every custom text, parentheses included, and custom numbers.
 job texts "$TEXTS" 3
 expect "typed values" "4D204D696C6C6572 5265706F727420283229 0042 48656C6C6F20576F726C64 612862 \
 4D795F31 48656164 4772C3BCC39F65 141 -150 90 On -" \
@@ -75,7 +75,7 @@ expect "page size" "29704 20990 Landscape" \
   "$(stored "$W/wide.after" QVPAGESizeWidth QVPAGESizeHeight QVOrientation | xargs)"
 
 # Every code line of the PPD by itself: it stores a string and leaves nothing on the stack. pstops
-# hides errors in features, so here nothing stands around the line.
+# hides errors in features, so here the line is alone.
 awk '
   /^\*(Custom)?QV[A-Za-z0-9]+ [^:]*: "..*"$/ {
     keyword = substr($1, 2)

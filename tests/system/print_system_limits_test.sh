@@ -19,7 +19,7 @@ update() {
   cups_job "$1" -o UpdatePPDOptions -o "$2" "$W/page.ps" >"$W/job_id" || fail "$2: the job did not end"
 }
 
-# stored QUEUE KEYWORD : the value as it stands in the queue's PPD
+# stored QUEUE KEYWORD : the value in the queue's PPD
 stored() { sed -n "s/^\*$2: //p" "$(cups_queue_ppd "$1")"; }
 
 # features QUEUE : the number of feature sections that the print server gives an ordinary job

@@ -8,7 +8,7 @@
 # shellcheck source=tests/system/lib/cups.sh
 . "$HERE/lib/cups.sh"
 
-# The computer's name is office-pc, and nobody sits at it.
+# The computer's name is office-pc, and no user is logged in.
 hostname office-pc
 mount -t tmpfs none /run
 
@@ -23,7 +23,7 @@ sed -n 's/^\(\*QV[^ ]*\) \([^/]*\)\/.*: "..*/\1=\2/p' "$PPD" | sort >"$W/choices
 [ -s "$W/choices" ] || fail "the PPD has no choices"
 expect "choices that no job in tests/system/queue has" "" "$(comm -13 "$W/printed" "$W/choices")"
 
-# lp_job N LP-ARGUMENTS... : submits the job N with its own arguments behind these
+# lp_job N LP-ARGUMENTS... : submits the job N with its own arguments after these
 lp_job() {
   file=$W/jobs/$1
   shift
@@ -58,7 +58,7 @@ while [ $job -le "$jobs" ]; do
 done
 wait_until 30 no_job_left || fail "jobs are left in the queue"
 
-# A job begins with its UEL, which stands nowhere else; pstops ends the one before with Ctrl-D.
+# A job begins with its UEL, which is nowhere else; pstops ends the one before with Ctrl-D.
 awk -v to="$W/jobs" '/^\004?\033%-12345X@PJL$/ { file = to "/" ++job ".printed"; next } { print > file }' \
   "$W/printer.out"
 wrong=0
@@ -97,9 +97,9 @@ expect "jobs whose PostScript asks for copies" "" \
 sed 's/^\(\*cupsFilter: "application.vnd.cups-postscript 0\) kelmfilter"$/\1 -"/' "$PPD" >"$W/no_filter.ppd"
 cups_queue unfiltered socket://127.0.0.1:9101 "$W/no_filter.ppd"
 printer_start 9101 "$W/unfiltered.out"
-typed=$(job_named 'texts typed with blanks')
+texts=$(job_named 'custom texts with spaces')
 set --
-while read -r argument; do set -- "$@" "$argument"; done <"$W/jobs/$typed.arguments"
+while read -r argument; do set -- "$@" "$argument"; done <"$W/jobs/$texts.arguments"
 cups_job unfiltered -t Report "$@" "$W/page.ps" >"$W/job_id" || fail "the job did not end"
 # outside_sections FILE : and without the Ctrl-D that ends a job
 outside_sections() {
@@ -107,11 +107,11 @@ outside_sections() {
 }
 outside_sections "$W/unfiltered.out" >"$W/unfiltered"
 [ "$(wc -l <"$W/unfiltered")" -gt 100 ] || fail "no job came without the filter"
-outside_sections "$W/jobs/$typed.postscript" >"$W/filtered"
+outside_sections "$W/jobs/$texts.postscript" >"$W/filtered"
 diff "$W/unfiltered" "$W/filtered" || fail "the filter changed what is no section"
 sections "$W/unfiltered.out" | grep -q XXX || fail "the filter had nothing to fill"
 
-# printed_since BYTES : what the printer got behind them
+# printed_since BYTES : what the printer got after them
 printed_since() { tail -c "+$(($1 + 1))" "$W/printer.out"; }
 
 # A PDF, as dialogs send it: the same header and the same sections as of PostScript.
@@ -119,9 +119,9 @@ gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=pdfwrite "-sOutputFile=$W/page.pdf" "$W
 before=$(wc -c <"$W/printer.out")
 cups_job kelm -t Report "$@" "$W/page.pdf" >"$W/job_id" || fail "the PDF did not end"
 printed_since "$before" | tr -d '\004' >"$W/pdf.printed"
-sed -n '2,/^@PJL ENTER/p' "$W/pdf.printed" | diff "$W/jobs/$typed.header" - || fail "the header of a PDF"
+sed -n '2,/^@PJL ENTER/p' "$W/pdf.printed" | diff "$W/jobs/$texts.header" - || fail "the header of a PDF"
 sed '1,/^@PJL ENTER/d' "$W/pdf.printed" >"$W/pdf.postscript"
-sections "$W/pdf.postscript" | diff "$W/jobs/$typed.sections" - || fail "the sections of a PDF"
+sections "$W/pdf.postscript" | diff "$W/jobs/$texts.sections" - || fail "the sections of a PDF"
 
 # An update job prints nothing.
 before=$(wc -c <"$W/printer.out")

@@ -9,7 +9,7 @@
 
 encoded() { printf '%s' "$1" | base64 -w 0; }
 
-# update OPTION... : sends an update job with a document that nobody reads
+# update OPTION... : sends an update job with a document that is not read
 update() {
   for option; do
     set -- "$@" -o "$option"

@@ -292,7 +292,7 @@ cupsdisable kelm
 run 1 sync kelm --address ::1
 expect_message '"kelm" is stopped.*cupsenable kelm'
 cupsenable kelm
-expect "jobs left behind" '' "$(lpstat -W not-completed -o)"
+expect "jobs left" '' "$(lpstat -W not-completed -o)"
 expect_unchanged
 
 # An update job that is cancelled while its backend hangs: what it stored all the same is shown.

@@ -33,7 +33,7 @@ for printer in 3 4; do
     "SYSTEM:cat >/dev/null; echo asked >>'$W/questions_$printer'" >"$W/sleeper_${printer}_log" 2>&1
 done
 sleepers_listen() { [ "$(at_printer ss -lunH 'sport = :161' | grep -c '10.77.0.[34]:')" = 2 ]; }
-wait_until 5 sleepers_listen || fail "nobody listens on UDP port 161"
+wait_until 5 sleepers_listen || fail "no process listens on UDP port 161"
 for printer in 3 4; do
   "$BUILD/kelmctl" wake --mac $MAC --address "10.77.0.$printer" >"$W/sleeper_${printer}_out" 2>&1 &
   started "wake_$printer" $!
@@ -46,7 +46,7 @@ for printer in 3 4; do
   stop "sleeper_$printer"
 done
 
-# Beyond a router, the packet comes to the printer's own address as well; nobody else uses it.
+# Beyond a router, the packet comes to the printer's own address as well; nothing else uses it.
 magic_packets_start 10.88.0.2
 "$BUILD/kelmctl" wake --mac $MAC --address 10.88.0.2 --over-router >"$W/out" 2>"$W/err" &
 started kelmctl $!
@@ -142,7 +142,7 @@ wait_until 5 joined || fail "an equal request was not joined"
 
 # Told to end, it calls back those who wait; so does the bus's end for the next one.
 kill -TERM "$(tail -n 1 "$W/service_pid")"
-wait_until 5 gone "$last" || fail "nobody was called back at the service's end"
+wait_until 5 gone "$last" || fail "no caller was called back at the service's end"
 grep -q '^kelmctl: 10.77.0.2: refused after [0-9]* s: ' "$W/last_out" || fail "$(cat "$W/last_out")"
 wait_until 5 service_is_gone || fail "the service does not end"
 : >"$W/service_log"

@@ -1,5 +1,5 @@
 #!/bin/sh
-# A printer that announces itself is found by the name in its device URI, dots and blanks included;
+# A printer that announces itself is found by the name in its device URI, dots and spaces included;
 # one that is not there costs 3 seconds at each place where its name may end.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
@@ -47,7 +47,7 @@ started publish $!
 wait_until 10 published || fail "the service was not published"
 DBUS_SYSTEM_BUS_ADDRESS=$near_bus
 
-# Without a daemon nobody can be asked, and nothing is waited for.
+# Without a daemon there is no question and no wait.
 bus_start
 address 1 dnssd://My.Printer%202._pdl-datastream._tcp.local/
 expect "address without a daemon" '{"ipv6":false,"address":null}' "$result"
@@ -76,6 +76,6 @@ address 1 dnssd://My.Printer%202._pdl-datastream._tcp.local/
 expect_time "asking a daemon that hangs" 3000 3900
 kill -CONT "$daemon"
 
-# Too few parts: nobody is asked.
+# Too few parts: no question is sent.
 address 1 dnssd://Nobody._pdl-datastream._tcp/
 expect_time "a name of three parts" 0 900

@@ -2,11 +2,11 @@
 # shellcheck shell=sh disable=SC2034
 # It moves the test into namespaces of its own (network, mounts, host name), so that every port is
 # free and nothing leaves the machine, and sets
-#   W       the test's temporary folder (mode 755: filters run as another user); removed at the end,
+#   W       the test's temporary directory (mode 755: filters run as another user); removed at the end,
 #           unless KELM_KEEP is set
 #   SOURCE  the top of the source tree
-#   BUILD   the build folder (KELM_BUILD, else SOURCE/build)
-#   HERE    the folder of the tests, with lib/ in it
+#   BUILD   the build directory (KELM_BUILD, else SOURCE/build)
+#   HERE    the directory of the tests, with lib/ in it
 # SPDX-License-Identifier: Apache-2.0
 set -eu
 
@@ -22,7 +22,7 @@ umask 022
 W=$(mktemp -d)
 chmod 755 "$W"
 mkdir "$W/pids"
-# The print system's commands keep what a user chose in the home folder: no test reads or changes it.
+# CUPS' commands keep a user's choices in the home directory: no test reads or changes it.
 export HOME="$W"
 ip link set lo up multicast on
 

@@ -106,7 +106,7 @@ cups_job() {
   echo "$id"
 }
 
-# printer_start PORT FILE : a printer that keeps what it is sent, all jobs one behind the other
+# printer_start PORT FILE : a printer that keeps what it is sent, all jobs one after the other
 printer_start() {
   : >"$2"
   socat -u "TCP-LISTEN:$1,bind=127.0.0.1,reuseaddr,fork" "OPEN:$2,append" &

@@ -1,6 +1,6 @@
 # printer_host.sh : a second machine on a wire, the printer's; read after common.sh.
 # This end of the wire is 10.77.0.1 and fd77::1, the printer is 10.77.0.2 and fd77::2; it is 10.88.0.2
-# too, an address in another network, behind a router as it were.
+# too, an address in another network, as if beyond a router.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
@@ -41,12 +41,12 @@ at_printer_start() {
 }
 
 # magic_packets_start ADDRESS : keeps the payloads that come to UDP port 9 of ADDRESS (0.0.0.0: of all)
-# in $W/packets, one behind the other
+# in $W/packets, one after the other
 magic_packets_start() {
   : >"$W/packets"
   at_printer_start magic_packets \
     socat -u "UDP4-RECV:9,bind=$1" "OPEN:$W/packets,append"
-  wait_until 5 magic_port_is_open || fail "nobody listens on UDP port 9"
+  wait_until 5 magic_port_is_open || fail "no process listens on UDP port 9"
 }
 
 magic_port_is_open() { at_printer ss -lun 'sport = :9' | grep -q ':9 '; }

@@ -3,7 +3,7 @@
 #   INDEX   a number, or FROM-TO; 0 for the objects that are single
 #   TYPE    integer NUMBER
 #           text TEXT    up to the end of the line; every # in it becomes the index
-#           bytes HEX    two digits a byte, no blanks
+#           bytes HEX    two digits a byte, no spaces
 #           long COUNT   COUNT times "n"; snmpd's configuration holds at most 4094
 #           settable     a text that agent_set of snmp.sh gives its value
 #           absent       the printer does not have the object

@@ -124,7 +124,7 @@ TEST(UpdateLines, CutALongTextIntoPartsThatAPpdLineHolds) {
 }
 
 TEST(UpdateLines, UseSixPartsAtMostAndRefuseALongerTextByName) {
-  // Six parts of 235 characters hold 352 groups of 4, which stand for 1056 bytes.
+  // Six parts of 235 characters hold 352 groups of 4, which encode 1056 bytes.
   const std::string longest(1056, 'a');
   EXPECT_EQ(valuesOf(linesFor(withForms({longest})), "PSForm").size(), 6U);
   const UpdateLines update = linesFor(withForms(Names{"x", longest + "aa"}));

@@ -82,7 +82,7 @@ TEST_F(CopyLoop, PassesASectionWithoutWriterUnchanged) {
 }
 
 TEST_F(CopyLoop, TakesALineOfMoreThan4096BytesInPieces) {
-  // The first piece is the 4096 bytes behind the "%": the keyword ends just behind it.
+  // The first piece is the 4096 bytes after the "%": the keyword ends just after it.
   const std::string filling(4096 - std::string("BeginFeature QVHideJo").size(), '-');
   const std::string job = "%" + filling + "BeginFeature QVHideJob\n(1) stays\n";
   EXPECT_EQ(copied(job), job);

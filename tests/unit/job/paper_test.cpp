@@ -139,7 +139,7 @@ TEST(NotPDEPageSize, TakesAWidthThatIsMissingForTheHeight) {
 }
 
 TEST(NotPDEPageSize, ReadsAtMost254Bytes) {
-  // "Custom.595x" is 11 bytes long: of the number behind, 243 bytes count.
+  // "Custom.595x" is 11 bytes long: of the number after it, 243 bytes count.
   const std::string zeros(240, '0');
   EXPECT_EQ(sheetOfMedia("Custom.595x" + zeros + "842"), (Size{"21000", "29700"}));
   EXPECT_EQ(sheetOfMedia("Custom.595x0" + zeros + "842"), (Size{"21000", "3000"}));  // 84

@@ -166,7 +166,7 @@ TEST(Duplex, OfABookletStaysShortEdgeForEveryLaterReaderOfTheJob) {
   }
 }
 
-// The print system names an option once, whoever fills the record by hand may name it twice.
+// CUPS names an option once; a record that is filled by hand may name it twice.
 TEST(Duplex, OfABookletIsShortEdgeUnderEachOptionOfThatName) {
   TestJob job({{"QVBookletBinding", "TwoFold"}, {"QVDuplex", "LongEdge"}, {"QVJog", "Set"}});
   cups_option_t* second = nullptr;

@@ -1,4 +1,4 @@
-// The platform on Linux, each body against the system's own service.
+// The platform on Linux, each implementation against the system's own service.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/linux/linux_platform.hpp"
 

@@ -1,4 +1,4 @@
-// The process's set of platform bodies.
+// The process's set of platform implementations.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/platform.hpp"
 

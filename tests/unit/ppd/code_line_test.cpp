@@ -33,7 +33,7 @@ TEST(CodeLine, BeginsWithItsOnlyParentheses) {
   const Description description;
   for (const Option* option : description.printerOptions()) {
     for (const Choice& choice : option->choices) {
-      if (choice.custom && choice.code.starts_with("20 string cvs ")) continue;  // a typed number
+      if (choice.custom && choice.code.starts_with("20 string cvs ")) continue;  // a custom number
       EXPECT_EQ('(', choice.code.front()) << option->keyword;
       EXPECT_EQ(1, std::ranges::count(choice.code, '(')) << option->keyword;
       EXPECT_EQ(1, std::ranges::count(choice.code, ')')) << option->keyword;
@@ -63,7 +63,7 @@ TEST(CodeLine, SaysItsChoiceUnlessTheFilterFillsIt) {
   }
 }
 
-// A longer line makes the print system ignore the whole file, so do longer keywords.
+// A longer line makes CUPS ignore the whole file, and so does a longer keyword.
 TEST(PpdText, KeepsTheLimitsOfThePrintSystem) {
   std::ifstream file(kDialogModel);
   std::string line;

@@ -20,7 +20,7 @@ namespace {
 
 using Choices = std::vector<std::pair<const char*, const char*>>;
 
-// An option's name, or with a blank behind it one of its choices.
+// An option's name, or that name, a space and one of its choices.
 using Side = std::string;
 using Constraints = std::multiset<std::pair<Side, Side>>;
 

@@ -1,4 +1,4 @@
-// The queue's PPD as libcups reads it, for the tests of this folder.
+// The queue's PPD as libcups reads it, for the tests of this directory.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -15,13 +15,13 @@ namespace kelm::tests {
 struct Choice {
   std::string name;
   std::string code;
-  bool custom = false;  // the typed one; its name is "Custom"
+  bool custom = false;  // the custom value; its name is "Custom"
 };
 
 struct Option {
   std::string keyword;
   std::string defaultChoice;
-  std::vector<Choice> choices;  // the typed one last
+  std::vector<Choice> choices;  // the custom value last
 
   // The names of the choices that need no typing.
   std::set<std::string> choiceNames() const;

@@ -188,7 +188,7 @@ std::string rewritten(const std::string& keyword, const Options& options,
   return output.text();
 }
 
-// The lines that pstops writes for a choice: a typed value has one of its own in front.
+// The lines that pstops writes for a choice: a custom value has one of its own in front.
 std::string linesOf(const Choice& choice, const std::string& typed) {
   return (choice.custom ? typed + "\n" : "") + choice.code + "\n";
 }

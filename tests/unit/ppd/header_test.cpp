@@ -96,7 +96,7 @@ std::map<std::string, Names> allTables() {
   return tables;
 }
 
-// Keys that the maker's dialog and the print system fill; they are no options of the PPD.
+// Keys that the maker's dialog and CUPS fill; they are no options of the PPD.
 bool isValueKey(const std::string& key) {
   return key.ends_with("Value") || key.ends_with("Value100");
 }
@@ -119,8 +119,8 @@ TEST(HeaderTables, HaveARowForEveryChoiceOfThePpd) {
   }
 }
 
-// A row without a choice of its own is a second spelling of one (print systems send "true" for
-// "True"), or the choice "Custom", a name that print systems refuse.
+// A row without a choice of its own is a second spelling of one (CUPS sends "true" for "True"),
+// or the choice "Custom", a name that CUPS refuses.
 TEST(HeaderTables, HaveNoRowWithoutAChoiceOfThePpd) {
   const Description description;
   for (const auto& [keyword, rows] : allTables()) {

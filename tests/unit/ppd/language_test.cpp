@@ -163,7 +163,7 @@ TEST_P(Translation, ReachesDialogsThroughThePrintSystem) {
   });
 }
 
-// A form or a profile may be named by its label, so no label stands for two choices.
+// A form or a profile may be named by its label, so no label may mean two choices.
 TEST_P(Translation, GivesNoTwoChoicesOfAnOptionOneLabel) {
   inLanguage([&](const Description& description) {
     ppdLocalize(description.ppd());

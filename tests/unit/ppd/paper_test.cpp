@@ -58,7 +58,7 @@ TEST_P(Papers, SetThePageToTheSizeOfTheTable) {
   }
 }
 
-// What the print system works with, back in 1/100 mm: 3 mm of each edge are not printed on.
+// What CUPS works with, back in 1/100 mm: 3 mm of each edge are not printed on.
 TEST(PaperDimension, ReachesThePrintSystemWithMarginsOfThreeMillimetres) {
   const Description description;
   for (const job::Paper& paper : kPapers) {

@@ -54,7 +54,7 @@ TEST(Printer, IsNotAskedForInk) {
   EXPECT_STREQ("False", supplies->value);
 }
 
-// The choices of the printer's own that the attributes of this name stand for: behind the
+// The choices of the printer's own that the attributes of this name mean: after the
 // attribute's first word, options and choices.
 std::vector<std::string> choicesMeantBy(const Description& description, const char* name) {
   std::vector<std::string> meant;

@@ -43,7 +43,7 @@ constexpr Number kNumbers[] = {
     {"QVGCRed", 0, 200},
 };
 
-// The only parameter of a typed value; null when there is none.
+// The only parameter of a custom value; null when there is none.
 const ppd_cparam_t* parameterOf(const Description& description, const std::string& keyword) {
   ppd_coption_t* option = ppdFindCustomOption(description.ppd(), keyword.c_str());
   return option == nullptr ? nullptr : ppdFirstCustomParam(option);

@@ -28,7 +28,7 @@ std::string attribute(const std::string& keyword, const std::string& value) {
   return "*" + keyword + ": \"" + value + "\"\n";
 }
 
-// An attribute whose value stands on lines of its own, which is how a PPD holds long ones; each
+// An attribute whose value is on lines of its own, which is how a PPD holds long ones; each
 // line feed belongs to the value.
 std::string longAttribute(const std::string& keyword, const std::string& line, int lines) {
   return "*" + keyword + ": \"" + repeated(line + "\n", lines) + "\"\n*End\n";

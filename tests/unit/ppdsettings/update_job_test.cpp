@@ -1,4 +1,4 @@
-// The update job: which lines go to the print system, in which order, and which never do.
+// The update job: which lines go to CUPS, in which order, and which never do.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdsettings/update_job.hpp"
 
@@ -20,7 +20,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// A job whose options stand as given, several of one name included.
+// A job with its options as given, several of one name included.
 class Job {
  public:
   explicit Job(std::vector<std::pair<std::string, std::string>>&& options)
@@ -43,7 +43,7 @@ Job jobOf(std::vector<std::pair<std::string, std::string>> options) {
 
 using Updater = bool(const PrintJobData*);
 
-// What the updater wrote to standard error, behind "yes " or "no ", its result.
+// What the updater wrote to standard error, after "yes " or "no ", its result.
 std::string update(Updater* updater, const PrintJobData* job) {
   testing::internal::CaptureStderr();
   const bool result = updater(job);
@@ -282,7 +282,7 @@ TEST_F(UpdateJob, WritesAMacAddressThatMeansNone) {
   }
 }
 
-// The process ends by abort() before the line and behind the lines that were written earlier; what
+// The process ends by abort() before the line, and after the lines that were written earlier; what
 // it leaves in the system log goes to standard error here, where the test sees it.
 class LogOnStandardError final : public platform::SystemLog {
  public:

@@ -1,4 +1,4 @@
-// The queue's device URI among the print system's destinations.
+// The queue's device URI among CUPS' destinations.
 // SPDX-License-Identifier: Apache-2.0
 #include "wakeup/wake_up_settings.hpp"
 
