@@ -6,9 +6,9 @@
 #include <ostream>
 #include <string>
 
+#include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/safe_text.hpp"
-#include "ctl/subcommand.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -17,7 +17,7 @@ constexpr char kAbout[] = "Looks after the queues of KELM IJ printers.";
 constexpr char kFooter[] = "Exit status: 0 done, 1 failed, 2 usage, 3 partly done. See kelmctl(1).";
 
 void declareSubcommands(CLI::App& app, Action& chosen) {
-  for (const Subcommand& row : subcommands()) {
+  for (const Subcommand& row : kSubcommands) {
     CLI::App* subcommand = app.add_subcommand(row.name, row.help);
     ArgumentList list(*subcommand);
     subcommand->callback([&chosen, action = row.declare(list)] { chosen = action; });

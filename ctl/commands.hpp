@@ -1,4 +1,5 @@
-// The subcommands of kelmctl: each declares its arguments and gives its action (Subcommand).
+// The subcommands of kelmctl: each is a file NAME_command.cpp, a declaration and a row here. The
+// declared function declares the subcommand's arguments and gives its action (Subcommand).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -13,5 +14,16 @@ Action declarePrinter(ArgumentList& list);
 Action declareSync(ArgumentList& list);
 Action declareRefresh(ArgumentList& list);
 Action declareWake(ArgumentList& list);
+
+// In the order of the help text.
+inline constexpr Subcommand kSubcommands[] = {
+    {"settings", "Show what is stored about a queue's printer", declareSettings},
+    {"ppd", "Show what a PPD offers, in your language", declarePpd},
+    {"printer", "Show what printers say about themselves", declarePrinter},
+    {"sync", "Store in queues what their printers say about themselves", declareSync},
+    {"refresh", "Give a queue the installed PPD and keep its facts and defaults", declareRefresh},
+    {"address", "Show the printer's address in a device URI", declareAddress},
+    {"wake", "Wake sleeping printers", declareWake},
+};
 
 }  // namespace kelm::ctl

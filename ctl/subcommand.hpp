@@ -4,7 +4,6 @@
 
 #include <functional>
 #include <iosfwd>
-#include <span>
 
 #include "ctl/arguments.hpp"
 
@@ -27,8 +26,5 @@ struct Subcommand {
   // Declares the subcommand's arguments and returns its action; the list is gone when it runs.
   Action (*declare)(ArgumentList& list);
 };
-
-// All subcommands, in the order of the help text.
-std::span<const Subcommand> subcommands();
 
 }  // namespace kelm::ctl

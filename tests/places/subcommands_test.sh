@@ -7,12 +7,12 @@ status=0
 # expect_in FILE WHAT PATTERN : an extended regular expression that matches a line of FILE
 expect_in() {
   grep -qE -- "$3" "$1" && return
-  echo "kelmctl $name (ctl/subcommands.cpp): $1 has no $2" >&2
+  echo "kelmctl $name (ctl/commands.hpp): $1 has no $2" >&2
   status=1
 }
 
-names=$(sed -n 's/^ *{"\([a-z-]*\)", ".*", declare.*/\1/p' ctl/subcommands.cpp)
-[ -n "$names" ] || { echo "no subcommands found in ctl/subcommands.cpp" >&2; exit 1; }
+names=$(sed -n 's/^ *{"\([a-z-]*\)", ".*", declare.*/\1/p' ctl/commands.hpp)
+[ -n "$names" ] || { echo "no subcommands found in ctl/commands.hpp" >&2; exit 1; }
 for name in $names; do
   bash=packaging/completions/kelmctl.bash
   zsh=packaging/completions/_kelmctl

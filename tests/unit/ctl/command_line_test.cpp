@@ -10,8 +10,8 @@
 #include <iterator>
 #include <string>
 
+#include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
-#include "ctl/subcommand.hpp"
 #include "tests/unit/ctl/command_runner.hpp"
 
 namespace kelm::ctl {
@@ -30,7 +30,7 @@ TEST(CommandLine, PrintsItsHelpWhenAsked) {
   const Outcome outcome = runKelmctl({"--help"});
   EXPECT_EQ(outcome.status, kExitDone);
   EXPECT_THAT(outcome.err, IsEmpty());
-  for (const Subcommand& row : subcommands()) {
+  for (const Subcommand& row : kSubcommands) {
     EXPECT_THAT(outcome.out, HasSubstr(row.name));
     EXPECT_THAT(outcome.out, HasSubstr(row.help));
   }
@@ -64,7 +64,7 @@ TEST(CommandLine, FailsWhenTheResultCannotBeWritten) {
 }
 
 TEST(Subcommands, PrintTheirHelpWhenAsked) {
-  for (const Subcommand& row : subcommands()) {
+  for (const Subcommand& row : kSubcommands) {
     const Outcome outcome = runKelmctl({row.name, "--help"});
     EXPECT_EQ(outcome.status, kExitDone) << row.name;
     EXPECT_THAT(outcome.out, HasSubstr(row.help));
@@ -75,7 +75,7 @@ TEST(Subcommands, AreInTheManualPageAndInTheCompletionsWithTheirOptions) {
   const std::string manual = packagingFile("man/kelmctl.1.scd");
   const std::string bash = packagingFile("completions/kelmctl.bash");
   const std::string zsh = packagingFile("completions/_kelmctl");
-  for (const Subcommand& row : subcommands()) {
+  for (const Subcommand& row : kSubcommands) {
     EXPECT_THAT(manual, HasSubstr("## " + std::string(row.name) + "\n"));
     EXPECT_THAT(bash, HasSubstr("_kelmctl_" + std::string(row.name) + "()"));
     EXPECT_THAT(zsh, HasSubstr("_kelmctl_" + std::string(row.name) + "()"));
