@@ -7,7 +7,7 @@
 namespace kelm::stdoptions {
 
 // Makes "media" the marked page size: a name of the printer's papers, or "Custom.WIDTHxHEIGHT" in
-// whole points. A "media" that names the same size, within 2 points, stays as it is typed.
+// whole points. A "media" that names the same size, within 2 points, stays as the job has it.
 void settlePageSize(job::PrintJobData& job);
 
 }  // namespace kelm::stdoptions

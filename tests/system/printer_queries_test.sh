@@ -1,7 +1,7 @@
 #!/bin/sh
 # The printer's answers as real agents give them, over IPv4 and IPv6, and as only broken ones do.
-# Every agent has a loopback address of its own, so that those who are waited for can be asked at the
-# same time.
+# Every agent has a loopback address of its own, so that silent ones can be waited for at the same
+# time.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

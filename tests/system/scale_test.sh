@@ -1,6 +1,6 @@
 #!/bin/sh
-# A class over two print servers, one of which is killed in the middle and brought back: every job is
-# printed, and it is known which are printed twice. KELM_JOBS is the number of jobs, 40 when not given;
+# A class over two print servers, one of which is killed in the middle and started again: every job is
+# printed, and the jobs that are printed twice are known. KELM_JOBS is the number of jobs, 40 when not given;
 # docs/scale.md has figures.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh

@@ -1,6 +1,6 @@
 #!/bin/sh
 # The filter's own streams when they are closed, slow, full or not what they should be: nothing hangs,
-# nothing is lost in silence, nothing goes where it does not belong.
+# nothing is lost silently, nothing goes where it does not belong.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

@@ -1,5 +1,5 @@
 #!/bin/sh
-# The whole circle: the printer's answers, kelmctl sync, the update job, the queue's PPD, kelmctl
+# From the printer to its next job: the printer's answers, kelmctl sync, the update job, the queue's PPD, kelmctl
 # settings and the next print job; and everything that can break it.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh

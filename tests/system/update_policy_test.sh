@@ -1,5 +1,5 @@
 #!/bin/sh
-# The policy that docs/security.md recommends: who may not print on a queue cannot change its facts.
+# The policy that docs/security.md recommends: users who may not print on a queue cannot change its facts.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

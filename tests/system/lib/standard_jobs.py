@@ -14,8 +14,8 @@
 #   NAME=VALUE                a line of the header
 #   KEYWORD: VALUE            what the printer finds in userdict, or no value after the colon
 #   pages N                   how many pages the PostScript has
-# In every job, header and PostScript are compared for each option that both speak of, and nobody
-# but the header asks for copies.
+# In every job, header and PostScript are compared for each option that both contain, and only
+# the header asks for copies.
 # SPDX-License-Identifier: Apache-2.0
 import os
 import re

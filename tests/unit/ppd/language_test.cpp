@@ -96,7 +96,7 @@ TEST_P(Translation, CoversEveryOptionAndEveryChoice) {
   });
 }
 
-TEST_P(Translation, CoversEveryTypedValue) {
+TEST_P(Translation, CoversEveryCustomValue) {
   inLanguage([&](const Description& description) {
     for (const Option& option : description.options()) {
       ppd_coption_t* custom = ppdFindCustomOption(description.ppd(), option.keyword.c_str());

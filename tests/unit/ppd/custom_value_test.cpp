@@ -49,7 +49,7 @@ const ppd_cparam_t* parameterOf(const Description& description, const std::strin
   return option == nullptr ? nullptr : ppdFirstCustomParam(option);
 }
 
-TEST(TypedText, HasTheLimitsThatTheFilterChecks) {
+TEST(CustomText, HasTheLimitsThatTheFilterChecks) {
   const Description description;
   for (const job::TextField& field : kFields) {
     const ppd_cparam_t* parameter = parameterOf(description, field.key);
@@ -62,14 +62,14 @@ TEST(TypedText, HasTheLimitsThatTheFilterChecks) {
   }
 }
 
-TEST(TypedText, CanBeLeftOutByTheChoiceThatTheFilterTakesForNothing) {
+TEST(CustomText, CanBeLeftOutByTheChoiceThatTheFilterTakesForNothing) {
   const Description description;
   for (const job::TextField& field : kFields) {
     EXPECT_TRUE(description.find(field.key)->hasChoice(field.offWord)) << field.key;
   }
 }
 
-TEST(TypedNumber, IsAWholeNumberWithinTheseLimits) {
+TEST(CustomNumber, IsAWholeNumberWithinTheseLimits) {
   const Description description;
   for (const Number& number : kNumbers) {
     const ppd_cparam_t* parameter = parameterOf(description, number.keyword);
@@ -80,7 +80,7 @@ TEST(TypedNumber, IsAWholeNumberWithinTheseLimits) {
   }
 }
 
-TEST(TypedNumber, MayBeTheDefault) {
+TEST(CustomNumber, MayBeTheDefault) {
   const Description description;
   for (const Number& number : kNumbers) {
     const std::string choice = description.find(number.keyword)->defaultChoice;
@@ -90,7 +90,7 @@ TEST(TypedNumber, MayBeTheDefault) {
   }
 }
 
-TEST(TypedValue, ExistsForNoOtherOption) {
+TEST(CustomValue, ExistsForNoOtherOption) {
   std::set<std::string> expected;
   for (const Number& number : kNumbers) expected.insert(number.keyword);
   for (const job::TextField& field : kFields) expected.insert(field.key);
