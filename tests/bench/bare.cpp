@@ -1,5 +1,5 @@
-// What every filter pays: links libcups and ends; with a PPD's path as its
-// argument, opens, marks and localises it first.
+// What every filter pays: links libcups and ends; with a PPD's path as its argument, opens, marks
+// and localises it first.
 // SPDX-License-Identifier: Apache-2.0
 #include <cups/ppd.h>
 

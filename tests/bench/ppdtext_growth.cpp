@@ -1,7 +1,7 @@
 // How the time for a PPD grows with its size, shape by shape: reading it as text, showing it in a
 // language, and marking its defaults. Prints milliseconds of processor time, the best of a few
-// runs; fails when four times the size takes more than six times the time. SPDX-License-Identifier:
-// Apache-2.0
+// runs; fails when four times the size takes more than six times the time.
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>

@@ -7,7 +7,7 @@
 
 namespace kelm::tests {
 
-// The text that `body` returned in a child process; "died: STATUS" when the child did not end well.
+// The text that `body` returned in a child process; "died: STATUS" when the child failed.
 std::string inChild(const std::function<std::string()>& body);
 
 // The same on a computer of its own: host name, mounts and no session of logind. "refused" when the

@@ -15,7 +15,7 @@
 
 namespace {
 
-// A 64-bit ELF file in memory. The files are this build's own: they are not distrusted.
+// A 64-bit ELF file in memory. The files are this build's own and need no checks.
 class ElfFile {
  public:
   explicit ElfFile(const std::string& path) {

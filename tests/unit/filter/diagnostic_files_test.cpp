@@ -85,7 +85,7 @@ TEST(DiagnosticFilesOfEveryCase, HoldInputAndOutput) {
   for (const fs::path& directory : jobs) expectWholeFilesOfCase(directory);
 }
 
-// Written out once, so that the reference loop is not the only witness.
+// Written by hand, so that the reference loop is not the only check.
 TEST(DiagnosticFilesOfAPlainJob, HoldTheFilledInValues) {
   constexpr char kInput[] =
       "%%BeginFeature: *QVJobComment Custom.Hello\nHello\n(XXX) comment\n%%EndFeature\n"

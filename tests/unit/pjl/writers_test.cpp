@@ -1,4 +1,4 @@
-// The writers of which every line of the header is made.
+// The writers that make every line of the header.
 // SPDX-License-Identifier: Apache-2.0
 #include "pjl/writers.hpp"
 

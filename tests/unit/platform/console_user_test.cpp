@@ -39,7 +39,7 @@ std::string seatFile(const std::string& active) {
          "UIDS=4711 4712\n";
 }
 
-// Who sits at a computer that has this file for the seat; in brackets.
+// The console user of a computer with this file for the seat, in brackets.
 std::string consoleUserOf(const std::string& file, const std::string& seat = "seat0") {
   return tests::onOwnComputer([&]() -> std::string {
     std::filesystem::create_directories("/run/systemd/seats");

@@ -244,7 +244,7 @@ TEST_F(FeatureSection, TakesTheDialogsValueForEveryChoice) {
     Options options = value.options;
     options.emplace_back("PrintPDE", "1");
     for (const Choice& choice : optionOf(description_, value.keyword).choices) {
-      if (choice.custom) continue;  // the dialog types nothing
+      if (choice.custom) continue;  // the dialog sends no custom value
       EXPECT_EQ(lineOf(value.keyword, "VALUE"),
                 rewritten(value.keyword, options, linesOf(choice, "")))
           << choice.name;

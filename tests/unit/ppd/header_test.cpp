@@ -161,8 +161,7 @@ TEST(HeaderTables, AndFeaturesTogetherKnowEveryOptionOfThePpd) {
   }
 }
 
-// The papers are held against the table of papers, the others against the table of standard
-// options.
+// The papers are compared with the table of papers, the others with the table of standard options.
 TEST(HeaderTables, LeaveOutPapersAndTheStandardOptions) {
   const Description description;
   std::set<std::string> others;

@@ -47,7 +47,7 @@ const Language kLanguages[] = {
 
 class Translation : public testing::TestWithParam<Language> {
  protected:
-  // libcups keeps the language of a thread, and of a PPD only the translations into it.
+  // libcups keeps one language for each thread, and of a PPD only the translations into it.
   template <class Check>
   void inLanguage(Check check) {
     setenv("LC_ALL", GetParam().locale, 1);

@@ -1,4 +1,4 @@
-// What the PPD says of the printer as a whole, and where a person finds its options.
+// What the PPD says of the printer as a whole, and in which group each option is.
 // SPDX-License-Identifier: Apache-2.0
 #include <cups/ppd.h>
 #include <gmock/gmock.h>
@@ -165,7 +165,7 @@ std::set<std::string> optionsIn(const Groups& groups) {
   return options;
 }
 
-// The options that do something in jobs of the KELM dialog alone.
+// The options that take effect only in jobs of the KELM dialog.
 TEST(Groups, OfTheDialogModelHaveTheStampsAndTheTraysOfPagesToo) {
   const std::set<std::string> plain = optionsIn(kDefaultGroups);
   std::set<std::string> dialog = optionsIn(groupsOf(Description(kDialogModel)));
@@ -182,7 +182,7 @@ TEST(Groups, OfTheDialogModelHaveTheStampsAndTheTraysOfPagesToo) {
   EXPECT_EQ(expected, dialog);
 }
 
-// Apart from the groups, the two models say the same of an option.
+// Except for the groups, an option is the same in both models.
 TEST(Models, HaveTheSameChoicesAndCode) {
   const Description dialog(kDialogModel);
   const Description plain(kDefaultModel);

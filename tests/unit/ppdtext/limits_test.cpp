@@ -52,7 +52,7 @@ TEST(PpdProblem, NamesTheOptionWithoutAChoiceAndItsLine) {
   EXPECT_EQ(problem.line, 5U);
 }
 
-// The pattern of this keyword takes time without end in the first line, which is in its range.
+// The pattern of this keyword takes unlimited time in the first line, which is in its range.
 TEST(PpdProblem, NamesTheOptionThatTakesTooLong) {
   const ReadProblem problem = problemOf("*" + std::string(200, 'a') + " On/On: \"on\"\n" +
                                         option("Fold") + "*OpenUI *(a+)+b/Text: PickOne\n");

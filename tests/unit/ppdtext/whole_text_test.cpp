@@ -15,7 +15,7 @@ namespace {
 
 constexpr int kTexts = 1500;
 
-// What texts are made of; what a pattern says is here more often than it would be by chance.
+// The pieces of the texts. What patterns look for is in more of them than chance would give.
 constexpr std::u16string_view kPieces[] = {
     u"*OpenUI *",
     u"*OpenUI ",

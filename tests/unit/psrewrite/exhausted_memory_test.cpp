@@ -1,4 +1,4 @@
-// No line is written by halves when memory is exhausted.
+// No line is written in part when memory is exhausted.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 

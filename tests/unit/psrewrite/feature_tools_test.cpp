@@ -1,4 +1,4 @@
-// What every feature writer is made of.
+// The tools that feature writers are made of.
 // SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/feature_tools.hpp"
 

@@ -1,4 +1,4 @@
-// The writers of the table: the dialog's value, its default, and what any other job does.
+// The writers of the table: the dialog's value, its default, and what they do in a plain job.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 

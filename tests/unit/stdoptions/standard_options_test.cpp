@@ -1,5 +1,5 @@
-// What people choose in any program becomes the printer's own options: who wins, and what the
-// PostScript has to be told.
+// What people choose in any program becomes the printer's own options: which option wins, and
+// what changes in the PostScript.
 // SPDX-License-Identifier: Apache-2.0
 #include "stdoptions/standard_options.hpp"
 
