@@ -1,4 +1,4 @@
-// The user who is logged in at the computer, as the printer is told.
+// The user who is logged in at the computer, in the form that the printer gets.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

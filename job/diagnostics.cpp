@@ -1,4 +1,4 @@
-// The diagnostic files for the field: the job's options, the PostScript as read, as written.
+// The diagnostic files for support: the job's options, the PostScript as read, as written.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/diagnostics.hpp"
 

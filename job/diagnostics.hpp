@@ -1,4 +1,4 @@
-// The diagnostic files for the field: the job's options, the PostScript as read, as written.
+// The diagnostic files for support: the job's options, the PostScript as read, as written.
 //
 // They are written only where the switch file exists. Every call opens its file, appends and
 // closes, so that nothing is lost when a job is killed. A file that cannot be opened, or is not a
@@ -18,7 +18,7 @@ inline constexpr char kDiagnosticSwitchFile[] = "/Library/Caches/file.txt";
 inline constexpr std::size_t kDiagnosticNameSize = 512;
 
 extern bool fileOutPutFlag;  // the diagnostic switch; set once by LogFileMessageCheck
-extern bool logCheck;        // the same truth, with which the pipeline decides to dump the options
+extern bool logCheck;        // the same value, by which the pipeline decides to dump the options
 extern char file_1_Name[kDiagnosticNameSize];
 extern char file_2_Name[kDiagnosticNameSize];
 extern char file_3_Name[kDiagnosticNameSize];

@@ -38,7 +38,7 @@ class TranslationLines {
   // option's own line) and keyword (the choice, or then the option), both plain.
   std::optional<TextRange> first(std::u16string_view subject, std::u16string_view keyword) const;
 
-  // The lines with this plain subject, for a keyword in which "." stands for any character.
+  // The lines with this plain subject, for a keyword in which "." matches any character.
   std::vector<TextRange> linesOf(std::u16string_view subject) const;
 
   // Lines in which a letter beyond ASCII may stand for one of the subject or the keyword when case
