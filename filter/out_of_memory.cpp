@@ -1,7 +1,6 @@
 // An allocation that fails ends the filter with exit status 1 and one line for CUPS on standard
 // error. Libraries of libcups do not check all of theirs, so this replaces the C library's
 // allocators, which those of C++ use too.
-//
 // SPDX-License-Identifier: Apache-2.0
 #include <unistd.h>
 

@@ -2,7 +2,8 @@
 //
 // They never fail: a setting that cannot be resolved still gets its line, with an empty value.
 // Values are not quoted, and a line ends with a bare LF. Options are the job's own, never the PPD's
-// defaults. SPDX-License-Identifier: Apache-2.0
+// defaults.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

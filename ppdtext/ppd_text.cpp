@@ -1,5 +1,6 @@
 // A PPD's text and what is found in it: groups, options and their ranges, and the lines of an
-// option. SPDX-License-Identifier: Apache-2.0
+// option.
+// SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/ppd_text.hpp"
 
 #include <algorithm>

@@ -3,7 +3,8 @@
 //
 // Each search has the meaning of a pattern with the keyword in it, unescaped (docs/ppd-text.md).
 // Plain keywords, which mean themselves, are found through an index; others are searched as
-// patterns within the text's budget. SPDX-License-Identifier: Apache-2.0
+// patterns within the text's budget.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,6 @@
 // A PPD record in libcups' layout (CUPS API: ppd.h), built from the model of a text. Only the
-// fields that the text gives are filled. SPDX-License-Identifier: Apache-2.0
+// fields that the text gives are filled.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cups/ppd.h>

@@ -1,7 +1,7 @@
 // Where in a PPD's text its lines and marked words are: everything that the searches for plain
 // keywords need, found in one pass over the text. Each search is then a few binary searches, so
-// that the time for a PPD grows with its size, whatever its shape. SPDX-License-Identifier:
-// Apache-2.0
+// that the time for a PPD grows with its size, whatever its shape.
+// SPDX-License-Identifier: Apache-2.0
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,6 @@
 // One wake-up of the printer before a job: its address, the request, and the wait for the
-// call-back. SPDX-License-Identifier: Apache-2.0
+// call-back.
+// SPDX-License-Identifier: Apache-2.0
 #include "wakeup/xpc_call_object.hpp"
 
 #include <algorithm>

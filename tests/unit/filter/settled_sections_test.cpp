@@ -1,5 +1,6 @@
 // What the settled options change in the PostScript: sections in which CUPS wrote another choice,
-// and CUPS' own request for copies. SPDX-License-Identifier: Apache-2.0
+// and CUPS' own request for copies.
+// SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/settled_sections.hpp"
 
 #include <gtest/gtest.h>
