@@ -24,7 +24,7 @@ using job::PrintJobData;
 constexpr char kOrientation[] = "QVOrientation";
 constexpr std::size_t kMostDigits = 9;  // of a number that is copied
 
-// The header copies its value as it is: a printer may have more folders than the PPD has choices.
+// The header copies its value as it is: a printer may have more boxes than the PPD has choices.
 constexpr char kOpenOption[] = "QVOutputBox";
 
 // Their sections hold XXX, and the PostScript's rewriting fills in what the job's option says.

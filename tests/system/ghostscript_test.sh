@@ -10,7 +10,7 @@ PSTOPS=/usr/lib/cups/filter/pstops
 [ -x "$PSTOPS" ] || fail "no $PSTOPS: install the package cups-filters"
 export PPD
 
-# pages FILE FOLDER : FILE's pages as pictures in FOLDER, and what the interpreter said in FOLDER/log
+# pages FILE DIRECTORY : FILE's pages as pictures in DIRECTORY, and the interpreter's messages in DIRECTORY/log
 pages() {
   mkdir "$2"
   gs -dSAFER -dBATCH -dNOPAUSE -q -r30 -sDEVICE=ppmraw "-sOutputFile=$2/%d.ppm" "$1" \

@@ -1,5 +1,5 @@
-# zsh_tab.zsh FOLDER TEXT : prints what the command line TEXT becomes after a tab, in an interactive
-# zsh with the completions of FOLDER.
+# zsh_tab.zsh DIRECTORY TEXT : prints what the command line TEXT becomes after a tab, in an interactive
+# zsh with the completions of DIRECTORY.
 # SPDX-License-Identifier: Apache-2.0
 zmodload zsh/zpty
 zpty shell zsh -f -i
