@@ -104,6 +104,21 @@ JobState stateOf(int state) {
 
 std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
+// The name of the PPD of exactly this make and model in an answer to CUPS-Get-PPDs, which also lists
+// models whose names only begin so; empty when there is none.
+std::string nameOfPpd(ipp_t* response, std::string_view makeAndModel) {
+  std::string name;
+  for (ipp_attribute_t* attribute = ippFirstAttribute(response); attribute != nullptr;
+       attribute = ippNextAttribute(response)) {
+    const char* keyword = ippGetName(attribute);
+    const char* value = ippGetString(attribute, 0, nullptr);
+    if (keyword == nullptr || value == nullptr) continue;
+    if (std::string_view(keyword) == "ppd-name") name = value;
+    if (std::string_view(keyword) == "ppd-make-and-model" && makeAndModel == value) return name;
+  }
+  return {};
+}
+
 }  // namespace
 
 std::string classProblem(const std::string& name) {
@@ -274,19 +289,17 @@ PrintServer::PpdCopy PrintServer::copyInstalledPpd(const std::string& makeAndMod
         Ipp request(ippNewRequest(IPP_OP_CUPS_GET_PPDS));
         ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_TEXT, "ppd-make-and-model", nullptr,
                      makeAndModel.c_str());
-        ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "limit", 1);
         return request;
       },
       "/");
   if (http_ != nullptr) httpSetTimeout(http_.get(), kAnswerLimit, giveUpWaiting, nullptr);
   if (response == nullptr) return {{}, lastProblem()};
-  ipp_attribute_t* name = ippFindAttribute(response.get(), "ppd-name", IPP_TAG_NAME);
-  if (name == nullptr) {
+  const std::string ppdName = nameOfPpd(response.get(), makeAndModel);
+  if (ppdName.empty()) {
     return {{},
             "the print server " + name_ + " has no PPD for " + quoted(makeAndModel) +
                 " installed; give one with --ppd"};
   }
-  const std::string ppdName = ippGetString(name, 0, nullptr);
   return copyOnce("the installed PPD " + quoted(ppdName), [&]() -> std::optional<std::string> {
     const char* path = cupsGetServerPPD(http_.get(), ppdName.c_str());
     if (path == nullptr) return std::nullopt;

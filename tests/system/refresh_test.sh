@@ -31,7 +31,7 @@ mkdir -p /usr/share/ppd
 mount -t tmpfs none /usr/share/ppd
 mkdir /usr/share/ppd/kelm
 INSTALLED=/usr/share/ppd/kelm/test.ppd
-cp "$SOURCE/ppd/kelm-ij.ppd" "$INSTALLED"
+cp "$BUILD/ppd/kelm-ij.ppd" "$INSTALLED"
 NICK=$(sed -n 's/^\*NickName: *"\(.*\)"/\1/p' "$INSTALLED")
 printf '%%!PS-Adobe-3.0\n%%%%Pages: 1\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n%%%%EOF\n' \
   >"$W/page.ps"
@@ -54,7 +54,7 @@ expect "output for a queue that is fresh" 'kelm: nothing to do, it has the insta
 
 # Version 2 is installed: another FileVersion, and one choice less.
 sed -e 's/^\*FileVersion:.*/*FileVersion: "99.0"/' -e '/^\*QVStapleMode OneStaple/d' \
-  "$SOURCE/ppd/kelm-ij.ppd" >"$W/version2"
+  "$BUILD/ppd/kelm-ij.ppd" >"$W/version2"
 cp "$W/version2" "$INSTALLED"
 cp "$PPD" "$W/before"
 run 0 refresh --all --dry-run
@@ -104,11 +104,11 @@ run 0 refresh kelm --ppd "$W/version3"
 expect_line "$PPD" '*FileVersion: "100.0"'
 
 # A PPD that is installed nowhere, a queue that is not ours, no queue.
-sed "s/$NICK/KELM Unknown/" "$SOURCE/ppd/kelm-ij.ppd" >"$W/unknown.ppd"
+sed "s/$NICK/KELM Unknown/" "$BUILD/ppd/kelm-ij.ppd" >"$W/unknown.ppd"
 cups_queue unknown socket://127.0.0.1 "$W/unknown.ppd"
 run 1 refresh unknown
 grep -q 'has no PPD for "KELM Unknown.* installed; give one with --ppd' "$W/err" || fail "$(cat "$W/err")"
-sed 's/ kelmfilter/ -/' "$SOURCE/ppd/kelm-ij.ppd" >"$W/other.ppd"
+sed 's/ kelmfilter/ -/' "$BUILD/ppd/kelm-ij.ppd" >"$W/other.ppd"
 cups_queue other socket://127.0.0.1 "$W/other.ppd"
 run 1 refresh other
 grep -q 'other: it does not print with kelmfilter' "$W/err" || fail "$(cat "$W/err")"

@@ -66,6 +66,11 @@ cat >"$W/expected.json" <<'END'
     "abc共有ボックス",
     "last"
   ],
+  "sharedBoxNumbers": [
+    1,
+    8,
+    100
+  ],
   "selectedSharedBoxes": [
     "共有ボックス"
   ],
@@ -105,7 +110,7 @@ update IsWakeOnLan=1 SharedBoxName7_Part6=
 "$BUILD/kelmctl" settings kelm >"$W/settings"
 expect_line "$W/settings" 'Wake-on-LAN               yes'
 expect_line "$W/settings" 'SNMP community            Büro Süd'
-expect_line "$W/settings" '                          abc'
+expect_line "$W/settings" '                          8  abc'
 
 # An ordinary job of the same queue prints.
 cups_job kelm "$W/large.ps" >"$W/job_id" || fail "the job did not end"

@@ -62,7 +62,7 @@ wake 0 --mac $MAC --address 10.88.0.2
 expect "bytes beyond the router" 0 "$(stat -c %s "$W/packets")"
 
 # On a terminal a line says how long it has taken so far.
-script -qec "'$BUILD/kelmctl' wake --mac $MAC --address 10.77.0.2 --community other" /dev/null \
+script -qec "'$BUILD/kelmctl' wake --mac $MAC --address 10.77.0.2 --community another" /dev/null \
   >"$W/terminal" 2>"$W/script_log" </dev/null &
 started terminal $!
 progress_is_shown() {
@@ -71,7 +71,7 @@ progress_is_shown() {
 wait_until 5 progress_is_shown || fail "no progress line on a terminal: $(cat "$W/terminal")"
 stop terminal
 
-# Another community than the printer's: no answer; the service calls back after a minute.
+# Another community than the printer's (and than the one above, which it would join): no answer; the service calls back after a minute.
 "$BUILD/kelmctl" wake --mac $MAC --address 10.77.0.2 --community other >"$W/silent_out" 2>&1 &
 started silent $!
 silent=$!
@@ -133,7 +133,7 @@ wait_until 5 woken 64 || fail "64 printers are not woken at the same time"
 : >"$W/packets"
 wake 1 --mac $MAC --address 10.88.0.2 --over-router --community more
 one_too_many || fail "more than 64 printers are woken"
-grep -q 'was not woken: the wake-up service refused: too many printers' "$W/err" ||
+grep -q 'not woken: the wake-up service refused: too many printers' "$W/err" ||
   fail "kelmctl wake said: $(cat "$W/err")"
 wait_until 5 packets_arrived 3 || fail "no packets for the request that was turned away"
 request string:10.77.9.1 string:$MAC string:public string:NO string:NO
