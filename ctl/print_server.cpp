@@ -104,8 +104,8 @@ JobState stateOf(int state) {
 
 std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
-// The name of the PPD of exactly this make and model in an answer to CUPS-Get-PPDs, which also lists
-// models whose names only begin so; empty when there is none.
+// The name of the PPD of exactly this make and model in an answer to CUPS-Get-PPDs, which also
+// lists models whose names only begin so; empty when there is none.
 std::string nameOfPpd(ipp_t* response, std::string_view makeAndModel) {
   std::string name;
   for (ipp_attribute_t* attribute = ippFirstAttribute(response); attribute != nullptr;
