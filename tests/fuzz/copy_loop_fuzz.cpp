@@ -8,7 +8,7 @@
 #include <string_view>
 
 #include "filter/copy_loop.hpp"
-#include "filter/job_setup.hpp"
+#include "job/job_setup.hpp"
 #include "platform/fake/fake_platform.hpp"
 #include "psrewrite/job_stream.hpp"
 #include "tests/support/memory_job.hpp"
@@ -37,8 +37,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string options(text.substr(0, end));
   const std::string_view input = text.substr(std::min(end + 1, text.size()));
   auto job = kelm::tests::TestJob::parsed(options.c_str());
-  kelm::filter::decideCustomPaper(*job);
-  kelm::filter::decideOutputFace(*job);
+  kelm::job::decideCustomPaper(*job);
+  kelm::job::decideOutputFace(*job);
   const std::size_t blockSize = data[0] == 0 ? input.size() + 1 : data[0];
   if (copyInBlocks(input, blockSize, *job) != kelm::tests::referenceCopy(input, *job)) std::abort();
   return 0;

@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "filter/copy_loop.hpp"
-#include "filter/job_setup.hpp"
 #include "job/diagnostics.hpp"
+#include "job/job_setup.hpp"
 #include "psrewrite/job_stream.hpp"
 #include "tests/support/diagnostics_on.hpp"
 #include "tests/support/memory_job.hpp"
@@ -47,8 +47,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const std::string options(text.substr(0, end));
   const std::string_view input = text.substr(std::min(end + 1, text.size()));
   auto job = tests::TestJob::parsed(options.c_str());
-  filter::decideCustomPaper(*job);
-  filter::decideOutputFace(*job);
+  job::decideCustomPaper(*job);
+  job::decideOutputFace(*job);
   const std::size_t blockSize = data[0] == 0 ? input.size() + 1 : data[0];
   const job::PrintJobData nameless;
   job::LogFileMessageCheck(true);

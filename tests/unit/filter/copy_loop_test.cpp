@@ -6,9 +6,9 @@
 
 #include <string>
 
-#include "filter/job_setup.hpp"
 #include "job/custom_paper.hpp"
 #include "job/diagnostics.hpp"
+#include "job/job_setup.hpp"
 #include "tests/support/diagnostics_on.hpp"
 #include "tests/support/memory_job.hpp"
 

@@ -9,8 +9,8 @@
 
 #include "base/hex_text.hpp"
 #include "filter/copy_loop.hpp"
-#include "filter/job_setup.hpp"
 #include "job/diagnostics.hpp"
+#include "job/job_setup.hpp"
 #include "job/ppd_calls.hpp"
 #include "psrewrite/job_stream.hpp"
 #include "tests/support/diagnostics_on.hpp"

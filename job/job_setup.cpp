@@ -1,6 +1,6 @@
 // Decisions about a job before its first byte is written.
 // SPDX-License-Identifier: Apache-2.0
-#include "filter/job_setup.hpp"
+#include "job/job_setup.hpp"
 
 #include <cmath>
 #include <cstring>
@@ -11,7 +11,7 @@
 #include "job/custom_paper.hpp"
 #include "job/diagnostics.hpp"
 
-namespace kelm::filter {
+namespace kelm::job {
 namespace {
 
 constexpr std::int32_t kMostOptionsForCustomPaper = 99;
@@ -31,32 +31,32 @@ void takeCustomSize(std::string media) {
   if (dot == std::string::npos) return;
   const std::size_t x = media.find('x', dot + 1);
   if (x == std::string::npos) return;
-  job::LogMessage("201609301", true);
-  job::heighLength = lengthOfPoints(media.c_str() + x + 1);
-  job::LogMessage("201609302", true);
+  LogMessage("201609301", true);
+  heighLength = lengthOfPoints(media.c_str() + x + 1);
+  LogMessage("201609302", true);
   media.resize(x);
-  job::LogMessage("201609303", true);
+  LogMessage("201609303", true);
   const char* width = media.c_str() + dot + 1;
-  job::widthLength = lengthOfPoints(width);
-  job::LogMessage("201609304", true);
-  job::LogMessage(width, true);
+  widthLength = lengthOfPoints(width);
+  LogMessage("201609304", true);
+  LogMessage(width, true);
 }
 
 }  // namespace
 
-void decideCustomPaper(const job::PrintJobData& job) {
-  job::customSizeFlg = false;
+void decideCustomPaper(const PrintJobData& job) {
+  customSizeFlg = false;
   if (job.numOptions > kMostOptionsForCustomPaper && !job.optionsSettled) return;
-  for (const cups_option_t& option : job::jobOptions(&job)) {
+  for (const cups_option_t& option : jobOptions(&job)) {
     if (std::strcmp(option.name, "media") != 0 || option.value == nullptr) continue;
     if (std::strstr(option.value, "Custom") == nullptr) continue;
-    job::customSizeFlg = true;
+    customSizeFlg = true;
     takeCustomSize(option.value);
   }
 }
 
-void decideOutputFace(job::PrintJobData& job) {
-  job.keepOutputFace = job::outputTrayDecidesFace(&job) ? 1 : 0;
+void decideOutputFace(PrintJobData& job) {
+  job.keepOutputFace = outputTrayDecidesFace(&job) ? 1 : 0;
 }
 
-}  // namespace kelm::filter
+}  // namespace kelm::job

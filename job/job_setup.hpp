@@ -4,14 +4,14 @@
 
 #include "job/print_job.hpp"
 
-namespace kelm::filter {
+namespace kelm::job {
 
 // Sets customSizeFlg, widthLength and heighLength from the job's "media" options that name a custom
 // size "Custom.WIDTHxHEIGHT" (whole points; a unit after them is ignored). Jobs with 100 options
 // or more keep the normal paper.
-void decideCustomPaper(const job::PrintJobData& job);
+void decideCustomPaper(const PrintJobData& job);
 
 // Sets the job's keepOutputFace: 1 when an output tray other than "Auto" and "FaceDown" is chosen.
-void decideOutputFace(job::PrintJobData& job);
+void decideOutputFace(PrintJobData& job);
 
-}  // namespace kelm::filter
+}  // namespace kelm::job

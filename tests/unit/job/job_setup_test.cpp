@@ -1,6 +1,6 @@
 // What is decided about a job before its first byte is written.
 // SPDX-License-Identifier: Apache-2.0
-#include "filter/job_setup.hpp"
+#include "job/job_setup.hpp"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include "job/custom_paper.hpp"
 #include "tests/support/memory_job.hpp"
 
-namespace kelm::filter {
+namespace kelm::job {
 namespace {
 
 using tests::TestJob;
@@ -160,4 +160,4 @@ TEST(OutputFace, IsNotKeptForAutoFaceDownOrNoTray) {
 }
 
 }  // namespace
-}  // namespace kelm::filter
+}  // namespace kelm::job
