@@ -26,9 +26,12 @@ bool isRegularFile(const char* path) {
   return stat(path, &status) == 0 && S_ISREG(status.st_mode);
 }
 
-void openPpd(PrintJobData& job) {
+ppd_file_t* openPpd() {
   const char* path = std::getenv("PPD");
-  job.ppd = path != nullptr && isRegularFile(path) ? r_ppdOpenFile(path) : nullptr;
+  return path != nullptr && isRegularFile(path) ? r_ppdOpenFile(path) : nullptr;
+}
+
+void markPpd(const PrintJobData& job) {
   if (job.ppd == nullptr) return;
   r_ppdMarkDefaults(job.ppd);
   r_cupsMarkOptions(job.ppd, job.numOptions, job.options);
@@ -74,12 +77,17 @@ bool InitializePrintJobData(int argc, char* argv[], PrintJobData* job) {
   job->userName = argv[2];
   job->title = argv[3];
   job->numOptions = cupsParseOptions(argv[5], 0, &job->options);
-  openPpd(*job);
-  job->jobNameHex = jobNameFor(*job);
-  LogMessage(job->jobNameHex.c_str(), true);
-  std::string ignored;
-  job->isPrintPDE = getOptionValue(job, "PrintPDE", ignored);
+  job->ppd = openPpd();
+  completePrintJobData(*job);
   return true;
+}
+
+void completePrintJobData(PrintJobData& job) {
+  markPpd(job);
+  job.jobNameHex = jobNameFor(job);
+  LogMessage(job.jobNameHex.c_str(), true);
+  std::string ignored;
+  job.isPrintPDE = getOptionValue(&job, "PrintPDE", ignored);
 }
 
 bool getOptionValue(const PrintJobData* job, const char* name, std::string& destination) {

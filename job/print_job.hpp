@@ -41,6 +41,10 @@ struct PrintJobData {
 // the usage on standard error; a PPD that cannot be opened leaves `ppd` null and is no failure.
 bool InitializePrintJobData(int argc, char* argv[], PrintJobData* job);
 
+// The rest of the record for its title, options and PPD: marks the PPD's defaults and the job's
+// choices, and sets `jobNameHex` and `isPrintPDE`.
+void completePrintJobData(PrintJobData& job);
+
 // The lookup rule of the whole system: the value of the first job option of exactly this name that
 // has a value, copied whole. Without one, or without a record, false, and `destination` is empty.
 bool getOptionValue(const PrintJobData* job, const char* name, std::string& destination);

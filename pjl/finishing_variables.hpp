@@ -77,14 +77,16 @@ inline constexpr OwnVariable Output_QVOWNERNAME{
     "OFF: OFF, ON: ON (dialog); ON for a valid custom value, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_USERNAME{
     "USERNAME", writeUserNameLine, "QVOwnerNameTextValueUTF8", "QVOwnerNameInfo",
-    "as it is (dialog); the custom value in hex (plain)", "the console user's name in hex"};
+    "as it is (dialog); the custom value in hex (plain)", "the console user's name in hex",
+    Fallback::kComputer};
 inline constexpr OwnVariable Output_QVJOBNAME{
     "QVJOBNAME", writeJobNameSwitchLine, "QVJobName", "QVJobNameInfo",
     "OFF: OFF, ON: ON (dialog); ON for a valid custom value, else OFF (plain)", "OFF"};
 inline constexpr OwnVariable Output_JOBNAME{
     "JOBNAME", writeJobNameLine, "QVJobName, QVJobNameTextValueUTF8", "QVJobNameInfo",
     "for QVJobName ON the text as it is, the title in hex when it is empty (dialog); the custom value in hex (plain)",
-    "the job's title in hex; empty for QVJobName ON without a text (dialog)"};
+    "the job's title in hex; empty for QVJobName ON without a text (dialog)",
+    Fallback::kJobTitle};
 inline constexpr OwnVariable Output_QVSECRETNUM{
     "QVSECRETNUM", writeSecretNumSwitchLine, "QVSecretNum", "QVSecretNumInfo",
     "OFF: OFF, ON: ON (dialog); ON for a valid custom value, else OFF (plain)", "OFF"};

@@ -12,13 +12,14 @@ namespace kelm::pjl {
 // clang-format off
 inline constexpr OwnVariable Output_QVHOSTNAME{
     "QVHOSTNAME", writeHostNameLine,
-    "QVHostNameValue", "QVHostNameValue", "in hex; no line for an empty name", "the computer's name in hex; no line when it is empty"};
+    "QVHostNameValue", "QVHostNameValue", "in hex; no line for an empty name", "the computer's name in hex; no line when it is empty",
+    Fallback::kComputer, true};
 inline constexpr OwnVariable Output_QVMANUALZOOM{
     "QVMANUALZOOM", writeManualZoomLine,
     "QVZoomRateValue", "QVZoomRate", "0: OFF, 1: ON (dialog); OFF: OFF, anything else: ON (plain)", "OFF"};
 inline constexpr OwnVariable Output_QVZOOMRATE{
     "QVZOOMRATE", writeZoomRateLine,
-    "QVZoomRateTextValue", "QVZoomRate", "as it is; OFF: 100 (plain)", "no line (dialog), 100 (plain)"};
+    "QVZoomRateTextValue", "QVZoomRate", "as it is; OFF: 100 (plain)", "no line (dialog), 100 (plain)", Fallback::kRow, true};
 inline constexpr TableVariable Output_MEDIATYPE{"QVMediaType", "MEDIATYPE", kMediaType};
 inline constexpr TableVariable Output_OUTPUTMODE{"QVOutputMode", "QVOUTPUTMODE", kOutputMode};
 inline constexpr OwnVariable Output_QTY{
@@ -27,10 +28,12 @@ inline constexpr OwnVariable Output_QTY{
     "as it is; QTY when collated: QVCollateValue is 1 (dialog), QVCollate is not False or false (plain); else COPIES", "1"};
 inline constexpr OwnVariable Output_DUPLEX{
     "DUPLEX", writeDuplexLine, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
-    "OFF: OFF, LongEdge: ON, ShortEdge: ON; a booklet binding other than OFF changes a QVDuplex that the job has to ShortEdge", "the value of the PPD's default choice, OFF when it is none of these; ON without a PPD or without the option in it"};
+    "OFF: OFF, LongEdge: ON, ShortEdge: ON; a booklet binding other than OFF changes a QVDuplex that the job has to ShortEdge", "the value of the PPD's default choice, OFF when it is none of these; ON without a PPD or without the option in it",
+    Fallback::kPpdDefault};
 inline constexpr OwnVariable Output_BINDING{
     "BINDING", writeBindingEdgeLine, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
-    "OFF: OFF, LongEdge: LONGEDGE, ShortEdge: SHORTEDGE; for booklets see DUPLEX", "the value of the PPD's default choice, OFF when it is none of these; LONGEDGE without a PPD or without the option in it"};
+    "OFF: OFF, LongEdge: LONGEDGE, ShortEdge: SHORTEDGE; for booklets see DUPLEX", "the value of the PPD's default choice, OFF when it is none of these; LONGEDGE without a PPD or without the option in it",
+    Fallback::kPpdDefault};
 inline constexpr DialogOrPlain Output_QVWAITAFTERPROOF{
     TableVariable{"QVWaitAfterProofValue", "QVWAITAFTERPROOF", kDialogSwitch},
     TableVariable{"QVWaitAfterProof", "QVWAITAFTERPROOF", kTrueFalse}};
@@ -41,11 +44,13 @@ inline constexpr OwnVariable Output_QVPAGESIZE{
 inline constexpr OwnVariable Output_QVPAGESIZEWIDTH{
     "QVPAGESIZEWIDTH", writePageWidthLine,
     "QVPAGESizeWidthValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeWidthValue100, media",
-    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the width of media; 21000 without media"};
+    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the width of media; 21000 without media",
+    Fallback::kRow, true};
 inline constexpr OwnVariable Output_QVPAGESIZEHEIGHT{
     "QVPAGESIZEHEIGHT", writePageHeightLine,
     "QVPAGESizeHeightValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeHeightValue100, media",
-    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the height of media; 29700 without media"};
+    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the height of media; 29700 without media",
+    Fallback::kRow, true};
 inline constexpr OrientationRow kOrientations[] = {{"0", "Portrait", "PORTRAIT"},
                                                    {"1", "Landscape", "LANDSCAPE"}};
 inline constexpr OrientationVariable Output_ORIENTATION{"QVOrientation", "ORIENTATION", kOrientations, 0};

@@ -157,28 +157,25 @@ constexpr HeaderSection kHeader[] = {
     {kAlways, kCommentToCarbonCopy},
 };
 
-void writeFrameBeforeVariables(std::FILE* stream) {
-  Output_Header(stream);
-  Output_Comment(stream);
-  Output_QVPJLVERSION(stream);
-  Output_QVPJLIDENTIFIER(stream);
-  Output_QVRIPCONTROLFLAG(stream);
-  Output_QVSOFTWARENAME(stream);
-  Output_QVSOFTWAREVERSION(stream);
-}
+constexpr FrameWriter kFrame[] = {
+    Output_Header,
+    Output_Comment,
+    Output_QVPJLVERSION,
+    Output_QVPJLIDENTIFIER,
+    Output_QVRIPCONTROLFLAG,
+    Output_QVSOFTWARENAME,
+    Output_QVSOFTWAREVERSION,
+};
 
 }  // namespace
+
+std::span<const FrameWriter> frameBeforeVariables() { return kFrame; }
 
 std::span<const HeaderSection> headerSections() { return kHeader; }
 
 int OutputPJL(std::FILE* stream, job::PrintJobData& job) {
-  writeFrameBeforeVariables(stream);
-  for (const HeaderSection& section : kHeader) {
-    if (section.dialogOnly && !job.isPrintPDE) continue;
-    for (const HeaderStep& step : section.steps) {
-      std::visit([&](const auto* row) { (*row)(stream, job); }, step);
-    }
-  }
+  for (const FrameWriter write : kFrame) write(stream);
+  forEachStep(job.isPrintPDE, [&](const HeaderStep& step) { writeStep(stream, job, step); });
   return Output_EnterPostScript(stream);
 }
 

@@ -72,8 +72,12 @@ struct DialogOrPlain {
 template <class Row>
 DialogOrPlain(Row, Row) -> DialogOrPlain<Row>;
 
-// A variable with logic of its own. The texts after the writer are for docs/pjl-header.md: the
-// options that dialog jobs and plain jobs use, the values, and the value without an option.
+// Where a variable with logic of its own takes its value from when the job has no option for it.
+enum class Fallback { kRow, kComputer, kJobTitle, kPpdDefault };
+
+// A variable with logic of its own. The texts after the writer are for docs/pjl-header.md and
+// kelmctl explain: the options that dialog jobs and plain jobs use, the values, and the value
+// without an option.
 struct OwnVariable {
   const char* pjlName;
   void (*writer)(std::FILE*, PrintJobData&);
@@ -81,6 +85,8 @@ struct OwnVariable {
   const char* plainSource;
   const char* values;
   const char* absent;
+  Fallback fallback = Fallback::kRow;
+  bool mayHaveNoLine = false;
 
   void operator()(std::FILE* stream, PrintJobData& job) const { writer(stream, job); }
 };
