@@ -1,0 +1,198 @@
+// What would be sent for a job: each line of its header, what it means and where its value comes
+// from.
+//
+// The stages themselves say where a value comes from: an option is the cause of a line when the
+// line is another one without the option.
+// SPDX-License-Identifier: Apache-2.0
+#include "explain/explanation.hpp"
+
+#include <algorithm>
+#include <map>
+#include <span>
+#include <utility>
+
+namespace kelm::explain {
+namespace {
+
+// A line's place: its row, and its number among the row's lines.
+using Place = std::pair<const pjl::HeaderStep*, int>;
+using Values = std::map<Place, std::pair<std::string, std::string>>;  // variable and value
+
+constexpr char kCopies[] = "-n";
+
+template <class Visitor>
+void forEachLine(const std::vector<pjl::RecordedLine>& header, Visitor visitor) {
+  Place place{nullptr, -1};
+  for (const pjl::RecordedLine& line : header) {
+    place = line.step == place.first ? Place{line.step, place.second + 1} : Place{line.step, 0};
+    visitor(place, line);
+  }
+}
+
+Values valuesOf(const std::vector<pjl::RecordedLine>& header) {
+  Values values;
+  forEachLine(header, [&](const Place& place, const pjl::RecordedLine& line) {
+    values[place] = {line.variable, line.value};
+  });
+  return values;
+}
+
+bool holds(const Values& values, const Place& place, const pjl::RecordedLine& line) {
+  const auto found = values.find(place);
+  return found != values.end() &&
+         found->second == std::pair<std::string, std::string>(line.variable, line.value);
+}
+
+// The same job with only the options that `keep` accepts. What makes it a job of the maker's dialog
+// stays: it decides about the rows, not about values.
+template <class Keep>
+Request reduced(const Request& request, int copies, Keep keep) {
+  Request other = request;
+  other.copies = copies;
+  std::erase_if(other.options,
+                [&](const Option& option) { return option.name != "PrintPDE" && !keep(option); });
+  return other;
+}
+
+// One thing that was asked for, and the headers of the job without it and with nothing else.
+struct Trial {
+  Option option;
+  Values without;
+  Values alone;
+};
+
+std::vector<Trial> trialsOf(const Request& request) {
+  std::vector<Trial> trials;
+  for (const Option& tried : request.options) {
+    if (tried.name == "PrintPDE") continue;
+    const auto isTried = [&](const Option& option) { return option == tried; };
+    const auto isOther = [&](const Option& option) { return option != tried; };
+    trials.push_back({tried, valuesOf(outcomeOf(reduced(request, request.copies, isOther)).header),
+                      valuesOf(outcomeOf(reduced(request, 1, isTried)).header)});
+  }
+  if (request.copies > 1) {
+    const auto every = [](const Option&) { return true; };
+    const auto none = [](const Option&) { return false; };
+    trials.push_back({{kCopies, std::to_string(request.copies)},
+                      valuesOf(outcomeOf(reduced(request, 1, every)).header),
+                      valuesOf(outcomeOf(reduced(request, request.copies, none)).header)});
+  }
+  return trials;
+}
+
+// Whatever the line needs; where options ask for the same, each that gives it by itself; where the
+// job asks for what is the default anyway, the row's own options.
+std::vector<Option> causesOf(const std::vector<Trial>& trials, const Place& place,
+                             const pjl::RecordedLine& line, const RowFacts& row, bool changed) {
+  std::vector<Option> needed;
+  std::vector<Option> sufficient;
+  std::vector<Option> own;
+  for (const Trial& trial : trials) {
+    if (!holds(trial.without, place, line)) needed.push_back(trial.option);
+    if (changed && holds(trial.alone, place, line)) sufficient.push_back(trial.option);
+    if (row.hasOption(trial.option.name)) own.push_back(trial.option);
+  }
+  if (!needed.empty()) return needed;
+  return sufficient.empty() ? own : sufficient;
+}
+
+Origin originWithoutCause(const RowFacts& row, const std::vector<Option>& settled) {
+  if (row.fallback == pjl::Fallback::kComputer) return Origin::kComputer;
+  if (row.fallback == pjl::Fallback::kJobTitle) return Origin::kJobTitle;
+  const bool stated = std::ranges::any_of(
+      row.options, [&](const std::string& name) { return findOption(settled, name) != nullptr; });
+  return stated || row.fallback == pjl::Fallback::kPpdDefault ? Origin::kPpdDefault
+                                                              : Origin::kTableDefault;
+}
+
+// A text that must not be sent is left out on purpose; any other empty value is a choice that the
+// printer does not have.
+bool lacksChoice(const RowFacts& row, const pjl::RecordedLine& line) {
+  const bool chosen = row.kind == ValueKind::kTable || row.kind == ValueKind::kOrientation ||
+                      row.kind == ValueKind::kOwn;
+  return chosen && !row.isHexText && line.variable != "PASSWORD" && line.value.empty();
+}
+
+// The row's own options that the stages made of other ones.
+std::vector<Option> becameOf(const RowFacts& row, const std::vector<Option>& causes,
+                             const std::vector<Option>& settled) {
+  std::vector<Option> became;
+  for (const std::string& name : row.options) {
+    const Option* option = findOption(settled, name);
+    if (option != nullptr && !causes.empty() &&
+        std::ranges::find(causes, *option) == causes.end()) {
+      became.push_back(*option);
+    }
+  }
+  return became;
+}
+
+std::string groupOf(ppd_file_t* ppd, const ppd_option_t* wanted) {
+  if (ppd == nullptr || wanted == nullptr) return {};
+  for (const ppd_group_t& group :
+       std::span(ppd->groups, static_cast<std::size_t>(ppd->num_groups))) {
+    const std::span options(group.options, static_cast<std::size_t>(group.num_options));
+    if (std::ranges::any_of(options, [&](const ppd_option_t& one) { return &one == wanted; })) {
+      return group.text;
+    }
+  }
+  return {};
+}
+
+Line explainedLine(const Request& request, const Outcome& outcome, const std::vector<Trial>& trials,
+                   const Place& place, const pjl::RecordedLine& line, bool changed) {
+  Line explained;
+  explained.variable = line.variable;
+  explained.value = line.value;
+  if (line.step == nullptr) return explained;
+  const RowFacts row = factsOf(*line.step, request.isDialogJob());
+  const ppd_option_t* option = ppdOptionOf(request.ppd, row, line.variable);
+  explained.group = groupOf(request.ppd, option);
+  explained.label = labelOf(option, row, line, outcome.options);
+  explained.changed = changed;
+  explained.causes = causesOf(trials, place, line, row, changed);
+  explained.became = becameOf(row, explained.causes, outcome.options);
+  explained.origin = explained.causes.empty() ? originWithoutCause(row, outcome.options)
+                     : lacksChoice(row, line) ? Origin::kNoSuchChoice
+                                              : Origin::kJob;
+  return explained;
+}
+
+}  // namespace
+
+const char* wordFor(Origin origin) {
+  switch (origin) {
+    case Origin::kFixed:
+      return "fixed";
+    case Origin::kJob:
+      return "job";
+    case Origin::kNoSuchChoice:
+      return "no-such-choice";
+    case Origin::kPpdDefault:
+      return "ppd-default";
+    case Origin::kTableDefault:
+      return "default";
+    case Origin::kComputer:
+      return "computer";
+    case Origin::kJobTitle:
+      return "title";
+  }
+  return "";
+}
+
+Explanation explained(const Request& request) {
+  const QuietPlatform quiet;
+  const auto none = [](const Option&) { return false; };
+  const Values base = valuesOf(outcomeOf(reduced(request, 1, none)).header);
+  const std::vector<Trial> trials = trialsOf(request);
+  const Outcome outcome = outcomeOf(request);
+  Explanation explanation;
+  forEachLine(outcome.header, [&](const Place& place, const pjl::RecordedLine& line) {
+    const bool changed = line.step != nullptr && !holds(base, place, line);
+    explanation.lines.push_back(explainedLine(request, outcome, trials, place, line, changed));
+  });
+  explanation.remarks = remarksOn(request);
+  return explanation;
+}
+
+}  // namespace kelm::explain

@@ -1,0 +1,253 @@
+// What is wrong with a job's options before it is printed.
+// SPDX-License-Identifier: Apache-2.0
+#include "explain/remarks.hpp"
+
+#include <cups/cups.h>
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <cmath>
+#include <numeric>
+#include <optional>
+#include <span>
+
+#include "base/utf.hpp"
+#include "explain/row_facts.hpp"
+#include "job/custom_text.hpp"
+#include "job/ppd_calls.hpp"
+#include "job/text_fields.hpp"
+
+// libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace kelm::explain {
+namespace {
+
+constexpr std::size_t kLongestCompared = 128;
+constexpr double kPaperTolerance = 2.0;  // points
+
+constexpr const job::TextField* kTextFields[] = {
+    &job::kOwnerName,        &job::kJobName,       &job::kSecretNum,   &job::kJobComment,
+    &job::kBarcodeSelection, &job::kOutputProfile, &job::kFormSelect1, &job::kFormSelect2,
+};
+
+const job::TextField* textField(std::string_view key) {
+  for (const job::TextField* field : kTextFields) {
+    if (key == field->key) return field;
+  }
+  return nullptr;
+}
+
+const ppd_option_t* ppdOption(const Request& request, const std::string& name) {
+  return request.ppd == nullptr ? nullptr : job::r_ppdFindOption(request.ppd, name.c_str());
+}
+
+// The option's row of the header, for a kind of job.
+std::optional<RowFacts> rowOf(std::string_view name, bool isDialogJob) {
+  std::optional<RowFacts> found;
+  pjl::forEachStep(isDialogJob, [&](const pjl::HeaderStep& step) {
+    RowFacts row = factsOf(step, isDialogJob);
+    if (!found && row.hasOption(name)) found = std::move(row);
+  });
+  return found;
+}
+
+bool startsWithAny(std::string_view name, std::span<const std::string_view> fronts) {
+  return std::ranges::any_of(fronts,
+                             [&](std::string_view front) { return name.starts_with(front); });
+}
+
+// CUPS' filters and clients add options of their own to a job.
+bool isOfCups(const std::string& name) {
+  constexpr std::string_view kFronts[] = {
+      "com.apple.", "AP_",    "job-",   "document-", "cups", "date-time-", "time-",
+      "page-",      "media-", "print-", "output-",   "ipp-", "Destination"};
+  constexpr std::string_view kNames[] = {
+      "Collate",    "collate",     "PrintPDE", "UpdatePPDOptions",
+      "copies",     "outputorder", "page-set", "multiple-document-handling",
+      "finishings", "fit-to-page"};
+  if (startsWithAny(name, kFronts) || std::ranges::find(kNames, name) != std::end(kNames)) {
+    return true;
+  }
+  // An option that libcups knows has a type of its own; any other one becomes a name.
+  ipp_t* const job = ippNewRequest(IPP_OP_CREATE_JOB);
+  const ipp_attribute_t* attribute = cupsEncodeOption(job, IPP_TAG_JOB, name.c_str(), "a b");
+  const bool known = attribute != nullptr &&
+                     ippGetValueTag(const_cast<ipp_attribute_t*>(attribute)) != IPP_TAG_NAME;
+  ippDelete(job);
+  return known;
+}
+
+std::string nearestOf(std::string_view text, const std::vector<std::string>& candidates) {
+  const std::string* nearest = nullptr;
+  std::size_t least = std::max<std::size_t>(text.size() / 3, 1) + 1;
+  for (const std::string& candidate : candidates) {
+    const std::size_t distance = editDistance(text, candidate);
+    if (distance >= least) continue;
+    least = distance;
+    nearest = &candidate;
+  }
+  return nearest == nullptr ? "" : *nearest;
+}
+
+std::vector<std::string> keywordsOf(const Request& request) {
+  std::vector<std::string> keywords;
+  if (request.ppd == nullptr) return keywords;
+  for (const ppd_group_t& group :
+       std::span(request.ppd->groups, static_cast<std::size_t>(request.ppd->num_groups))) {
+    for (const ppd_option_t& option :
+         std::span(group.options, static_cast<std::size_t>(group.num_options))) {
+      keywords.emplace_back(option.keyword);
+    }
+  }
+  return keywords;
+}
+
+std::vector<std::string> choicesOf(const ppd_option_t& option) {
+  std::vector<std::string> choices;
+  for (const ppd_choice_t& choice :
+       std::span(option.choices, static_cast<std::size_t>(option.num_choices))) {
+    choices.emplace_back(choice.choice);
+  }
+  return choices;
+}
+
+// Why the printer does not get a custom text; empty when it does.
+std::string textProblem(const Request& request, const Option& option, const job::TextField& field) {
+  cups_option_t one{const_cast<char*>(option.name.c_str()),
+                    const_cast<char*>(option.value.c_str())};
+  job::PrintJobData job;
+  job.ppd = request.ppd;
+  job.numOptions = 1;
+  job.options = &one;
+  const std::string text = job::customText(option.value);
+  if (text == field.offWord || field.namedChoice(job) != nullptr) return {};
+  if (field.isValid(job)) {
+    const std::size_t dot = option.value.find("Custom.");
+    const bool cut = dot != std::string::npos && option.value.substr(dot + 7) != text;
+    return cut ? "is cut at its full stop: the printer gets \"" + text + "\"" : "";
+  }
+  const auto length = base::utf16Length(text);
+  if (!length) return "is not valid UTF-8, and the printer does not get it";
+  if (*length < field.min || *length > field.max) {
+    return "has " + std::to_string(*length) + " characters, and the printer takes " +
+           std::to_string(field.min) + " to " + std::to_string(field.max);
+  }
+  if (field.rule == job::kSecretNumSet) return "may have digits only";
+  if (field.rule == job::kProfileSet) {
+    return "may have ASCII letters, digits, \"_\", \"-\", \".\", tabs and spaces only";
+  }
+  for (std::string_view set = field.forbidden; !set.empty();) {
+    const std::string_view character = base::firstCharacter(set);
+    if (text.find(character) != std::string::npos) {
+      return "has the character \"" + std::string(character) +
+             "\", which the printer does not take";
+    }
+    set.remove_prefix(character.size());
+  }
+  return "is not a text that the printer takes";
+}
+
+bool isNumber(std::string_view text) {
+  if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+// Whether the option has a custom value of this kind.
+bool isCustomValue(const Request& request, const Option& option) {
+  ppd_coption_t* custom = ppdFindCustomOption(request.ppd, option.name.c_str());
+  if (custom == nullptr) return false;
+  if (option.value.starts_with("Custom.") || option.value.starts_with('{')) return true;
+  const ppd_cparam_t* parameter = ppdFirstCustomParam(custom);
+  return parameter != nullptr && parameter->type == PPD_CUSTOM_INT && isNumber(option.value);
+}
+
+std::optional<Remark> remarkOnChoice(const Request& request, const Option& option,
+                                     const ppd_option_t& known) {
+  if (const job::TextField* field = textField(option.name)) {
+    const std::string problem = textProblem(request, option, *field);
+    if (problem.empty()) return std::nullopt;
+    return Remark{option, problem, {}, ""};
+  }
+  const auto row = rowOf(option.name, request.isDialogJob());
+  const bool isCopied = row && row->kind == ValueKind::kUpperCase;
+  if (isCopied || isCustomValue(request, option)) return std::nullopt;
+  std::vector<std::string> choices = choicesOf(known);
+  if (std::ranges::find(choices, option.value) != choices.end()) return std::nullopt;
+  std::string nearest = nearestOf(option.value, choices);
+  return Remark{option, "is not a choice of this option", std::move(choices), std::move(nearest)};
+}
+
+// The maker's dialog brings its values under keys of its own, such as QVGutterDistanceValue100.
+bool isDialogOption(const std::string& name) {
+  return rowOf(name, true) || (name.starts_with("QV") && name.find("Value") != std::string::npos);
+}
+
+std::optional<Remark> remarkOnName(const Request& request, const Option& option) {
+  if (rowOf(option.name, request.isDialogJob()) || isOfCups(option.name)) return std::nullopt;
+  if (isDialogOption(option.name)) {
+    if (request.isDialogJob()) return std::nullopt;
+    return Remark{option, "has an effect only in jobs of the maker's dialog (PrintPDE)", {}, ""};
+  }
+  return Remark{
+      option, "is no option of this printer", {}, nearestOf(option.name, keywordsOf(request))};
+}
+
+std::optional<Remark> remarkOn(const Request& request, const Option& option) {
+  const ppd_option_t* known = ppdOption(request, option.name);
+  if (known == nullptr) return remarkOnName(request, option);
+  if (option.name != known->keyword) {
+    return Remark{option, "has other capital letters in the PPD", {}, known->keyword};
+  }
+  return remarkOnChoice(request, option, *known);
+}
+
+// The paper is chosen twice, differently: by CUPS' own option and by the PPD's.
+std::optional<Remark> remarkOnPaper(const Request& request) {
+  const Option* media = findOption(request.options, "media");
+  const Option* page = findOption(request.options, "PageSize");
+  if (request.ppd == nullptr || media == nullptr || page == nullptr) return std::nullopt;
+  const ppd_size_t* one = ppdPageSize(request.ppd, media->value.c_str());
+  if (one == nullptr) return std::nullopt;
+  const double width = static_cast<double>(one->width);
+  const double length = static_cast<double>(one->length);
+  const ppd_size_t* other = ppdPageSize(request.ppd, page->value.c_str());
+  if (other == nullptr) return std::nullopt;
+  const bool agree = std::abs(width - static_cast<double>(other->width)) <= kPaperTolerance &&
+                     std::abs(length - static_cast<double>(other->length)) <= kPaperTolerance;
+  if (agree) return std::nullopt;
+  return Remark{*media, "is another paper than PageSize=" + page->value, {}, ""};
+}
+
+}  // namespace
+
+std::vector<Remark> remarksOn(const Request& request) {
+  std::vector<Remark> remarks;
+  for (const Option& option : request.options) {
+    if (auto remark = remarkOn(request, option)) remarks.push_back(std::move(*remark));
+  }
+  if (auto remark = remarkOnPaper(request)) remarks.push_back(std::move(*remark));
+  return remarks;
+}
+
+std::size_t editDistance(std::string_view one, std::string_view other) {
+  if (std::max(one.size(), other.size()) > kLongestCompared) {
+    return std::max(one.size(), other.size());
+  }
+  const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
+  std::array<std::size_t, kLongestCompared + 1> row{};
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (std::size_t i = 0; i < one.size(); ++i) {
+    std::size_t diagonal = row[0];
+    row[0] = i + 1;
+    for (std::size_t j = 0; j < other.size(); ++j) {
+      const std::size_t replaced = diagonal + (lower(one[i]) == lower(other[j]) ? 0 : 1);
+      diagonal = row[j + 1];
+      row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+    }
+  }
+  return row[other.size()];
+}
+
+}  // namespace kelm::explain

@@ -1,0 +1,26 @@
+// What is wrong with a job's options before it is printed.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "explain/request.hpp"
+
+namespace kelm::explain {
+
+struct Remark {
+  Option option;                     // as typed
+  std::string problem;               // one sentence without the option, such as "is not an option"
+  std::vector<std::string> choices;  // that there are, for a choice that there is not
+  std::string nearest;               // option or choice that was probably meant; empty without one
+};
+
+// In the order of the options. The request's choices must be marked in its PPD (outcomeOf).
+std::vector<Remark> remarksOn(const Request& request);
+
+// The number of characters to insert, remove or replace to turn one text into the other, without
+// regard to case. Texts longer than 128 bytes are as far apart as the longer one is long.
+std::size_t editDistance(std::string_view one, std::string_view other);
+
+}  // namespace kelm::explain

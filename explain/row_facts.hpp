@@ -1,0 +1,32 @@
+// What the header's rows say about themselves: their variables, options and values.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "pjl/variables.hpp"
+
+namespace kelm::explain {
+
+enum class ValueKind { kTable, kCopy, kUpperCase, kOrientation, kOwn };
+
+// A row as one kind of job uses it. Texts and tables live as long as the program.
+struct RowFacts {
+  ValueKind kind = ValueKind::kOwn;
+  std::vector<std::string> variables;  // more than one where the job chooses, or for two lines
+  std::vector<std::string> options;    // that the value can come from, in the row's order
+  std::optional<pjl::ValueTableView> table;  // of a table row
+  pjl::Fallback fallback = pjl::Fallback::kRow;
+  bool writesAllVariables = false;  // a line for each, not for one of them
+  bool mayHaveNoLine = false;
+  bool isHexText = false;  // the value is a text, sent in hex
+
+  bool hasOption(std::string_view name) const;
+};
+
+RowFacts factsOf(const pjl::HeaderStep& step, bool isDialogJob);
+
+}  // namespace kelm::explain

@@ -1,0 +1,135 @@
+// Where the feature sections of a stream say something other than its header.
+//
+// The header's own writers judge: what they write for a job with the sections' values is what the
+// header should say.
+// SPDX-License-Identifier: Apache-2.0
+#include "explain/section_check.hpp"
+
+#include <strings.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "explain/request.hpp"
+#include "explain/row_facts.hpp"
+
+namespace kelm::explain {
+namespace {
+
+constexpr char kPin[] = "PASSWORD";
+
+bool equalButForCase(const std::string& one, const std::string& other) {
+  return strcasecmp(one.c_str(), other.c_str()) == 0;
+}
+
+bool isKey(const pjl::ValueTableView& table, std::string_view text) {
+  return std::ranges::any_of(
+      table.rows, [&](const pjl::ValueRow& row) { return row.key != nullptr && text == row.key; });
+}
+
+// The name of the job option whose value the section has.
+std::string optionName(const Section& section) {
+  return section.keyword == "PageSize" ? "media" : section.keyword;
+}
+
+std::string optionValue(const Section& section) {
+  return section.keyword == "PageSize" ? section.choice : section.value;
+}
+
+// A custom text comes with its switch: the section of the text says nothing about the switch.
+bool hasText(const std::string& option) {
+  bool text = false;
+  pjl::forEachStep(false, [&](const pjl::HeaderStep& step) {
+    const RowFacts row = factsOf(step, false);
+    text = text || (row.hasOption(option) && option != "media" &&
+                    (row.isHexText || row.variables.front() == kPin));
+  });
+  return text;
+}
+
+class SectionCheck {
+ public:
+  SectionCheck(const StreamReport& report, const Note& note) : report_(report), note_(note) {}
+
+  void run();
+
+ private:
+  void check(const Section& section, const pjl::RecordedLine& line);
+  bool agrees(const Section& section, const RowFacts& row, const pjl::RecordedLine& line) const;
+  // What the header's writers make of the sections' values, where `section` has `value`.
+  bool writtenFor(const Section& section, const std::string& value, const RowFacts& row,
+                  const pjl::RecordedLine& line) const;
+
+  const StreamReport& report_;
+  const Note& note_;
+  std::vector<Option> options_;  // of all sections
+};
+
+bool SectionCheck::writtenFor(const Section& section, const std::string& value, const RowFacts& row,
+                              const pjl::RecordedLine& line) const {
+  Request request;
+  request.options = options_;
+  const std::string name = optionName(section);
+  std::erase_if(request.options, [&](const Option& option) { return option.name == name; });
+  request.options.push_back({name, value});
+  const Outcome outcome = outcomeOf(request);
+  const Option* kept = findOption(outcome.options, name);
+  const auto written = std::ranges::find_if(outcome.header, [&](const pjl::RecordedLine& other) {
+    return other.step == line.step && other.variable == line.variable;
+  });
+  if (kept == nullptr || kept->value != value || written == outcome.header.end()) return false;
+  const bool isChoiceOfVariables = row.variables.size() > 1 && !row.writesAllVariables;
+  return isChoiceOfVariables || written->value == line.value;
+}
+
+// Whether the line says what the section says. A section whose value is no choice of a table, such
+// as (100) for a zoom rate that is OFF, is judged by the choice of its opening comment.
+bool SectionCheck::agrees(const Section& section, const RowFacts& row,
+                          const pjl::RecordedLine& line) const {
+  const std::string value = optionValue(section);
+  if (row.isHexText || line.variable == kPin) return equalButForCase(value, line.value);
+  if (writtenFor(section, value, row, line)) return true;
+  if (row.table && isKey(*row.table, value)) return false;
+  return equalButForCase(value, line.value) || writtenFor(section, section.choice, row, line);
+}
+
+void SectionCheck::check(const Section& section, const pjl::RecordedLine& line) {
+  const RowFacts row = factsOf(*line.step, report_.isDialogJob);
+  const std::string option = optionName(section);
+  const bool isText = row.isHexText || line.variable == kPin;
+  bool same = true;
+  if (row.hasOption(option)) {
+    if (isText || !hasText(option)) same = agrees(section, row, line);
+  } else if (equalButForCase(section.keyword, line.variable)) {
+    const bool comparable = !report_.isDialogJob || row.kind == ValueKind::kCopy || isText;
+    same = !comparable || equalButForCase(section.value, line.value);
+  }
+  if (same) return;
+  note_({section.offset, "the PostScript says " + section.keyword + " is \"" +
+                             optionValue(section) + "\", and the header says " + line.variable +
+                             "=" + line.value});
+}
+
+void SectionCheck::run() {
+  const QuietPlatform quiet;
+  if (report_.isDialogJob) options_.push_back({"PrintPDE", "1"});
+  for (const Section& section : report_.sections) {
+    if (hasText(section.keyword) || optionValue(section).empty()) continue;
+    options_.push_back({optionName(section), optionValue(section)});
+  }
+  for (const Section& section : report_.sections) {
+    if (section.value.find("XXX") != std::string::npos) continue;
+    for (const pjl::RecordedLine& line : report_.header) {
+      if (line.step != nullptr) check(section, line);
+    }
+  }
+}
+
+}  // namespace
+
+void checkSections(const StreamReport& report, const Note& note) {
+  SectionCheck(report, note).run();
+}
+
+}  // namespace kelm::explain

@@ -1,0 +1,13 @@
+// Where the feature sections of a stream say something other than its header.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include "explain/header_check.hpp"
+#include "explain/stream.hpp"
+
+namespace kelm::explain {
+
+// Gives `note` each disagreement.
+void checkSections(const StreamReport& report, const Note& note);
+
+}  // namespace kelm::explain

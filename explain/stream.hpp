@@ -1,0 +1,41 @@
+// What a printer stream says: its header, the feature sections of its PostScript, and what is wrong
+// with them.
+//
+// The stream may hold anything. It is read once, in constant memory: what a hostile stream has too
+// much of is counted, not kept.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "base/byte_source.hpp"
+#include "pjl/recorder.hpp"
+
+namespace kelm::explain {
+
+struct Section {
+  std::string keyword;
+  std::string choice;    // of the opening comment
+  std::string value;     // that the printer's dictionary gets; empty where the section has none
+  std::uint64_t offset;  // in bytes, of the first one
+};
+
+struct Finding {
+  std::uint64_t offset;  // in bytes, of the line or section; 0 where something is missing
+  std::string problem;   // any bytes of the stream may be in it
+};
+
+struct StreamReport {
+  bool isDialogJob = false;
+  std::vector<pjl::RecordedLine> header;  // as it came; without a row where no row has the variable
+  std::vector<Section> sections;          // the first one of each keyword
+  std::vector<Finding> findings;
+  std::uint64_t moreFindings = 0;  // that are not kept
+  std::uint64_t size = 0;          // of the stream, in bytes
+};
+
+StreamReport readStream(base::ByteSource& source);
+
+}  // namespace kelm::explain

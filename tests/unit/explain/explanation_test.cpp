@@ -1,0 +1,98 @@
+// What would be sent for a job: meanings and sources of its header's lines.
+// SPDX-License-Identifier: Apache-2.0
+#include "explain/explanation.hpp"
+
+#include <gtest/gtest.h>
+
+#include "tests/unit/explain/explained_job.hpp"
+
+namespace kelm::explain {
+namespace {
+
+using tests::ExplainedJob;
+using Options = std::vector<Option>;
+
+TEST(Explanation, NamesTheJobsOption) {
+  const ExplainedJob job({"QVStapleMode=OneStaple"});
+  const Line line = job.line("QVSTAPLEMODE");
+  EXPECT_EQ(line.value, "1STAPLE");
+  EXPECT_EQ(line.label.name, "Staple");
+  EXPECT_EQ(line.label.choice, "One, top left");
+  EXPECT_EQ(line.group, "Finishing");
+  EXPECT_EQ(line.origin, Origin::kJob);
+  EXPECT_EQ(line.causes, (Options{{"QVStapleMode", "OneStaple"}}));
+  EXPECT_TRUE(line.changed);
+}
+
+TEST(Explanation, NamesAnOptionThatIsTheDefaultAnyway) {
+  const ExplainedJob job({"QVStapleMode=OFF"});
+  const Line line = job.line("QVSTAPLEMODE");
+  EXPECT_EQ(line.label.choice, "Off");
+  EXPECT_EQ(line.causes, (Options{{"QVStapleMode", "OFF"}}));
+  EXPECT_FALSE(line.changed);
+}
+
+TEST(Explanation, NamesTheDefaultOfTheTable) {
+  const Line line = ExplainedJob({}).line("QVSTAPLEMODE");
+  EXPECT_EQ(line.value, "OFF");
+  EXPECT_EQ(line.origin, Origin::kTableDefault);
+  EXPECT_FALSE(line.changed);
+}
+
+TEST(Explanation, NamesTheDefaultOfThePpd) {
+  const Line line = ExplainedJob({}).line("DUPLEX");
+  EXPECT_EQ(line.value, "OFF");
+  EXPECT_EQ(line.origin, Origin::kPpdDefault);
+}
+
+TEST(Explanation, NamesTheJobsTitle) {
+  const Line line = ExplainedJob({}).line("JOBNAME");
+  EXPECT_EQ(line.value, "7265706F7274");
+  EXPECT_EQ(line.label.choice, "report");
+  EXPECT_EQ(line.origin, Origin::kJobTitle);
+}
+
+TEST(Explanation, MarksAChoiceThatThePrinterDoesNotHave) {
+  const Line line = ExplainedJob({"QVStapleMode=Three"}).line("QVSTAPLEMODE");
+  EXPECT_EQ(line.value, "");
+  EXPECT_EQ(line.origin, Origin::kNoSuchChoice);
+  EXPECT_EQ(line.causes, (Options{{"QVStapleMode", "Three"}}));
+}
+
+TEST(Explanation, NamesEveryOptionThatALineNeeds) {
+  const ExplainedJob job({"QVDuplex=LongEdge QVBookletBinding=TwoFold"});
+  const Line line = job.line("BINDING");
+  EXPECT_EQ(line.value, "SHORTEDGE");
+  EXPECT_EQ(line.causes, (Options{{"QVBookletBinding", "TwoFold"}, {"QVDuplex", "LongEdge"}}));
+}
+
+TEST(Explanation, DecodesACustomText) {
+  const ExplainedJob job({"QVJobComment='Custom.For the board'"});
+  const Line line = job.line("QVJOBCOMMENT");
+  EXPECT_EQ(line.value, "466F722074686520626F617264");
+  EXPECT_EQ(line.label.name, "Job comment");
+  EXPECT_EQ(line.label.choice, "For the board");
+}
+
+TEST(Explanation, GivesLengthsInMillimetres) {
+  const Line line = ExplainedJob({"media=A3"}).line("QVPAGESIZEWIDTH");
+  EXPECT_EQ(line.value, "29700");
+  EXPECT_EQ(line.label.choice, "297 mm");
+  EXPECT_EQ(line.causes, (Options{{"media", "A3"}}));
+}
+
+TEST(Explanation, DoesNotTakeTheDialogsMarkForACause) {
+  const Line line = ExplainedJob({"PrintPDE=1 QVHideJob=ON"}).line("QVHIDEJOB");
+  EXPECT_EQ(line.causes, (Options{{"QVHideJob", "ON"}}));
+  EXPECT_EQ(ExplainedJob({"PrintPDE=1"}).line("QVHIDEJOB").origin, Origin::kTableDefault);
+}
+
+TEST(Explanation, HasEveryLineOfTheHeader) {
+  const ExplainedJob plain({});
+  EXPECT_EQ(plain.explanation.lines.front().value, "\x1B%-12345X@PJL");
+  EXPECT_EQ(plain.explanation.lines.back().value, "@PJL ENTER LANGUAGE=POSTSCRIPT");
+  for (const Line& line : plain.explanation.lines) EXPECT_FALSE(line.changed) << line.variable;
+}
+
+}  // namespace
+}  // namespace kelm::explain

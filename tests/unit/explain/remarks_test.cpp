@@ -1,0 +1,84 @@
+// Options that are wrong are named, with what was probably meant.
+// SPDX-License-Identifier: Apache-2.0
+#include "explain/remarks.hpp"
+
+#include <gtest/gtest.h>
+
+#include "tests/unit/explain/explained_job.hpp"
+
+namespace kelm::explain {
+namespace {
+
+using tests::ExplainedJob;
+
+// The one remark on a job with these options; an empty one when there is none.
+Remark remarkOn(const std::string& options) {
+  const ExplainedJob job({options});
+  EXPECT_LE(job.explanation.remarks.size(), 1U);
+  return job.explanation.remarks.empty() ? Remark{} : job.explanation.remarks.front();
+}
+
+TEST(Remarks, PassOptionsThatAreRight) {
+  EXPECT_EQ(remarkOn("QVStapleMode=OneStaple sides=two-sided-long-edge media=A4 PageSize=A4 "
+                     "job-priority=50 QVJobComment=Custom.Hello number-up=2")
+                .problem,
+            "");
+}
+
+TEST(Remarks, NameAnUnknownOption) {
+  const Remark remark = remarkOn("QVStaplMode=OneStaple");
+  EXPECT_EQ(remark.problem, "is no option of this printer");
+  EXPECT_EQ(remark.nearest, "QVStapleMode");
+}
+
+TEST(Remarks, NameOtherCapitalLetters) {
+  EXPECT_EQ(remarkOn("qvstaplemode=OneStaple").nearest, "QVStapleMode");
+}
+
+TEST(Remarks, NameAnUnknownChoiceWithTheChoicesThereAre) {
+  const Remark remark = remarkOn("QVStapleMode=OneStable");
+  EXPECT_EQ(remark.problem, "is not a choice of this option");
+  EXPECT_EQ(remark.choices, (std::vector<std::string>{"OFF", "OneStaple", "TwoStaple"}));
+  EXPECT_EQ(remark.nearest, "OneStaple");
+}
+
+TEST(Remarks, NameNoNearestChoiceWhereNoneIsNear) {
+  EXPECT_EQ(remarkOn("QVStapleMode=Everywhere").nearest, "");
+}
+
+TEST(Remarks, NameALongText) {
+  EXPECT_EQ(remarkOn("QVOwnerNameInfo=OFF").problem, "is no option of this printer");
+  EXPECT_EQ(remarkOn("QVJobComment=Custom." + std::string(129, 'x')).problem,
+            "has 129 characters, and the printer takes 1 to 128");
+}
+
+TEST(Remarks, NameAForbiddenCharacter) {
+  EXPECT_EQ(remarkOn("QVJobComment=Custom.a:b").problem,
+            "has the character \":\", which the printer does not take");
+}
+
+TEST(Remarks, NameATextThatIsCut) {
+  EXPECT_EQ(remarkOn("QVJobComment=Custom.a.b").problem,
+            "is cut at its full stop: the printer gets \"a\"");
+}
+
+TEST(Remarks, NamePapersThatDisagree) {
+  EXPECT_EQ(remarkOn("media=A3 PageSize=A4").problem, "is another paper than PageSize=A4");
+}
+
+TEST(Remarks, NameAnOptionOfTheMakersDialog) {
+  EXPECT_EQ(remarkOn("QVGutterDistanceValue100=500").problem,
+            "has an effect only in jobs of the maker's dialog (PrintPDE)");
+  EXPECT_EQ(remarkOn("PrintPDE=1 QVGutterDistanceValue100=500").problem, "");
+}
+
+TEST(EditDistance, CountsCharactersButForCase) {
+  EXPECT_EQ(editDistance("", ""), 0U);
+  EXPECT_EQ(editDistance("abc", "ABC"), 0U);
+  EXPECT_EQ(editDistance("kitten", "sitting"), 3U);
+  EXPECT_EQ(editDistance("", "abc"), 3U);
+  EXPECT_EQ(editDistance(std::string(200, 'a'), "b"), 200U);
+}
+
+}  // namespace
+}  // namespace kelm::explain

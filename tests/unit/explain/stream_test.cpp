@@ -1,0 +1,196 @@
+// What a printer stream says, and what is wrong with it.
+// SPDX-License-Identifier: Apache-2.0
+#include "explain/stream.hpp"
+
+#include <gtest/gtest.h>
+
+#include "platform/fake/fake_platform.hpp"
+#include "tests/support/memory_job.hpp"
+
+namespace kelm::explain {
+namespace {
+
+using tests::TestJob;
+
+class Stream : public testing::Test {
+ protected:
+  // The stream of a job with this PostScript after its header.
+  static std::string of(const TestJob::Options& options, const std::string& postScript = "%!PS\n") {
+    TestJob job(options);
+    tests::MemoryOutput output;
+    pjl::OutputPJL(output.stream(), *job);
+    return output.text() + postScript;
+  }
+
+  static StreamReport read(const std::string& bytes, std::size_t blockSize = 1000) {
+    tests::MemorySource source(bytes, blockSize);
+    return readStream(source);
+  }
+
+  // The problems of a stream, one a line.
+  static std::string problems(const std::string& bytes) {
+    std::string text;
+    for (const Finding& finding : read(bytes).findings) text += finding.problem + "\n";
+    return text;
+  }
+
+  static std::string replaced(std::string text, const std::string& from, const std::string& to) {
+    const std::size_t place = text.find(from);
+    EXPECT_NE(place, std::string::npos) << from;
+    return text.replace(place, from.size(), to);
+  }
+
+  static std::string section(const std::string& keyword, const std::string& value) {
+    return "%%BeginFeature: *" + keyword + " " + value + "\n(" + value + ") userdict exch /" +
+           keyword + " exch put\n%%EndFeature\n";
+  }
+
+ private:
+  platform::FakePlatform platform_;
+};
+
+TEST_F(Stream, IsRightAsItIsWritten) {
+  EXPECT_EQ(problems(of({})), "");
+  EXPECT_EQ(problems(of({{"PrintPDE", "1"}})), "");
+  EXPECT_TRUE(read(of({{"PrintPDE", "1"}})).isDialogJob);
+  EXPECT_FALSE(read(of({})).isDialogJob);
+}
+
+TEST_F(Stream, HasItsSizeAndItsHeader) {
+  const std::string bytes = of({{"QVStapleMode", "OneStaple"}}, "%!PS\n" + std::string(5000, '%'));
+  const StreamReport report = read(bytes);
+  EXPECT_EQ(report.size, bytes.size());
+  int staples = 0;
+  for (const pjl::RecordedLine& line : report.header) {
+    if (line.variable == "QVSTAPLEMODE" && line.value == "1STAPLE") ++staples;
+  }
+  EXPECT_EQ(staples, 1);
+}
+
+TEST_F(Stream, WithoutAHeader) {
+  EXPECT_EQ(problems("%!PS\n"),
+            "there is no header: the stream does not begin with the UEL and @PJL\n");
+  EXPECT_EQ(problems(""),
+            "there is no header: the stream does not begin with the UEL and @PJL\n"
+            "the header is not followed by PostScript (%!)\n");
+}
+
+TEST_F(Stream, WithAnotherFrame) {
+  EXPECT_EQ(problems(replaced(of({}), "FLAG=13", "FLAG=12")),
+            "line 5 is \"@PJL SET QVRIPCONTROLFLAG=12\", not \"@PJL SET QVRIPCONTROLFLAG=13\"\n");
+  EXPECT_EQ(problems(replaced(of({}), "@PJL ENTER LANGUAGE=POSTSCRIPT\n", "")),
+            "the switch to PostScript (\"@PJL ENTER LANGUAGE=POSTSCRIPT\") is missing\n");
+}
+
+TEST_F(Stream, WithAnUnknownAMissingAndARepeatedVariable) {
+  EXPECT_EQ(problems(replaced(of({}), "@PJL SET QVJOG=OFF\n", "")), "QVJOG is missing\n");
+  EXPECT_EQ(problems(replaced(of({}), "@PJL SET QVJOG=OFF\n",
+                              "@PJL SET QVJOG=OFF\n@PJL SET QVJOG=OFF\n")),
+            "QVJOG is there twice\n");
+  EXPECT_EQ(problems(replaced(of({}), "@PJL SET QVJOG=OFF\n",
+                              "@PJL SET QVJOG=OFF\n@PJL SET QVDOG=OFF\n")),
+            "QVDOG is no variable of this printer\n");
+}
+
+TEST_F(Stream, WithVariablesInAnotherOrder) {
+  EXPECT_EQ(problems(replaced(of({}), "@PJL SET QVGUTTER=OFF\n@PJL SET QVGUTTERDISTANCE=0\n",
+                              "@PJL SET QVGUTTERDISTANCE=0\n@PJL SET QVGUTTER=OFF\n")),
+            "QVGUTTER comes after QVGUTTERDISTANCE, and the printer needs it before\n");
+}
+
+TEST_F(Stream, WithValuesThatThePrinterDoesNotHave) {
+  EXPECT_EQ(problems(of({{"QVJog", "Sideways"}})),
+            "QVJOG is empty: the job's choice is none of the printer's\n");
+  EXPECT_EQ(problems(replaced(of({}), "QVJOG=OFF", "QVJOG=UP")), "QVJOG cannot be \"UP\"\n");
+}
+
+TEST_F(Stream, WhoseSectionsAgree) {
+  const std::string sections = section("QVDuplex", "LongEdge") + section("QVStapleMode", "OFF") +
+                               section("QVGCCyan", "90") + section("QVZoomRate", "100") +
+                               section("QVCollate", "True") + section("QVOutputBox", "SharedBox1");
+  const TestJob::Options options = {
+      {"QVDuplex", "LongEdge"}, {"QVGCCyan", "90"}, {"QVZoomRate", "100"}};
+  const std::string bytes = of(options, "%!PS\n" + sections);
+  EXPECT_EQ(problems(bytes), "");
+  for (const std::size_t size : {1U, 2U, 3U, 7U, 4096U}) {
+    EXPECT_EQ(read(bytes, size).sections.size(), 6U) << size;
+  }
+}
+
+TEST_F(Stream, WhoseSectionDisagrees) {
+  EXPECT_EQ(problems(of({}, "%!PS\n" + section("QVStapleMode", "OneStaple"))),
+            "the PostScript says QVStapleMode is \"OneStaple\", and the header says "
+            "QVSTAPLEMODE=OFF\n");
+  EXPECT_EQ(problems(of({}, "%!PS\n" + section("QVGCCyan", "90"))),
+            "the PostScript says QVGCCyan is \"90\", and the header says QVGCCYAN=100\n");
+  EXPECT_EQ(problems(of({{"QVDuplex", "ShortEdge"}}, "%!PS\n" + section("QVDuplex", "LongEdge"))),
+            "the PostScript says QVDuplex is \"LongEdge\", and the header says "
+            "BINDING=SHORTEDGE\n");
+  EXPECT_EQ(problems(of({{"media", "A3"}}, "%!PS\n%%BeginFeature: *PageSize A4\n%%EndFeature\n")),
+            "the PostScript says PageSize is \"A4\", and the header says QVPAGESIZE=A3\n"
+            "the PostScript says PageSize is \"A4\", and the header says QVPAGESIZEWIDTH=29700\n"
+            "the PostScript says PageSize is \"A4\", and the header says QVPAGESIZEHEIGHT=42000\n"
+            "the PostScript says PageSize is \"A4\", and the header says "
+            "QVTARGETPAPERSIZEWIDTH=29700\n"
+            "the PostScript says PageSize is \"A4\", and the header says "
+            "QVTARGETPAPERSIZEHEIGHT=42000\n");
+}
+
+TEST_F(Stream, WhoseBookletTurnsTheSheetsOtherwise) {
+  EXPECT_EQ(problems(of({{"QVDuplex", "LongEdge"}, {"QVBookletBinding", "TwoFold"}},
+                        "%!PS\n" + section("QVDuplex", "LongEdge") +
+                            section("QVBookletBinding", "TwoFold"))),
+            "the PostScript says QVDuplex is \"LongEdge\", and the header says DUPLEX=ON\n"
+            "the PostScript says QVDuplex is \"LongEdge\", and the header says "
+            "BINDING=SHORTEDGE\n");
+}
+
+TEST_F(Stream, WithTexts) {
+  const TestJob::Options options = {{"QVJobComment", "Custom.Hello"}};
+  EXPECT_EQ(problems(of(options, "%!PS\n" + section("QVJobComment", "48656C6C6F"))), "");
+  EXPECT_EQ(problems(of(options, "%!PS\n" + section("QVJobComment", "48"))),
+            "the PostScript says QVJobComment is \"48\", and the header says "
+            "QVJOBCOMMENT=48656C6C6F\n");
+}
+
+TEST_F(Stream, WithASectionThatNobodyFilled) {
+  EXPECT_EQ(problems(of({}, "%!PS\n" + section("QVJobComment", "XXX"))),
+            "the section of QVJobComment still has XXX for a value\n");
+}
+
+TEST_F(Stream, WithASectionThatChanges) {
+  EXPECT_EQ(problems(of({}, "%!PS\n" + section("QVJog", "OFF") + section("QVJog", "Set"))),
+            "QVJog is \"Set\" here and \"OFF\" before\n");
+}
+
+TEST_F(Stream, ReadsTheCodeOfASectionNotItsComment) {
+  EXPECT_EQ(problems(of({},
+                        "%!PS\n%%BeginFeature: *QVStapleMode OFF\n"
+                        "(OneStaple) userdict exch /QVStapleMode exch put\n%%EndFeature\n")),
+            "the PostScript says QVStapleMode is \"OneStaple\", and the header says "
+            "QVSTAPLEMODE=OFF\n");
+}
+
+TEST_F(Stream, ThatIsFollowedByAnotherJob) {
+  EXPECT_EQ(problems(of({}, "%!PS\n\x1B%-12345X")), "");
+  EXPECT_EQ(problems(of({}, "%!PS\n\x1B%-12345X@PJL\n")),
+            "another job begins here; explain it by itself\n");
+}
+
+TEST_F(Stream, KeepsNoMoreThanItMust) {
+  std::string sections = "%!PS\n";
+  for (int i = 0; i < 2000; ++i) sections += section("QV" + std::to_string(i), "XXX");
+  const StreamReport report = read(of({}, sections), 1U << 16U);
+  EXPECT_EQ(report.sections.size(), 512U);
+  EXPECT_EQ(report.findings.size(), 200U);
+  EXPECT_EQ(report.moreFindings, 1800U);
+}
+
+TEST_F(Stream, WithAnEndlessHeader) {
+  std::string lines;
+  for (int i = 0; i < 2000; ++i) lines += "@PJL SET A=1\n";
+  EXPECT_NE(problems(lines).find("the header is not followed by PostScript"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kelm::explain
