@@ -42,7 +42,8 @@ Argument ArgumentList::add(const char* name, std::optional<std::string>& value, 
 }
 
 Argument ArgumentList::add(const char* name, std::vector<std::string>& values, const char* help) {
-  return Argument(app_.add_option(name, values, help));
+  const bool isOption = name[0] == '-';
+  return Argument(app_.add_option(name, values, help)->allow_extra_args(!isOption));
 }
 
 Argument ArgumentList::addNumber(const char* name, unsigned& value, unsigned least, unsigned most,

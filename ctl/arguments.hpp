@@ -41,6 +41,7 @@ class ArgumentList {
 
   Argument add(const char* name, std::string& value, const char* help);
   Argument add(const char* name, std::optional<std::string>& value, const char* help);
+  // An option takes one value each time that it is given, a positional argument takes them all.
   Argument add(const char* name, std::vector<std::string>& values, const char* help);
   Argument addFlag(const char* name, bool& value, const char* help);
 

@@ -8,6 +8,7 @@
 namespace kelm::ctl {
 
 Action declareAddress(ArgumentList& list);
+Action declareExplain(ArgumentList& list);
 Action declarePpd(ArgumentList& list);
 Action declareSettings(ArgumentList& list);
 Action declarePrinter(ArgumentList& list);
@@ -22,6 +23,7 @@ inline constexpr Subcommand kSubcommands[] = {
     {"printer", "Show what printers say about themselves", declarePrinter},
     {"sync", "Store in queues what their printers say about themselves", declareSync},
     {"refresh", "Give a queue the installed PPD and keep its facts and defaults", declareRefresh},
+    {"explain", "Show what a job says to the printer, and why", declareExplain},
     {"address", "Show the printer's address in a device URI", declareAddress},
     {"wake", "Wake sleeping printers", declareWake},
 };

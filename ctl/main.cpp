@@ -9,5 +9,6 @@
 
 int main(int argc, char* argv[]) {
   kelm::platform::openStandardStreams();
-  return kelm::ctl::runCommandLine(argc, argv, {std::cout, std::cerr, isatty(STDERR_FILENO) == 1});
+  return kelm::ctl::runCommandLine(
+      argc, argv, {std::cout, std::cerr, isatty(STDERR_FILENO) == 1, isatty(STDOUT_FILENO) == 1});
 }

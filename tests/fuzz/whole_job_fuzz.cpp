@@ -14,7 +14,7 @@
 
 #include "base/byte_source.hpp"
 #include "filter/copy_loop.hpp"
-#include "filter/job_setup.hpp"
+#include "job/job_setup.hpp"
 #include "job/ppd_calls.hpp"
 #include "job/print_job.hpp"
 #include "pjl/sequence.hpp"
@@ -65,8 +65,8 @@ void update(const kelm::job::PrintJobData& job) {
 }
 
 void print(kelm::job::PrintJobData& job, std::string_view postScript) {
-  kelm::filter::decideCustomPaper(job);
-  kelm::filter::decideOutputFace(job);
+  kelm::job::decideCustomPaper(job);
+  kelm::job::decideOutputFace(job);
   kelm::tests::MemorySource source(postScript);
   kelm::tests::MemoryOutput output;
   kelm::pjl::OutputPJL(output.stream(), job);

@@ -1,0 +1,136 @@
+// kelmctl explain: what a job says to the printer, and why.
+// SPDX-License-Identifier: Apache-2.0
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "base/byte_source.hpp"
+#include "ctl/commands.hpp"
+#include "ctl/exit_status.hpp"
+#include "ctl/explain_text.hpp"
+#include "ctl/queue_ppd.hpp"
+#include "ctl/safe_text.hpp"
+#include "explain/explanation.hpp"
+#include "explain/stream.hpp"
+#include "job/ppd_calls.hpp"
+#include "job/print_job.hpp"
+
+namespace kelm::ctl {
+namespace {
+
+struct Arguments {
+  std::optional<std::string> queue;
+  std::optional<std::string> file;
+  std::optional<std::string> stream;
+  std::vector<std::string> options;
+  std::string copies = "1";
+  std::string title;
+  bool changed = false;
+  bool all = false;
+  bool json = false;
+};
+
+// The PPD of the arguments, with its texts in the person's language; null when there is none, and
+// then the console says why.
+PpdHandle localisedPpd(const Arguments& arguments, const Console& console) {
+  if (!arguments.file && !arguments.queue) return nullptr;
+  OpenedPpd opened =
+      arguments.file ? openPpdFile(*arguments.file) : openQueuePpd(arguments.queue.value_or(""));
+  if (opened.ppd == nullptr) {
+    console.err << "kelmctl: " << opened.problem << '\n';
+    return nullptr;
+  }
+  job::r_ppdLocalize(opened.ppd.get());
+  return std::move(opened.ppd);
+}
+
+int explainJob(const Arguments& arguments, const Console& console) {
+  const PpdHandle ppd = localisedPpd(arguments, console);
+  if (ppd == nullptr) return kExitFailed;
+  const explain::Request request{ppd.get(), explain::parsedOptions(arguments.options),
+                                 std::atoi(arguments.copies.c_str()), arguments.title};
+  const explain::Explanation explanation = explain::explained(request);
+  for (const explain::Remark& remark : explanation.remarks) {
+    console.err << "kelmctl: " << remarkText(remark) << '\n';
+  }
+  if (arguments.json) {
+    printExplanationJson(console.out, explanation);
+  } else {
+    const bool changedOnly = arguments.changed || (console.outIsTerminal && !arguments.all);
+    printExplanation(console.out, explanation, changedOnly);
+  }
+  return explanation.remarks.empty() ? kExitDone : kExitFailed;
+}
+
+int explainStream(const Arguments& arguments, const Console& console) {
+  const bool isStandardInput = *arguments.stream == "-";
+  const int descriptor =
+      isStandardInput ? STDIN_FILENO : open(arguments.stream->c_str(), O_RDONLY | O_CLOEXEC);
+  if (descriptor < 0) {
+    console.err << "kelmctl: the stream \"" << safeText(*arguments.stream)
+                << "\" cannot be read: " << std::strerror(errno)
+                << "; give the path of a file, or -\n";
+    return kExitFailed;
+  }
+  const PpdHandle ppd = localisedPpd(arguments, console);
+  if (ppd == nullptr && (arguments.queue || arguments.file)) return kExitFailed;
+  base::DescriptorSource source(descriptor);
+  const explain::StreamReport report = explain::readStream(source);
+  if (!isStandardInput) close(descriptor);
+  if (arguments.json) {
+    printStreamJson(console.out, report, ppd.get());
+  } else {
+    printStream(console.out, report, ppd.get());
+  }
+  return report.findings.empty() ? kExitDone : kExitFailed;
+}
+
+std::string copiesProblem(const std::string& text) {
+  const bool isNumber = !text.empty() && text.size() <= 4 &&
+                        text.find_first_not_of("0123456789") == std::string::npos;
+  return isNumber && std::atoi(text.c_str()) > 0 ? "" : "must be a number from 1 to 9999";
+}
+
+int runExplain(const Arguments& arguments, const Console& console) {
+  job::SetupLocale();
+  return arguments.stream ? explainStream(arguments, console) : explainJob(arguments, console);
+}
+
+}  // namespace
+
+Action declareExplain(ArgumentList& list) {
+  auto arguments = std::make_shared<Arguments>();
+  const Argument file = list.add("--ppd", arguments->file, "A PPD file instead of a queue's");
+  list.add("QUEUE", arguments->queue, "The queue, as lpstat -v names it")
+      .valueName("")
+      .excludes(file.valueName("FILE"));
+  const Argument options =
+      list.add("-o", arguments->options, "An option of the job, as for lp(1); may be repeated");
+  const Argument copies = list.add("-n", arguments->copies, "The number of copies");
+  const Argument title = list.add("--title", arguments->title, "The job's title");
+  list.add("--stream", arguments->stream,
+           "What a printer was sent, from a file or standard input (-), instead of a job")
+      .valueName("FILE")
+      .excludes(options.valueName("NAME=VALUE"))
+      .excludes(copies.valueName("COPIES").check(copiesProblem))
+      .excludes(title.valueName("TITLE"));
+  const Argument all = list.addFlag("--all", arguments->all, "Every line of the header");
+  list.addFlag("--changed", arguments->changed,
+               "Only what differs from a job without options (so on a terminal)")
+      .excludes(all);
+  list.addFlag("--json", arguments->json, "One JSON object, for programs");
+  list.require("QUEUE, --ppd FILE or --stream FILE",
+               [arguments] { return arguments->queue || arguments->file || arguments->stream; });
+  return [arguments](const Console& console) { return runExplain(*arguments, console); };
+}
+
+}  // namespace kelm::ctl

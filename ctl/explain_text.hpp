@@ -1,0 +1,38 @@
+// What a job says, as people and as programs read it.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <string_view>
+
+#include "explain/explanation.hpp"
+#include "explain/stream.hpp"
+
+namespace kelm::ctl {
+
+// `text`, of any bytes, fit for a terminal: as safeText does it, and bytes that are no UTF-8 as \x
+// and two hex digits.
+std::string shownText(std::string_view text);
+
+// Where the value comes from, in words: "from your option sides=two-sided-long-edge".
+std::string sourceText(const explain::Line& line);
+
+// The remark as one sentence without a full stop.
+std::string remarkText(const explain::Remark& remark);
+
+// The remarks, then one line for each line of the header, or only for those that differ from a job
+// without options.
+void printExplanation(std::ostream& out, const explain::Explanation& explanation, bool changedOnly);
+
+// One JSON object, with every line.
+void printExplanationJson(std::ostream& out, const explain::Explanation& explanation);
+
+// The findings, then one line for each line of the stream's header, and its sections. The names are
+// the PPD's where there is one.
+void printStream(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd);
+
+// One JSON object with all that the report has.
+void printStreamJson(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd);
+
+}  // namespace kelm::ctl
