@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <ostream>
@@ -16,6 +17,7 @@
 #include "base/byte_source.hpp"
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
+#include "ctl/explain_page.hpp"
 #include "ctl/explain_text.hpp"
 #include "ctl/queue_ppd.hpp"
 #include "ctl/safe_text.hpp"
@@ -34,6 +36,7 @@ struct Arguments {
   std::vector<std::string> options;
   std::string copies = "1";
   std::string title;
+  std::optional<std::string> page;
   bool changed = false;
   bool all = false;
   bool json = false;
@@ -53,15 +56,31 @@ PpdHandle localisedPpd(const Arguments& arguments, const Console& console) {
   return std::move(opened.ppd);
 }
 
+// Writes the page that the arguments ask for; false when it cannot be written, and then the console
+// says why.
+bool wrotePage(const Arguments& arguments, const Page& page, const Console& console) {
+  if (!arguments.page) return true;
+  std::ofstream file(*arguments.page, std::ios::binary);
+  writePage(file, page);
+  if (file.flush()) return true;
+  console.err << "kelmctl: the page \"" << safeText(*arguments.page)
+              << "\" cannot be written; give the path of a file that you may write\n";
+  return false;
+}
+
 int explainJob(const Arguments& arguments, const Console& console) {
   const PpdHandle ppd = localisedPpd(arguments, console);
   if (ppd == nullptr) return kExitFailed;
   const explain::Request request{ppd.get(), explain::parsedOptions(arguments.options),
                                  std::atoi(arguments.copies.c_str()), arguments.title};
   const explain::Explanation explanation = explain::explained(request);
+  Page page{
+      arguments.title.empty() ? "What the job says" : arguments.title, {}, explanation.lines, true};
   for (const explain::Remark& remark : explanation.remarks) {
-    console.err << "kelmctl: " << remarkText(remark) << '\n';
+    page.problems.push_back(remarkText(remark));
+    console.err << "kelmctl: " << page.problems.back() << '\n';
   }
+  if (!wrotePage(arguments, page, console)) return kExitFailed;
   if (arguments.json) {
     printExplanationJson(console.out, explanation);
   } else {
@@ -86,6 +105,9 @@ int explainStream(const Arguments& arguments, const Console& console) {
   base::DescriptorSource source(descriptor);
   const explain::StreamReport report = explain::readStream(source);
   if (!isStandardInput) close(descriptor);
+  const Page page{"What the printer was sent", problemTexts(report),
+                  explain::linesOf(report, ppd.get()), false};
+  if (!wrotePage(arguments, page, console)) return kExitFailed;
   if (arguments.json) {
     printStreamJson(console.out, report, ppd.get());
   } else {
@@ -127,6 +149,7 @@ Action declareExplain(ArgumentList& list) {
   list.addFlag("--changed", arguments->changed,
                "Only what differs from a job without options (so on a terminal)")
       .excludes(all);
+  list.add("--html", arguments->page, "Write a page for a web browser, too").valueName("FILE");
   list.addFlag("--json", arguments->json, "One JSON object, for programs");
   list.require("QUEUE, --ppd FILE or --stream FILE",
                [arguments] { return arguments->queue || arguments->file || arguments->stream; });

@@ -46,6 +46,8 @@ std::string listText(const std::vector<explain::Option>& options) {
   return text;
 }
 
+}  // namespace
+
 std::string lineText(const explain::Line& line) {
   if (line.variable.empty()) return shownText(line.value);
   return "@PJL SET " + line.variable + "=" + shownText(line.value);
@@ -56,6 +58,20 @@ std::string meaningText(const explain::Line& line) {
   const std::string choice = line.label.choice.empty() ? "(empty)" : line.label.choice;
   return shownText(line.label.name + ": " + choice);
 }
+
+std::vector<std::string> problemTexts(const explain::StreamReport& report) {
+  std::vector<std::string> texts;
+  for (const explain::Finding& finding : report.findings) {
+    texts.push_back("at byte " + std::to_string(finding.offset) + ": " +
+                    shownText(finding.problem));
+  }
+  if (report.moreFindings > 0) {
+    texts.push_back("in " + std::to_string(report.moreFindings) + " more places");
+  }
+  return texts;
+}
+
+namespace {
 
 Json jsonOf(const std::vector<explain::Option>& options) {
   Json list = Json::array();
@@ -83,20 +99,6 @@ Json jsonOf(const explain::Remark& remark) {
           {"problem", remark.problem},
           {"choices", remark.choices},
           {"nearest", remark.nearest}};
-}
-
-explain::Label labelOf(const explain::StreamReport& report, const pjl::RecordedLine& line,
-                       ppd_file_t* ppd) {
-  if (line.step == nullptr) return {line.variable, line.value};
-  const explain::RowFacts row = explain::factsOf(*line.step, report.isDialogJob);
-  return explain::labelOf(explain::ppdOptionOf(ppd, row, line.variable), row, line, {});
-}
-
-void printFindings(std::ostream& out, const explain::StreamReport& report) {
-  for (const explain::Finding& finding : report.findings) {
-    out << "WRONG at byte " << finding.offset << ": " << shownText(finding.problem) << '\n';
-  }
-  if (report.moreFindings > 0) out << "... and " << report.moreFindings << " more\n";
 }
 
 }  // namespace
@@ -169,13 +171,9 @@ void printExplanationJson(std::ostream& out, const explain::Explanation& explana
 }
 
 void printStream(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd) {
-  printFindings(out, report);
-  for (const pjl::RecordedLine& line : report.header) {
-    explain::Line shown;
-    shown.variable = line.variable;
-    shown.value = line.value;
-    shown.label = labelOf(report, line, ppd);
-    out << padded(meaningText(shown), kMeaningWidth) << lineText(shown) << '\n';
+  for (const std::string& problem : problemTexts(report)) out << "WRONG " << problem << '\n';
+  for (const explain::Line& line : explain::linesOf(report, ppd)) {
+    out << padded(meaningText(line), kMeaningWidth) << lineText(line) << '\n';
   }
   for (const explain::Section& section : report.sections) {
     const std::string& value = section.value.empty() ? section.choice : section.value;
@@ -190,12 +188,11 @@ void printStreamJson(std::ostream& out, const explain::StreamReport& report, ppd
   Json object{{"size", report.size},       {"dialog", report.isDialogJob},
               {"header", Json::array()},   {"sections", Json::array()},
               {"findings", Json::array()}, {"moreFindings", report.moreFindings}};
-  for (const pjl::RecordedLine& line : report.header) {
-    const explain::Label label = labelOf(report, line, ppd);
+  for (const explain::Line& line : explain::linesOf(report, ppd)) {
     object["header"].push_back({{"variable", line.variable.empty() ? Json() : Json(line.variable)},
                                 {"value", line.value},
-                                {"name", label.name},
-                                {"meaning", label.choice}});
+                                {"name", line.label.name},
+                                {"meaning", line.label.choice}});
   }
   for (const explain::Section& section : report.sections) {
     object["sections"].push_back({{"keyword", section.keyword},

@@ -5,6 +5,7 @@
 #include <iosfwd>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "explain/explanation.hpp"
 #include "explain/stream.hpp"
@@ -15,13 +16,20 @@ namespace kelm::ctl {
 // and two hex digits.
 std::string shownText(std::string_view text);
 
+// The line of the header, and what it means; empty for a line of the frame.
+std::string lineText(const explain::Line& line);
+std::string meaningText(const explain::Line& line);
+
 // Where the value comes from, in words: "from your option sides=two-sided-long-edge".
 std::string sourceText(const explain::Line& line);
 
 // The remark as one sentence without a full stop.
 std::string remarkText(const explain::Remark& remark);
 
-// The remarks, then one line for each line of the header, or only for those that differ from a job
+// What is wrong with a stream, and where; fit for a terminal.
+std::vector<std::string> problemTexts(const explain::StreamReport& report);
+
+// One line for each line of the header, or only for those that differ from a job
 // without options.
 void printExplanation(std::ostream& out, const explain::Explanation& explanation, bool changedOnly);
 

@@ -139,16 +139,32 @@ std::string groupOf(ppd_file_t* ppd, const ppd_option_t* wanted) {
   return {};
 }
 
+// What the line says, without its source.
+Line plainLine(ppd_file_t* ppd, const RowFacts& row, const pjl::RecordedLine& line,
+               const std::vector<Option>& settled) {
+  const ppd_option_t* option = ppdOptionOf(ppd, row, line.variable);
+  Line plain;
+  plain.group = groupOf(ppd, option);
+  plain.variable = line.variable;
+  plain.value = line.value;
+  plain.label = labelOf(option, row, line, settled);
+  return plain;
+}
+
+// A line of the frame, or of a variable that is not the printer's.
+Line strangeLine(const pjl::RecordedLine& line) {
+  Line strange;
+  strange.variable = line.variable;
+  strange.value = line.value;
+  strange.label = {line.variable, line.value};
+  return strange;
+}
+
 Line explainedLine(const Request& request, const Outcome& outcome, const std::vector<Trial>& trials,
                    const Place& place, const pjl::RecordedLine& line, bool changed) {
-  Line explained;
-  explained.variable = line.variable;
-  explained.value = line.value;
-  if (line.step == nullptr) return explained;
+  if (line.step == nullptr) return strangeLine(line);
   const RowFacts row = factsOf(*line.step, request.isDialogJob());
-  const ppd_option_t* option = ppdOptionOf(request.ppd, row, line.variable);
-  explained.group = groupOf(request.ppd, option);
-  explained.label = labelOf(option, row, line, outcome.options);
+  Line explained = plainLine(request.ppd, row, line, outcome.options);
   explained.changed = changed;
   explained.causes = causesOf(trials, place, line, row, changed);
   explained.became = becameOf(row, explained.causes, outcome.options);
@@ -193,6 +209,16 @@ Explanation explained(const Request& request) {
   });
   explanation.remarks = remarksOn(request);
   return explanation;
+}
+
+std::vector<Line> linesOf(const StreamReport& report, ppd_file_t* ppd) {
+  std::vector<Line> lines;
+  for (const pjl::RecordedLine& line : report.header) {
+    lines.push_back(line.step == nullptr
+                        ? strangeLine(line)
+                        : plainLine(ppd, factsOf(*line.step, report.isDialogJob), line, {}));
+  }
+  return lines;
 }
 
 }  // namespace kelm::explain

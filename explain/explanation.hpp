@@ -9,6 +9,7 @@
 #include "explain/labels.hpp"
 #include "explain/remarks.hpp"
 #include "explain/request.hpp"
+#include "explain/stream.hpp"
 
 namespace kelm::explain {
 
@@ -44,5 +45,9 @@ struct Explanation {
 
 // The PPD's texts should be localised before (ppdLocalize).
 Explanation explained(const Request& request);
+
+// The header of a stream as lines that say nothing of sources; without a PPD they have the
+// variables' own names.
+std::vector<Line> linesOf(const StreamReport& report, ppd_file_t* ppd);
 
 }  // namespace kelm::explain

@@ -27,6 +27,22 @@ _kelmctl_ppd() {
   fi
 }
 
+_kelmctl_explain() {
+  case $2 in
+    -o | -n | --title) return ;;
+    --ppd | --stream | --html)
+      compopt -o filenames 2>/dev/null
+      mapfile -t COMPREPLY < <(compgen -f -- "$1")
+      return
+      ;;
+  esac
+  if [[ $1 == -* ]]; then
+    _kelmctl_words '--ppd -o -n --title --stream --all --changed --html --json --help' "$1"
+  else
+    _kelmctl_words "$(lpstat -e 2>/dev/null)" "$1"
+  fi
+}
+
 _kelmctl_address() {
   if [[ $1 == -* ]]; then _kelmctl_words '--json --help' "$1"; fi
 }
@@ -79,7 +95,7 @@ _kelmctl() {
   local current=${COMP_WORDS[COMP_CWORD]} previous=${COMP_WORDS[COMP_CWORD - 1]}
   COMPREPLY=()
   if ((COMP_CWORD == 1)); then
-    _kelmctl_words 'settings ppd printer sync refresh address wake --help --version' "$current"
+    _kelmctl_words 'settings ppd printer sync refresh explain address wake --help --version' "$current"
   elif declare -F "_kelmctl_${COMP_WORDS[1]}" >/dev/null; then
     "_kelmctl_${COMP_WORDS[1]}" "$current" "$previous"
   fi

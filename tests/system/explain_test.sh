@@ -1,0 +1,71 @@
+#!/bin/sh
+# kelmctl explain says where each line of a header comes from, in the person's language, and what a
+# printer was sent.
+# SPDX-License-Identifier: Apache-2.0
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+
+PPD=$SOURCE/tests/ppds/explain.ppd
+
+# explain STATUS ARGUMENT... : the result in $W/out, the messages in $W/err
+explain() {
+  wanted=$1
+  shift
+  status=0
+  timeout 20 "$BUILD/kelmctl" explain "$@" >"$W/out" 2>"$W/err" || status=$?
+  expect "status of explain $*" "$wanted" "$status"
+}
+
+# A queue's own PPD, in English and German. The example's options are right.
+cups_setup
+cups_start
+cups_queue office file:/dev/null "$PPD"
+export LANG=C.UTF-8
+explain 0 office -o QVStapleMode=OneStaple --changed
+grep -q '^Staple: One, top left  *@PJL SET QVSTAPLEMODE=1STAPLE  *from QVStapleMode=OneStaple$' "$W/out" ||
+  fail "no line about the staple: $(cat "$W/out")"
+LANG=de_DE.UTF-8 explain 0 office -o QVStapleMode=OneStaple --changed
+grep -q '^Heften: Eine, oben links ' "$W/out" || fail "not in German: $(cat "$W/out")"
+explain 0 office --json
+expect "lines that have changed" 0 "$(grep -c '"changed": true' "$W/out")"
+explain 1 office -o QVStaplMode=OneStaple -o 'QVJobComment="Custom.a:b"'
+grep -qF 'kelmctl: QVStaplMode=OneStaple is no option of this printer; did you mean QVStapleMode?' \
+  "$W/err" || fail "the unknown option is not named: $(cat "$W/err")"
+grep -qF 'kelmctl: QVJobComment=Custom.a:b has the character ":", which the printer does not take' \
+  "$W/err" || fail "the character is not named: $(cat "$W/err")"
+
+# What the filter writes for the same options is what explain says.
+PPD=$PPD "$BUILD/kelmfilter" 1 miller report 1 'QVDuplex=LongEdge media=A3' </dev/null >"$W/header.prn"
+explain 0 office --title report -o QVDuplex=LongEdge -o media=A3 --json
+sed -n -e 's/^ *"variable": "\(.*\)",$/\1/p' "$W/out" >"$W/variables"
+sed -n -e 's/^@PJL SET \([^=]*\)=.*/\1/p' "$W/header.prn" >"$W/sent"
+diff "$W/sent" "$W/variables" || fail "explain and the filter name other variables"
+
+# A stream that is right, on standard input and from a file, and one that disagrees.
+{
+  cat "$W/header.prn"
+  printf '%%!PS-Adobe-3.0\n%%%%BeginFeature: *QVDuplex LongEdge\n'
+  printf '(LongEdge) userdict exch /QVDuplex exch put\n%%%%EndFeature\nshowpage\n'
+} >"$W/good.prn"
+explain 0 --stream "$W/good.prn"
+explain 0 --stream - <"$W/good.prn"
+sed 's/(LongEdge) userdict/(OFF) userdict/' "$W/good.prn" >"$W/bad.prn"
+explain 1 --stream "$W/bad.prn"
+grep -qF 'the PostScript says QVDuplex is "OFF", and the header says DUPLEX=ON' "$W/out" ||
+  fail "the disagreement is not shown: $(cat "$W/out")"
+printf '\033]0;title\007' >"$W/odd.prn"
+explain 1 --stream "$W/odd.prn"
+expect "control characters on the terminal" 0 "$(LC_ALL=C grep -c "$(printf '\033')" "$W/out" || true)"
+explain 1 --stream "$W/none.prn"
+explain 2 --stream "$W/good.prn" -n 2
+
+# A long stream takes no more memory than a short one.
+cp "$W/good.prn" "$W/long.prn"
+truncate -s 1G "$W/long.prn"
+(
+  ulimit -v 500000
+  timeout 30 "$BUILD/kelmctl" explain --stream "$W/long.prn" --json >"$W/long.json"
+) || fail "no report on a stream of 1 GB in half as much memory"
+expect_line "$W/long.json" '  "size": 1073741824,'

@@ -1,0 +1,104 @@
+// kelmctl explain, from its command line to its result.
+// SPDX-License-Identifier: Apache-2.0
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <nlohmann/json.hpp>
+#include <sstream>
+
+#include "ctl/explain_page.hpp"
+#include "ctl/explain_text.hpp"
+#include "platform/fake/fake_platform.hpp"
+#include "tests/unit/ctl/command_runner.hpp"
+
+namespace kelm::ctl {
+namespace {
+
+using testing::HasSubstr;
+using testing::Not;
+
+constexpr char kPpd[] = KELM_PPDS_DIR "/explain.ppd";
+
+class ExplainCommand : public testing::Test {
+  platform::FakePlatform platform_;
+};
+
+TEST_F(ExplainCommand, ShowsMeaningLineAndSource) {
+  const Outcome outcome = runKelmctl({"explain", "--ppd", kPpd, "-o", "QVStapleMode=OneStaple"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_THAT(outcome.out, HasSubstr("Staple: One, top left                       "
+                                     "@PJL SET QVSTAPLEMODE=1STAPLE     from "
+                                     "QVStapleMode=OneStaple\n"));
+  EXPECT_THAT(outcome.out, HasSubstr("@PJL ENTER LANGUAGE=POSTSCRIPT"));
+}
+
+TEST_F(ExplainCommand, ShowsOnlyWhatHasChanged) {
+  const Outcome outcome =
+      runKelmctl({"explain", "--ppd", kPpd, "--changed", "-o", "QVStapleMode=OneStaple"});
+  EXPECT_THAT(outcome.out, Not(HasSubstr("@PJL SET QVJOG")));
+  EXPECT_EQ(std::count(outcome.out.begin(), outcome.out.end(), '\n'), 2);
+}
+
+TEST_F(ExplainCommand, TakesSeveralOptionsBeforeTheQueue) {
+  const Outcome outcome = runKelmctl({"explain", "-o", "QVStapleMode=OneStaple", "-o",
+                                      "QVDuplex=LongEdge", "--ppd", kPpd, "--json"});
+  EXPECT_EQ(outcome.status, 0);
+  const auto object = nlohmann::json::parse(outcome.out);
+  int changed = 0;
+  for (const auto& line : object["lines"]) changed += line["changed"] == true ? 1 : 0;
+  EXPECT_EQ(changed, 3);  // QVSTAPLEMODE, DUPLEX, BINDING
+}
+
+TEST_F(ExplainCommand, FailsForAWrongOption) {
+  const Outcome outcome = runKelmctl({"explain", "--ppd", kPpd, "-o", "QVStapleMode=OneStable"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            "kelmctl: QVStapleMode=OneStable is not a choice of this option; did you mean "
+            "OneStaple? The choices are OFF OneStaple TwoStaple\n");
+  EXPECT_THAT(outcome.out, HasSubstr("EMPTY: the printer has no such choice"));
+}
+
+TEST_F(ExplainCommand, RefusesArgumentsThatMakeNoSense) {
+  EXPECT_EQ(runKelmctl({"explain"}).status, 2);
+  EXPECT_EQ(runKelmctl({"explain", "--ppd", kPpd, "-n", "0"}).status, 2);
+  EXPECT_EQ(runKelmctl({"explain", "--ppd", kPpd, "--all", "--changed"}).status, 2);
+  EXPECT_EQ(runKelmctl({"explain", "--stream", "x", "-o", "a=b"}).status, 2);
+}
+
+TEST_F(ExplainCommand, FailsForAStreamThatCannotBeRead) {
+  const Outcome outcome = runKelmctl({"explain", "--stream", "/nonexistent/stream"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.err, HasSubstr("/nonexistent/stream"));
+}
+
+TEST_F(ExplainCommand, FailsForAPageThatCannotBeWritten) {
+  EXPECT_EQ(runKelmctl({"explain", "--ppd", kPpd, "--html", "/nonexistent/page"}).status, 1);
+}
+
+TEST(ExplainPage, IsWholeAndQuotesWhatItShows) {
+  explain::Line line;
+  line.group = "Finishing";
+  line.variable = "QVJOBCOMMENT";
+  line.value = "3C";
+  line.label = {"Job comment", "<script>&\"\x1B"};
+  line.changed = true;
+  std::ostringstream out;
+  writePage(out, {"A <b> title", {"wrong & <why>"}, {line}, false});
+  EXPECT_THAT(out.str(), HasSubstr("<title>A &lt;b&gt; title</title>"));
+  EXPECT_THAT(out.str(), HasSubstr("<li>wrong &amp; &lt;why&gt;</li>"));
+  EXPECT_THAT(out.str(), HasSubstr("<h2>Finishing</h2>"));
+  EXPECT_THAT(out.str(), HasSubstr("<dt>Job comment</dt><dd class=\"changed\">"
+                                   "&lt;script&gt;&amp;&quot;\\u001B</dd>"));
+  EXPECT_THAT(out.str(), HasSubstr("@PJL SET QVJOBCOMMENT=3C\n</pre>"));
+  EXPECT_THAT(out.str(), Not(HasSubstr("http")));
+}
+
+TEST(ShownText, ShowsBytesThatAreNoUtf8) {
+  EXPECT_EQ(shownText("a\xFF\n"), "a\\xFF\\u000A");
+  EXPECT_EQ(shownText("ä"), "ä");
+}
+
+}  // namespace
+}  // namespace kelm::ctl
