@@ -70,7 +70,7 @@ std::vector<Option> parsedOptions(const std::vector<std::string>& words) {
   return listed(parsed.count, parsed.first);
 }
 
-Outcome outcomeOf(const Request& request) {
+Outcome outcomeOf(const Request& request, const pjl::HeaderStep* step) {
   CupsOptions options;
   for (const Option& option : request.options) {
     options.count =
@@ -84,7 +84,8 @@ Outcome outcomeOf(const Request& request) {
   job::completePrintJobData(job);
   job::decideCustomPaper(job);
   job::decideOutputFace(job);
-  Outcome outcome{pjl::recordHeader(job), listed(job.numOptions, job.options)};
+  Outcome outcome{step == nullptr ? pjl::recordHeader(job) : pjl::recordStep(job, *step),
+                  listed(job.numOptions, job.options)};
   options.count = job.numOptions;
   options.first = job.options;
   return outcome;

@@ -41,8 +41,8 @@ struct Outcome {
 };
 
 // Takes the request through the stages of the filter up to the header. Marks the request's choices
-// in its PPD.
-Outcome outcomeOf(const Request& request);
+// in its PPD. With a step, only the lines of that step are written.
+Outcome outcomeOf(const Request& request, const pjl::HeaderStep* step = nullptr);
 
 // Keeps what the stages ask of the operating system, and their messages from the system log, while
 // it lives: explaining a job runs the stages many times.

@@ -28,6 +28,10 @@ bool isKey(const pjl::ValueTableView& table, std::string_view text) {
       table.rows, [&](const pjl::ValueRow& row) { return row.key != nullptr && text == row.key; });
 }
 
+bool isNumber(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 // The name of the job option whose value the section has.
 std::string optionName(const Section& section) {
   return section.keyword == "PageSize" ? "media" : section.keyword;
@@ -56,6 +60,9 @@ class SectionCheck {
 
  private:
   void check(const Section& section, const pjl::RecordedLine& line);
+  // Whether the option is the first of the row's options that have a section: the others count with
+  // it.
+  bool isJudged(const std::string& option, const RowFacts& row) const;
   bool agrees(const Section& section, const RowFacts& row, const pjl::RecordedLine& line) const;
   // What the header's writers make of the sections' values, where `section` has `value`.
   bool writtenFor(const Section& section, const std::string& value, const RowFacts& row,
@@ -66,6 +73,15 @@ class SectionCheck {
   std::vector<Option> options_;  // of all sections
 };
 
+bool SectionCheck::isJudged(const std::string& option, const RowFacts& row) const {
+  const auto hasSection = [&](const std::string& name) {
+    return std::ranges::any_of(report_.sections,
+                               [&](const Section& section) { return optionName(section) == name; });
+  };
+  const auto first = std::ranges::find_if(row.options, hasSection);
+  return first != row.options.end() && *first == option;
+}
+
 bool SectionCheck::writtenFor(const Section& section, const std::string& value, const RowFacts& row,
                               const pjl::RecordedLine& line) const {
   Request request;
@@ -73,7 +89,7 @@ bool SectionCheck::writtenFor(const Section& section, const std::string& value, 
   const std::string name = optionName(section);
   std::erase_if(request.options, [&](const Option& option) { return option.name == name; });
   request.options.push_back({name, value});
-  const Outcome outcome = outcomeOf(request);
+  const Outcome outcome = outcomeOf(request, line.step);
   const Option* kept = findOption(outcome.options, name);
   const auto written = std::ranges::find_if(outcome.header, [&](const pjl::RecordedLine& other) {
     return other.step == line.step && other.variable == line.variable;
@@ -83,15 +99,16 @@ bool SectionCheck::writtenFor(const Section& section, const std::string& value, 
   return isChoiceOfVariables || written->value == line.value;
 }
 
-// Whether the line says what the section says. A section whose value is no choice of a table, such
-// as (100) for a zoom rate that is OFF, is judged by the choice of its opening comment.
+// Whether the line says what the section says. A section whose value is no choice, such as (100)
+// for a zoom rate that is OFF, is judged by the choice of its opening comment.
 bool SectionCheck::agrees(const Section& section, const RowFacts& row,
                           const pjl::RecordedLine& line) const {
   const std::string value = optionValue(section);
   if (row.isHexText || line.variable == kPin) return equalButForCase(value, line.value);
   if (writtenFor(section, value, row, line)) return true;
-  if (row.table && isKey(*row.table, value)) return false;
-  return equalButForCase(value, line.value) || writtenFor(section, section.choice, row, line);
+  if (equalButForCase(value, line.value)) return true;
+  const bool isNoChoice = row.table ? !isKey(*row.table, value) : isNumber(value);
+  return isNoChoice && writtenFor(section, section.choice, row, line);
 }
 
 void SectionCheck::check(const Section& section, const pjl::RecordedLine& line) {
@@ -100,7 +117,7 @@ void SectionCheck::check(const Section& section, const pjl::RecordedLine& line) 
   const bool isText = row.isHexText || line.variable == kPin;
   bool same = true;
   if (row.hasOption(option)) {
-    if (isText || !hasText(option)) same = agrees(section, row, line);
+    if (isJudged(option, row) && (isText || !hasText(option))) same = agrees(section, row, line);
   } else if (equalButForCase(section.keyword, line.variable)) {
     const bool comparable = !report_.isDialogJob || row.kind == ValueKind::kCopy || isText;
     same = !comparable || equalButForCase(section.value, line.value);

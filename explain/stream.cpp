@@ -121,10 +121,11 @@ void StreamReader::readHeader() {
 }
 
 void StreamReader::meetUel() {
-  reader_.require(kUel.size() + 4);
-  const bool more = reader_.window().substr(kUel.size()).starts_with("@PJL");
+  const std::size_t rest = kUel.size() - 1;  // its escape character is consumed
+  reader_.require(rest + 4);
+  const bool more = reader_.window().substr(rest).starts_with("@PJL");
   if (more) note({reader_.offset(), "another job begins here; explain it by itself"});
-  reader_.consume(kUel.size());
+  reader_.consume(rest);
 }
 
 void StreamReader::readPostScript() {

@@ -47,7 +47,6 @@ TEST(Remarks, NameNoNearestChoiceWhereNoneIsNear) {
 }
 
 TEST(Remarks, NameALongText) {
-  EXPECT_EQ(remarkOn("QVOwnerNameInfo=OFF").problem, "is no option of this printer");
   EXPECT_EQ(remarkOn("QVJobComment=Custom." + std::string(129, 'x')).problem,
             "has 129 characters, and the printer takes 1 to 128");
 }

@@ -171,6 +171,22 @@ TEST_F(Stream, ReadsTheCodeOfASectionNotItsComment) {
             "QVSTAPLEMODE=OFF\n");
 }
 
+TEST_F(Stream, NamesTheSectionThatDisagreesAndNotItsNeighbour) {
+  EXPECT_EQ(problems(of({{"QVDuplex", "LongEdge"}},
+                        "%!PS\n%%BeginFeature: *QVDuplex LongEdge\n"
+                        "(OFF) userdict exch /QVDuplex exch put\n%%EndFeature\n" +
+                            section("QVBookletBinding", "OFF"))),
+            "the PostScript says QVDuplex is \"OFF\", and the header says DUPLEX=ON\n"
+            "the PostScript says QVDuplex is \"OFF\", and the header says BINDING=LONGEDGE\n");
+}
+
+TEST_F(Stream, TakesANumberForTheWordThatItStandsFor) {
+  EXPECT_EQ(problems(of({},
+                        "%!PS\n%%BeginFeature: *QVZoomRate OFF\n"
+                        "(100) userdict exch /QVZoomRate exch put\n%%EndFeature\n")),
+            "");
+}
+
 TEST_F(Stream, ThatIsFollowedByAnotherJob) {
   EXPECT_EQ(problems(of({}, "%!PS\n\x1B%-12345X")), "");
   EXPECT_EQ(problems(of({}, "%!PS\n\x1B%-12345X@PJL\n")),
@@ -189,7 +205,10 @@ TEST_F(Stream, KeepsNoMoreThanItMust) {
 TEST_F(Stream, WithAnEndlessHeader) {
   std::string lines;
   for (int i = 0; i < 2000; ++i) lines += "@PJL SET A=1\n";
-  EXPECT_NE(problems(lines).find("the header is not followed by PostScript"), std::string::npos);
+  const StreamReport report = read(lines);
+  EXPECT_EQ(report.header.size(), 1001U);
+  EXPECT_EQ(report.size, lines.size());
+  EXPECT_GT(report.moreFindings, 800U);
 }
 
 }  // namespace
