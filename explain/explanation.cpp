@@ -114,13 +114,12 @@ bool lacksChoice(const RowFacts& row, const pjl::RecordedLine& line) {
 }
 
 // The row's own options that the stages made of other ones.
-std::vector<Option> becameOf(const RowFacts& row, const std::vector<Option>& causes,
+std::vector<Option> becameOf(const RowFacts& row, const std::vector<Option>& typed,
                              const std::vector<Option>& settled) {
   std::vector<Option> became;
   for (const std::string& name : row.options) {
     const Option* option = findOption(settled, name);
-    if (option != nullptr && !causes.empty() &&
-        std::ranges::find(causes, *option) == causes.end()) {
+    if (option != nullptr && std::ranges::find(typed, *option) == typed.end()) {
       became.push_back(*option);
     }
   }
@@ -167,7 +166,7 @@ Line explainedLine(const Request& request, const Outcome& outcome, const std::ve
   Line explained = plainLine(request.ppd, row, line, outcome.options);
   explained.changed = changed;
   explained.causes = causesOf(trials, place, line, row, changed);
-  explained.became = becameOf(row, explained.causes, outcome.options);
+  if (!explained.causes.empty()) explained.became = becameOf(row, request.options, outcome.options);
   explained.origin = explained.causes.empty() ? originWithoutCause(row, outcome.options)
                      : lacksChoice(row, line) ? Origin::kNoSuchChoice
                                               : Origin::kJob;
