@@ -19,8 +19,10 @@
 #include "ctl/exit_status.hpp"
 #include "ctl/explain_page.hpp"
 #include "ctl/explain_text.hpp"
-#include "ctl/queue_ppd.hpp"
-#include "ctl/safe_text.hpp"
+#include "ctl/message.hpp"
+#include "ctl/opened_ppd.hpp"
+#include "ctl/print_server.hpp"
+#include "ctl/server_options.hpp"
 #include "explain/explanation.hpp"
 #include "explain/stream.hpp"
 #include "job/ppd_calls.hpp"
@@ -33,6 +35,7 @@ struct Arguments {
   std::optional<std::string> queue;
   std::optional<std::string> file;
   std::optional<std::string> stream;
+  ServerOptions server;
   std::vector<std::string> options;
   std::string copies = "1";
   std::string title;
@@ -42,14 +45,19 @@ struct Arguments {
   bool json = false;
 };
 
+OpenedPpd openPpd(const Arguments& arguments, const Console& console) {
+  if (arguments.file) return openPpdFile(*arguments.file);
+  PrintServer server(serversOf(arguments.server).front(), console);
+  return server.openPpd(arguments.queue.value_or(""));
+}
+
 // The PPD of the arguments, with its texts in the person's language; null when there is none, and
 // then the console says why.
 PpdHandle localisedPpd(const Arguments& arguments, const Console& console) {
   if (!arguments.file && !arguments.queue) return nullptr;
-  OpenedPpd opened =
-      arguments.file ? openPpdFile(*arguments.file) : openQueuePpd(arguments.queue.value_or(""));
+  OpenedPpd opened = openPpd(arguments, console);
   if (opened.ppd == nullptr) {
-    console.err << "kelmctl: " << opened.problem << '\n';
+    complain(console, opened.problem);
     return nullptr;
   }
   job::r_ppdLocalize(opened.ppd.get());
@@ -63,8 +71,8 @@ bool wrotePage(const Arguments& arguments, const Page& page, const Console& cons
   std::ofstream file(*arguments.page, std::ios::binary);
   writePage(file, page);
   if (file.flush()) return true;
-  console.err << "kelmctl: the page \"" << safeText(*arguments.page)
-              << "\" cannot be written; give the path of a file that you may write\n";
+  complain(console, "the page \"" + *arguments.page +
+                        "\" cannot be written; give the path of a file that you may write");
   return false;
 }
 
@@ -95,10 +103,8 @@ int explainStream(const Arguments& arguments, const Console& console) {
   const int descriptor =
       isStandardInput ? STDIN_FILENO : open(arguments.stream->c_str(), O_RDONLY | O_CLOEXEC);
   if (descriptor < 0) {
-    console.err << "kelmctl: the stream \"" << safeText(*arguments.stream)
-                << "\" cannot be read: " << std::strerror(errno)
-                << "; give the path of a file, or -\n";
-    return kExitFailed;
+    return fail(console, "the stream \"" + *arguments.stream + "\" cannot be read: " +
+                             std::strerror(errno) + "; give the path of a file, or -");
   }
   const PpdHandle ppd = localisedPpd(arguments, console);
   if (ppd == nullptr && (arguments.queue || arguments.file)) return kExitFailed;
@@ -151,6 +157,7 @@ Action declareExplain(ArgumentList& list) {
       .excludes(all);
   list.add("--html", arguments->page, "Write a page for a web browser, too").valueName("FILE");
   list.addFlag("--json", arguments->json, "One JSON object, for programs");
+  declareServer(list, arguments->server);
   list.require("QUEUE, --ppd FILE or --stream FILE",
                [arguments] { return arguments->queue || arguments->file || arguments->stream; });
   return [arguments](const Console& console) { return runExplain(*arguments, console); };

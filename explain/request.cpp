@@ -8,6 +8,7 @@
 
 #include "job/job_setup.hpp"
 #include "platform/platform.hpp"
+#include "stdoptions/standard_options.hpp"
 
 namespace kelm::explain {
 namespace {
@@ -82,6 +83,7 @@ Outcome outcomeOf(const Request& request, const pjl::HeaderStep* step) {
   job.numOptions = options.count;
   job.options = options.first;
   job::completePrintJobData(job);
+  stdoptions::settleOptions(job, request.copies);
   job::decideCustomPaper(job);
   job::decideOutputFace(job);
   Outcome outcome{step == nullptr ? pjl::recordHeader(job) : pjl::recordStep(job, *step),

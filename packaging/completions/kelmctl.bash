@@ -29,7 +29,7 @@ _kelmctl_ppd() {
 
 _kelmctl_explain() {
   case $2 in
-    -o | -n | --title) return ;;
+    -o | -n | --title | -h | -U) return ;;
     --ppd | --stream | --html)
       compopt -o filenames 2>/dev/null
       mapfile -t COMPREPLY < <(compgen -f -- "$1")
@@ -37,7 +37,7 @@ _kelmctl_explain() {
       ;;
   esac
   if [[ $1 == -* ]]; then
-    _kelmctl_words '--ppd -o -n --title --stream --all --changed --html --json --help' "$1"
+    _kelmctl_words '--ppd -o -n --title --stream --all --changed --html --json -h -U --help' "$1"
   else
     _kelmctl_words "$(lpstat -e 2>/dev/null)" "$1"
   fi
