@@ -113,15 +113,25 @@ bool lacksChoice(const RowFacts& row, const pjl::RecordedLine& line) {
   return chosen && !row.isHexText && line.variable != "PASSWORD" && line.value.empty();
 }
 
+// The job, and all that is asked of the stages about it.
+struct Job {
+  const Request& request;
+  Outcome base;  // without options
+  Outcome outcome;
+  std::vector<Trial> trials;
+};
+
+bool contains(const std::vector<Option>& options, const Option& option) {
+  return std::ranges::find(options, option) != options.end();
+}
+
 // The row's own options that the stages made of other ones.
-std::vector<Option> becameOf(const RowFacts& row, const std::vector<Option>& typed,
-                             const std::vector<Option>& settled) {
+std::vector<Option> becameOf(const RowFacts& row, const Job& job) {
   std::vector<Option> became;
   for (const std::string& name : row.options) {
-    const Option* option = findOption(settled, name);
-    if (option != nullptr && std::ranges::find(typed, *option) == typed.end()) {
-      became.push_back(*option);
-    }
+    const Option* option = findOption(job.outcome.options, name);
+    if (option == nullptr || contains(job.base.options, *option)) continue;
+    if (!contains(job.request.options, *option)) became.push_back(*option);
   }
   return became;
 }
@@ -159,15 +169,16 @@ Line strangeLine(const pjl::RecordedLine& line) {
   return strange;
 }
 
-Line explainedLine(const Request& request, const Outcome& outcome, const std::vector<Trial>& trials,
-                   const Place& place, const pjl::RecordedLine& line, bool changed) {
+Line explainedLine(const Job& job, const Place& place, const pjl::RecordedLine& line,
+                   bool changed) {
   if (line.step == nullptr) return strangeLine(line);
-  const RowFacts row = factsOf(*line.step, request.isDialogJob());
-  Line explained = plainLine(request.ppd, row, line, outcome.options);
+  const std::vector<Option>& settled = job.outcome.options;
+  const RowFacts row = factsOf(*line.step, job.request.isDialogJob());
+  Line explained = plainLine(job.request.ppd, row, line, settled);
   explained.changed = changed;
-  explained.causes = causesOf(trials, place, line, row, changed);
-  if (!explained.causes.empty()) explained.became = becameOf(row, request.options, outcome.options);
-  explained.origin = explained.causes.empty() ? originWithoutCause(row, outcome.options)
+  explained.causes = causesOf(job.trials, place, line, row, changed);
+  if (!explained.causes.empty()) explained.became = becameOf(row, job);
+  explained.origin = explained.causes.empty() ? originWithoutCause(row, settled)
                      : lacksChoice(row, line) ? Origin::kNoSuchChoice
                                               : Origin::kJob;
   return explained;
@@ -198,13 +209,13 @@ const char* wordFor(Origin origin) {
 Explanation explained(const Request& request) {
   const QuietPlatform quiet;
   const auto none = [](const Option&) { return false; };
-  const Values base = valuesOf(outcomeOf(reduced(request, 1, none)).header);
-  const std::vector<Trial> trials = trialsOf(request);
-  const Outcome outcome = outcomeOf(request);
+  Job job{request, outcomeOf(reduced(request, 1, none)), {}, trialsOf(request)};
+  job.outcome = outcomeOf(request);  // the last one: its marks stay in the PPD
+  const Values base = valuesOf(job.base.header);
   Explanation explanation;
-  forEachLine(outcome.header, [&](const Place& place, const pjl::RecordedLine& line) {
+  forEachLine(job.outcome.header, [&](const Place& place, const pjl::RecordedLine& line) {
     const bool changed = line.step != nullptr && !holds(base, place, line);
-    explanation.lines.push_back(explainedLine(request, outcome, trials, place, line, changed));
+    explanation.lines.push_back(explainedLine(job, place, line, changed));
   });
   explanation.remarks = remarksOn(request);
   return explanation;
