@@ -41,7 +41,7 @@ INSTANTIATE_TEST_SUITE_P(Jobs, Recorder,
 
 TEST(RecordedLines, NameTheRow) {
   platform::FakePlatform platform;
-  TestJob job({{"QVStapleMode", "OneStaple"}});
+  TestJob job(TestJob::Options{{"QVStapleMode", "OneStaple"}});
   int found = 0;
   for (const RecordedLine& line : recordHeader(*job)) {
     if (line.variable != "QVSTAPLEMODE") continue;
@@ -55,7 +55,7 @@ TEST(RecordedLines, NameTheRow) {
 
 TEST(RecordedLines, SeparateTheTwoLinesOfOneRow) {
   platform::FakePlatform platform;
-  TestJob job({{"QVGCRed", "1\n2"}, {"QVGCGray", "3"}});
+  TestJob job(TestJob::Options{{"QVGCRed", "1\n2"}, {"QVGCGray", "3"}});
   std::vector<std::string> values;
   for (const RecordedLine& line : recordHeader(*job)) {
     if (line.variable == "QVGCRED" || line.variable == "QVGCGRAY") values.push_back(line.value);
