@@ -114,10 +114,11 @@ std::optional<TextRange> PrefixIndex::find(std::u16string_view prefix) const {
   const auto beginning = [&](const auto& item) {
     return std::u16string_view(item.first.text).substr(0, prefix.size());
   };
-  const auto found = std::ranges::equal_range(sorted_, prefix, {}, beginning);
-  if (found.empty()) return std::nullopt;
-  const auto first = static_cast<std::size_t>(found.begin() - sorted_.begin());
-  const std::size_t count = found.size();
+  const auto begin = std::ranges::lower_bound(sorted_, prefix, {}, beginning);
+  const auto end = std::ranges::upper_bound(sorted_, prefix, {}, beginning);
+  if (begin == end) return std::nullopt;
+  const auto first = static_cast<std::size_t>(begin - sorted_.begin());
+  const auto count = static_cast<std::size_t>(end - begin);
   const auto level = static_cast<std::size_t>(std::bit_width(count) - 1);
   const std::size_t last = first + count - (std::size_t{1} << level);
   return sorted_[better(best_[level][first], best_[level][last])].first.range;
