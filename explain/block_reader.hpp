@@ -14,7 +14,7 @@ namespace kelm::explain {
 
 class BlockReader {
  public:
-  static constexpr std::size_t kBlockSize = 256 * 1024;
+  static constexpr std::size_t kBlockSize = std::size_t{256} * 1024;
 
   explicit BlockReader(base::ByteSource& source) : source_(source), block_(kBlockSize) {}
 

@@ -4,11 +4,11 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "base/number_text.hpp"
 #include "job/paper.hpp"
 #include "job/ppd_calls.hpp"
 
@@ -29,7 +29,7 @@ bool agree(const Points& one, const Points& other) {
 }
 
 double pointsOfHundredths(const char* hundredths) {
-  return std::atof(hundredths) / 100.0 * kPointsPerMillimetre;
+  return base::leadingReal(hundredths) / 100.0 * kPointsPerMillimetre;
 }
 
 // Takes a whole number off the front of `text`.

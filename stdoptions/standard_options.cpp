@@ -2,12 +2,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "stdoptions/standard_options.hpp"
 
-#include <cstdlib>
+#include <strings.h>
+
 #include <cstring>
 #include <string>
 
-#include <strings.h>
-
+#include "base/number_text.hpp"
 #include "job/ppd_calls.hpp"
 #include "stdoptions/own_options.hpp"
 #include "stdoptions/page_size.hpp"
@@ -34,7 +34,7 @@ bool asksForSets(const job::PrintJobData& job) {
 
 int mostCopies(const job::PrintJobData& job) {
   const ppd_attr_t* limit = job::r_ppdFindAttr(job.ppd, "cupsMaxCopies", nullptr);
-  if (limit != nullptr && limit->value != nullptr) return std::atoi(limit->value);
+  if (limit != nullptr && limit->value != nullptr) return base::leadingInteger(limit->value);
   return job.ppd->manual_copies != 0 ? 1 : kMostCopies;
 }
 
