@@ -136,7 +136,7 @@ std::string textProblem(const Request& request, const Option& option, const job:
   }
   if (field.rule == job::kSecretNumSet) return "may have digits only";
   if (field.rule == job::kProfileSet) {
-    return "may have ASCII letters, digits, \"_\", \"-\", \".\", tabs and spaces only";
+    return R"(may have ASCII letters, digits, "_", "-", ".", tabs and spaces only)";
   }
   for (std::string_view set = field.forbidden; !set.empty();) {
     const std::string_view character = base::firstCharacter(set);
@@ -210,8 +210,8 @@ std::optional<Remark> remarkOnPaper(const Request& request) {
   if (request.ppd == nullptr || media == nullptr || page == nullptr) return std::nullopt;
   const ppd_size_t* one = ppdPageSize(request.ppd, media->value.c_str());
   if (one == nullptr) return std::nullopt;
-  const double width = static_cast<double>(one->width);
-  const double length = static_cast<double>(one->length);
+  const auto width = static_cast<double>(one->width);
+  const auto length = static_cast<double>(one->length);
   const ppd_size_t* other = ppdPageSize(request.ppd, page->value.c_str());
   if (other == nullptr) return std::nullopt;
   const bool agree = std::abs(width - static_cast<double>(other->width)) <= kPaperTolerance &&

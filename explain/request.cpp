@@ -26,6 +26,7 @@ class CupsOptions {
 
 std::vector<Option> listed(int count, const cups_option_t* options) {
   std::vector<Option> list;
+  list.reserve(static_cast<std::size_t>(count));
   for (int i = 0; i < count; ++i) {
     list.push_back({options[i].name, options[i].value == nullptr ? "" : options[i].value});
   }
