@@ -119,8 +119,9 @@ std::optional<TextRange> PrefixIndex::find(std::u16string_view prefix) const {
   if (begin == end) return std::nullopt;
   const auto first = static_cast<std::size_t>(begin - sorted_.begin());
   const auto count = static_cast<std::size_t>(end - begin);
-  const auto level = static_cast<std::size_t>(std::bit_width(count) - 1);
-  const std::size_t last = first + count - (std::size_t{1} << level);
+  const std::size_t span = std::bit_floor(count);
+  const auto level = static_cast<std::size_t>(std::countr_zero(span));
+  const std::size_t last = first + count - span;
   return sorted_[better(best_[level][first], best_[level][last])].first.range;
 }
 
