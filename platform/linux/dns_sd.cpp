@@ -11,13 +11,14 @@
 #include <cstring>
 #include <utility>
 
-#include "platform/linux/bounded_call.hpp"
-#include "platform/linux/linux_network.hpp"
+#include "platform/linux/linux_platform.hpp"
+#include "platform/posix/bounded_call.hpp"
 
 namespace kelm::platform::linux_platform {
 namespace {
 
 using Clock = std::chrono::steady_clock;
+using posix_platform::resultBefore;
 
 constexpr std::chrono::milliseconds kShutdownGrace{300};
 

@@ -9,8 +9,8 @@
 #include <chrono>
 #include <vector>
 
-#include "platform/linux/bounded_call.hpp"
-#include "platform/linux/linux_network.hpp"
+#include "platform/linux/linux_platform.hpp"
+#include "platform/posix/bounded_call.hpp"
 
 namespace kelm::platform::linux_platform {
 namespace {
@@ -46,8 +46,8 @@ std::optional<Ipv4Address> lookUp(const std::string& host) {
 }  // namespace
 
 std::optional<Ipv4Address> LinuxNameLookup::firstIpv4(const std::string& host) {
-  return resultBefore(std::chrono::steady_clock::now() + kLookupLimit,
-                      [host] { return lookUp(host); })
+  return posix_platform::resultBefore(std::chrono::steady_clock::now() + kLookupLimit,
+                                      [host] { return lookUp(host); })
       .value_or(std::nullopt);
 }
 

@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <ctime>
 
-#include "platform/linux/linux_network.hpp"
+#include "platform/linux/linux_platform.hpp"
 
 namespace kelm::platform::linux_platform {
 

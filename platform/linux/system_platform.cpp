@@ -2,25 +2,25 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/system_platform.hpp"
 
-#include "platform/linux/linux_network.hpp"
 #include "platform/linux/linux_platform.hpp"
+#include "platform/posix/posix_platform.hpp"
 
 namespace kelm::platform {
 
 const Platform& systemPlatform() {
-  static linux_platform::LinuxJobLanguage jobLanguage;
-  static linux_platform::LinuxWallClock wallClock;
-  static linux_platform::LinuxFileRoot fileRoot;
-  static linux_platform::LinuxSystemLog systemLog;
+  static posix_platform::PosixJobLanguage jobLanguage;
+  static posix_platform::PosixWallClock wallClock;
+  static posix_platform::PosixFileRoot fileRoot;
+  static posix_platform::PosixSystemLog systemLog;
   static linux_platform::LinuxComputerName computerName;
   static linux_platform::LinuxConsoleUser consoleUser;
-  static linux_platform::LinuxPreferredLanguages preferredLanguages;
-  static linux_platform::LinuxHomeFolder homeFolder;
+  static posix_platform::PosixPreferredLanguages preferredLanguages;
+  static posix_platform::PosixHomeFolder homeFolder;
   static linux_platform::LinuxSteadyClock steadyClock;
-  static linux_platform::LinuxTermination termination;
+  static posix_platform::PosixTermination termination;
   static linux_platform::LinuxNameLookup nameLookup;
   static linux_platform::LinuxDnsSd dnsSd;
-  static linux_platform::LinuxDestinations destinations;
+  static posix_platform::PosixDestinations destinations;
   static linux_platform::LinuxWakeUpBus wakeUpBus;
   static const Platform set{
       .jobLanguage = &jobLanguage,

@@ -14,8 +14,8 @@
 #include <thread>
 #include <utility>
 
-#include "platform/linux/bounded_call.hpp"
-#include "platform/linux/linux_network.hpp"
+#include "platform/linux/linux_platform.hpp"
+#include "platform/posix/bounded_call.hpp"
 #include "platform/wake_up_names.hpp"
 
 namespace kelm::platform::linux_platform {
@@ -26,6 +26,8 @@ constexpr std::chrono::seconds kBusAnswerLimit{5};
 constexpr std::chrono::milliseconds kForEver{-1};
 
 using Clock = std::chrono::steady_clock;
+using posix_platform::readyBefore;
+using posix_platform::threadWithoutSignals;
 
 struct Release {
   void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }

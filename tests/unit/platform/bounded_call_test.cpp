@@ -1,6 +1,6 @@
 // Calls that may never come back.
 // SPDX-License-Identifier: Apache-2.0
-#include "platform/linux/bounded_call.hpp"
+#include "platform/posix/bounded_call.hpp"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include "platform/system_platform.hpp"
 #include "tests/support/child.hpp"
 
-namespace kelm::platform::linux_platform {
+namespace kelm::platform::posix_platform {
 namespace {
 
 using Clock = std::chrono::steady_clock;
@@ -81,4 +81,4 @@ TEST(ResultBefore, LeavesSignalsToTheOtherThreads) {
 }
 
 }  // namespace
-}  // namespace kelm::platform::linux_platform
+}  // namespace kelm::platform::posix_platform

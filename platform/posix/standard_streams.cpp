@@ -1,4 +1,4 @@
-// Standard streams on Linux.
+// Standard streams.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/standard_streams.hpp"
 

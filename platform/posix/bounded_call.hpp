@@ -15,7 +15,7 @@
 
 #include "platform/platform.hpp"
 
-namespace kelm::platform::linux_platform {
+namespace kelm::platform::posix_platform {
 
 // A thread that runs `work` and handles no signals: they go to the thread whose sleep they end. Not
 // joinable when no thread can be started.
@@ -65,4 +65,4 @@ std::optional<std::invoke_result_t<Call&>> resultBefore(std::chrono::steady_cloc
   return result.get();
 }
 
-}  // namespace kelm::platform::linux_platform
+}  // namespace kelm::platform::posix_platform

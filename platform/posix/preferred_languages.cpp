@@ -1,11 +1,11 @@
-// The user's languages on Linux: the locale environment, as BCP 47 tags.
+// The user's languages: the locale environment, as BCP 47 tags.
 // SPDX-License-Identifier: Apache-2.0
 #include <cstdlib>
 #include <string_view>
 
-#include "platform/linux/linux_platform.hpp"
+#include "platform/posix/posix_platform.hpp"
 
-namespace kelm::platform::linux_platform {
+namespace kelm::platform::posix_platform {
 namespace {
 
 struct Named {
@@ -74,7 +74,7 @@ void appendPriorityList(std::vector<std::string>& tags) {
 
 }  // namespace
 
-std::vector<std::string> LinuxPreferredLanguages::tags() {
+std::vector<std::string> PosixPreferredLanguages::tags() {
   const std::string_view locale = messagesLocale();
   std::vector<std::string> tags;
   if (locale != "C" && locale != "POSIX") appendPriorityList(tags);
@@ -82,4 +82,4 @@ std::vector<std::string> LinuxPreferredLanguages::tags() {
   return tags;
 }
 
-}  // namespace kelm::platform::linux_platform
+}  // namespace kelm::platform::posix_platform

@@ -1,4 +1,4 @@
-// The system log on Linux: the socket of syslog(3), under the program's own name.
+// The system log: the socket of syslog(3), under the program's own name.
 // SPDX-License-Identifier: Apache-2.0
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -9,9 +9,9 @@
 #include <cerrno>
 #include <ctime>
 
-#include "platform/linux/linux_platform.hpp"
+#include "platform/posix/posix_platform.hpp"
 
-namespace kelm::platform::linux_platform {
+namespace kelm::platform::posix_platform {
 namespace {
 
 // Connected to the system log, without blocking; negative when there is none.
@@ -37,7 +37,7 @@ std::string timestamp() {
 
 }  // namespace
 
-void LinuxSystemLog::error(const std::string& message) {
+void PosixSystemLog::error(const std::string& message) {
   const int log = openLog();
   if (log < 0) return;
   const std::string record = "<" + std::to_string(LOG_USER | LOG_ERR) + ">" + timestamp() + " " +
@@ -46,4 +46,4 @@ void LinuxSystemLog::error(const std::string& message) {
   close(log);
 }
 
-}  // namespace kelm::platform::linux_platform
+}  // namespace kelm::platform::posix_platform

@@ -4,7 +4,7 @@
 
 #include <atomic>
 
-#include "platform/linux/linux_platform.hpp"
+#include "platform/posix/posix_platform.hpp"
 
 namespace kelm::platform {
 namespace {
@@ -16,6 +16,6 @@ static_assert(std::atomic<bool>::is_always_lock_free);
 
 void noteTermination() { noted = true; }
 
-bool linux_platform::LinuxTermination::requested() { return noted; }
+bool posix_platform::PosixTermination::requested() { return noted; }
 
 }  // namespace kelm::platform

@@ -1,11 +1,11 @@
-// The queues on Linux: libcups asks cupsd.
+// The queues: libcups asks cupsd.
 // SPDX-License-Identifier: Apache-2.0
 #include <chrono>
 
-#include "platform/linux/bounded_call.hpp"
-#include "platform/linux/linux_network.hpp"
+#include "platform/posix/bounded_call.hpp"
+#include "platform/posix/posix_platform.hpp"
 
-namespace kelm::platform::linux_platform {
+namespace kelm::platform::posix_platform {
 namespace {
 
 using List = std::span<cups_dest_t>;
@@ -23,10 +23,10 @@ List askCups() {
 
 // libcups also asks the mDNS daemon over the bus, without a limit, and either may hang. The list is
 // kept until the process ends.
-List LinuxDestinations::list() {
+List PosixDestinations::list() {
   static List kept;
   kept = resultBefore(std::chrono::steady_clock::now() + kAnswerLimit, askCups).value_or(List{});
   return kept;
 }
 
-}  // namespace kelm::platform::linux_platform
+}  // namespace kelm::platform::posix_platform
