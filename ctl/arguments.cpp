@@ -48,8 +48,9 @@ Argument ArgumentList::add(const char* name, std::vector<std::string>& values, c
 
 Argument ArgumentList::addNumber(const char* name, unsigned& value, unsigned least, unsigned most,
                                  const char* help) {
-  return Argument(
-      app_.add_option(name, value, help)->type_name("NUMBER")->check(CLI::Range(least, most)));
+  return Argument(app_.add_option(name, value, help)
+                      ->type_name("NUMBER")
+                      ->check(CLI::Range(least, most).description("")));
 }
 
 Argument ArgumentList::addShortH(std::vector<std::string>& values, bool isRepeatable,

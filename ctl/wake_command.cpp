@@ -271,12 +271,12 @@ Action declareWake(ArgumentList& list) {
   const Argument queues =
       list.add("QUEUE", arguments->queues, "The queues, as lpstat -v names them");
   queues.valueName("");
-  const auto addOption = [&](const char* name, auto& value, const char* help) {
-    list.add(name, value, help).valueName("").excludes(queues);
+  const auto addOption = [&](const char* name, const char* kind, auto& value, const char* help) {
+    list.add(name, value, help).valueName(kind).excludes(queues);
   };
-  addOption("--mac", arguments->macAddress, "MAC address, six hexadecimal parts between colons");
-  addOption("--address", arguments->address, "IP address or host name");
-  addOption("--community", arguments->community, "SNMP community (public)");
+  addOption("--mac", "MAC", arguments->macAddress, "Six hexadecimal parts between colons");
+  addOption("--address", "ADDRESS", arguments->address, "IP address or host name");
+  addOption("--community", "NAME", arguments->community, "SNMP community (public)");
   list.addFlag("--over-router", arguments->overRouter, "The printer is beyond a router")
       .excludes(queues);
   list.addNumber("--jobs", arguments->jobs, 1, kMostAtATime, "Printers to wake at a time (32)");

@@ -7,6 +7,7 @@
 . "$HERE/lib/cups.sh"
 
 COMPLETIONS=$SOURCE/packaging/completions
+PATH=$BUILD:$PATH # the completions ask kelmctl for its help
 
 # in_bash WORD... : what bash offers for the last word, in one line
 in_bash() {
@@ -39,7 +40,9 @@ expect "bash: queue after a queue" "office" "$(in_bash sync lobby of)"
 expect "bash: PPD to refresh with" "sample.ppd" "$(in_bash refresh --ppd sam)"
 expect "bash: queue to explain" "office" "$(in_bash explain of)"
 expect "bash: stream to explain" "sample.ppd" "$(in_bash explain --stream sam)"
-expect "bash: options of printer" "--community --jobs --json --help" "$(in_bash printer --)"
+expect "bash: options of printer" "--help --community --jobs --json" "$(in_bash printer --)"
+expect "bash: option that only one subcommand has" "--over-router" "$(in_bash wake --ov)"
+expect "bash: no value for a number" "" "$(in_bash sync --jobs '')"
 expect "bash: unknown subcommand" "" "$(in_bash frobnicate '')"
 
 expect "zsh: subcommand" "kelmctl settings " "$(in_zsh 'kelmctl se')"
@@ -51,4 +54,6 @@ expect "zsh: stream to explain" "kelmctl explain --stream sample.ppd " \
 expect "zsh: option" "kelmctl settings --json " "$(in_zsh 'kelmctl settings --j')"
 expect "zsh: queue to store in" "kelmctl sync lobby " "$(in_zsh 'kelmctl sync lo')"
 expect "zsh: queue to refresh" "kelmctl refresh office " "$(in_zsh 'kelmctl refresh of')"
+expect "zsh: option of kelmctl" "kelmctl --version " "$(in_zsh 'kelmctl --ver')"
+expect "zsh: queue after a queue" "kelmctl sync lobby office " "$(in_zsh 'kelmctl sync lobby of')"
 expect "zsh: file" "kelmctl settings --ppd sample.ppd " "$(in_zsh 'kelmctl settings --ppd sam')"
