@@ -2,6 +2,7 @@
 # A class over two print servers, one of which is killed in the middle and started again: every job is
 # printed, and the jobs that are printed twice are known. KELM_JOBS is the number of jobs, 40 when not given;
 # docs/scale.md has figures.
+# Time limit: 300 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

@@ -1,6 +1,7 @@
 #!/bin/sh
 # What people choose in any program reaches header and PostScript, and the two never disagree: the
 # default model on a real queue. The jobs and what the printer gets are in standard/jobs.txt.
+# Time limit: 300 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

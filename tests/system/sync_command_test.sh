@@ -1,6 +1,7 @@
 #!/bin/sh
 # From the printer to its next job: the printer's answers, kelmctl sync, the update job, the queue's PPD, kelmctl
 # settings and the next print job; and everything that can break it.
+# Time limit: 120 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

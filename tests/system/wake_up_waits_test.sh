@@ -1,6 +1,7 @@
 #!/bin/sh
 # The limits of a job's wait for a sleeping printer (docs/wake-up-bus.md), each with its server
 # stopped, and that a cancelled job ends each wait.
+# Time limit: 120 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
