@@ -105,14 +105,6 @@ Origin originWithoutCause(const RowFacts& row, const std::vector<Option>& settle
                                                               : Origin::kTableDefault;
 }
 
-// A text that must not be sent is left out on purpose; any other empty value is a choice that the
-// printer does not have.
-bool lacksChoice(const RowFacts& row, const pjl::RecordedLine& line) {
-  const bool chosen = row.kind == ValueKind::kTable || row.kind == ValueKind::kOrientation ||
-                      row.kind == ValueKind::kOwn;
-  return chosen && !row.isHexText && line.variable != "PASSWORD" && line.value.empty();
-}
-
 // The job, and all that is asked of the stages about it.
 struct Job {
   const Request& request;
@@ -178,8 +170,9 @@ Line explainedLine(const Job& job, const Place& place, const pjl::RecordedLine& 
   explained.changed = changed;
   explained.causes = causesOf(job.trials, place, line, row, changed);
   if (!explained.causes.empty()) explained.became = becameOf(row, job);
+  const bool lacks = lacksChoice(row, line.variable, line.value);
   explained.origin = explained.causes.empty() ? originWithoutCause(row, settled)
-                     : lacksChoice(row, line) ? Origin::kNoSuchChoice
+                     : lacks                  ? Origin::kNoSuchChoice
                                               : Origin::kJob;
   return explained;
 }

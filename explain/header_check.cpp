@@ -87,10 +87,11 @@ void HeaderCheck::takeVariable(std::uint64_t offset, pjl::RecordedLine& line) {
   if (seen(line.variable)) note_({offset, line.variable + " is there twice"});
   checkOrder(offset, line.variable, known->place);
   const RowFacts row = factsOf(*known->step, true);
-  if (!row.table || isValueOf(*row.table, line.value)) return;
-  note_({offset, line.value.empty()
-                     ? line.variable + " is empty: the job's choice is none of the printer's"
-                     : line.variable + " cannot be \"" + line.value + "\""});
+  if (lacksChoice(row, line.variable, line.value)) {
+    note_({offset, line.variable + " is empty: the job's choice is none of the printer's"});
+  } else if (row.table && !isValueOf(*row.table, line.value)) {
+    note_({offset, line.variable + " cannot be \"" + line.value + "\""});
+  }
 }
 
 void HeaderCheck::checkOrder(std::uint64_t offset, const std::string& variable, std::size_t place) {

@@ -88,6 +88,12 @@ bool RowFacts::hasOption(std::string_view name) const {
   return std::find(options.begin(), options.end(), name) != options.end();
 }
 
+bool lacksChoice(const RowFacts& row, std::string_view variable, std::string_view value) {
+  const bool chosen = row.kind == ValueKind::kTable || row.kind == ValueKind::kOrientation ||
+                      row.kind == ValueKind::kOwn;
+  return chosen && !row.isHexText && variable != "PASSWORD" && value.empty();
+}
+
 RowFacts factsOf(const pjl::HeaderStep& step, bool isDialogJob) {
   return std::visit([&](const auto* row) { return facts(*row, isDialogJob); }, step);
 }

@@ -27,6 +27,10 @@ struct RowFacts {
   bool hasOption(std::string_view name) const;
 };
 
+// Whether a line of the row is empty because the job's choice is none of the printer's. A text that
+// must not be sent is left out on purpose.
+bool lacksChoice(const RowFacts& row, std::string_view variable, std::string_view value);
+
 RowFacts factsOf(const pjl::HeaderStep& step, bool isDialogJob);
 
 }  // namespace kelm::explain

@@ -8,6 +8,9 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -18,6 +21,10 @@ namespace kelm::explain {
 namespace {
 
 constexpr char kPin[] = "PASSWORD";
+constexpr double kPointsPerInch = 72.0;
+constexpr double kHundredthsPerInch = 2540.0;
+// The header has whole millimetres, and CUPS gives the sizes of custom pages in whole points.
+constexpr double kSizeTolerance = 100.0;
 
 bool equalButForCase(const std::string& one, const std::string& other) {
   return strcasecmp(one.c_str(), other.c_str()) == 0;
@@ -41,6 +48,19 @@ std::string optionValue(const Section& section) {
   return section.keyword == "PageSize" ? section.choice : section.value;
 }
 
+// The page's size that a line is about, in 1/100 mm; nothing for another line, and where the
+// section has no size.
+std::optional<double> pageSizeFor(const Section& section, std::string_view variable) {
+  if (section.width <= 0 || section.height <= 0) return std::nullopt;
+  if (variable.ends_with("PAPERSIZEWIDTH") || variable == "QVPAGESIZEWIDTH") {
+    return section.width / kPointsPerInch * kHundredthsPerInch;
+  }
+  if (variable.ends_with("PAPERSIZEHEIGHT") || variable == "QVPAGESIZEHEIGHT") {
+    return section.height / kPointsPerInch * kHundredthsPerInch;
+  }
+  return std::nullopt;
+}
+
 // A custom text comes with its switch: the section of the text says nothing about the switch.
 bool hasText(const std::string& option) {
   bool text = false;
@@ -50,6 +70,10 @@ bool hasText(const std::string& option) {
                     (row.isHexText || row.variables.front() == kPin));
   });
   return text;
+}
+
+bool isText(const RowFacts& row, const pjl::RecordedLine& line) {
+  return row.isHexText || line.variable == kPin;
 }
 
 class SectionCheck {
@@ -64,6 +88,11 @@ class SectionCheck {
   // it.
   bool isJudged(const std::string& option, const RowFacts& row) const;
   bool agrees(const Section& section, const RowFacts& row, const pjl::RecordedLine& line) const;
+  bool textAgrees(const Section& section, const RowFacts& row, const pjl::RecordedLine& line) const;
+  // Whether a line about the page's or the paper's size, `size` in 1/100 mm, agrees with it.
+  bool sizeAgrees(double size, const pjl::RecordedLine& line) const;
+  bool isOfCustomPage(const Section& section, const pjl::RecordedLine& line) const;
+  bool printsOnPagePaper() const;
   // What the header's writers make of the sections' values, where `section` has `value`.
   bool writtenFor(const Section& section, const std::string& value, const RowFacts& row,
                   const pjl::RecordedLine& line) const;
@@ -100,26 +129,60 @@ bool SectionCheck::writtenFor(const Section& section, const std::string& value, 
 }
 
 // Whether the line says what the section says. A section whose value is no choice, such as (100)
-// for a zoom rate that is OFF, is judged by the choice of its opening comment.
+// for a zoom rate that is OFF, is judged by the choice of its opening comment. The maker's dialog
+// has numbers of its own for choices, and nothing for a switch that is off.
 bool SectionCheck::agrees(const Section& section, const RowFacts& row,
                           const pjl::RecordedLine& line) const {
   const std::string value = optionValue(section);
-  if (row.isHexText || line.variable == kPin) return equalButForCase(value, line.value);
   if (writtenFor(section, value, row, line)) return true;
   if (equalButForCase(value, line.value)) return true;
+  if (value.empty() && line.value == "OFF") return true;
+  if (report_.isDialogJob && row.table && isNumber(value)) return true;
   const bool isNoChoice = row.table ? !isKey(*row.table, value) : isNumber(value);
   return isNoChoice && writtenFor(section, section.choice, row, line);
+}
+
+// A text that comes from the computer is in the header alone.
+bool SectionCheck::textAgrees(const Section& section, const RowFacts& row,
+                              const pjl::RecordedLine& line) const {
+  const bool isComputers = row.fallback == pjl::Fallback::kComputer && section.value.empty();
+  return isComputers || equalButForCase(section.value, line.value);
+}
+
+bool SectionCheck::printsOnPagePaper() const {
+  return std::ranges::any_of(report_.header, [](const pjl::RecordedLine& line) {
+    return line.variable == "PAPER" && line.value == "AUTO";
+  });
+}
+
+bool SectionCheck::isOfCustomPage(const Section& section, const pjl::RecordedLine& line) const {
+  if (section.width > 0) return line.variable == "QVPAGESIZE" && line.value == "CUSTOMSIZE";
+  const bool isTarget = section.keyword == "QVTargetPaperSize" && line.variable != "PAPER";
+  return isTarget && printsOnPagePaper() &&
+         std::ranges::any_of(report_.sections, [](const Section& one) { return one.width > 0; });
+}
+
+bool SectionCheck::sizeAgrees(double size, const pjl::RecordedLine& line) const {
+  if (line.variable.starts_with("QVTARGET") && !printsOnPagePaper()) return true;
+  if (line.value.empty()) return true;  // the header's check names it
+  return std::abs(size - std::strtod(line.value.c_str(), nullptr)) <= kSizeTolerance;
 }
 
 void SectionCheck::check(const Section& section, const pjl::RecordedLine& line) {
   const RowFacts row = factsOf(*line.step, report_.isDialogJob);
   const std::string option = optionName(section);
-  const bool isText = row.isHexText || line.variable == kPin;
   bool same = true;
-  if (row.hasOption(option)) {
-    if (isJudged(option, row) && (isText || !hasText(option))) same = agrees(section, row, line);
+  if (const auto size = pageSizeFor(section, line.variable)) {
+    same = sizeAgrees(*size, line);
+  } else if (isOfCustomPage(section, line)) {
+    same = true;  // its size counts, whatever its name
+  } else if (isText(row, line)) {
+    // The sections of texts have the plain rows' names in every job.
+    if (factsOf(*line.step, false).hasOption(option)) same = textAgrees(section, row, line);
+  } else if (row.hasOption(option)) {
+    if (isJudged(option, row) && !hasText(option)) same = agrees(section, row, line);
   } else if (equalButForCase(section.keyword, line.variable)) {
-    const bool comparable = !report_.isDialogJob || row.kind == ValueKind::kCopy || isText;
+    const bool comparable = !report_.isDialogJob || row.kind == ValueKind::kCopy;
     same = !comparable || equalButForCase(section.value, line.value);
   }
   if (same) return;

@@ -3,6 +3,8 @@
 #include "explain/stream.hpp"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cstring>
 #include <optional>
 #include <string_view>
@@ -25,6 +27,10 @@ constexpr std::string_view kUel = "\x1B%-12345X";
 constexpr std::string_view kEnter = "@PJL ENTER LANGUAGE=POSTSCRIPT";
 constexpr std::string_view kBegin = "%%BeginFeature:";
 constexpr std::string_view kEnd = "%%EndFeature";
+// How CUPS asks for copies.
+constexpr std::string_view kCopiesComment = "%RBINumCopies: ";
+constexpr std::string_view kCopiesSection = "%RBIBeginNonPPDFeature: *NumCopies ";
+constexpr std::size_t kLongestNumber = 16;
 
 std::string_view firstWord(std::string_view& text) {
   const std::size_t begin = std::min(text.find_first_not_of(" \t"), text.size());
@@ -60,15 +66,50 @@ struct Entry {
   std::string value;
 };
 
-// "(VALUE) userdict exch /KEYWORD exch put"
-std::optional<Entry> entryOf(std::string_view line) {
+std::optional<double> numberOf(std::string_view text) {
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
+  return number;
+}
+
+// "(VALUE) userdict exch /KEYWORD exch put"; a custom number is in the line before, and this one
+// makes a string of it.
+std::optional<Entry> entryOf(std::string_view line, std::string_view lineBefore) {
   auto value = takeString(line);
+  constexpr std::string_view kToString = "20 string cvs ";
+  if (!value && line.starts_with(kToString) && numberOf(lineBefore)) {
+    value = std::string(lineBefore);
+    line.remove_prefix(kToString.size());
+  }
   if (!value || firstWord(line) != "userdict" || firstWord(line) != "exch") return std::nullopt;
   const std::string_view name = firstWord(line);
   if (!name.starts_with('/') || firstWord(line) != "exch" || firstWord(line) != "put") {
     return std::nullopt;
   }
   return Entry{std::string(name.substr(1)), std::move(*value)};
+}
+
+// "<</PageSize [WIDTH HEIGHT] ..."
+void readPageSize(std::string_view line, Section& section) {
+  constexpr std::string_view kSize = "/PageSize [";
+  const std::size_t begin = line.find(kSize);
+  if (begin == std::string_view::npos) return;
+  std::string_view numbers = line.substr(begin + kSize.size());
+  numbers = numbers.substr(0, numbers.find(']'));
+  const auto width = numberOf(firstWord(numbers));
+  const auto height = numberOf(firstWord(numbers));
+  if (!width || !height) return;
+  section.width = *width;
+  section.height = *height;
+}
+
+// A custom page size has its width and its height in its first two lines.
+void makeCustomPage(const std::array<std::string, 2>& lines, Section& section) {
+  section.keyword = "PageSize";
+  section.choice = "Custom." + lines[0] + "x" + lines[1];
+  section.width = numberOf(lines[0]).value_or(0);
+  section.height = numberOf(lines[1]).value_or(0);
 }
 
 class StreamReader {
@@ -95,9 +136,11 @@ class StreamReader {
   void readSection(std::uint64_t offset);
   void keep(Section section);
   void meetUel();
+  void meetCopies();
 
   BlockReader reader_;
   StreamReport report_;
+  bool asksForCopies_ = false;
 };
 
 void StreamReader::readHeader() {
@@ -128,6 +171,28 @@ void StreamReader::meetUel() {
   reader_.consume(rest);
 }
 
+// Copies that the PostScript asks for would be made of each copy that the header asks for.
+void StreamReader::meetCopies() {
+  reader_.require(kCopiesSection.size() + kLongestNumber);
+  std::string_view text = reader_.window();
+  if (text.starts_with(kCopiesComment)) {
+    text.remove_prefix(kCopiesComment.size());
+  } else if (text.starts_with(kCopiesSection)) {
+    text.remove_prefix(kCopiesSection.size());
+  } else {
+    return;
+  }
+  const std::string number(text.substr(0, text.find_first_not_of("0123456789")));
+  const auto copies = numberOf(std::string_view(number).substr(0, kLongestNumber));
+  if (!copies || *copies <= 1 || asksForCopies_) return;
+  asksForCopies_ = true;
+  for (const pjl::RecordedLine& line : report_.header) {
+    if (line.variable != "QTY" && line.variable != "COPIES") continue;
+    note({reader_.offset(), "the PostScript asks for " + number + " copies, and the header says " +
+                                line.variable + "=" + line.value});
+  }
+}
+
 void StreamReader::readPostScript() {
   reader_.require(2);
   if (!reader_.window().starts_with("%!")) {
@@ -149,6 +214,7 @@ void StreamReader::readPostScript() {
     } else if (afterEscape && text.starts_with(kUel.substr(1))) {
       meetUel();
     } else {
+      meetCopies();
       reader_.consume(1);
     }
     afterEscape = false;
@@ -162,17 +228,24 @@ void StreamReader::readSection(std::uint64_t offset) {
   if (section.keyword.starts_with('*')) section.keyword.erase(0, 1);
   const std::string keyword = section.keyword;
   bool found = false;
+  std::array<std::string, 2> first;
+  std::string before;
   for (std::size_t i = 0; i < kMostSectionLines; ++i) {
     const auto line = reader_.line();
     if (!line || line->starts_with(kEnd)) break;
-    auto entry = entryOf(line->substr(0, kMostShown));
+    const std::string_view text = line->substr(0, kMostShown);
+    if (i < first.size()) first[i] = text.substr(0, kLongestNumber);
+    if (keyword == "PageSize") readPageSize(text, section);
+    auto entry = entryOf(text, before);
+    before = text.substr(0, kLongestNumber);
     if (!entry) continue;
     found = true;
     section.keyword = std::move(entry->keyword);
     section.value = std::move(entry->value);
     keep(section);
   }
-  if (!found && keyword == "PageSize") keep(std::move(section));
+  if (keyword == "CustomPageSize") makeCustomPage(first, section);
+  if (!found && section.keyword == "PageSize") keep(std::move(section));
 }
 
 // A section of the printer, or the page size.

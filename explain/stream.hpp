@@ -20,6 +20,8 @@ struct Section {
   std::string choice;    // of the opening comment
   std::string value;     // that the printer's dictionary gets; empty where the section has none
   std::uint64_t offset;  // in bytes, of the first one
+  double width = 0;      // of the page, in points; 0 where the section sets none
+  double height = 0;
 };
 
 struct Finding {

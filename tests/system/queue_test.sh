@@ -78,6 +78,25 @@ while [ $job -le "$jobs" ]; do
 done
 expect "headers and sections that are wrong" 0 "$wrong"
 
+# What header and PostScript say never disagrees: kelmctl finds nothing else wrong with the streams
+# than jobs.txt says.
+job=1
+while [ $job -le "$jobs" ]; do
+  file=$W/jobs/$job
+  { printf '\033%%-12345X@PJL\n' && tr -d '\004' <"$file.printed"; } >"$file.prn"
+  status=0
+  "$BUILD/kelmctl" explain --stream "$file.prn" >"$file.explained" 2>&1 || status=$?
+  sed -n 's/^WRONG at byte [0-9]*: /WRONG /p' "$file.explained" >"$file.findings_printed"
+  [ -s "$file.findings" ] && wanted=1 || wanted=0
+  if ! diff "$file.findings" "$file.findings_printed" >"$file.difference" || [ $status != $wanted ]; then
+    wrong=$((wrong + 1))
+    echo "job $job, $(cat "$file.name"): explain has status $status (<: expected, >: found)" >&2
+    cat "$file.difference" >&2
+  fi
+  job=$((job + 1))
+done
+expect "streams that kelmctl explain judges wrongly" 0 "$wrong"
+
 # job_named WHAT : the number of the job
 job_named() {
   found=$(grep -lxF "$1" "$W"/jobs/*.name) || fail "no job '$1'"

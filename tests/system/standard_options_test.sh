@@ -24,7 +24,7 @@ printf '%%!PS-Adobe-3.0\n%%%%Pages: 2\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\
 gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=pdfwrite "-sOutputFile=$W/document.pdf" "$W/document.ps"
 seq 1 100 >"$W/document.txt"
 
-python3 "$HERE/lib/standard_jobs.py" "$HERE/standard/jobs.txt" "$W" kelm || fail "a job went wrong"
+python3 "$HERE/lib/standard_jobs.py" "$HERE/standard/jobs.txt" "$W" kelm "$BUILD/kelmctl" || fail "a job went wrong"
 
 # What the queue tells clients that it can do.
 cat >"$W/attributes.test" <<'END'

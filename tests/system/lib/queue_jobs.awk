@@ -4,7 +4,8 @@
 #
 # For each job N it writes the files N.name (what it is), N.env, N.arguments (one argument of lp per
 # line), N.header (the header) and N.sections (one feature section per line: the opening comment
-# without "%%BeginFeature: ", then the section's lines, each after a "|").
+# without "%%BeginFeature: ", then the section's lines, each after a "|"), and N.findings (what kelmctl
+# explain finds wrong).
 # SPDX-License-Identifier: Apache-2.0
 BEGIN {
   load("plain")
@@ -119,6 +120,7 @@ function read_jobs(file,    line) {
     if (line ~ /^job /) new_job(jobs + 1, substr(line, 5))
     else if (line ~ /^base /) base_of[jobs] = substr(line, 6)
     else if (line ~ /^env /) env[jobs] = substr(line, 5)
+    else if (line ~ /^WRONG /) findings[jobs] = findings[jobs] line "\n"
     else if (line ~ /^-/) {
       argument(jobs, substr(line, 1, 2))
       argument(jobs, substr(line, 4))
@@ -163,9 +165,10 @@ function write(job,    base, i, file) {
   file = to "/" job
   print names[job] > (file ".name")
   print env[job] > (file ".env")
+  printf "%s", findings[job] > (file ".findings")
   for (i = 1; i <= headers[base]; ++i) print out[i] > (file ".header")
   for (i = 1; i <= sections[base]; ++i) print out_section[i] > (file ".sections")
   for (i = 1; i <= arguments_of[job]; ++i) print arguments[job, i] > (file ".arguments")
   close(file ".name"); close(file ".env"); close(file ".header"); close(file ".sections")
-  close(file ".arguments")
+  close(file ".arguments"); close(file ".findings")
 }

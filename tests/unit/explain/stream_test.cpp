@@ -45,6 +45,11 @@ class Stream : public testing::Test {
            keyword + " exch put\n%%EndFeature\n";
   }
 
+  static std::string page(const std::string& choice, const std::string& size) {
+    return "%%BeginFeature: *PageSize " + choice + "\n<</PageSize [" + size +
+           "] /ImagingBBox null>> setpagedevice\n%%EndFeature\n";
+  }
+
  private:
   platform::FakePlatform platform_;
 };
@@ -185,6 +190,85 @@ TEST_F(Stream, TakesANumberForTheWordThatItStandsFor) {
                         "%!PS\n%%BeginFeature: *QVZoomRate OFF\n"
                         "(100) userdict exch /QVZoomRate exch put\n%%EndFeature\n")),
             "");
+}
+
+TEST_F(Stream, TakesACustomNumberFromTheLineBefore) {
+  const std::string shifted =
+      "%!PS\n%%BeginFeature: *CustomQVImageShiftFrontV True\n-150\n"
+      "20 string cvs userdict exch /QVImageShiftFrontV exch put\n%%EndFeature\n";
+  EXPECT_EQ(problems(of({{"QVImageShiftFrontV", "-150"}}, shifted)), "");
+  EXPECT_EQ(problems(of({}, shifted)),
+            "the PostScript says QVImageShiftFrontV is \"-150\", and the header says "
+            "QVIMAGESHIFTFRONTV=0\n");
+}
+
+TEST_F(Stream, JudgesAPageByItsSize) {
+  // A known paper may have been asked for by its size.
+  EXPECT_EQ(problems(of({{"media", "Custom.595x842"}}, "%!PS\n" + page("A4", "595.28 841.89"))),
+            "");
+  EXPECT_EQ(problems(of({{"media", "A3"}}, "%!PS\n" + page("A4", "841.89 1190.55"))),
+            "the PostScript says PageSize is \"A4\", and the header says QVPAGESIZE=A3\n");
+  EXPECT_EQ(problems(of({}, "%!PS\n" + page("A4", "595.28 858"))),
+            "the PostScript says PageSize is \"A4\", and the header says QVPAGESIZEHEIGHT=29700\n"
+            "the PostScript says PageSize is \"A4\", and the header says "
+            "QVTARGETPAPERSIZEHEIGHT=29700\n");
+}
+
+TEST_F(Stream, ReadsTheSizeOfACustomPage) {
+  const std::string custom =
+      "%!PS\n%%BeginFeature: *CustomPageSize True\n499\n699\n0\n0\n1\n"
+      "pop pop pop <</PageSize [5 -2 roll] /ImagingBBox null>> setpagedevice\n%%EndFeature\n" +
+      section("QVTargetPaperSize", "SameAsOriginal");
+  EXPECT_EQ(problems(of({{"media", "Custom.500x700"}}, custom)), "");
+  EXPECT_EQ(problems(of({{"media", "Custom.500x705"}}, custom)),
+            "the PostScript says PageSize is \"Custom.499x699\", and the header says "
+            "QVPAGESIZEHEIGHT=24900\n"
+            "the PostScript says PageSize is \"Custom.499x699\", and the header says "
+            "QVTARGETPAPERSIZEHEIGHT=24900\n");
+}
+
+TEST_F(Stream, PrintsOnAnotherPaper) {
+  EXPECT_EQ(problems(of({{"QVTargetPaperSize", "A3"}}, "%!PS\n" + page("A4", "595.28 841.89") +
+                                                           section("QVTargetPaperSize", "A3"))),
+            "");
+}
+
+TEST_F(Stream, AsksForCopiesTwice) {
+  const TestJob::Options options = {{"com.apple.print.PrintSettings.PMCopies..n.", "3"}};
+  const std::string problem = "the PostScript asks for 3 copies, and the header says QTY=3\n";
+  EXPECT_EQ(problems(of(options, "%!PS\n%RBINumCopies: 1\n")), "");
+  EXPECT_EQ(problems(of(options, "%!PS\n%RBINumCopies: 3\n")), problem);
+  EXPECT_EQ(problems(of(options,
+                        "%!PS\n%%BeginSetup\n%RBIBeginNonPPDFeature: *NumCopies 3\n"
+                        "<</NumCopies 3>>setpagedevice\n%RBIEndNonPPDFeature\n")),
+            problem);
+}
+
+TEST_F(Stream, OfTheMakersDialog) {
+  // Its sections have nothing for a switch that is off, and numbers for choices.
+  const TestJob::Options options = {{"PrintPDE", "1"},
+                                    {"QVDateSpecify", "Custom"},
+                                    {"QVJobName", "ON"},
+                                    {"QVJobNameTextValueUTF8", "4A6F62"},
+                                    {"QVOwnerName", "OFF"},
+                                    {"QVSecretNum", "ON"},
+                                    {"QVSecretNumTextValue", "0815"}};
+  const std::string sections = section("QVDateSpecify", "21") + section("QVJobName", "On") +
+                               section("QVOwnerName", "") + section("QVOwnerNameInfo", "") +
+                               section("QVSecretNum", "On");
+  const std::string header = replaced(of(options), "JOBNAME=\n", "JOBNAME=4A6F62\n");
+  EXPECT_EQ(problems(header + sections + section("QVJobNameInfo", "4A6F62") +
+                     section("QVSecretNumInfo", "0815")),
+            "");
+  EXPECT_EQ(problems(header + sections + section("QVJobNameInfo", "4A") +
+                     section("QVSecretNumInfo", "0816")),
+            "the PostScript says QVJobNameInfo is \"4A\", and the header says JOBNAME=4A6F62\n"
+            "the PostScript says QVSecretNumInfo is \"0816\", and the header says PASSWORD=0815\n");
+}
+
+TEST_F(Stream, WithAPaperThatThePrinterDoesNotHave) {
+  EXPECT_EQ(problems(replaced(of({}), "QVPAGESIZE=A4", "QVPAGESIZE=")),
+            "QVPAGESIZE is empty: the job's choice is none of the printer's\n");
 }
 
 TEST_F(Stream, ThatIsFollowedByAnotherJob) {
