@@ -7,7 +7,8 @@
 namespace kelm::base {
 
 // The leading decimal number of `text` as atoi reads it: optional white space and sign, 0 without
-// digits. A number out of range of long becomes its limit; the result is cut to 32 bits.
+// digits. A number beyond the range of long becomes the nearest limit of that range; the result is
+// cut to 32 bits.
 std::int32_t leadingInteger(const char* text);
 
 // The leading number of `text` as strtod reads it in the C locale; 0 when there is none.

@@ -1,8 +1,8 @@
 // What would be sent for a job: each line of its header, what it means and where its value comes
 // from.
 //
-// The stages themselves say where a value comes from: an option is the cause of a line when the
-// line is another one without the option.
+// The filter's own stages show where a value comes from: an option is the cause of a line when the
+// line would be different without the option.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/explanation.hpp"
 
@@ -43,8 +43,8 @@ bool holds(const Values& values, const Place& place, const pjl::RecordedLine& li
          found->second == std::pair<std::string, std::string>(line.variable, line.value);
 }
 
-// The same job with only the options that `keep` accepts. What makes it a job of the maker's dialog
-// stays: it decides about the rows, not about values.
+// The same job with only the options that `keep` accepts. The option that marks a job of the
+// maker's dialog is kept: it decides which rows are used.
 template <class Keep>
 Request reduced(const Request& request, int copies, Keep keep) {
   Request other = request;
@@ -54,7 +54,7 @@ Request reduced(const Request& request, int copies, Keep keep) {
   return other;
 }
 
-// One thing that was asked for, and the headers of the job without it and with nothing else.
+// One option of the request, and the headers of the job without it and with it alone.
 struct Trial {
   Option option;
   Values without;
@@ -80,8 +80,9 @@ std::vector<Trial> trialsOf(const Request& request) {
   return trials;
 }
 
-// Whatever the line needs; where options ask for the same, each that gives it by itself; where the
-// job asks for what is the default anyway, the row's own options.
+// The options without which the line would be different. If several options ask for the same value:
+// each of them that is enough alone. If the job asks for the default: the options that the row
+// reads.
 std::vector<Option> causesOf(const std::vector<Trial>& trials, const Place& place,
                              const pjl::RecordedLine& line, const RowFacts& row, bool changed) {
   std::vector<Option> needed;
@@ -105,7 +106,7 @@ Origin originWithoutCause(const RowFacts& row, const std::vector<Option>& settle
                                                               : Origin::kTableDefault;
 }
 
-// The job, and all that is asked of the stages about it.
+// The job, and what the stages make of it and of its variants.
 struct Job {
   const Request& request;
   Outcome base;  // without options
@@ -117,7 +118,7 @@ bool contains(const std::vector<Option>& options, const Option& option) {
   return std::ranges::find(options, option) != options.end();
 }
 
-// The row's own options that the stages made of other ones.
+// The row's options that the stages derived from other options.
 std::vector<Option> becameOf(const RowFacts& row, const Job& job) {
   std::vector<Option> became;
   for (const std::string& name : row.options) {
@@ -152,7 +153,7 @@ Line plainLine(ppd_file_t* ppd, const RowFacts& row, const pjl::RecordedLine& li
   return plain;
 }
 
-// A line of the frame, or of a variable that is not the printer's.
+// A line of the frame, or of a variable that the printer does not have.
 Line strangeLine(const pjl::RecordedLine& line) {
   Line strange;
   strange.variable = line.variable;

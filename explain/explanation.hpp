@@ -23,7 +23,7 @@ enum class Origin {
   kJobTitle,
 };
 
-// The word for programs.
+// The name of the origin in JSON output.
 const char* wordFor(Origin origin);
 
 struct Line {
@@ -46,8 +46,7 @@ struct Explanation {
 // The PPD's texts should be localised before (ppdLocalize).
 Explanation explained(const Request& request);
 
-// The header of a stream as lines that say nothing of sources; without a PPD they have the
-// variables' own names.
+// The header of a stream as lines without sources. Without a PPD their names are the variables'.
 std::vector<Line> linesOf(const StreamReport& report, ppd_file_t* ppd);
 
 }  // namespace kelm::explain

@@ -1,4 +1,4 @@
-// Names and choices in the person's language, from the PPD's own texts.
+// Names and choices in the user's language, from the PPD's own texts.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/labels.hpp"
 
@@ -49,7 +49,8 @@ const ppd_choice_t* choiceNamed(const ppd_option_t& option, std::string_view nam
   return nullptr;
 }
 
-// The choice that the header was written from: the job's, or the one of the value in the table.
+// The choice that the header was written from: the job's, or the one that has the value in the
+// table.
 std::string chosen(const RowFacts& row, const pjl::RecordedLine& line,
                    const std::vector<Option>& settled) {
   for (const std::string& name : row.options) {

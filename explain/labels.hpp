@@ -1,4 +1,4 @@
-// Names and choices in the person's language, from the PPD's own texts.
+// Names and choices in the user's language, from the PPD's own texts.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -26,7 +26,7 @@ struct Label {
 Label labelOf(const ppd_option_t* option, const RowFacts& row, const pjl::RecordedLine& line,
               const std::vector<Option>& settled);
 
-// The bytes of hex text, as the header sends texts; empty when `hex` is none.
+// The bytes of hex text, as the header sends texts; empty when `hex` is not hex text.
 std::string decodedText(std::string_view hex);
 
 }  // namespace kelm::explain

@@ -179,7 +179,7 @@ std::optional<Remark> remarkOnChoice(const Request& request, const Option& optio
   return Remark{option, "is not a choice of this option", std::move(choices), std::move(nearest)};
 }
 
-// The maker's dialog brings its values under keys of its own, such as QVGutterDistanceValue100.
+// The maker's dialog sends its values in options of its own, such as QVGutterDistanceValue100.
 bool isDialogOption(const std::string& name) {
   return rowOf(name, true) || (name.starts_with("QV") && name.find("Value") != std::string::npos);
 }
@@ -203,7 +203,7 @@ std::optional<Remark> remarkOn(const Request& request, const Option& option) {
   return remarkOnChoice(request, option, *known);
 }
 
-// The paper is chosen twice, differently: by CUPS' own option and by the PPD's.
+// CUPS' own option and the PPD's choose different papers.
 std::optional<Remark> remarkOnPaper(const Request& request) {
   const Option* media = findOption(request.options, "media");
   const Option* page = findOption(request.options, "PageSize");

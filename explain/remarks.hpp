@@ -12,7 +12,7 @@ namespace kelm::explain {
 struct Remark {
   Option option;                     // as typed
   std::string problem;               // one sentence without the option, such as "is not an option"
-  std::vector<std::string> choices;  // that there are, for a choice that there is not
+  std::vector<std::string> choices;  // that exist, if the option's choice does not
   std::string nearest;               // option or choice that was probably meant; empty without one
 };
 
@@ -20,7 +20,7 @@ struct Remark {
 std::vector<Remark> remarksOn(const Request& request);
 
 // The number of characters to insert, remove or replace to turn one text into the other, without
-// regard to case. Texts longer than 128 bytes are as far apart as the longer one is long.
+// regard to case. For texts longer than 128 bytes, the length of the longer one.
 std::size_t editDistance(std::string_view one, std::string_view other);
 
 }  // namespace kelm::explain

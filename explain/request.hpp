@@ -32,7 +32,7 @@ struct Request {
   bool isDialogJob() const { return findOption(options, "PrintPDE") != nullptr; }
 };
 
-// The options of words as lp(1) and the filter's command line have them.
+// The options in `words`, written as for lp(1) and on the filter's command line.
 std::vector<Option> parsedOptions(const std::vector<std::string>& words);
 
 struct Outcome {
@@ -44,8 +44,8 @@ struct Outcome {
 // in its PPD. With a step, only the lines of that step are written.
 Outcome outcomeOf(const Request& request, const pjl::HeaderStep* step = nullptr);
 
-// Keeps what the stages ask of the operating system, and their messages from the system log, while
-// it lives: explaining a job runs the stages many times.
+// While it exists, answers from the operating system are asked for only once, and the stages'
+// messages do not reach the system log: explaining a job runs the stages many times.
 class QuietPlatform {
  public:
   QuietPlatform();

@@ -27,8 +27,8 @@ struct RowFacts {
   bool hasOption(std::string_view name) const;
 };
 
-// Whether a line of the row is empty because the job's choice is none of the printer's. A text that
-// must not be sent is left out on purpose.
+// Whether a line of the row is empty because the printer does not have the job's choice. A text
+// that may not be sent is deliberately left out, which is not the same.
 bool lacksChoice(const RowFacts& row, std::string_view variable, std::string_view value);
 
 RowFacts factsOf(const pjl::HeaderStep& step, bool isDialogJob);

@@ -1,6 +1,6 @@
-// Where the feature sections of a stream say something other than its header.
+// Finds feature sections of a stream that disagree with its header.
 //
-// The header's own writers judge: what they write for a job with the sections' values is what the
+// The header's own writers decide: what they write for a job with the sections' values is what the
 // header should say.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/section_check.hpp"
@@ -61,7 +61,7 @@ std::optional<double> pageSizeFor(const Section& section, std::string_view varia
   return std::nullopt;
 }
 
-// A custom text comes with its switch: the section of the text says nothing about the switch.
+// A custom text has a switch as well: the section of the text says nothing about the switch.
 bool hasText(const std::string& option) {
   bool text = false;
   pjl::forEachStep(false, [&](const pjl::HeaderStep& step) {
@@ -84,8 +84,8 @@ class SectionCheck {
 
  private:
   void check(const Section& section, const pjl::RecordedLine& line);
-  // Whether the option is the first of the row's options that have a section: the others count with
-  // it.
+  // Whether the option is the first of the row's options that have a section: the others are judged
+  // with it.
   bool isJudged(const std::string& option, const RowFacts& row) const;
   bool agrees(const Section& section, const RowFacts& row, const pjl::RecordedLine& line) const;
   bool textAgrees(const Section& section, const RowFacts& row, const pjl::RecordedLine& line) const;
@@ -93,7 +93,7 @@ class SectionCheck {
   bool sizeAgrees(double size, const pjl::RecordedLine& line) const;
   bool isOfCustomPage(const Section& section, const pjl::RecordedLine& line) const;
   bool printsOnPagePaper() const;
-  // What the header's writers make of the sections' values, where `section` has `value`.
+  // What the header's writers write for the sections' values, with `value` for `section`.
   bool writtenFor(const Section& section, const std::string& value, const RowFacts& row,
                   const pjl::RecordedLine& line) const;
 
@@ -142,7 +142,7 @@ bool SectionCheck::agrees(const Section& section, const RowFacts& row,
   return isNoChoice && writtenFor(section, section.choice, row, line);
 }
 
-// A text that comes from the computer is in the header alone.
+// A text that comes from the computer is only in the header.
 bool SectionCheck::textAgrees(const Section& section, const RowFacts& row,
                               const pjl::RecordedLine& line) const {
   const bool isComputers = row.fallback == pjl::Fallback::kComputer && section.value.empty();

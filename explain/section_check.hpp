@@ -1,4 +1,4 @@
-// Where the feature sections of a stream say something other than its header.
+// Finds feature sections of a stream that disagree with its header.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -7,7 +7,7 @@
 
 namespace kelm::explain {
 
-// Gives `note` each disagreement.
+// Calls `note` for each disagreement.
 void checkSections(const StreamReport& report, const Note& note);
 
 }  // namespace kelm::explain

@@ -40,7 +40,7 @@ std::string_view firstWord(std::string_view& text) {
   return word;
 }
 
-// The text of a PostScript string in parentheses at the front of `text`, which it is taken from.
+// Removes a PostScript string in parentheses from the front of `text`; returns the string's text.
 std::optional<std::string> takeString(std::string_view& text) {
   if (!text.starts_with('(')) return std::nullopt;
   std::string value;
@@ -171,7 +171,8 @@ void StreamReader::meetUel() {
   reader_.consume(rest);
 }
 
-// Copies that the PostScript asks for would be made of each copy that the header asks for.
+// If the PostScript asks for copies, the printer would make them of each copy that the header asks
+// for.
 void StreamReader::meetCopies() {
   reader_.require(kCopiesSection.size() + kLongestNumber);
   std::string_view text = reader_.window();

@@ -1,8 +1,8 @@
 // What a printer stream says: its header, the feature sections of its PostScript, and what is wrong
 // with them.
 //
-// The stream may hold anything. It is read once, in constant memory: what a hostile stream has too
-// much of is counted, not kept.
+// The stream may hold anything. It is read once, in constant memory: beyond the limits, findings
+// are counted but not kept.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -63,8 +63,8 @@ const char* endOfLine(const char* line, const char* windowEnd) {
   return whole ? limit : nullptr;
 }
 
-// The length of the front of the window that passes without a look: up to the first "%" whose line
-// may concern the printer, or CUPS' copies, or is not whole in the window. `found` says whether
+// The length of the beginning of the window that is passed on unexamined: up to the first "%" whose
+// line may concern the printer or CUPS' copies, or does not end in the window. `found` says whether
 // there is such a "%".
 std::size_t plainRun(std::span<const char> window, bool copies, bool& found) {
   const char* const end = window.data() + window.size();
@@ -83,8 +83,8 @@ std::size_t plainRun(std::span<const char> window, bool copies, bool& found) {
   return window.size();
 }
 
-// Passes the input on up to the next "%" whose line must be looked at, and takes the "%"; false at
-// the end.
+// Passes the input on up to the next "%" whose line must be examined, and consumes that "%"; false
+// at the end of the input.
 bool passRuns(JobStream& stream, bool copies) {
   for (bool found = false; !stream.window().empty();) {
     stream.pass(plainRun(stream.window(), copies, found));
@@ -147,8 +147,8 @@ void rewriteFeature(JobStream& stream, LineBuffer& line, job::PrintJobData& job)
   job::LogMessage("Get C done", true);
 }
 
-// Writes the line, which opens a section where CUPS wrote another choice than the job's, and the
-// job's choice; the rest of a section of a custom text is its writer's.
+// For a section in which CUPS wrote another choice than the job's: writes its opening line with the
+// job's choice, and its code. The rest of the section of a custom text is left to its writer.
 void writeOverridden(JobStream& stream, LineBuffer& line, const job::SectionOverride& section,
                      job::PrintJobData& job) {
   writeLine(stream, line, psrewrite::nameChoice(line, section));
@@ -156,7 +156,7 @@ void writeOverridden(JobStream& stream, LineBuffer& line, const job::SectionOver
   if (!psrewrite::writeOverride(stream, next, section)) rewriteFeature(stream, line, job);
 }
 
-// Looks at one line, after its "%", and at the lines that its section brings. The "%" is taken but
+// Handles one line, after its "%", and the further lines of its section. The "%" was consumed but
 // not written.
 void copyLine(JobStream& stream, LineBuffer& line, job::PrintJobData& job) {
   job::LogMessage("After continue", true);

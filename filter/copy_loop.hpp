@@ -7,7 +7,7 @@
 
 namespace kelm::filter {
 
-// Copies the input to the output until it ends. After every "%" it looks at the rest of the line:
+// Copies the input to the output until it ends. After every "%" it examines the rest of the line:
 // the orientation comment follows the job, a face-up choice becomes face down unless the job's
 // output tray decides, and a feature section gets the job's value. All other bytes are unchanged.
 void copyPostScript(psrewrite::JobStream& stream, job::PrintJobData& job);

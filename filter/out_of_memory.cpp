@@ -1,6 +1,6 @@
 // An allocation that fails ends the filter with exit status 1 and one line for CUPS on standard
-// error. Libraries of libcups do not check all of theirs, so this replaces the C library's
-// allocators, which those of C++ use too.
+// error. The libraries that libcups uses do not check all of their allocations, so this replaces
+// the C library's allocators, which those of C++ use too.
 // SPDX-License-Identifier: Apache-2.0
 #include <unistd.h>
 
@@ -9,7 +9,7 @@
 
 #include "base/byte_source.hpp"
 
-// The C library's own, under the names that it keeps for replacements.
+// The C library's own allocators, under the names that it has for replacements.
 // NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
 extern "C" {
 void* __libc_malloc(std::size_t size);

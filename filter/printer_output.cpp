@@ -17,7 +17,7 @@ void reportFailure(int error, std::uint64_t written) {
       std::to_string(written) + " bytes");
 }
 
-// A stream that saw an error would keep the lost bytes in its buffer, so it sees none.
+// The stream is told of no error: after one it would keep the lost bytes in its buffer.
 ssize_t writeCookie(void* sink, const char* bytes, std::size_t size) {
   static_cast<base::DescriptorSink*>(sink)->write({bytes, size});
   return static_cast<ssize_t>(size);

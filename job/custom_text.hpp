@@ -1,4 +1,4 @@
-// Custom values, "Custom." and the text, as print dialogs other than the maker's send them.
+// Custom values as print dialogs other than the maker's send them: "Custom." and the text.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -14,13 +14,13 @@ namespace kelm::job {
 std::string customText(const std::string& value);
 
 // Puts the option's text into `out` when the option is present and its text is not empty and
-// shorter than `size` bytes; leaves `out` as it is otherwise.
+// shorter than `size` bytes; otherwise leaves `out` unchanged.
 void getCustomTextValue(const PrintJobData* job, const char* key, std::string& out,
                         std::size_t size);
 
 // Puts the hex text of the option's text (of defaultText when the option is absent or its text is
 // empty) into `out` when `size` is at least twice the text's length and the text is not empty;
-// leaves `out` as it is otherwise.
+// otherwise leaves `out` unchanged.
 void getCustomTextHexValue(const PrintJobData* job, const char* key, std::string& out,
                            std::size_t size, const std::string& defaultText);
 

@@ -1,4 +1,5 @@
-// The diagnostic files for support: the job's options, the PostScript as read, as written.
+// The diagnostic files for support: the job's options, the PostScript as it was read and as it was
+// written.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/diagnostics.hpp"
 
@@ -39,7 +40,7 @@ void writeWithoutZeros(int descriptor, std::string_view text) {
   }
 }
 
-// Whether this user made the file: another one may have put a file, a FIFO or a hard link in its
+// Whether this user made the file: another user may have put a file, a FIFO or a hard link in its
 // place.
 bool isOwnFile(int descriptor) {
   struct stat status {};
@@ -65,8 +66,8 @@ void appendCharacter(const char* name, int character) {
   append(name, {&text, 1}, false);
 }
 
-// What the job's printer ID, also an empty one, puts in front of the names: "ID_". Nothing without
-// a printer ID, or when its "/" would lead elsewhere.
+// The prefix of the names: the job's printer ID, which may be empty, and "_". Nothing without a
+// printer ID, or when a "/" in it would lead to another directory.
 std::string namePrefix(const PrintJobData* job) {
   std::string printerId;
   const bool usable = getOptionValue(job, "DestinationPrinterID", printerId) &&

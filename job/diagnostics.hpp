@@ -1,9 +1,10 @@
-// The diagnostic files for support: the job's options, the PostScript as read, as written.
+// The diagnostic files for support: the job's options, the PostScript as it was read and as it was
+// written.
 //
-// They are written only where the switch file exists. Every call opens its file, appends and
-// closes, so that nothing is lost when a job is killed. A file that cannot be opened, or is not a
-// regular file of this user with one name, is left out silently. Zero bytes are in no file. With
-// the switch off every call costs one test of a flag.
+// They are written only while the switch file exists. Every call opens its file, appends and closes
+// it, so that nothing is lost when a job is killed. A file is skipped silently when it cannot be
+// opened, is not a regular file of this user, or has further hard links. Zero bytes are not
+// written. With the switch off every call costs one test of a flag.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -1,4 +1,4 @@
-// Where a job's options are.
+// An index of a job's options.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/option_index.hpp"
 
@@ -7,7 +7,7 @@
 namespace kelm::job {
 namespace {
 
-// A search is as quick as the index for so few options, and most jobs have fewer.
+// With fewer options a linear search is as quick as the index; most jobs have fewer.
 constexpr std::size_t kIndexedFrom = 64;
 
 std::size_t searched(std::span<const cups_option_t> options, std::string_view name) {

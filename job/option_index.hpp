@@ -1,4 +1,4 @@
-// Where a job's options are: lookups by name whose cost does not grow with the number of options.
+// An index of a job's options: lookups by name whose cost does not grow with their number.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

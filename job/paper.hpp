@@ -87,7 +87,7 @@ std::string hundredthsText(float millimetres);
 // The size of the paper that the job is printed on, in 1/100 mm as decimal text: the dialog's
 // target paper unless it is the same as the original, else the client's mapped paper, else "media".
 // Both texts are empty for a paper that is not in the table. A paper's size is given only when each
-// text is shorter than the size passed for it less 1. Returns 0, or -1 when `job`, `width` or
+// text is shorter than the size passed for it, less 1. Returns 0, or -1 when `job`, `width` or
 // `height` is null.
 int getQVTargetPaperSize(const PrintJobData* job, std::string* width, std::size_t widthSize,
                          std::string* height, std::size_t heightSize);

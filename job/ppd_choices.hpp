@@ -10,9 +10,9 @@ namespace kelm::job {
 // long as the job's PPD.
 const char* getDefaultValue(const PrintJobData* job, const char* keyword);
 
-// The first choice of the PPD option `keyword`, in the PPD's order, whose localised label or whose
-// name equals `text`: its name. Null when there is none, no such option, or no PPD. Lives as long
-// as the job's PPD.
+// The name of the first choice of the PPD option `keyword`, in the PPD's order, whose localised
+// label or name equals `text`. Null without such a choice, option or PPD. Lives as long as the
+// job's PPD.
 const char* checkPPDKeywordWithLocalizeText(const PrintJobData* job, const char* keyword,
                                             const char* text);
 

@@ -37,7 +37,7 @@ void markPpd(const PrintJobData& job) {
   r_cupsMarkOptions(job.ppd, job.numOptions, job.options);
 }
 
-// The unchanged name that the dialog prepared when the job asks for it, else the title.
+// If the job asks for it, the name that the dialog prepared, unchanged; else the title.
 std::string jobNameFor(const PrintJobData& job) {
   std::string name;
   if (getOptionValue(&job, "QVJobName", name) && name == "ON") {
@@ -54,7 +54,7 @@ std::size_t positionOf(const PrintJobData* job, const char* name) {
 }
 
 // Replaces the value of an option that the job has. A new option goes after those that numOptions
-// counts: libcups would sort it among them and push the last one out.
+// counts: libcups would sort it among them, and the last one would no longer be counted.
 void addOption(PrintJobData& job, const char* name, const char* value) {
   const int count = cupsAddOption(name, value, job.numOptions, &job.options);
   if (count == job.numOptions) return;
@@ -113,7 +113,7 @@ const cups_option_t* findJobOption(const PrintJobData* job, const char* name) {
 }
 
 void setOption(PrintJobData& job, const char* name, const std::string& value) {
-  // cupsAddOption would keep the letters of an old name.
+  // cupsAddOption would keep the upper and lower case of an old name.
   const bool exists = cupsGetOption(name, job.numOptions, job.options) != nullptr;
   if (exists && findJobOption(&job, name) == nullptr) removeOption(job, name);
   job.numOptions = cupsAddOption(name, value.c_str(), job.numOptions, &job.options);

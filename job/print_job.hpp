@@ -31,9 +31,9 @@ struct PrintJobData {
   mutable OptionIndex optionIndex;   // of `options`, for the lookups below
   std::int32_t keepOutputFace = 0;   // 1: the job's output tray decides the face, 0: face down
 
-  // What the standard options' stage settles; as here in jobs that it leaves alone.
+  // Set by the stage of standard options; jobs that it does not change keep these values.
   bool optionsSettled = false;
-  std::int32_t copiesOfHeader = 0;  // CUPS' own request for so many copies goes; 0: it stays
+  std::int32_t copiesOfHeader = 0;  // that the header asks for, in place of CUPS; 0: none
   std::vector<SectionOverride> overrides;
 };
 
@@ -55,8 +55,8 @@ std::span<cups_option_t> jobOptions(const PrintJobData* job);
 // The first option of exactly this name, with or without a value, or null.
 const cups_option_t* findJobOption(const PrintJobData* job, const char* name);
 
-// Gives the job one option of this name, which counts from now on, or takes every option of this
-// name away. Names are compared as CUPS does, without regard to case.
+// Gives the job one option of this name, which counts from now on, or removes every option of this
+// name. Names are compared as CUPS does, without regard to case.
 void setOption(PrintJobData& job, const char* name, const std::string& value);
 void removeOption(PrintJobData& job, const char* name);
 
@@ -72,8 +72,8 @@ void SetupLocale();
 bool isApplicationMSWord(const PrintJobData* job);
 
 // For a job from "Word": states the orientation that "orientation-requested" asks for as
-// "QVOrientation" and as the dialog's preset. The number of options is not raised on purpose: an
-// option that the job did not have stays outside of what the system sees. Always true.
+// "QVOrientation" and as the dialog's preset. The number of options is deliberately not raised: an
+// option that the job did not have is stored but never looked up. Always true.
 bool UpdatePrintJobDataForMSWord(PrintJobData* job);
 
 // Writes every option as a line name=value to diagnostic file 1.

@@ -37,7 +37,7 @@ void Output_QVSOFTWARENAME(std::FILE* stream) {
   writeFrameLine(stream, "@PJL SET QVSOFTWARENAME=KELM MAC Postscript Printer Driver");
 }
 
-// Part of the wire format: the version of this package is another one.
+// Part of the wire format, not the version of this package.
 void Output_QVSOFTWAREVERSION(std::FILE* stream) {
   writeFrameLine(stream, "@PJL SET QVSOFTWAREVERSION=1.5.000");
 }

@@ -15,7 +15,7 @@ namespace detail {
 
 constexpr std::size_t kPaperCount = std::size(job::kPapers);
 
-// Not constexpr on purpose: reaching it stops the compiler with its name.
+// Deliberately not constexpr: a call stops the compiler, and its error names this function.
 void noPaperHasThisName();
 
 consteval std::size_t paperIndex(std::string_view name) {
@@ -47,7 +47,7 @@ consteval ValueTable<kPaperCount + 1> pageNameTable() {
   return table;
 }
 
-// "SameAsOriginal", the choice for an absent one, and the papers' names.
+// "SameAsOriginal", which an absent option means too, and the papers' names.
 consteval ValueTable<kPaperCount + 1> targetNameTable() {
   const auto papers = paperTable(&job::Paper::pjlName);
   ValueTable<kPaperCount + 1> table{};

@@ -28,7 +28,7 @@ struct ValueTable {
 
 namespace detail {
 
-// Not constexpr on purpose: a faulty table reaches one of them, and the compiler's error names it.
+// Deliberately not constexpr: a faulty table calls one of them, and the compiler's error names it.
 void theDefaultIsNoValueOfThisTable();
 void aKeyAppearsTwiceInThisTable();
 

@@ -10,7 +10,7 @@ class ComputerName {
  public:
   virtual ~ComputerName() = default;
 
-  // UTF-8; empty when the computer has no name or it cannot be found out.
+  // UTF-8; empty when the computer has no name or it cannot be determined.
   virtual std::string get() = 0;
 };
 

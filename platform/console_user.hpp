@@ -11,7 +11,7 @@ class ConsoleUser {
   virtual ~ConsoleUser() = default;
 
   // The login name, UTF-8, of the user of the active session on the computer's own screen; empty
-  // when there is none or it cannot be found out.
+  // when there is none or it cannot be determined.
   virtual std::string name() = 0;
 };
 

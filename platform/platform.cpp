@@ -1,4 +1,4 @@
-// What the operating system gives, as one set of small interfaces.
+// The operating system, as one set of small interfaces.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/platform.hpp"
 

@@ -10,7 +10,7 @@ class WallClock {
  public:
   virtual ~WallClock() = default;
 
-  // The current local time; all zero when it cannot be found out.
+  // The current local time; all zero when it cannot be determined.
   virtual std::tm localTime() = 0;
 };
 

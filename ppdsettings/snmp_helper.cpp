@@ -22,7 +22,8 @@ using job::r_ppdFindAttr;
 
 constexpr std::size_t kKeywordBufferSize = 128;
 
-// How the text of a switch is read: `literal` is `meaning`, every other text is the opposite.
+// How the text of a switch is read: `literal` means `meaning`, and every other text means the
+// opposite.
 struct SwitchRule {
   const char* literal;
   bool meaning;

@@ -45,7 +45,7 @@ class KelmSNMPHelper {
       ppd_file_t* ppd);                                   // true also for a value that is not UTF-8
   static bool isAdminLoginModeEnabled_(ppd_file_t* ppd);  // true unless stored
 
-  // The entries that are present and not empty, whole, by rising index.
+  // The entries that are present and not empty, each with all its parts, by rising index.
   static std::vector<std::string> getSharedBoxDetailsArray_(ppd_file_t* ppd);
   static std::vector<std::string> getSelectedSharedBoxDetailsArray_(ppd_file_t* ppd);
   static std::vector<std::string> getBarcodeAreaDefinitionDetailsArray_(ppd_file_t* ppd);

@@ -18,7 +18,7 @@ enum class Encoding {
 // Which of the update job's options of one name are passed on.
 enum class Matches { first, every };
 
-// Whether the update job shows the line to the trace hook.
+// Whether the update job passes the line to the trace hook.
 enum class Trace { no, yes };
 
 inline constexpr int kSingle = -1;   // as last index: the keyword has no index
@@ -73,7 +73,7 @@ inline std::string partKeyword(std::string_view keyword, int part) {
 
 namespace detail {
 
-// Not constexpr on purpose: the compiler stops with this name when it is reached.
+// Deliberately not constexpr: a call stops the compiler, and its error names this function.
 void noStoredFactHasThisKeyword();
 
 // libcups reads no PPD with a longer main keyword.

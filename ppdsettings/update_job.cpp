@@ -29,8 +29,8 @@ constexpr bool isHarmless(char c) {
   return c > ' ' && c < '\x7F' && c != '"' && c != '\'' && c != '\\';
 }
 
-// Whether a job can go on with this stored MAC address: one of fewer than six parts ends it. An
-// empty one means that there is none.
+// Whether later jobs can use this stored MAC address: one of fewer than six parts would end them.
+// An empty one means that there is none.
 bool isMacAddressOrNone(const char* value) {
   const std::optional<std::string> address = decodedBase64(value);
   return address && (address->empty() || base::macAddressOf(*address));
@@ -56,7 +56,7 @@ void logKeyword(const std::string& keyword, const std::string& reason) {
                                         " not updated: " + reason);
 }
 
-// One write, so that no message of another filter of the job comes in between.
+// Writes the line in one call, so that no message of another filter of the job comes in between.
 bool writeLine(const StoredFact& fact, const std::string& keyword, const std::string& value) {
   const std::string line = "PPD: " + keyword + "=" + value + "\n";
   if (line.size() >= base::kTextBufferSize) {

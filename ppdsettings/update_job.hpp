@@ -10,11 +10,11 @@ namespace kelm::ppdsettings {
 // Whether the job has the option "UpdatePPDOptions", with any value.
 bool ShouldUpdatePPD(const job::PrintJobData* job);
 
-// Each writes one line "PPD: KEYWORD=VALUE" for each of its options that it passes on, and returns
-// whether it wrote one; it writes none for a null record. It leaves out, with an entry in the
-// system log, a value that could forge other keywords or break the queue for later jobs
-// (docs/security.md). A line that does not fit into 4096 bytes ends the process by abort(), with an
-// entry in the system log and nothing of the line written.
+// Each writes a line "PPD: KEYWORD=VALUE" for each of its options that it passes on, and returns
+// whether it wrote one; for a null record it writes none. A value that could forge other keywords
+// or break the queue for later jobs is left out and named in the system log (docs/security.md). A
+// line that does not fit into 4096 bytes ends the process by abort(); nothing of it is written, and
+// the system log names it.
 bool UpdatePPDOptionsUpdatedToPPD(const job::PrintJobData* job);
 bool UpdateIsCustomSnmpCommunityToPPD(const job::PrintJobData* job);
 bool UpdateSnmpCommunityNameToPPD(const job::PrintJobData* job);

@@ -24,8 +24,8 @@ using FeatureWriter = base::CallableRef<bool(JobStream&, LineBuffer&, PrintJobDa
 bool outputFeatureByReplacingValue(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
                                    const char* key, const char* defaultText);
 
-// Writes the next line with every "XXX" replaced by `text`. A custom choice of the option `key`
-// brings one line before it, which is dropped.
+// Writes the next line with every "XXX" replaced by `text`. With a custom choice of the option
+// `key`, the section has one more line before it, which is dropped.
 bool outputCustomTextByReplacingValue(JobStream& stream, LineBuffer& buffer,
                                       const PrintJobData& job, const char* key,
                                       const std::string& text);
@@ -36,8 +36,8 @@ bool outputCustomTextFeatureByReplacingValue(JobStream& stream, LineBuffer& buff
                                              const PrintJobData& job, const char* key,
                                              const char* defaultText, bool asHex);
 
-// Writes the line in `buffer` with `value` in its parentheses; false, and the line is lost, when
-// memory is exhausted.
+// Writes the line in `buffer` with `value` in its parentheses. When memory is exhausted, the line
+// is lost and the result is false.
 bool writeWithValue(JobStream& stream, const LineBuffer& buffer, const std::string& value);
 
 // What a job without the maker's dialog does with a value line: drop it, copy it, or leave it to

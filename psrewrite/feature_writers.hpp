@@ -1,7 +1,7 @@
 // The writers of all feature sections, one row each: keyword, code, and the source of the value.
 //
-// A job from the maker's dialog brings the final value under `dialogKey`; without that option the
-// value is `dialogDefault`. Any other job runs `plain`.
+// A job from the maker's dialog has the final value in the option `dialogKey`; without that option
+// the value is `dialogDefault`. For any other job `plain` is called.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -179,8 +179,8 @@ inline constexpr ValueFeature outputQVHideJob{
 
 // clang-format on
 
-// The size of the page itself, for callers other than the copy loop: it dispatches neither on
-// purpose, and their sections pass through unchanged.
+// The size of the page itself, for callers outside the filter. The copy loop deliberately calls
+// neither: these sections pass through unchanged.
 inline bool outputQVPAGESizeWidth(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
   return outputFeatureByReplacingValue(stream, buffer, job, "QVPAGESizeWidthValue100", "9000");
 }

@@ -78,8 +78,8 @@ void JobStream::write(std::string_view bytes) {
   job::LogFile3Run(bytes);
 }
 
-// A long run goes straight to the descriptor: the stream's buffer would only copy it. It begins at
-// a page boundary, because the kernel copies whole pages to a pipe twice as fast.
+// A long run is written directly to the descriptor: the stream's buffer would only copy it. It
+// begins at a page boundary, because the kernel copies whole pages to a pipe twice as fast.
 void JobStream::writeUnlogged(std::string_view bytes) {
   if (bytes.size() >= kLongRun && direct_ != nullptr) {
     const std::size_t head = -reinterpret_cast<std::uintptr_t>(bytes.data()) % kPageSize;

@@ -35,8 +35,9 @@ class LineBuffer {
   std::array<char, kSize + 1> bytes_{};
 };
 
-// What is read and written goes to the diagnostic files, runs between two looks in one call, except
-// where the name of the operation or its comment says otherwise.
+// What is read and written is appended to the diagnostic files, except where the name of an
+// operation or its comment says otherwise. The text between two examined lines is appended in one
+// call.
 class JobStream {
  public:
   // Owns none of them; all outlive the stream. `direct`, if not null, writes to the same place as
@@ -92,7 +93,7 @@ class JobStream {
 // 0 at the end of the input. Writes no terminator; the caller zero-fills.
 std::int32_t readLine(JobStream& stream, char* buffer, std::size_t limit);
 
-// Reads a line with the standard line reader and takes its first line feed off; null at the end of
+// Reads a line with the standard line reader and removes its first line feed; null at the end of
 // the input.
 char* fgetline(JobStream& stream, char* buffer, std::size_t size);
 

@@ -1,4 +1,4 @@
-// What the settled options change in the PostScript beside the feature writers.
+// What the settled options change in the PostScript besides what the feature writers do.
 // SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/settled_sections.hpp"
 
@@ -27,7 +27,7 @@ std::string_view keywordOf(std::string_view line) {
   return line;
 }
 
-// Takes lines until one begins with `closing`; false at the end of the input.
+// Reads lines until one begins with `closing`; false at the end of the input.
 bool takeUpTo(JobStream& stream, LineBuffer& line, std::string_view closing) {
   while (readValueLine(stream, line)) {
     if (std::string_view(line.text()).starts_with(closing)) return true;

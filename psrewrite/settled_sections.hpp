@@ -1,5 +1,5 @@
-// What the settled options change in the PostScript beside the feature writers: sections in which
-// CUPS wrote another choice, and CUPS' own request for copies.
+// What the settled options change in the PostScript besides what the feature writers do: sections
+// in which CUPS wrote another choice, and CUPS' own request for copies.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -17,16 +17,16 @@ const job::SectionOverride* sectionOverride(const LineBuffer& line, const job::P
 // Names the override's choice in the opening comment; the new length of the line.
 std::int32_t nameChoice(LineBuffer& line, const job::SectionOverride& section);
 
-// Takes the section's lines from the stream and writes the override's code instead, up to and with
-// the closing comment. For an override without code it takes one line, and the section's writer
-// follows. Whether the section is done.
+// Reads the section's lines from the stream, through the closing comment, and writes the override's
+// code instead. For an override without code it reads one line, and the section's writer does the
+// rest. Returns whether the section is done.
 bool writeOverride(JobStream& stream, LineBuffer& line, const job::SectionOverride& section);
 
 // Whether `line`, the rest of a line after its "%", is one in which pstops asks for the job's
 // copies, which the header asks for.
 bool asksForCopies(const LineBuffer& line, const job::PrintJobData& job);
 
-// Takes what belongs to that line: the rest of its section. "%%Requirements: numcopies(3) duplex"
+// Drops what belongs to that line: the rest of its section. "%%Requirements: numcopies(3) duplex"
 // is written without the copies.
 void dropCopies(JobStream& stream, LineBuffer& line);
 

@@ -37,7 +37,7 @@ bool writeCustomText(JobStream& stream, LineBuffer& buffer, const PrintJobData& 
   return outputCustomTextByReplacingValue(stream, buffer, job, field.key, field.validHexText(job));
 }
 
-// Whether the dialog switched the text on and brought one.
+// Whether the dialog switched the text on and sent one.
 bool dialogBringsText(const PrintJobData& job, const char* switchKey, const char* textKey) {
   std::string value;
   return getOptionValue(&job, switchKey, value) && getOptionValue(&job, textKey, value) &&
@@ -107,7 +107,7 @@ bool writeFormOf(JobStream& stream, LineBuffer& buffer, const PrintJobData& job,
   return outputReplacingValue(stream, buffer, nullptr, base::hexText(form->value).c_str());
 }
 
-// In a dialog job the two branches find two different forms of the value line.
+// In a dialog job the two branches expect different forms of the value line.
 bool writeTrayRepeat(JobStream& stream, LineBuffer& buffer, PrintJobData& job) {
   if (!job.isPrintPDE) return dropUnlogged(stream, buffer, job);
   std::string button;

@@ -1,5 +1,5 @@
-// The writers that derive a value themselves: plain jobs' custom values, and the sections whose
-// lines follow rules of their own.
+// The writers that derive a value themselves: plain jobs' custom values, and the sections with
+// rules of their own.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

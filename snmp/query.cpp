@@ -40,7 +40,7 @@ void addObject(netsnmp_pdu& request, const OidText& object) {
 char* asLibraryText(const char* text) { return const_cast<char*>(text); }
 
 // Only the agent that was asked may answer: the kernel drops messages from other addresses. False
-// when there is no way to the agent.
+// when there is no route to the agent.
 bool connectToAgent(netsnmp_session* session) {
   const netsnmp_transport* transport = snmp_sess_transport(snmp_sess_pointer(session));
   if (transport == nullptr || transport->remote == nullptr) return false;

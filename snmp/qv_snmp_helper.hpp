@@ -39,7 +39,7 @@ class QVSNMPHelper {
   static std::optional<TextArray> getValidatedSharedBoxStateArrayForIPAddress_community_totalCount_(
       const char* address, const char* community, std::int64_t totalCount);
 
-  // The names of the entries in use, in index order; maybe none.
+  // The names of the entries in use, in index order; there may be none.
   static std::optional<TextArray> getValidatedFormNameArrayForIPAddress_community_(
       const char* address, const char* community);
   static std::optional<TextArray> getValidatedBarcodeAreaNameArrayForIPAddress_community_(
@@ -47,7 +47,7 @@ class QVSNMPHelper {
   static std::optional<TextArray> getValidatedColorProfileForIPAddress_community_(
       const char* address, const char* community);
 
-  // Whether the printer wants an administrator to log in.
+  // Whether the printer's administrator log-in mode is on.
   static bool getAdminLoginModeEnabled_community_(const char* address, const char* community);
 
   // How many shared boxes to ask for: 100, or 30 when the printer has no box 100 or does not say.
@@ -85,7 +85,7 @@ class QVSNMPHelper {
                                                              const char* community);
 
   // Writes the SNMP library's name of the agent at `sourceAddr`: anything with a colon is an IPv6
-  // address and goes to port 161 over IPv6, everything else stays as it is.
+  // address and goes to port 161 over IPv6; everything else is left unchanged.
   static void getConvertedAddress_sourceAddr_(std::string& destination, const char* sourceAddr);
 
   // Asks this machine's own agent for its name: shows whether SNMP works at all. Always empty.

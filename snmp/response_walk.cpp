@@ -9,7 +9,7 @@
 namespace kelm::snmp {
 namespace {
 
-// The value's bytes as the library holds them. A value of a type without contents has no memory,
+// The value's bytes as the library holds them. A value whose type has no contents has no bytes,
 // whatever length the agent sent.
 std::string_view bytesOf(const netsnmp_variable_list& variable) {
   if (variable.val.string == nullptr) return {};

@@ -1,4 +1,4 @@
-// A list that the printer does not give whole, asked for in smaller steps.
+// Asks for a list in smaller steps when the printer does not give all of it at once.
 // SPDX-License-Identifier: Apache-2.0
 #include "snmp/stepwise.hpp"
 
@@ -13,7 +13,8 @@ namespace kelm::snmp {
 namespace {
 
 constexpr std::size_t kMostUnread = 10;
-// An answer that is too large for UDP is silence too, so larger steps get a second chance.
+// An answer that is too large for UDP looks like silence, so a larger request that gets no answer
+// is halved and tried again.
 constexpr std::size_t kFewObjects = 13;
 
 class Reader {

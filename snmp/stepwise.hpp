@@ -1,4 +1,4 @@
-// A list that the printer does not give whole, asked for in smaller steps.
+// Asks for a list in smaller steps when the printer does not give all of it at once.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -17,12 +17,12 @@ using PartialList = std::vector<std::optional<std::string>>;
 
 struct StepwiseAnswer {
   std::optional<PartialList> list;
-  bool isSilent = false;  // the printer stayed silent even for a few objects: it is gone
+  bool isSilent = false;  // the printer did not answer even for a few objects
 };
 
 // Asks for all `objects` and halves each request that fails, down to single objects. There is no
-// list when the printer is silent, or when more than 10 entries cannot be read: it does not have
-// the list then. `address` is one that QVSNMPHelper takes.
+// list when the printer is silent, or when more than 10 entries cannot be read: then it counts as a
+// printer without the list. `address` has the form that QVSNMPHelper takes.
 StepwiseAnswer getStepwise(const char* address, const char* community,
                            std::span<const OidText> objects, ValueKind kind);
 

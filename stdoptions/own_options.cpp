@@ -1,5 +1,5 @@
-// The printer's own options of a job, each settled from the own choice, the standard choice and the
-// queue's default.
+// Settles a job's values of the printer's own options (QV...): each from the job's own choice, the
+// standard option and the queue's default.
 // SPDX-License-Identifier: Apache-2.0
 #include "stdoptions/own_options.hpp"
 
@@ -44,8 +44,8 @@ const char* jobValue(const PrintJobData& job, const char* name) {
   return cupsGetOption(name, job.numOptions, job.options);
 }
 
-// The choice that libcups marked, which pstops writes; null when none is. The option is at hand:
-// libcups would search for it.
+// The choice that libcups marked, which pstops writes; null when none is marked. libcups' own
+// function would search for the option first.
 const char* markedChoice(const ppd_option_t& option) {
   const std::span choices(option.choices, static_cast<std::size_t>(option.num_choices));
   const auto marked =
@@ -66,8 +66,8 @@ const StandardChoice* rowOf(std::span<const StandardChoice> choices, std::string
   return row == choices.end() ? nullptr : &*row;
 }
 
-// The own choice that a marked choice asks for. The neutral one asks for something only where it
-// takes a default of the queue back.
+// The choice of the own option that the marked choice stands for. A neutral choice counts only if
+// it overrides another default of the queue.
 const char* askedByMark(const PrintJobData& job, const StandardOption& standard) {
   const ppd_option_t* option = job::r_ppdFindOption(job.ppd, standard.keyword);
   const char* choice = option == nullptr ? nullptr : markedChoice(*option);
@@ -78,7 +78,8 @@ const char* askedByMark(const PrintJobData& job, const StandardOption& standard)
   return row == nullptr || (row == neutral && !takesBack) ? nullptr : row->value;
 }
 
-// The own choice that the first word of a job option asks for that is a choice and not neutral.
+// The choice of the own option for the first word of a job option that is a choice of the table and
+// not neutral.
 const char* askedByJob(const PrintJobData& job, const StandardOption& standard) {
   const char* value = jobValue(job, standard.keyword);
   for (std::string_view words = value != nullptr ? value : ""; !words.empty();) {
@@ -103,7 +104,7 @@ const char* standardChoice(const PrintJobData& job, const char* own) {
   return nullptr;
 }
 
-// A client's "job-password", where it is one that the printer takes; else null.
+// A client's "job-password" if the printer accepts it, else null.
 const char* jobPassword(const PrintJobData& job) {
   const char* password = jobValue(job, "job-password");
   const char* encryption = jobValue(job, "job-password-encryption");
@@ -125,7 +126,8 @@ bool isName(std::string_view text) {
              text, [](unsigned char c) { return std::isalnum(c) != 0 || c == '_' || c == '-'; });
 }
 
-// The custom parameter of an option that has exactly one kind of custom value; null without.
+// The parameter of an option's custom value (the PPD's options have at most one); null when the
+// option takes no custom value.
 const ppd_cparam_t* customParameter(const PrintJobData& job, const ppd_option_t& option) {
   ppd_coption_t* custom = job::r_ppdFindCustomOption(job.ppd, option.keyword);
   return custom == nullptr ? nullptr : job::r_ppdFirstCustomParam(custom);
@@ -149,7 +151,7 @@ class OwnOption {
         written_(markedChoice(option)) {}
 
   void settle();
-  // Has the section say `value`.
+  // Makes the section say `value`.
   void override(const std::string& value);
 
  private:
@@ -185,7 +187,7 @@ class OwnOption {
   const char* written_;  // the choice that pstops writes
 };
 
-// The value of an own choice that counts, in the PPD's letters.
+// The value of the own option's choice, spelled as in the PPD.
 std::string OwnOption::ownValue() const {
   const ppd_cparam_t* parameter = isCustom() ? customParameter(job_, option_) : nullptr;
   if (parameter != nullptr) return markedCustomValue(*parameter);
@@ -214,8 +216,8 @@ void OwnOption::settle() {
   if (!isCustom() && (written_ == nullptr || value != written_)) override(value);
 }
 
-// CUPS writes a custom text in front of the value line, even where the text is the name or the
-// label of a choice: that line has to go.
+// CUPS writes a custom text in front of the value line, even if the text is the name or the label
+// of a choice: that line must be removed.
 void OwnOption::settleText() {
   std::string value = ownValue();
   const char* password = field_ == &job::kSecretNum && !ownAsks() ? jobPassword(job_) : nullptr;
@@ -228,8 +230,8 @@ void OwnOption::settleText() {
   job_.overrides.push_back({option_.keyword, named, ""});
 }
 
-// A wide custom paper is landscape unless the job asks for the other orientation; without a custom
-// paper, a job that does not name an orientation stays without one.
+// A custom paper that is wider than high is landscape unless the job asks for the other
+// orientation; without a custom paper, a job that does not name an orientation stays without one.
 void settleOrientation(PrintJobData& job, const ppd_option_t& option) {
   const char* typed = jobValue(job, option.keyword);
   const char* written = markedChoice(option);

@@ -32,7 +32,7 @@ double pointsOfHundredths(const char* hundredths) {
   return base::leadingReal(hundredths) / 100.0 * kPointsPerMillimetre;
 }
 
-// Takes a whole number off the front of `text`.
+// Removes a whole number from the front of `text` and returns it.
 std::optional<int> takeNumber(std::string_view& text) {
   int number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);

@@ -1,5 +1,5 @@
-// What people choose in any program, and the printer's own option and choice that it means: one
-// table, a row per choice.
+// Standard options, and the printer's own option and choice that each of their choices stands for:
+// tables with a row for each choice.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -112,7 +112,7 @@ inline constexpr StandardChoice kPrintQuality[] = {
     {"3", "Draft"},
     {"5", "Fine"},
 };
-// The same as cupsd says it: libcups keeps only one of the two in a list of options.
+// The same in cupsd's words: libcups keeps only one of the two options in a list.
 inline constexpr StandardChoice kCupsPrintQuality[] = {
     {"Normal", "Standard"},
     {"Draft", "Draft"},

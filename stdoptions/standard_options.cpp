@@ -1,4 +1,4 @@
-// What people choose in any program becomes the printer's own options.
+// Standard options become the printer's own options.
 // SPDX-License-Identifier: Apache-2.0
 #include "stdoptions/standard_options.hpp"
 
@@ -48,7 +48,7 @@ bool cupsRepeatsPages(const job::PrintJobData& job, int copies) {
   return !byPrinter;
 }
 
-// The header asks for the copies, and CUPS' own request goes: a printer may multiply the two.
+// The header asks for the copies, and CUPS' own request is removed: a printer may multiply the two.
 void settleCopies(job::PrintJobData& job, int copies) {
   if (copies <= 1) return;
   const bool repeated = cupsRepeatsPages(job, copies);

@@ -1,5 +1,5 @@
-// What people choose in any program becomes the printer's own options, before anything else looks
-// at the job: header and PostScript then say the same.
+// Standard options, which any program may send, become the printer's own options before anything
+// else reads the job, so that header and PostScript agree.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -14,9 +14,9 @@ inline constexpr char kAttribute[] = "KelmStandardOptions";
 // values are final, nor an update job sent it.
 bool standardOptionsApply(const job::PrintJobData& job);
 
-// Settles the job's options when they apply. Afterwards the record states every own option of the
-// PPD as the printer is to be told, "media" is the page size of the PostScript, and the record's
-// overrides name the sections in which CUPS wrote something else. `copies` is the filter's
+// Settles the job's options when they apply. Afterwards the record has every own option of the PPD
+// with the choice that the printer gets, "media" is the page size of the PostScript, and the
+// record's overrides are the sections in which CUPS wrote another choice. `copies` is the filter's
 // argument: the number of copies that the header asks for, unless CUPS sends the pages repeatedly.
 void settleOptions(job::PrintJobData& job, int copies);
 

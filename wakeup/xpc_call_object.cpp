@@ -77,7 +77,7 @@ std::unique_ptr<platform::DnsSdService> createService(const std::string& domain,
   if (const Text decoded = percentDecoded(name)) {
     if (auto service = network.create(domain, type, *decoded)) return service;
   }
-  // The second attempt replaces "%" by "%": it takes the undecoded name.
+  // The second attempt replaces "%" by "%": it uses the name without decoding it.
   return network.create(domain, type, replaced(name, "%", "%"));
 }
 

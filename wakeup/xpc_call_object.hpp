@@ -21,8 +21,8 @@ class XPCCallObject {
   // absent text.
   static std::int32_t countCharacter_by_(const Text& text, std::string_view part);
 
-  // Whether `uri` counts as one with an IPv6 address: after unescaping it has more than one ":". A
-  // URI of an IPv4 address with a port has too, and is treated alike.
+  // Whether `uri` counts as one with an IPv6 address: after unescaping it has more than one ":". So
+  // has a URI of an IPv4 address with a port, and it is treated in the same way.
   static bool isAddressTypeIPv6_(const Text& uri);
 
   // The scheme's code: 1 "dnssd://", 0 "lpd://", 2 "pap://", 3 "usb://", in lower case; -1 for all
@@ -37,7 +37,7 @@ class XPCCallObject {
   // without brackets the whole text. Nothing is looked up.
   static Text ConvertDeviceURItoIPAddressV6_(const Text& uri);
 
-  // The first IPv4 address of a host, as a dotted quad; anything from a ":" on is ignored. Nothing
+  // The first IPv4 address of a host, as a dotted quad; anything from a ":" on is ignored. Absent
   // for a name that is empty, not ASCII, unknown, or has 1024 characters or more.
   static Text ChangeNetLocationToIPAddress_(const Text& netLocation);
 
@@ -53,7 +53,7 @@ class XPCCallObject {
 
   // Asks the wake-up service to wake the printer of the queue `printer` when the job's PPD enables
   // that, and waits for its call-back: at most 240 sleeps of one second, none when the service
-  // cannot be reached. Throws as isEnableWakeOnLan_macAddress_; reports no other error.
+  // cannot be reached. Throws what isEnableWakeOnLan_macAddress_ throws; reports no other error.
   void doWakeOnLanXPC_job_data_(const Text& printer, const job::PrintJobData* job);
 
   // The service's call-back; runs on another thread.

@@ -11,7 +11,7 @@
 
 namespace kelm::wolservice {
 
-inline constexpr std::uint16_t kMagicPort = 9;  // the discard service: no one answers
+inline constexpr std::uint16_t kMagicPort = 9;  // the discard service: nothing answers
 
 // Six bytes 0xFF and sixteen times the MAC address.
 using MagicPacket = std::array<std::uint8_t, 102>;

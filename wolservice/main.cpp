@@ -13,7 +13,7 @@ namespace {
 
 constexpr int kExitUsage = 2;
 
-// Any answer means that the printer is awake, an error as well.
+// Any answer, even an error, means that the printer is awake.
 bool answers(const std::string& address, const std::string& community) {
   std::int32_t sleepMode = 0;
   return kelm::snmp::QVSNMPHelper::getSleepMode_community_sleepMode_(

@@ -26,8 +26,8 @@ std::optional<in_addr> broadcastOf(in_addr address, in_addr mask, in_addr config
 // The IPv4 broadcast addresses of all interfaces that are up; none on an error.
 std::vector<Broadcast> broadcastAddresses();
 
-// The socket address of a magic packet to an address in numbers, without asking a name server;
-// nothing for a host name.
+// The socket address for a magic packet to a numeric address, without asking a name server; nothing
+// for a host name.
 std::optional<sockaddr_storage> numericAddress(const std::string& address);
 
 // The first socket address of a host (an address or a name) for a magic packet; nothing when it is

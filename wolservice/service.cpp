@@ -47,8 +47,8 @@ constexpr int packetsWithin(std::chrono::milliseconds time) {
   return count;
 }
 
-// Starts a process that does `work` and ends, at the latest with the service; its exit status says
-// whether that was done (0) or not. Its id, or a negative errno.
+// Starts a process that does `work` and then ends, at the latest when the service ends. Its exit
+// status is 0 when the work was done. Returns its process id, or a negative errno.
 pid_t fork(const std::function<bool()>& work) {
   const pid_t service = getpid();
   const pid_t process = ::fork();
@@ -167,8 +167,8 @@ void Service::refuse(const std::string& caller, const std::string& reason) {
   callBack(caller);
 }
 
-// The packets take no place: the printer may wake up all the same. No name is looked up, because
-// that would need a process.
+// The packets are sent all the same, because they may wake the printer and need no process. No name
+// is looked up, because that would need one.
 void Service::turnAway(const std::string& caller, const WakeUpOrder& order,
                        const std::string& reason) {
   const auto printer = order.isOverRouter ? numericAddress(order.address) : std::nullopt;
@@ -292,13 +292,13 @@ void Service::tellRefusal(const std::string& caller, const std::string& reason) 
   sd_bus_message_unref(message);
 }
 
-// A call-back gets no reply, and a caller that has gone is not an error.
+// No reply to a call-back is expected, and it is no error when the caller has left the bus.
 void Service::send(sd_bus_message* message) const {
   sd_bus_message_set_expect_reply(message, 0);
   sd_bus_send(bus_.get(), message, nullptr);
 }
 
-// The bus is closed when the event loop ends: call back all waiting callers before.
+// The bus is closed when the event loop ends, so all waiting callers are called back before.
 int Service::onEnd(sd_event_source* /*source*/, const signalfd_siginfo* /*signal*/, void* self) {
   const auto& service = *static_cast<Service*>(self);
   for (const WakeUp& each : service.wakeUps_) {

@@ -21,8 +21,8 @@ namespace kelm::wolservice {
 using PrinterAnswers = bool (*)(const std::string& address, const std::string& community);
 
 // Takes requests from the bus, wakes their printers, and calls each caller back: when its printer
-// answers, at once when the arguments are bad or there is no place left, in any case after 60
-// seconds. Equal requests share one wake-up.
+// answers, or at once when the request is refused, or after 60 seconds. Equal requests share one
+// wake-up.
 class Service {
  public:
   explicit Service(PrinterAnswers answers) : answers_(answers) {}
@@ -31,9 +31,9 @@ class Service {
   Service& operator=(const Service&) = delete;
 
   // Serves until no one has waited for 10 seconds, or until SIGTERM or SIGINT; all waiting callers
-  // are then called back. Block both signals and SIGCHLD before, and start no thread. Returns the
-  // exit status: 0, or 1 with a message on standard error when the bus cannot be reached, refuses
-  // the service's name or goes away.
+  // are then called back. The caller must have blocked both signals and SIGCHLD, and started no
+  // thread. Returns the exit status: 0, or 1 with a message on standard error when the bus cannot
+  // be reached, refuses the service's name or is lost.
   int run();
 
  private:

@@ -67,7 +67,7 @@ bool isAddress(const std::string& text) {
   return text.find('\0') == std::string::npos && (isIpv4(text) || isIpv6(text) || isHostName(text));
 }
 
-// A host name can be one; whether its address can is known once it is looked up.
+// A host name always may; its address is checked after it is looked up.
 bool mayBeAPrinter(const std::string& address) {
   const auto numeric = numericAddress(address.substr(0, address.find('%')));
   return !numeric || canBeAPrinter(*numeric);

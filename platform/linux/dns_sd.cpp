@@ -56,7 +56,7 @@ void takeAnswer(AvahiServiceResolver* /*resolver*/, AvahiIfIndex /*interface*/,
   }
 }
 
-// A daemon that has gone will not answer.
+// A daemon that has ended will not answer.
 void watchDaemon(AvahiClient* /*client*/, AvahiClientState state, void* data) {
   if (state == AVAHI_CLIENT_FAILURE) static_cast<Answer*>(data)->ended = true;
 }
@@ -75,8 +75,8 @@ class AvahiService final : public DnsSdService {
   AvahiService(std::string domain, std::string type, std::string name)
       : domain_(std::move(domain)), type_(std::move(type)), name_(std::move(name)) {}
 
-  // Avahi's library waits far longer than the limit for a daemon that hangs. A call that keeps the
-  // limit gets some more time to disconnect.
+  // Avahi's library waits far longer than the limit for a daemon that hangs. A call that ends
+  // within the limit gets some more time to disconnect.
   std::vector<sockaddr_storage> resolve(std::chrono::milliseconds limit) override {
     const Clock::time_point end = Clock::now() + limit;
     return resultBefore(end + kShutdownGrace, [service = *this, end] { return service.ask(end); })

@@ -1,4 +1,4 @@
-// The platform interfaces that are Linux's own.
+// The platform interfaces that need Linux itself.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

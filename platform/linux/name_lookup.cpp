@@ -1,5 +1,5 @@
 // Host names on Linux: the system resolver. gethostbyname keeps the resolver's order; getaddrinfo
-// would sort again.
+// would sort the addresses again.
 // SPDX-License-Identifier: Apache-2.0
 #include <netdb.h>
 #include <sys/socket.h>

@@ -72,7 +72,7 @@ class SdBusConnection final : public WakeUpConnection {
   }
 
  private:
-  // Ends the thread, which looks at `stop_` wherever it waits.
+  // Ends the thread, which checks `stop_` wherever it waits.
   void end() {
     eventfd_write(stop_, 1);
     if (thread_.joinable()) thread_.join();
@@ -192,7 +192,7 @@ class SdBusConnection final : public WakeUpConnection {
 
   void giveUp(const std::string& what, int status) { giveUp(what + ": " + std::strerror(-status)); }
 
-  // Keeps the first reason; later ones only follow from it.
+  // Keeps the first reason; the later ones are its consequences.
   void giveUp(const std::string& reason) {
     const std::lock_guard lock(mutex_);
     if (open_) failure_ = reason;

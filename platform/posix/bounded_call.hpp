@@ -17,8 +17,8 @@
 
 namespace kelm::platform::posix_platform {
 
-// A thread that runs `work` and handles no signals: they go to the thread whose sleep they end. Not
-// joinable when no thread can be started.
+// A thread that runs `work` and handles no signals, so that they reach the thread whose sleep they
+// are to end. Not joinable when no thread can be started.
 template <class Work>
 std::thread threadWithoutSignals(Work&& work) {
   sigset_t all;
@@ -34,7 +34,7 @@ std::thread threadWithoutSignals(Work&& work) {
   return thread;
 }
 
-// Waits until `result` is ready, until `end`, or until the process is asked to end (looked at every
+// Waits until `result` is ready, until `end`, or until the process is asked to end (checked every
 // 50 ms). Whether it is ready.
 template <class Result>
 bool readyBefore(std::chrono::steady_clock::time_point end, const std::future<Result>& result) {

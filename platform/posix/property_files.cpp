@@ -24,7 +24,7 @@ struct FreeText {
   void operator()(char* text) const { std::free(text); }
 };
 
-// Property files of settings have some kilobytes; anything larger is something else.
+// Property files with settings have a few kilobytes; a larger file is something else.
 constexpr std::size_t kMaxFileBytes = std::size_t{1} << 24;
 
 List listAt(std::string_view absolutePath) {
@@ -33,7 +33,7 @@ List listAt(std::string_view absolutePath) {
   if (bytes.empty() || bytes.size() > kMaxFileBytes) return nullptr;
   plist_t list = nullptr;
   const auto length = static_cast<std::uint32_t>(bytes.size());
-  // plist_from_memory() would choose too, but its parameters differ between libplist 2.2 and 2.6.
+  // plist_from_memory() would see it too, but its parameters differ between libplist 2.2 and 2.6.
   const bool isBinary = plist_is_binary(bytes.data(), length) != 0;
   (isBinary ? plist_from_bin : plist_from_xml)(bytes.data(), length, &list);
   return List(list);

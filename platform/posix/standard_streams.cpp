@@ -7,7 +7,7 @@
 
 namespace kelm::platform {
 
-// open gives the lowest descriptor that is free.
+// open(2) returns the lowest free descriptor.
 void openStandardStreams() {
   for (int descriptor = STDIN_FILENO; descriptor <= STDERR_FILENO; ++descriptor) {
     if (fcntl(descriptor, F_GETFD) < 0) open("/dev/null", O_RDWR);

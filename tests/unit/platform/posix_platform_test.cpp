@@ -1,4 +1,5 @@
-// What every POSIX system has of the platform, each implementation against the system's own service.
+// What every POSIX system has of the platform, each implementation against the system's own
+// service.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/posix/posix_platform.hpp"
 
