@@ -49,7 +49,8 @@ class ArgumentList {
   Argument addNumber(const char* name, unsigned& value, unsigned least, unsigned most,
                      const char* help);
 
-  // -h for something else than help, which is --help alone then. With `values`, it can be repeated.
+  // Uses -h for something other than help, which then has only --help. With `values`, it can be
+  // repeated.
   Argument addShortH(std::vector<std::string>& values, bool isRepeatable, const char* help);
 
   // After parsing: unless `isGiven`, a usage error says that `what` is required.

@@ -1,5 +1,5 @@
 // The subcommands of kelmctl: each is a file NAME_command.cpp, a declaration and a row here. The
-// declared function declares the subcommand's arguments and gives its action (Subcommand).
+// function declares the subcommand's arguments and returns its action (Subcommand).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -30,9 +30,9 @@ using AddressList = std::unique_ptr<http_addrlist_t, AddressListDeleter>;
 
 struct NetworkUri {
   std::string scheme;
-  std::string host;  // empty: not a URI of the network; an IPv6 zone follows a "%"
+  std::string host;  // empty: not a network URI; an IPv6 zone follows a "%"
   std::string resource;
-  bool hasOwnPort = false;  // another one than the scheme's
+  bool hasOwnPort = false;  // one other than the scheme's default
 };
 
 NetworkUri networkUriOf(const std::string& uri) {
@@ -51,7 +51,7 @@ NetworkUri networkUriOf(const std::string& uri) {
   return {scheme, host, resource, port != known->port};
 }
 
-// The wake-up reads a second colon as the sign of an IPv6 address, and a zone after "+" alone.
+// The wake-up takes a second colon for a sign of an IPv6 address, and reads a zone only after "+".
 std::string workingUri(const NetworkUri& uri) {
   const std::string resource = uri.resource == "/" ? "" : uri.resource;
   if (uri.host.find(':') == std::string::npos) {
@@ -92,7 +92,7 @@ std::string wakeUpAdvice(const std::string& deviceUri, const std::string& addres
   const NetworkUri uri = networkUriOf(deviceUri);
   if (uri.host.empty() || address.empty()) return {};
   const std::string taken = wakeup::XPCCallObject::addressOf(deviceUri).value_or("");
-  // An IPv6 address is taken as it is written.
+  // An IPv6 address is not looked up, so it may be written differently.
   if (taken == address || (taken == uri.host && !taken.empty())) return {};
   return "the device URI \"" + deviceUri + "\" gives the wake-up before a job \"" + taken +
          "\" as the printer's address; " + workingUri(uri);

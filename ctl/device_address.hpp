@@ -10,8 +10,8 @@ namespace kelm::ctl {
 // host or the host is unknown.
 std::string addressOfDevice(const std::string& deviceUri);
 
-// What to tell about a device URI of a printer at `address` from which the wake-up before a job
-// takes something else, and the device URI that works; empty when it needs no advice.
+// Advice for a device URI from which the wake-up before a job does not get `address`, the
+// printer's: why, and a device URI that works. Empty when the URI needs no advice.
 std::string wakeUpAdvice(const std::string& deviceUri, const std::string& address);
 
 }  // namespace kelm::ctl

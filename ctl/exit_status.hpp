@@ -5,7 +5,7 @@
 namespace kelm::ctl {
 
 inline constexpr int kExitDone = 0;
-inline constexpr int kExitFailed = 1;  // a message on standard error says what and what to do
+inline constexpr int kExitFailed = 1;  // standard error says what failed and what to do
 inline constexpr int kExitUsage = 2;   // wrong arguments; nothing was done
 
 inline constexpr int kExitPartly = 3;  // done for some, or without some facts, which are named

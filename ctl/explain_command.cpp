@@ -51,8 +51,8 @@ OpenedPpd openPpd(const Arguments& arguments, const Console& console) {
   return server.openPpd(arguments.queue.value_or(""));
 }
 
-// The PPD of the arguments, with its texts in the person's language; null when there is none, and
-// then the console says why.
+// The PPD that the arguments name, with its texts in the user's language. Null when it cannot be
+// read; the console says why.
 PpdHandle localisedPpd(const Arguments& arguments, const Console& console) {
   if (!arguments.file && !arguments.queue) return nullptr;
   OpenedPpd opened = openPpd(arguments, console);
@@ -64,8 +64,8 @@ PpdHandle localisedPpd(const Arguments& arguments, const Console& console) {
   return std::move(opened.ppd);
 }
 
-// Writes the page that the arguments ask for; false when it cannot be written, and then the console
-// says why.
+// Writes the page that the arguments ask for. False when it cannot be written; the console says
+// why.
 bool wrotePage(const Arguments& arguments, const Page& page, const Console& console) {
   if (!arguments.page) return true;
   std::ofstream file(*arguments.page, std::ios::binary);

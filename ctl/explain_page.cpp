@@ -1,4 +1,4 @@
-// What a job says, as a page for a web browser.
+// The explanation of a job, as a page for a web browser.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/explain_page.hpp"
 

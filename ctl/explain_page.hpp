@@ -1,4 +1,4 @@
-// What a job says, as a page for a web browser.
+// The explanation of a job, as a page for a web browser.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -12,13 +12,13 @@ namespace kelm::ctl {
 
 struct Page {
   std::string title;
-  std::vector<std::string> problems;  // fit for a terminal
+  std::vector<std::string> problems;  // safe for a terminal
   std::vector<explain::Line> lines;
   bool hasSources = false;  // whether the lines say where their values come from
 };
 
 // Writes one HTML document that needs no other file: the problems, the settings in the groups of
-// the PPD, those that have changed first, and the header in full.
+// the PPD (changed ones first), and the whole header.
 void writePage(std::ostream& out, const Page& page);
 
 }  // namespace kelm::ctl

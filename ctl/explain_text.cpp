@@ -1,4 +1,4 @@
-// What a job says, as people and as programs read it.
+// The explanation of a job, as text and as JSON.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/explain_text.hpp"
 
@@ -24,7 +24,7 @@ std::string hexByte(char byte) {
   return text;
 }
 
-// Padded to `width` characters, with two spaces at least.
+// `text`, padded to `width` characters and with at least two spaces at its end.
 std::string padded(const std::string& text, std::size_t width) {
   const auto isFirstByte = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80U; };
   const auto length =

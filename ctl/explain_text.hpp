@@ -1,4 +1,4 @@
-// What a job says, as people and as programs read it.
+// The explanation of a job, as text and as JSON.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -12,8 +12,8 @@
 
 namespace kelm::ctl {
 
-// `text`, of any bytes, fit for a terminal: as safeText does it, and bytes that are no UTF-8 as \x
-// and two hex digits.
+// `text`, of any bytes, made safe for a terminal as safeText does; bytes that are not UTF-8 become
+// \x and two hex digits.
 std::string shownText(std::string_view text);
 
 // The line of the header, and what it means; empty for a line of the frame.
@@ -26,7 +26,7 @@ std::string sourceText(const explain::Line& line);
 // The remark as one sentence without a full stop.
 std::string remarkText(const explain::Remark& remark);
 
-// What is wrong with a stream, and where; fit for a terminal.
+// What is wrong with a stream, and where; safe for a terminal.
 std::vector<std::string> problemTexts(const explain::StreamReport& report);
 
 // One line for each line of the header, or only for those that differ from a job
@@ -36,8 +36,8 @@ void printExplanation(std::ostream& out, const explain::Explanation& explanation
 // One JSON object, with every line.
 void printExplanationJson(std::ostream& out, const explain::Explanation& explanation);
 
-// The findings, then one line for each line of the stream's header, and its sections. The names are
-// the PPD's where there is one.
+// The findings, then one line for each line of the stream's header, and its sections. With a PPD,
+// the names are the PPD's.
 void printStream(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd);
 
 // One JSON object with all that the report has.

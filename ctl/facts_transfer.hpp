@@ -11,14 +11,14 @@
 namespace kelm::ctl {
 
 struct AskedPrinter {
-  std::string address;  // the one that was asked; empty when none was found
+  std::string address;  // of the printer that was asked; empty when none was found
   std::string advice;   // about the device URI; empty when it needs none (wakeUpAdvice)
   PrinterFacts facts;
 };
 
 std::string packed(const AskedPrinter& printer);
 
-// The reverse; nothing when `bytes` are not whole.
+// The reverse; nothing when `bytes` are incomplete.
 std::optional<AskedPrinter> unpacked(std::string_view bytes);
 
 }  // namespace kelm::ctl

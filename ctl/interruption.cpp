@@ -1,4 +1,4 @@
-// SIGINT and SIGTERM as a request to stop in an orderly way.
+// SIGINT and SIGTERM as requests for an orderly end.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/interruption.hpp"
 

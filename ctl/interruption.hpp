@@ -1,4 +1,4 @@
-// SIGINT and SIGTERM as a request to stop in an orderly way.
+// SIGINT and SIGTERM as requests for an orderly end.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -6,8 +6,8 @@
 
 namespace kelm::ctl {
 
-// While it lives, the first SIGINT or SIGTERM is only noted; system calls that wait are
-// interrupted. The second one ends the process.
+// While it exists, the first SIGINT or SIGTERM is only noted and interrupts waiting system calls.
+// The second one ends the process.
 class Interruption {
  public:
   Interruption();

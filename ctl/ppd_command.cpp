@@ -53,7 +53,8 @@ struct Shown {
   std::string language;
 };
 
-// A translation may end within a character (its field is full); what is left of it is not shown.
+// A translation may be cut within a character, where its field is full; the incomplete character is
+// not shown.
 std::string wholeText(const char* text) {
   const std::string_view all = text;
   for (std::size_t length = all.size(); length > 0; --length) {
@@ -92,7 +93,7 @@ void printOption(std::ostream& out, const ppd_option_t& option) {
   for (const ppd_choice_t& choice : ppdtext::choicesOf(option)) printChoice(out, choice);
 }
 
-// Groups have no names in the record, so they are counted.
+// Groups have no names in the record, so they are numbered.
 void printReadable(std::ostream& out, const Shown& shown) {
   out << "Language: " << safeText(shown.language) << '\n';
   int number = 0;

@@ -27,8 +27,8 @@ constexpr int kAnswerLimit = 10;     // seconds
 constexpr int kLimitOfPpdList = 120;  // seconds
 constexpr auto kPauseBetweenAttempts = 500ms;
 constexpr char kTitle[] = "Printer settings";
-// In the filter's own format, so that no other filter comes before it; and without a page, in case
-// the queue does not have this filter.
+// The document is in the filter's own format, so that no other filter runs before it. It has no
+// page, in case the queue does not have this filter.
 constexpr char kFormat[] = "application/vnd.cups-postscript";
 constexpr std::string_view kDocument = "%!PS-Adobe-3.0\n%%Pages: 0\n%%EndComments\n%%EOF\n";
 constexpr const char* kQueueAttributes[] = {"printer-name", "device-uri", "printer-state",
@@ -105,7 +105,7 @@ JobState stateOf(int state) {
 std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 
 // The name of the PPD of exactly this make and model in an answer to CUPS-Get-PPDs, which also
-// lists models whose names only begin so; empty when there is none.
+// lists models whose names begin with it. Empty when there is none.
 std::string nameOfPpd(ipp_t* response, std::string_view makeAndModel) {
   std::string name;
   for (ipp_attribute_t* attribute = ippFirstAttribute(response); attribute != nullptr;
@@ -142,7 +142,7 @@ bool PrintServer::connect() {
   return http_ != nullptr;
 }
 
-// False when the server could not be asked or said "later"; a request that fails otherwise is done.
+// False when the server could not be asked or said "later"; any other failure is not tried again.
 bool PrintServer::attempt(const std::function<bool()>& request) {
   unreachable_ = !connect();
   if (unreachable_) return false;
@@ -271,7 +271,7 @@ PrintServer::PpdCopy PrintServer::copyPpd(const std::string& queue) {
         return path;
       });
   if (copy.problem.empty() || unreachable_) return copy;
-  // "Not found" is a queue that is not there, or one without a PPD.
+  // "Not found" means a queue that does not exist, or one without a PPD.
   const Queues found = this->queue(queue);
   if (!found.problem.empty()) {
     copy.problem = found.problem;

@@ -42,10 +42,10 @@ struct SentJob {
 
 enum class JobState { kWaiting, kPrinting, kStopped, kFailed, kCompleted, kUnknown };
 
-// Every request waits at most 10 seconds for an answer (the list of installed PPDs: 120). Where the
-// server cannot be reached, breaks off or has no place, requests are tried again for `patience`,
-// and the console is told once. Passwords are asked for as libcups does it. One process may use
-// several servers in turn.
+// Every request waits at most 10 seconds for an answer (the list of installed PPDs: 120). If the
+// server cannot be reached, breaks the connection or accepts no more, requests are tried again for
+// `patience`, and the console says so once. Passwords are asked for as libcups does it. One process
+// may use several servers in turn.
 class PrintServer {
  public:
   static constexpr std::chrono::seconds kPatience{15};
@@ -62,7 +62,7 @@ class PrintServer {
   // One queue or class.
   Queues queue(const std::string& name);
 
-  // The queue's PPD; the library's copy is removed again.
+  // The queue's PPD; libcups' temporary copy is removed.
   OpenedPpd openPpd(const std::string& queue);
 
   // The installed PPD whose NickName is `makeAndModel`: the path of a copy, to be removed by the
@@ -70,12 +70,12 @@ class PrintServer {
   struct PpdCopy {
     std::string path;
     std::string problem;
-    bool isAbsent = false;  // the queue is there and has none
+    bool isAbsent = false;  // the queue exists and has none
   };
   PpdCopy copyInstalledPpd(const std::string& makeAndModel);
   PpdCopy copyPpd(const std::string& queue);
 
-  // Gives the queue the PPD in the file. The result is the problem; empty when it was done.
+  // Gives the queue the PPD in the file. Returns what went wrong; empty when nothing did.
   std::string setPpd(const std::string& queue, const std::string& path);
 
   // Sends one update job with `lines` as its options.

@@ -26,7 +26,7 @@ constexpr int kFewSharedBoxes = 30;
 constexpr int kCouldNotAsk = 1;
 constexpr char kInUse[] = "1";
 
-// One list of the printer, as it is asked for where it is not given whole.
+// One list of the printer, as it is asked for in smaller steps.
 struct ListObjects {
   const char* entry;  // what an entry is called
   std::span<const OidText> states;
@@ -71,8 +71,8 @@ class Questions {
     return snmp::get(agent.c_str(), community(), std::span(&object, 1), snmp::kUsualQuery);
   }
 
-  // Asked here and not by QVSNMPHelper, which takes silence for "off" and for 30 boxes: a lost
-  // answer must not change what is stored.
+  // These are not asked through QVSNMPHelper, which takes silence for "off" and for 30 boxes: a
+  // lost answer must not change what is stored.
   void askSwitches() {
     announce("administrator log-in");
     const auto mode = snmp::firstInteger(ask(snmp::kAdminLoginModeOid).response.get());

@@ -19,9 +19,9 @@ struct SharedBox {
   bool isLeftOut() const { return state.empty(); }
 };
 
-// What the printer does not give, or gives not whole, is absent.
+// What the printer does not give, or not completely, is absent.
 struct PrinterFacts {
-  bool answered = false;    // if not, everything else is as without an answer
+  bool answered = false;    // if not, the other members keep these values
   int sleepModeStatus = 0;  // 0: the printer answered; 1: it could not be asked; 2: it kept silent
   std::int32_t sleepMode = -1;
   std::optional<std::string> macAddress;
@@ -33,14 +33,14 @@ struct PrinterFacts {
   std::optional<std::vector<std::string>> colorProfiles;
   std::vector<std::string> leftOut;  // entries that the lists lack, such as "shared box 17"
 
-  // Whether it is a printer of the family at all: another device's agent answers too, but knows
-  // none of its facts.
+  // Whether it is a KELM printer at all: another device's agent answers too, but knows none of
+  // these facts.
   bool knowsAnything() const {
     return macAddress || sleepMode != -1 || sharedBoxes || forms || barcodeAreas || colorProfiles;
   }
 };
 
-// Calls `visit` for each member, in one order.
+// Calls `visit` for each member, always in the same order.
 template <class Visitor, class Box>
 requires std::same_as<std::remove_const_t<Box>, SharedBox>
 void eachMember(Visitor& visit, Box& box) {
@@ -64,7 +64,7 @@ void eachMember(Visitor& visit, Facts& facts) {
   visit(facts.leftOut);
 }
 
-// How to treat a list that the printer does not give whole.
+// How to treat a list that the printer does not give completely.
 enum class Incomplete {
   kAbsent,      // it is absent
   kKeepTheRest  // it is asked for in smaller steps, and entries that cannot be read are left out

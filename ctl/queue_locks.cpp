@@ -16,8 +16,8 @@ namespace {
 constexpr char kFile[] = "/run/lock/kelmctl.lock";
 constexpr mode_t kForAllUsers = 0666;
 
-// Created only where it is missing: the kernel does not let root create over another user's file
-// there (fs.protected_regular).
+// Uses O_CREAT only when the file is missing: in that directory, the kernel does not let root open
+// another user's file with it (fs.protected_regular).
 int openLockFile() {
   const int existing = open(kFile, O_RDWR | O_NOFOLLOW | O_CLOEXEC);
   if (existing >= 0 || errno != ENOENT) return existing;
@@ -58,7 +58,7 @@ QueueLocks::~QueueLocks() {
 }
 
 pid_t QueueLocks::tryLock(const std::string& server, const std::string& queue) {
-  constexpr int kAttempts = 10;  // the holder may end between the two calls
+  constexpr int kAttempts = 10;  // the holder may end between the two calls below
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     struct flock lock = lockFor(F_WRLCK, server, queue);
     if (fcntl(file_, F_SETLK, &lock) == 0) return 0;

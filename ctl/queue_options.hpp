@@ -10,7 +10,7 @@
 namespace kelm::ctl {
 
 struct QueueOptions {
-  std::vector<std::string> names;  // none with `all`
+  std::vector<std::string> names;  // empty with `all`
   bool all = false;
   ServerOptions server;
 };

@@ -157,7 +157,7 @@ class Refresh {
     console_.out << safeText(queue + ": " + text) << std::endl;
   }
 
-  // False when it was not done, which was reported, or is not ours.
+  // False when it failed, which was reported, or when the queue does not use this driver.
   bool refresh(PrintServer& server, const std::string& queue) {
     const pid_t holder = lock(server, queue);
     if (holder != 0) {
@@ -207,7 +207,7 @@ class Refresh {
     for (const std::string& note : merged.notes) say(queue, note);
   }
 
-  // Gives the queue the PPD and looks whether it came through; otherwise the old one comes back.
+  // Gives the queue the PPD and checks that the queue has it; if not, gives it the old one again.
   bool replace(PrintServer& server, const std::string& queue, const Ppd& old,
                const RefreshedPpd& merged) {
     const TemporaryFile file(merged.text);

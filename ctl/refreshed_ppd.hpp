@@ -18,7 +18,7 @@ struct RefreshedPpd {
 };
 
 // `newText`, the text of `newPpd`, with the stored facts of `oldPpd` after its first line and with
-// the defaults of `oldPpd`, as far as the options and choices are still there.
+// the defaults of `oldPpd` whose options and choices still exist.
 RefreshedPpd refreshedPpd(std::string_view newText, const ppd_file_t* newPpd, ppd_file_t* oldPpd);
 
 // Whether both texts have the same lines, in any order: CUPS moves lines when it stores facts.

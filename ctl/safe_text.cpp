@@ -14,7 +14,7 @@ struct Range {
   unsigned last;
 };
 
-// No code point beyond the basic plane steers a terminal.
+// No code point beyond the basic plane controls a terminal.
 constexpr Range kControls[] = {
     {0x00, 0x1F},      // C0
     {0x7F, 0x9F},      // delete, C1

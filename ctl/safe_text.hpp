@@ -9,7 +9,7 @@ namespace kelm::ctl {
 
 // `text` with every control character (C0, delete, C1, line separators, bidirectional controls)
 // written as \u and four hexadecimal digits, every byte that is not UTF-8 as \x and two, and every
-// backslash doubled: the name of a printer, queue or file cannot steer a terminal.
+// backslash doubled: the name of a printer, queue or file cannot control a terminal.
 std::string safeText(std::string_view text);
 
 }  // namespace kelm::ctl

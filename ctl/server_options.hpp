@@ -14,7 +14,7 @@ struct ServerOptions {
   std::string user;                // empty: the process's
 };
 
-// Adds -h and -U, as the CUPS commands have them; help is --help alone then.
+// Adds -h and -U, as the CUPS commands have them. Help then has only --help.
 void declareServer(ArgumentList& list, ServerOptions& options);
 
 // As declareServer; -h can be given several times.

@@ -33,7 +33,7 @@ void printLine(std::ostream& out, const char* label, const std::string& text) {
   out << std::left << std::setw(kLabelWidth) << label << text << '\n';
 }
 
-// Only shared boxes keep their numbers; other lists are packed.
+// Only shared boxes keep their numbers; other lists are stored without gaps.
 std::string numbered(const StoredSetting& setting, const ReadableEntry& entry) {
   return kSharedBoxes == setting.member ? std::to_string(entry.number) + "  " + entry.text
                                         : entry.text;

@@ -13,12 +13,12 @@ namespace kelm::ctl {
 
 struct StoredSetting {
   const char* member;  // of a JSON object
-  const char* label;   // for people
+  const char* label;   // in the readable output
   std::variant<bool, std::string, std::vector<std::string>, std::vector<std::int32_t>> value;
   std::vector<int> numbers;  // of a list of texts: each entry's number, from 1 on, with gaps
 };
 
-// One value as people read it, safe for a terminal.
+// One value in readable form, safe for a terminal.
 struct ReadableEntry {
   int number;  // of the entry of a list of texts; 0 where entries have none
   std::string text;
@@ -29,7 +29,7 @@ struct ReadableEntry {
 // All settings, in their fixed order; `ppd` may be null.
 std::vector<StoredSetting> storedSettings(ppd_file_t* ppd);
 
-// Whether the setting is a list; its entries are those that are stored. Other settings have one.
+// Whether the setting is a list. A list has the entries that are stored, another setting has one.
 bool isList(const StoredSetting& setting);
 std::vector<ReadableEntry> readableEntries(const StoredSetting& setting);
 

@@ -1,4 +1,4 @@
-// What a queue's PPD says about its printer, without the PPD.
+// What a queue's PPD says about its printer, kept without the PPD itself.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

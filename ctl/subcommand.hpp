@@ -24,7 +24,7 @@ struct Subcommand {
   const char* name;
   const char* help;  // one line, without a full stop
 
-  // Declares the subcommand's arguments and returns its action; the list is gone when it runs.
+  // Declares the subcommand's arguments and returns its action, which must not use `list` any more.
   Action (*declare)(ArgumentList& list);
 };
 

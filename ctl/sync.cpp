@@ -29,7 +29,8 @@ constexpr auto kTurn = 20ms;
 constexpr auto kFirstLook = 40ms;
 constexpr auto kLongestPause = 1000ms;
 constexpr auto kLongestCancel = 5s;
-// CUPS stores what a cancelled job said when its processes have ended, after its state has changed.
+// A cancelled job changes its state first; CUPS stores its facts only when its processes have
+// ended.
 constexpr auto kEndOfProcesses = 1s;
 // An update job keeps a filter and a backend of the print server busy.
 constexpr std::size_t kMostUpdateJobs = 32;
@@ -41,7 +42,7 @@ struct Task {
   PrintServer* server = nullptr;
   SyncResult result;
   Stage stage = Stage::kWaiting;
-  bool isSkipped = false;  // not one of ours, with all queues asked for
+  bool isSkipped = false;  // all queues were asked for, and this one is not ours
   StoredState before;
   std::string community;
   pid_t lockHolder = 0;
@@ -109,8 +110,7 @@ class Sync {
     return results;
   }
 
-  // Printers come first: while the silent ones are waited for, the answers of the others are
-  // stored.
+  // Printers are asked first: the answers of some are stored while silent ones are waited for.
   void turn() {
     const bool prepared = prepareOne();
     pool_.wait(prepared ? 0ms : std::chrono::milliseconds(kTurn));
@@ -260,7 +260,7 @@ class Sync {
     return "the update job " + task.queue.name + "-" + std::to_string(task.job);
   }
 
-  // What a job said before it was cancelled is stored at its end, so that end is waited for too.
+  // CUPS stores a cancelled job's facts at its end, so its end is waited for too.
   void look(Task& task) {
     const JobState state = task.server->jobState(task.job);
     task.nextLook = Clock::now() + task.pause;
@@ -328,7 +328,7 @@ class Sync {
     }
   }
 
-  // A job that the queue has not begun is taken back; one that is under way ends by itself.
+  // A job that has not begun is cancelled; one that is being processed ends by itself.
   void stop() {
     complain(console_, "interrupted; ending what is under way");
     const auto end = Clock::now() + kLongestCancel;

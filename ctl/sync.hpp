@@ -39,8 +39,9 @@ struct SyncResult {
   std::vector<StoredSetting> after;  // empty when nothing was sent
 };
 
-// One result for each queue, in the order asked for. Ends early at SIGINT or SIGTERM; update jobs
-// that are being printed are waited for, others are taken back, so that no queue is half stored.
+// One result for each queue, in the order asked for. Ends early at SIGINT or SIGTERM: update jobs
+// that are being processed are waited for and others are cancelled, so that no queue is half
+// updated.
 std::vector<SyncResult> syncQueues(const SyncRequest& request, const Console& console);
 
 }  // namespace kelm::ctl

@@ -59,7 +59,7 @@ class Composer {
     refuse(what, text);
   }
 
-  // `texts`: the entries from index 0 on; empty ones are none.
+  // `texts` are the entries from index 0 on; an empty text means no entry.
   void addList(const StoredFact& fact, const char* what, const Texts& texts) {
     for (int index = 0; index <= fact.lastIndex; ++index) {
       const auto position = static_cast<std::size_t>(index);

@@ -15,7 +15,7 @@ namespace kelm::ctl {
 
 struct UpdateLine {
   std::string keyword;
-  std::string value;  // as it is stored; empty where an old value is to go
+  std::string value;  // as it is stored; empty to clear an old value
 };
 
 // The lines, or, when `problem` is not empty, why there are none and what to do about it.

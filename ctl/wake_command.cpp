@@ -95,7 +95,8 @@ Plan planOfQueue(PrintServer& server, const std::string& queue) {
   return plan;
 }
 
-// The service calls back at once for arguments that it refuses: checked here, they get a message.
+// The service calls back at once for arguments that it refuses, so they are checked here, with
+// messages.
 void checkRequest(Plan& plan) {
   if (!plan.problem.empty()) return;
   const platform::WakeUpRequest& request = plan.request;
@@ -220,7 +221,7 @@ int wakeOne(const Plan& plan, const Console& console) {
   return tell(plan, outcome, console) ? kExitDone : kExitFailed;
 }
 
-// All printers side by side, each in a process of its own.
+// All printers at the same time, each in a process of its own.
 int wakeMany(const std::vector<Plan>& plans, unsigned jobs, const Console& console) {
   const Interruption interruption;
   WorkerPool pool(jobs);

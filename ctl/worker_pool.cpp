@@ -1,4 +1,4 @@
-// Work that waits for printers, in processes side by side.
+// Work that waits for printers, in parallel processes.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/worker_pool.hpp"
 
@@ -26,7 +26,7 @@ void writeAll(int descriptor, std::string_view bytes) {
   }
 }
 
-// Ctrl-C at the terminal reaches all processes; the first one decides what ends.
+// Ctrl-C at the terminal reaches all processes; the parent process decides which end.
 [[noreturn]] void runAndEnd(const WorkerPool::Work& work, int results, pid_t parent) {
   prctl(PR_SET_PDEATHSIG, SIGKILL);
   std::signal(SIGINT, SIG_IGN);
@@ -78,7 +78,7 @@ void WorkerPool::end(Worker& worker) {
 void WorkerPool::wait(std::chrono::milliseconds limit) {
   std::vector<pollfd> sources;
   for (const Worker& worker : workers_) {
-    // A worker without a process is at its end already.
+    // A worker without a process has already ended.
     if (worker.process < 0) limit = std::chrono::milliseconds(0);
     sources.push_back({worker.results, POLLIN, 0});
   }

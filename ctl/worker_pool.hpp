@@ -1,4 +1,4 @@
-// Work that waits for printers, in processes side by side.
+// Work that waits for printers, in parallel processes.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -13,9 +13,9 @@
 
 namespace kelm::ctl {
 
-// Name servers and printers are asked by calls that block, and answers come from strangers: each
-// piece of work has a process of its own, which also keeps a crash to itself. No threads may run
-// when work is started.
+// Calls to name servers and printers block, and their answers are not trusted: each piece of work
+// has a process of its own, so that a crash ends only that work. No other thread may run when work
+// is started.
 class WorkerPool {
  public:
   using Work = std::function<std::string()>;                            // in the new process

@@ -1,4 +1,5 @@
-// PPD files read as text: every operation under its own name, over the pieces that do the work.
+// PPD files read as text: the operations under their own names, which call the parts that do the
+// work.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/kelm_ppd.hpp"
 
@@ -49,7 +50,7 @@ std::int32_t integerValue(const std::string& text) {
   return static_cast<std::int32_t>(std::clamp<long>(value, Limits::min(), Limits::max()));
 }
 
-// None without one of the three that a translation line needs.
+// Nothing when one of the three texts that a translation line needs is absent.
 std::optional<std::u16string> patternFor(OptionalText text, OptionalText language,
                                          OptionalText option, OptionalText choice) {
   if (!text || !language || !option) return std::nullopt;

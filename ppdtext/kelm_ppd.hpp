@@ -28,9 +28,10 @@ class KelmPPD {
   // --- Reading
 
   // The record of the file at `path`, to be freed with ppdClose_. Null, with a message in the
-  // system log, for a file that cannot be read or is not UTF-8, and without memory; null
-  // without a message when the file has no option with a translation, or has one without a choice
-  // line. Without memory later on: what was built so far, and a message.
+  // system log, when the file cannot be read or is not UTF-8, or when there is no memory for the
+  // record itself. Null without a message when the file has no option with a translation, or has an
+  // option without a choice line. If memory is exhausted later: what was built so far, and a
+  // message.
   static ppd_file_t* ppdOpenFile_(const char* path);
 
   // Frees a record of ppdOpenFile_, null included.
@@ -51,8 +52,8 @@ class KelmPPD {
   static std::vector<std::u16string> optionKeywords_(std::u16string_view text);
 
   // From the option's last open line through its last close line. Without a close line it ends
-  // before the next open line; without a next open line it begins at the start of the text. Empty
-  // at 0 when the option has none of these lines.
+  // before the next open line. Without a next open line either, it goes from the start of the text
+  // to the end of the open line. Empty at 0 when the option has none of these lines.
   static TextRange optionRagne_keyword_(std::u16string_view text, std::u16string_view keyword);
 
   // --- Lookup and marking
@@ -86,8 +87,8 @@ class KelmPPD {
 
   // --- Localisation
 
-  // Stores the parts of the system's version, each only when its pointer is not null and the
-  // version has it. Stores nothing when the system does not state its version.
+  // Stores the parts of the system's version, each only if its pointer is not null and the version
+  // has that part. Stores nothing when the system does not state its version.
   static void getSystemVersion_middle_minor_(std::int32_t* major, std::int32_t* middle,
                                              std::int32_t* minor);
 
@@ -102,8 +103,8 @@ class KelmPPD {
   // Whether the record's "cupsLanguages" names `language`.
   static bool isSupportLanguage_ppd_(std::string_view language, ppd_file_t* ppd);
 
-  // The language to show the record in, as PPD files name it; "en" when the user's language is not
-  // among the record's.
+  // The language to show the record in, under the name that PPD files use; "en" when the record
+  // does not have the user's language.
   static std::string ppdGetLanguage_(ppd_file_t* ppd);
 
   // What the capture group `index` holds in the pattern's first match, without regard to case;
@@ -123,8 +124,9 @@ class KelmPPD {
                                                          OptionalText option, OptionalText choice);
 
   // Shows the record's options and choices in the language of ppdGetLanguage_, with the
-  // translations of the file at `path`: a translation replaces the text, cut at byte 80 even within
-  // a character; an empty one empties it. Always 0; a file that cannot be read changes nothing.
+  // translations of the file at `path`: a translation replaces the text and is cut at byte 80, even
+  // within a character; an empty translation makes the text empty. Always 0; a file that cannot be
+  // read changes nothing.
   static int ppdLocalize_ppdPath_(ppd_file_t* ppd, const char* path);
 };
 

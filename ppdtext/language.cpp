@@ -1,4 +1,4 @@
-// Which language a PPD is shown in: the rules over the system's version and the user's languages.
+// Which language a PPD is shown in: it depends on the system's version and the user's languages.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/language.hpp"
 
@@ -17,7 +17,7 @@ constexpr std::int32_t kWholeIdentifier = 1;
 
 constexpr const char* kEnglish = "en";
 
-// The name in versions that name no regions.
+// The name in system versions that do not name regions.
 std::string oldForm(const std::string& language, const SystemVersion& version) {
   return version.isAtLeast10(kHongKongScript) && language == "zh-HK" ? "zh-Hant-HK" : language;
 }

@@ -1,4 +1,4 @@
-// Which language a PPD is shown in: the rules over the system's version and the user's languages.
+// Which language a PPD is shown in: it depends on the system's version and the user's languages.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -12,7 +12,7 @@
 
 namespace kelm::ppdtext {
 
-// The defaults hold where the system does not state its version: the first of the current
+// The defaults are for systems that do not state their version: 11.0.0, the first of the current
 // numbering.
 struct SystemVersion {
   std::int32_t major = 11;
@@ -33,7 +33,7 @@ std::string languageInForm(const std::vector<std::string>& languages, const Syst
                            std::int32_t form, std::size_t priority);
 
 // The first of `languages` as PPD files name it ("de", "zh_CN", "zh_TW", "zh_HK"); "en" when the
-// record's "cupsLanguages" lack it.
+// record's "cupsLanguages" does not name it.
 std::string languageForRecord(ppd_file_t* ppd, const std::vector<std::string>& languages,
                               const SystemVersion& version);
 

@@ -13,8 +13,8 @@
 namespace kelm::ppdtext {
 namespace {
 
-// The yen sign is intended: the asterisk repeats it, so it is optional, and the line's own asterisk
-// is outside the match. The point matches any character.
+// The yen sign is intended. The pattern's asterisk repeats it, so it is optional, and the line's
+// own asterisk is outside the match. The full stop matches any character.
 constexpr std::u16string_view kOptionTranslation = u"(\u00A5*%@.Translation) (%@)/(.*?):";
 constexpr std::u16string_view kChoiceTranslation = u"(\u00A5*%@.%@) (%@)/(.*?):";
 
@@ -22,10 +22,11 @@ constexpr std::u16string_view kLanguageLine = uR"re(\*%@\..*)re";
 
 constexpr std::u16string_view kOptionSubject = u"Translation";
 
-// Keywords of records are shorter than this; longer ones are in no record's lines.
+// Keywords of records are shorter than this, so no record has a longer one.
 constexpr std::size_t kMaxKeyword = 64;
 
-// The point of a pattern matches one character, which is up to three units when its case is folded.
+// The full stop of a pattern matches one character, which can become three units when its case is
+// folded.
 constexpr std::size_t kMaxPoint = 3;
 
 // Neither half has a slash.
@@ -62,7 +63,7 @@ std::u16string_view plainStart(std::u16string_view text) {
   return text.substr(0, size);
 }
 
-// A translation is cut at the field's last byte, be it within a character.
+// A translation is cut at the field's last byte, even within a character.
 template <std::size_t Size>
 void showText(char (&field)[Size], std::u16string_view text) {
   std::memset(field, 0, Size);
@@ -126,8 +127,8 @@ void TranslationLines::addLine(TextRange line) {
   }
 }
 
-// `place` is after the language: the point, the subject, a space, the keyword, a slash, and the
-// translation as far as the first colon.
+// `place` is the one after the language, where these follow: any character, the subject, a space,
+// the keyword, a slash, and the translation up to the first colon.
 void TranslationLines::addAt(std::size_t place, TextRange line) {
   const std::u16string_view rest = text_.substr(place, line.end() - place);
   const std::size_t point = rest.size() > 1 && isHighSurrogate(rest[0]) ? 2 : 1;
@@ -157,7 +158,7 @@ void TranslationLines::addUnusual(TextRange line) {
   }
 }
 
-// Everything in the line before a slash that could be a language, a point, a subject, a space and a
+// Whatever in the line before a slash could be a language, any character, a subject, a space and a
 // keyword when case is folded.
 void TranslationLines::addUnusualBefore(std::size_t slash, TextRange line) {
   const std::size_t reach = language_.size() + kMaxPoint + kMaxKeyword + 1 + kMaxKeyword;

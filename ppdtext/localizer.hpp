@@ -23,8 +23,8 @@ std::u16string translationPattern(std::u16string_view language, std::u16string_v
 // The capture group of translationPattern that holds the translation.
 inline constexpr std::size_t kTranslationGroup = 3;
 
-// How far `text` counts for translations: to the end of the language's last line, 0 without one. A
-// language that makes no valid pattern leaves all of it.
+// Where the translations in `text` end: at the end of the language's last line, 0 without one. If
+// the language makes an invalid pattern, the end of the text.
 std::size_t localizationEnd(std::u16string_view text, std::u16string_view language,
                             SearchBudget& budget);
 
@@ -41,8 +41,8 @@ class TranslationLines {
   // The lines with this plain subject, for a keyword in which "." matches any character.
   std::vector<TextRange> linesOf(std::u16string_view subject) const;
 
-  // Lines in which a letter beyond ASCII may stand for one of the subject or the keyword when case
-  // is ignored: to be searched by pattern.
+  // Lines in which a letter beyond ASCII may equal a letter of the subject or keyword when case is
+  // ignored. They must be searched with a pattern.
   std::vector<TextRange> unusual(std::u16string_view subject, std::u16string_view keyword) const;
 
  private:
@@ -64,8 +64,8 @@ class Localizer {
  public:
   Localizer(std::u16string_view text, std::u16string_view language, SearchBudget& budget);
 
-  // What the option, or its choice, is to be shown as; empty when its line translates it to
-  // nothing, none when it keeps its text.
+  // The text to show for the option, or for its choice. An empty text when its translation is
+  // empty, nothing when it keeps its own text.
   std::optional<std::u16string> textFor(std::u16string_view option,
                                         std::optional<std::u16string_view> choice) const;
 
@@ -83,8 +83,9 @@ class Localizer {
 };
 
 // Shows the record's options and choices in `language` with the translations of `text`: a
-// translation replaces the text, cut at the field's last byte, and an empty one empties it. False
-// when keywords with pattern characters take too long; some texts are not translated then.
+// translation replaces the text and is cut at the field's last byte; an empty translation makes the
+// text empty. False when keywords with pattern characters take too long: some texts are then not
+// translated.
 bool localizeRecord(const ppd_file_t& ppd, std::u16string_view text, std::u16string_view language);
 
 }  // namespace kelm::ppdtext

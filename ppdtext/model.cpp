@@ -15,8 +15,8 @@ namespace {
 
 constexpr std::u16string_view kEndOfReading = u"*CloseGroup: Advanced";
 
-// The kinds of choice lines are told apart by their capture groups, and a keyword with groups of
-// its own changes the kind.
+// The number of capture groups tells the kinds of choice lines apart, so a keyword with capture
+// groups of its own changes the kind.
 constexpr std::size_t kChoiceCaptures = 3;
 constexpr std::size_t kCustomChoiceCaptures = 2;
 
@@ -25,7 +25,7 @@ constexpr std::u16string_view kCustom = u"Custom";
 // CUPS' twin of "PageSize"; its custom sizes have no line of their own.
 constexpr std::u16string_view kPageRegion = u"PageRegion";
 
-// A model with more choices, counted in every group that has them, is not made: a file may name the
+// No model has more choices than this, counted in every group that has them: a file may name the
 // same groups and options again and again.
 constexpr std::size_t kMostChoices = std::size_t{1} << 20;
 
@@ -131,7 +131,7 @@ ReadProblem OptionReader::addOption(TextRange keyword) {
   return {};
 }
 
-// None when groups of the same keyword make the options too many.
+// Nothing when groups with the same keyword make too many options.
 std::optional<std::vector<ModelGroup>> OptionReader::groups() const {
   std::vector<ModelGroup> groups;
   std::size_t choices = 0;

@@ -10,7 +10,7 @@
 
 namespace kelm::ppdtext {
 
-// The code of a choice that has none. A file may give this very text as a code; it means the same.
+// The code of a choice that has none. A file may have this text as a code; it means the same.
 inline constexpr std::u16string_view kNoCode = u"__EMPTY__";
 
 struct ModelChoice {
@@ -52,7 +52,7 @@ struct ReadProblem {
     kNone,
     kNoOption,  // the text has no option with a translation
     kNoChoice,  // the option has no choice line
-    kTooSlow,   // a keyword with pattern characters takes too long, at the latest the option's own
+    kTooSlow,   // keywords with pattern characters took too long, up to this option's own
     kTooMany,   // groups and options of the same names make more than a million choices
   };
   Kind kind = kNone;
@@ -65,7 +65,7 @@ struct Reading {
   ReadProblem problem;  // kNone with a model
 };
 
-// The whole of `text` is read, in a time that grows with its size.
+// Reads the whole of `text`, in a time that grows with its size.
 Reading readModel(std::u16string_view text);
 
 // The model alone; none when there is a problem.

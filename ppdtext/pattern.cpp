@@ -9,12 +9,12 @@
 namespace kelm::ppdtext {
 namespace {
 
-// About a second for the text of a printer, and a second for each further megabyte: enough for
+// About a second for the PPD of one printer, and another second for each megabyte: enough for
 // dozens of options with pattern characters in their keywords.
 constexpr std::int64_t kSteps = 20'000'000;
 constexpr std::int64_t kStepsPerTextUnit = 40;
 
-// ICU counts no steps while it looks for a place to start, nor for the copy of the expression.
+// ICU counts no steps while it looks for a place to start, or for copying the expression.
 constexpr std::int64_t kTextUnitsPerStep = 8;
 constexpr std::int64_t kStepsPerSearch = 200;
 

@@ -24,12 +24,12 @@ struct TextRange {
   friend bool operator==(const TextRange&, const TextRange&) = default;
 };
 
-// From the smaller start to the larger end; an empty range at 0 counts as a place like any other.
+// From the smaller start to the larger end. An empty range at 0 counts, too.
 TextRange unionOf(TextRange a, TextRange b);
 
 std::u16string_view pieceOf(std::u16string_view text, TextRange range);
 
-// One match: the whole of it, then its capture groups; a group that took no part has no range.
+// One match: the whole match, then its capture groups. A group that took no part has no range.
 struct Match {
   std::vector<std::optional<TextRange>> groups;
 
@@ -45,9 +45,9 @@ std::optional<std::u16string> captured(std::u16string_view text, const Match& ma
 enum class Letters { kExact, kAnyCase };
 
 // What all searches for one text may cost together. Keywords of a PPD become patterns, and a
-// pattern can take time without end; with one budget for all of them, the time for a PPD grows with
-// its size alone. A search that exceeds it stops with what it has found, and so does every later
-// one.
+// pattern can take any amount of time. With one budget for all of them, the time for a PPD depends
+// only on its size. A search that exceeds the budget stops with what it has found, and so does
+// every later one.
 class SearchBudget {
  public:
   explicit SearchBudget(std::u16string_view text);

@@ -25,7 +25,7 @@ constexpr std::u16string_view kOpenUIMark = u"*OpenUI";
 constexpr std::u16string_view kCloseUIMark = u"*CloseUI:";
 constexpr std::u16string_view kOptionMark = u"OpenUI *";
 
-// How many times the text's size the lines may be together that are sorted by their beginnings.
+// The limit for the lines that are sorted by their beginnings: their total size, in text sizes.
 constexpr std::size_t kMostCopies = 2;
 
 std::u16string_view withoutLast(std::u16string_view keyword) {
@@ -63,7 +63,8 @@ GroupFinder::GroupFinder(const GroupRanges& ranges) : ranges_(ranges) {
   for (const auto& [keyword, range] : ranges) ends_.push_back(end = std::max(end, range.end()));
 }
 
-// The first largest end beyond the item belongs to the first range that ends beyond it.
+// The first of the running maxima beyond the item is the end of the first range that ends beyond
+// it.
 std::u16string GroupFinder::holding(TextRange item) const {
   const auto first = std::ranges::upper_bound(ends_, item.start);
   if (first == ends_.end()) return std::u16string(kGeneralGroup);
@@ -163,7 +164,7 @@ std::vector<TextRange> PPDText::optionKeywords() const {
   return keywords;
 }
 
-// The first place of "*OpenUI" from `from` on that ends before the asterisk at `star`.
+// The first "*OpenUI" from `from` on, if it ends before the asterisk at `star`.
 std::optional<std::size_t> PPDText::openPlaceIn(std::size_t from, std::size_t star) const {
   const auto place = std::ranges::lower_bound(openUIs_, from);
   if (place == openUIs_.end() || *place + kOpenUIMark.size() > star) return std::nullopt;
@@ -198,7 +199,7 @@ std::optional<TextRange> PPDText::closeRange(std::u16string_view keyword) const 
   return closeUIs_->find(std::u16string(keyword.rbegin(), keyword.rend()));
 }
 
-// The start of the first text like that of `line`, a part of a line that begins with "*OpenUI".
+// Where the text of `line`, which begins with "*OpenUI", occurs first.
 std::size_t PPDText::firstPlaceOfOpenLine(TextRange line) const {
   if (!openUITails_) {
     std::vector<PrefixIndex::Entry> entries;
@@ -286,7 +287,7 @@ std::optional<TextRange> PPDText::optionDefault(std::u16string_view keyword,
   return TextRange{start, end - start};
 }
 
-// The choice line of `word` from the asterisk at `star` as far as `end`.
+// The choice line of `word`, from the asterisk at `star` up to `end`.
 std::optional<Match> PPDText::choiceAt(std::size_t star, std::u16string_view word, std::size_t end,
                                        bool isCustom) const {
   const std::size_t start = star + 1 + word.size();

@@ -2,8 +2,8 @@
 // option.
 //
 // Each search has the meaning of a pattern with the keyword in it, unescaped (docs/ppd-text.md).
-// Plain keywords, which mean themselves, are found through an index; others are searched as
-// patterns within the text's budget.
+// Plain keywords, which have no pattern characters, are found through an index; others are searched
+// for as patterns within the text's budget.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -60,9 +60,9 @@ class PPDText {
   // order.
   std::vector<TextRange> optionKeywords() const;
 
-  // From the option's last open line through its last close line; without a close line to the place
-  // before the next open line, and without that one from the start of the text. Empty at 0 when
-  // none of these lines exists.
+  // From the option's last open line through its last close line. Without a close line it ends
+  // before the next open line. Without a next open line either, it goes from the start of the text
+  // to the end of the open line. Empty at 0 when none of these lines exists.
   TextRange optionRange(std::u16string_view keyword) const;
 
   // The text and the default of the option in `section`, an option's range.

@@ -23,8 +23,8 @@ void copyInto(char (&field)[Size], std::u16string_view text) {
   wholeCharacters(utf8, Size - 1).copy(field, Size - 1);
 }
 
-// Fills one record. Every part is counted before its own parts are made, so that freeRecord finds
-// all of a record that memory ended in.
+// Fills one record. Every part is counted before its own parts are made, so that freeRecord can
+// free a record for which memory was exhausted halfway.
 class RecordBuilder {
  public:
   explicit RecordBuilder(const AllocateZeroed& allocate) : allocate_(allocate) {}
@@ -46,7 +46,7 @@ class RecordBuilder {
     return static_cast<Element*>(allocate_(count, sizeof(Element)));
   }
 
-  // A list without elements has no array, and lacks nothing.
+  // A list without elements has no array, which is no lack of memory.
   template <class Element, class Items>
   bool makeArray(Element*& elements, const Items& items) const {
     if (items.empty()) return true;

@@ -18,16 +18,16 @@ namespace kelm::ppdtext {
 // is no memory. calloc(3), except in tests.
 using AllocateZeroed = std::function<void*(std::size_t count, std::size_t size)>;
 
-// The record, owned by the caller until freeRecord. Null without memory for the record itself;
-// without memory for more, what was built so far. Both are told to the system log. Keywords are cut
-// to 40 bytes and texts to 80, between two characters.
+// The record, owned by the caller until freeRecord. Null when there is no memory for the record
+// itself; if memory is exhausted later, what was built so far. Both are reported to the system log.
+// Keywords are cut to 40 bytes and texts to 80, between two characters.
 ppd_file_t* buildRecord(const Model& model, const AllocateZeroed& allocate);
 
 // The record of a PPD's text: of its model, with calloc(3). Null when the text has no model
 // (without a message; `problem`, unless it is null, says why), else as buildRecord.
 ppd_file_t* recordOf(std::u16string_view text, ReadProblem* problem = nullptr);
 
-// Frees all of a record that one of these gave; null is allowed.
+// Frees a record that one of these returned; null is allowed.
 void freeRecord(ppd_file_t* ppd);
 
 struct FreeRecord {

@@ -1,4 +1,4 @@
-// Where in a PPD's text its lines and marked words are.
+// Where a PPD's lines and its words after an asterisk are.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/text_index.hpp"
 

@@ -1,4 +1,4 @@
-// Where in a PPD's text its lines and marked words are: everything that the searches for plain
+// Where a PPD's lines and its words after an asterisk are: everything that the searches for plain
 // keywords need, found in one pass over the text. Each search is then a few binary searches, so
 // that the time for a PPD grows with its size, whatever its shape.
 // SPDX-License-Identifier: Apache-2.0
@@ -21,7 +21,7 @@ namespace kelm::ppdtext {
 // A character at which "." ends in a pattern (ICU, "Regular Expressions": line terminators).
 bool isLineEnd(char16_t c);
 
-// A text, which is borrowed, with the sorted places of the characters that its lines are made of.
+// A text, which is borrowed, with the sorted places of the characters that divide its lines.
 class TextIndex {
  public:
   static constexpr std::size_t kNone = std::u16string_view::npos;
@@ -42,11 +42,11 @@ class TextIndex {
   // What is between the last two double quotes in [from, end); none with fewer than two.
   std::optional<TextRange> lastQuoted(std::size_t from, std::size_t end) const;
 
-  // After the spaces that begin at `from`, at most at `end`.
+  // The place after the spaces that begin at `from`; at most `end`.
   std::size_t afterSpaces(std::size_t from, std::size_t end) const;
 
-  // The asterisks that `word` (plain, or empty) and then `ending` (a space, a slash or a colon)
-  // follow, in rising order.
+  // The places of the asterisks before `word` (plain, or empty) and `ending` (a space, a slash or a
+  // colon), in rising order.
   std::span<const std::size_t> starsBefore(std::u16string_view word, char16_t ending) const;
 
  private:
@@ -61,7 +61,7 @@ class TextIndex {
 // The places of `marker` in the text, in rising order, without overlaps.
 std::vector<std::size_t> placesOf(std::u16string_view text, std::u16string_view marker);
 
-// Texts with a range each: finds the range of the first or the last added text that begins with a
+// Texts, each with a range. Finds the range of the first or last added text that begins with a
 // given prefix, in logarithmic time.
 class PrefixIndex {
  public:

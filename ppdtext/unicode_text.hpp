@@ -9,7 +9,7 @@
 
 namespace kelm::ppdtext {
 
-// None when `utf8` is not valid UTF-8, or is longer than ICU's 32-bit lengths can say.
+// Nothing when `utf8` is not valid UTF-8, or is too long for ICU's 32-bit lengths.
 std::optional<std::u16string> toUtf16(std::string_view utf8);
 
 // Half of a surrogate pair becomes U+FFFD.
@@ -21,7 +21,7 @@ std::string_view wholeCharacters(std::string_view utf8, std::size_t bytes);
 // The upper-case form in no particular language; it may be longer than `text`.
 std::u16string upperCase(std::u16string_view text);
 
-// The form in which two texts are equal when they differ in case only.
+// The form in which two texts that differ only in case are equal.
 std::u16string foldedCase(std::u16string_view text);
 
 }  // namespace kelm::ppdtext
