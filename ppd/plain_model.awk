@@ -2,15 +2,16 @@
 #
 #   awk -f plain_model.awk kelm-ij-dialog.ppd kelm-ij-dialog.ppd >kelm-ij.ppd
 #
-# Options between "*% Begin: jobs of the KELM dialog only" and "*% End" do nothing in other jobs:
-# they go, with their translations. Options between "*% Begin: no choice for people" and "*% End"
-# only carry a value that the filter works out: they move into the group InstallableOptions, which
-# print dialogs do not show. The file is read twice: first for the names of what goes.
+# Options and groups between "*% Begin: jobs of the KELM dialog only" and "*% End" do nothing in
+# other jobs: they go, with their translations. Options between "*% Begin: no choice for people" and
+# "*% End" only carry a value that the filter works out, or repeat a standard option with the same
+# choices: they move into the group InstallableOptions, which print dialogs do not show. The file is
+# read twice: first for the names of what goes.
 # SPDX-License-Identifier: Apache-2.0
 BEGIN {
-  group["de"] = "Vom Filter gesetzt"
-  group["fr"] = "Définies par le filtre"
-  group["ja"] = "フィルターが設定"
+  group["de"] = "Nicht in Druckdialogen"
+  group["fr"] = "Absentes des dialogues d'impression"
+  group["ja"] = "印刷ダイアログに表示しない"
 }
 /^\*% Begin: jobs of the KELM dialog only/ { block = "gone"; next }
 /^\*% Begin: no choice for people/ { block = "hidden"; next }
@@ -28,8 +29,9 @@ NR == FNR {
 block == "gone" { next }
 block == "hidden" { hidden = hidden $0 "\n"; next }
 /^\*% Hidden options/ {
-  print "*% Options that only carry a value which the filter works out; print dialogs do not show this group."
-  print "*OpenGroup: InstallableOptions/Set by the filter\n"
+  print "*% Options that only carry a value which the filter works out, or repeat a standard option; print"
+  print "*% dialogs do not show this group."
+  print "*OpenGroup: InstallableOptions/Not in print dialogs\n"
   printf "%s", hidden
   print "*CloseGroup: InstallableOptions"
   next

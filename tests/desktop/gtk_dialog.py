@@ -7,9 +7,12 @@ import sys
 import gi
 
 gi.require_version("Gtk", "3.0")
-from gi.repository import GLib, Gtk  # noqa: E402
+from gi.repository import GLib, GObject, Gtk  # noqa: E402
 
 (QUEUE,) = sys.argv[1:]
+# The tab for what has no other place.
+ADVANCED = ["PIN", "Wait after proof copy", "Output method", "Folder", "Job name", "Owner name",
+            "Job comment"]
 failures = []
 
 
@@ -62,6 +65,44 @@ def choose(dialog, name, choice):
     failures.append(f"{name!r} has no {choice!r}, only {texts(combo)}")
 
 
+# What the tabs show of the printer's own options: the tab's name and the labels of its controls, which
+# are all made of one kind of widget. GTK walks them from the last one to the first.
+def tabs(dialog):
+    found = {}
+    for widget in widgets(dialog):
+        if not isinstance(widget, Gtk.Notebook):
+            continue
+        for index in range(widget.get_n_pages()):
+            page = widget.get_nth_page(index)
+            controls = [each for each in widgets(page)
+                        if GObject.type_name(each) == "GtkPrinterOptionWidget"]
+            found[widget.get_tab_label_text(page)] = controls[::-1]
+    return found
+
+
+def check_tabs(dialog):
+    shown = tabs(dialog)
+    for name, controls in shown.items():
+        print(name, len(controls), [label_of(each) for each in controls])
+    for name in ("Finishing", "Image Quality", "Color"):
+        if not shown.get(name):
+            failures.append(f"the tab {name!r} is empty")
+    advanced = [label_of(each) for each in shown.get("Advanced", [])]
+    if advanced != ADVANCED:
+        failures.append(f"the tab 'Advanced' shows {advanced}")
+
+
+# A control's label is beside it, or the control is a box with a text.
+def label_of(control):
+    for widget in widgets(control):
+        if isinstance(widget, Gtk.CheckButton) and widget.get_label():
+            return widget.get_label()
+    for widget in widgets(control.get_parent()):
+        if isinstance(widget, Gtk.Label) and widget.get_mnemonic_widget() == control:
+            return widget.get_text().rstrip(":")
+    return None
+
+
 def select_printer(dialog):
     for widget in widgets(dialog):
         if isinstance(widget, Gtk.TreeView):
@@ -78,6 +119,7 @@ def is_ready(dialog):
 
 
 def fill_in(dialog):
+    check_tabs(dialog)
     choose(dialog, "Two-sided:", "Long Edge (Standard)")
     choose(dialog, "Paper source:", "Tray 2")
     choose(dialog, "Paper size:", "A5")

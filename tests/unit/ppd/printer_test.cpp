@@ -99,7 +99,9 @@ TEST(Filter, TakesPostScriptOfPstopsAtNoCost) {
 }
 
 // The papers are the first two options of General, which libcups makes for all without a group.
-// Dialogs put the groups whose names begin with "FP" on tabs of their own.
+// GTK's dialog shows the groups FPFinishing1 to 4 and FinishingPage on its tab "Finishing", those
+// of FPImageQuality1 to 3 on "Image Quality" and FPColorWise1 on "Colour". The others but
+// InstallableOptions land on "Advanced", so nothing else may be there than what a person needs.
 using Groups = std::vector<std::pair<std::string, std::vector<std::string>>>;
 
 Groups groupsOf(const Description& description) {
@@ -117,46 +119,58 @@ Groups groupsOf(const Description& description) {
 const Groups kDefaultGroups = {
     {"General",
      {"PageSize", "PageRegion", "Duplex", "InputSlot", "MediaType", "ColorModel", "OutputBin",
-      "Collate", "QVOrientation", "QVWaitAfterProof", "QVPrintSpeed"}},
+      "Collate"}},
     {"FPFinishing1",
      {"QVStapleMode", "QVPunchMode", "QVFoldMode", "QVFoldInnerOuter", "QVFoldBinding",
       "QVBookletBinding", "QVBookletSplitting", "QVBookletCover", "QVBookletCoverSheetTray",
       "QVWaitingExceptCover"}},
+    {"FinishingPage",
+     {"QVMultiUp", "QVBooklet", "QVTargetPaperSize", "QVZoomRate", "QVOrientation", "QVRotate",
+      "QVMultiUpSinglePage"}},
+    {"FPFinishing4",
+     {"QVOutputFace", "QVJog", "QVReverseOrder", "QVContinuousOutput", "QVCarbonCopy",
+      "QVCarbonCopyPriority1", "QVCarbonCopyPriority2", "QVCarbonCopyPriority3",
+      "QVCarbonCopyPriority4"}},
+    {"FPImageQuality1",
+     {"QVImageQuality", "QVDitherType", "QVPrintDensity", "QVPrintSpeed", "QVLineSmoothing",
+      "QVScreening", "QVMaxDrops", "QVEnvelopeImageProcessing", "QVBarcodeSelection",
+      "QVBarcodeDensity", "QVBarcodeProof"}},
+    {"FPColorWise1",
+     {"QVOutputMode", "QVGCBrightness", "QVGCContrast", "QVGCCyan", "QVGCMagenta", "QVGCYellow",
+      "QVGCBlack", "QVGCGray", "QVGCRed", "QVGammaAdjustment", "QVColorProfile",
+      "QVOutputProfileSelection", "QVRenderingIntent"}},
+    {"Job",
+     {"QVSecretNumInfo", "QVWaitAfterProof", "QVOutputMethod", "QVOutputBox", "QVJobNameInfo",
+      "QVOwnerNameInfo", "QVJobComment"}},
     {"FPFinishing2",
      {"QVBinding", "QVGutter", "QVGutterDistance", "QVGutterAutoReducing", "QVBookletGutter",
       "QVBookletGutterDistance", "QVBookletGutterAutoReducing"}},
     {"FPFinishing3",
      {"QVCoverSheet", "QVFrontCoverSheet", "QVFrontCoverSheetTray", "QVBackCoverSheet",
       "QVBackCoverSheetTray", "QVJobSepSheet", "QVJobSepSheetTray", "QVJobSepSheetText"}},
-    {"FPFinishing4",
-     {"QVOutputMethod", "QVOutputBox", "QVOutputFace", "QVContinuousOutput", "QVReverseOrder",
-      "QVJog", "QVCarbonCopy", "QVCarbonCopyPriority1", "QVCarbonCopyPriority2",
-      "QVCarbonCopyPriority3", "QVCarbonCopyPriority4"}},
-    {"FPImageQuality1",
-     {"QVImageQuality", "QVDitherType", "QVPrintDensity", "QVLineSmoothing", "QVScreening",
-      "QVEnvelopeImageProcessing", "QVMaxDrops", "QVBarcodeSelection", "QVBarcodeDensity",
-      "QVBarcodeProof"}},
-    {"FPColorWise1",
-     {"QVGCBrightness", "QVGCContrast", "QVGCCyan", "QVGCMagenta", "QVGCYellow", "QVGCBlack",
-      "QVGCGray", "QVGCRed", "QVGammaAdjustment", "QVColorProfile", "QVOutputProfileSelection",
-      "QVRenderingIntent"}},
-    {"Layout",
-     {"QVTargetPaperSize", "QVZoomRate", "QVMultiUp", "QVMultiUpSinglePage", "QVBooklet",
-      "QVRotate", "QVImageShift", "QVImageShiftFrontV", "QVImageShiftFrontH", "QVImageShiftBackV",
+    {"FPImageQuality2",
+     {"QVImageShift", "QVImageShiftFrontV", "QVImageShiftFrontH", "QVImageShiftBackV",
       "QVImageShiftBackH"}},
-    {"FormsAndJob",
-     {"QVOwnerNameInfo", "QVJobNameInfo", "QVSecretNumInfo", "QVJobComment", "QVForm",
-      "QVFormPattern", "QVFormSurface", "QVFormSeparate", "QVFormSelect1", "QVFormSelect2",
-      "QVPriorityLayer"}},
-    {"Overrides",
-     {"QVDuplex", "QVInputSlot", "QVMediaType", "QVOutputMode", "QVOutputTray", "QVCollate"}},
+    {"FPImageQuality3",
+     {"QVForm", "QVFormPattern", "QVFormSurface", "QVFormSeparate", "QVFormSelect1",
+      "QVFormSelect2", "QVPriorityLayer"}},
     {"InstallableOptions",
-     {"QVBarcodeArea", "QVTargetPaperSizeWidth", "QVTargetPaperSizeHeight", "QVPAGESizeWidth",
-      "QVPAGESizeHeight", "QVManualZoom", "QVOwnerName", "QVJobName", "QVSecretNum"}},
+     {"QVTargetPaperSizeWidth", "QVTargetPaperSizeHeight", "QVPAGESizeWidth", "QVPAGESizeHeight",
+      "QVManualZoom", "QVBarcodeArea", "QVSecretNum", "QVJobName", "QVOwnerName", "QVDuplex",
+      "QVInputSlot", "QVMediaType", "QVOutputTray", "QVCollate"}},
 };
 
 TEST(Groups, OfTheDefaultModelAreThoseThatAPersonLooksFor) {
   EXPECT_EQ(kDefaultGroups, groupsOf(Description(kDefaultModel)));
+}
+
+// What the model without the KELM dialog's options leaves out of dialogs repeats a standard option.
+TEST(Overrides, AreInAGroupOfTheirOwnInTheDialogModel) {
+  const Groups groups = groupsOf(Description(kDialogModel));
+  EXPECT_EQ(
+      (Groups::value_type{"Overrides",
+                          {"QVDuplex", "QVInputSlot", "QVMediaType", "QVOutputTray", "QVCollate"}}),
+      groups.back());
 }
 
 std::set<std::string> optionsIn(const Groups& groups) {
