@@ -88,9 +88,9 @@ function choice(job, keyword, variable, rule, text,    name, value) {
   else if (rule != "same") fail("unknown rule " rule)
 }
 
-# The papers are the media of the jobs 1 to 31 and the output papers of the jobs 32 to 62.
+# Each paper is the medium of a job, and the output paper of the next one.
 function paper(word,    job) {
-  job = ++papers
+  job = 2 * papers++ + 1
   new_job(job, "medium " word[2])
   option(job, "media=" word[2])
   option(job, "QVTargetPaperSize=SameAsOriginal")
@@ -99,7 +99,7 @@ function paper(word,    job) {
   change(job, "QVPAGESIZEHEIGHT=" word[5])
   change(job, "*PageSize " word[2] "|<</PageSize [" word[6] " " word[7] "] /ImagingBBox null>> setpagedevice")
   size(job, word)
-  job += 31
+  job++
   new_job(job, "output paper " word[2])
   option(job, "QVTargetPaperSize=" word[2])
   change(job, "PAPER=" word[3])

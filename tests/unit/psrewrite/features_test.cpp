@@ -161,7 +161,7 @@ TEST(GetFeature, TakesTheEarlierKeywordOfTheTable) {
 TEST(GetFeature, EndsAtAZeroByte) { EXPECT_EQ(getFeature("%BeginFeature: *\0QVGCRed 100\n"), 0); }
 
 TEST(FeatureWriter, OfACodeThatNoKeywordHasRefersToNothing) {
-  for (const int code : {-1, 0, 28, 100, 103, 200, 212, 300, 314, 318, 400, 411}) {
+  for (const int code : {-1, 0, 99, 100, 199, 200, 299, 300, 399, 400, 499}) {
     EXPECT_FALSE(featureWriter(code)) << code;
   }
 }
