@@ -1,4 +1,4 @@
-# The targets that people type; the build itself is CMake's (CMakePresets.json).
+# Shortcuts for the usual tasks; CMake does the building (CMakePresets.json).
 # SPDX-License-Identifier: Apache-2.0
 .PHONY: all help demo check check-desktop bench asan tsan fuzz soak coverage format lint package package-check install clean
 
@@ -6,7 +6,7 @@ all: ## build the programs, the PPD and the manual pages
 	@scripts/install-deps build && scripts/build release all
 help: ## show this list
 	@sed -n 's/^\([a-z][a-z0-9-]*\):.*## /\1\t/p' $(MAKEFILE_LIST) | expand -t 16
-demo: ## send the example job through the filter and show what became of it
+demo: ## send the example job through the filter and show what changed
 	@scripts/install-deps demo && scripts/build demo all && scripts/demo
 check: ## build and run all tests
 	@scripts/install-deps build check && scripts/build release all tests/all && scripts/check
@@ -24,9 +24,9 @@ soak: ## print 2,000 jobs in 5 minutes through a real cupsd, with cancels and re
 	@scripts/install-deps build check && scripts/build release all && sh tests/system/soak.sh
 coverage: ## print the line coverage of each directory
 	@scripts/install-deps build check && scripts/build coverage all tests/all && scripts/coverage
-format: ## give every C++ file the project's shape
+format: ## format every C++ file with clang-format
 	@scripts/install-deps lint && scripts/format
-lint: ## check shape, warnings of both compilers, clang-tidy, shell scripts, licences
+lint: ## check format, warnings of both compilers, clang-tidy, shell scripts, licences
 	@scripts/install-deps build check lint && scripts/lint
 package: ## build the Debian packages of the last commit and run lintian
 	@scripts/install-deps package && scripts/package

@@ -25,7 +25,7 @@ endif()
 add_library(kelm_settings INTERFACE)
 target_include_directories(kelm_settings INTERFACE ${PROJECT_SOURCE_DIR})
 
-# The filter runs on bytes that strangers send: every binary is hardened
+# The filter reads bytes that are not trusted: every binary is hardened
 # (tests/unit/build/hardening_test.cpp). These options follow the packager's CXXFLAGS and win.
 target_compile_options(kelm_settings INTERFACE
   -fPIE -fstack-protector-strong -fstack-clash-protection -ftrivial-auto-var-init=zero)
@@ -65,7 +65,7 @@ if(KELM_COVERAGE)
   target_link_options(kelm_settings INTERFACE --coverage)
 endif()
 
-# The tests' own code: what is tested is optimised, the tests compile quickly.
+# The tests' own code compiles quickly; the code that is tested is optimised.
 add_library(kelm_test_settings INTERFACE)
 target_compile_options(kelm_test_settings INTERFACE "SHELL:-O0 -g1 -U_FORTIFY_SOURCE")
 # Avahi's users have this macro: with it everywhere, one precompiled header fits all tests.

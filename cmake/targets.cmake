@@ -1,4 +1,4 @@
-# One directory is one static library; what it may use is what it links.
+# Each directory is a static library, and links exactly what it may use.
 # SPDX-License-Identifier: Apache-2.0
 
 # kelm_library(NAME SOURCES file... [LINKS target...])

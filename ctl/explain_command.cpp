@@ -153,7 +153,7 @@ Action declareExplain(ArgumentList& list) {
       .excludes(title.valueName("TITLE"));
   const Argument all = list.addFlag("--all", arguments->all, "Every line of the header");
   list.addFlag("--changed", arguments->changed,
-               "Only what differs from a job without options (so on a terminal)")
+               "Only what differs from a job without options (default on a terminal)")
       .excludes(all);
   list.add("--html", arguments->page, "Write a page for a web browser, too").valueName("FILE");
   list.addFlag("--json", arguments->json, "One JSON object, for programs");

@@ -174,7 +174,7 @@ std::string PrintServer::lastProblem() const {
   if (unreachable_) return server + " does not answer";
   if (isSilent_) {
     return server +
-           " accepts connections and stays silent: it is hung, or all its places are taken "
+           " accepts connections and does not answer: it hangs, or takes no more clients "
            "(MaxClients)";
   }
   return server + " says: " + cupsLastErrorString();
@@ -239,7 +239,7 @@ OpenedPpd PrintServer::openPpd(const std::string& queue) {
   const PpdCopy copy = copyPpd(queue);
   if (!copy.problem.empty()) return {nullptr, copy.problem, copy.isAbsent};
   OpenedPpd opened = openPpdAt(copy.path, "the PPD of the queue " + quoted(queue),
-                               "give the queue a sound one: lpadmin -p " + queue + " -P FILE");
+                               "give the queue a valid one: lpadmin -p " + queue + " -P FILE");
   unlink(copy.path.c_str());
   return opened;
 }
@@ -315,7 +315,7 @@ std::string PrintServer::setPpd(const std::string& queue, const std::string& pat
   });
   if (asked && cupsLastError() < IPP_STATUS_REDIRECTION_OTHER_SITE) return {};
   if (!asked) return lastProblem();
-  return "the print server " + name_ + " does not take the PPD for the queue " + quoted(queue) +
+  return "the print server " + name_ + " does not accept the PPD for the queue " + quoted(queue) +
          ": " + cupsLastErrorString();
 }
 

@@ -126,7 +126,7 @@ int showOne(const Arguments& arguments, const Console& console) {
   return fail(console, noAnswerMessage(facts, address, arguments.community));
 }
 
-// Each printer in a process of its own; nothing for one that was not asked to the end.
+// Each printer in a process of its own; nothing for one whose questions were not finished.
 std::vector<std::optional<AskedPrinter>> askMany(const Arguments& arguments,
                                                  const Console& console) {
   const Interruption interruption;
@@ -150,7 +150,7 @@ std::vector<std::optional<AskedPrinter>> askMany(const Arguments& arguments,
       });
     }
     progress.show(std::to_string(over) + " of " + std::to_string(addresses.size()) +
-                  " printers over");
+                  " printers finished");
     pool.wait(kTurn);
   }
   return printers;
@@ -168,7 +168,7 @@ int showMany(const Arguments& arguments, const Console& console) {
   for (const auto& printer : askMany(arguments, console)) {
     const std::string& address = arguments.addresses[index++];
     if (!printer) {
-      complain(console, "the printer \"" + address + "\" was not asked to the end");
+      complain(console, "the questions to the printer \"" + address + "\" were not finished");
       continue;
     }
     if (printer->facts.answered) ++answered;

@@ -144,7 +144,7 @@ class Refresh {
   }
 
   void count(PrintServer& server, const std::string& queue) {
-    if (Interruption::isWanted()) return complainOf(queue, "interrupted; it is as it was");
+    if (Interruption::isWanted()) return complainOf(queue, "interrupted; nothing was changed");
     if (refresh(server, queue)) ++done_;
   }
 
@@ -161,7 +161,7 @@ class Refresh {
   bool refresh(PrintServer& server, const std::string& queue) {
     const pid_t holder = lock(server, queue);
     if (holder != 0) {
-      complainOf(queue, "process " + std::to_string(holder) + " is at work on it; try again later");
+      complainOf(queue, "process " + std::to_string(holder) + " is updating it; try again later");
       return false;
     }
     const bool isDone = refreshLocked(server, queue);
@@ -249,7 +249,7 @@ class Refresh {
     const PrintServer::PpdCopy copy = server.copyPpd(queue);
     if (!copy.problem.empty()) return {{}, nullptr, copy.problem, copy.isAbsent};
     Ppd ppd = readPpd(copy.path, "the PPD of the queue " + quoted(queue),
-                      "give the queue a sound one: lpadmin -p " + queue + " -P FILE");
+                      "give the queue a valid one: lpadmin -p " + queue + " -P FILE");
     unlink(copy.path.c_str());
     return ppd;
   }
@@ -266,7 +266,7 @@ class Refresh {
     const PrintServer::PpdCopy copy = server.copyInstalledPpd(nickName);
     if (!copy.problem.empty()) return installed_[nickName] = {{}, nullptr, copy.problem};
     Ppd& ppd = installed_[nickName] = readPpd(copy.path, "the installed PPD " + quoted(nickName),
-                                              "install a sound one; nothing was changed");
+                                              "install a valid one; nothing was changed");
     unlink(copy.path.c_str());
     return ppd;
   }

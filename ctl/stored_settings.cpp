@@ -38,7 +38,7 @@ constexpr Row kRows[] = {
     {"printerMacAddress",         "MAC address",               Helper::getPrinterMacAddress_, nullptr},
     {"isOverTheRouter",           "Beyond a router",           Helper::isOverTheRouter_, nullptr},
     {"printerIPAddress",          "IP address",                Helper::getPrinterIPAddress_, nullptr},
-    {"ppdOptionsUpdated",         "Updated by the dialog",     Helper::isPPDOptionsUpdated_, nullptr},
+    {"ppdOptionsUpdated",         "Facts are complete",        Helper::isPPDOptionsUpdated_, nullptr},
     {"usePersonalFolder",         "Personal folder",           Helper::isPersonalFolderSelected_, nullptr},
     {"adminLoginModeEnabled",     "Administrator log-in",      Helper::isAdminLoginModeEnabled_, nullptr},
     {"sharedBoxes",               "Shared boxes",              Helper::getSharedBoxDetailsArray_, listOf("SharedBoxName")},

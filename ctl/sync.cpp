@@ -93,7 +93,7 @@ class Sync {
     task.server = &server;
     task.result.server = server.name();
     task.result.queue = queue.name;
-    task.result.problem = "interrupted before it was stored";
+    task.result.problem = "interrupted before anything was stored";
     return task;
   }
 
@@ -131,7 +131,7 @@ class Sync {
     if (!console_.errIsTerminal || Clock::now() < nextProgress_) return;
     nextProgress_ = Clock::now() + 100ms;
     progress_.show(std::to_string(count(Stage::kOver)) + " of " + std::to_string(tasks_.size()) +
-                   " queues over, " + std::to_string(count(Stage::kAsking)) +
+                   " queues finished, " + std::to_string(count(Stage::kAsking)) +
                    " printers being asked, " + std::to_string(count(Stage::kStoring)) +
                    " queues storing the answers");
   }
@@ -158,7 +158,7 @@ class Sync {
     task.lockHolder = locks_.tryLock(task.server->name(), task.queue.name);
     if (task.lockHolder == 0) return true;
     const std::string holder = "process " + std::to_string(task.lockHolder) +
-                               " is at work on the queue " + quoted(task.queue.name);
+                               " is updating the queue " + quoted(task.queue.name);
     if (isFirst) {
       complain(console_, holder + "; waiting for it");
       task.limit = Clock::now() + request_.wait;
@@ -241,8 +241,7 @@ class Sync {
       return noAnswerMessage(printer.facts, printer.address, task.community);
     }
     if (!printer.facts.knowsAnything()) {
-      return quoted(printer.address) +
-             " answers, but knows nothing of a KELM IJ printer; check the address";
+      return quoted(printer.address) + " answers, but not as a KELM IJ printer; check the address";
     }
     return {};
   }
@@ -330,7 +329,7 @@ class Sync {
 
   // A job that has not begun is cancelled; one that is being processed ends by itself.
   void stop() {
-    complain(console_, "interrupted; ending what is under way");
+    complain(console_, "interrupted; finishing what has begun");
     const auto end = Clock::now() + kLongestCancel;
     for (const auto& task : tasks_) {
       if (task->stage == Stage::kStoring) stopStoring(*task, end);
@@ -347,7 +346,8 @@ class Sync {
       std::this_thread::sleep_for(kTurn);
       state = task.server->jobState(task.job);
     }
-    readBack(task, state == JobState::kPrinting ? jobName(task) + " was still under way" : "");
+    readBack(task,
+             state == JobState::kPrinting ? jobName(task) + " was still being processed" : "");
   }
 
   const SyncRequest& request_;

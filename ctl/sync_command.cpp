@@ -44,7 +44,7 @@ void report(const Arguments& arguments, const std::vector<SyncResult>& results,
 int sync(const Arguments& arguments, const Console& console) {
   SyncRequest request = arguments.request;
   if (request.address && (arguments.queues.all || arguments.queues.names.size() > 1)) {
-    complain(console, "--address is for one queue alone");
+    complain(console, "--address works with one queue only");
     return kExitUsage;
   }
   request.servers = serversOf(arguments.queues.server);

@@ -80,7 +80,7 @@ void writeChange(std::ostream& out, const Change& change) {
 }
 
 std::string missingSentence(const std::string& missing) {
-  return "the printer gives no " + missing + "; what is stored of it stays";
+  return "the printer gives no " + missing + "; what is stored about it stays";
 }
 
 std::string labelOf(const SyncResult& result, bool withServer) {

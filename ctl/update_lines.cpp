@@ -83,7 +83,7 @@ class Composer {
         });
     if (problem_.empty() && size > kMostOfAllLines) {
       problem_ = "the printer's lists take " + std::to_string(size) +
-                 " bytes, and an update job carries " + std::to_string(kMostOfAllLines) +
+                 " bytes, and an update job can carry " + std::to_string(kMostOfAllLines) +
                  "; shorten names at the printer";
     }
     if (!problem_.empty()) lines_.clear();

@@ -33,8 +33,9 @@ inline constexpr std::size_t kMostOfKeywordAndValue = 252;
 inline constexpr std::size_t kMostOfAllLines = 100'000;
 
 // The printer's MAC address in the form that a job understands: six hexadecimal parts between
-// colons. The printer may write it with hyphens or as twelve digits. Nothing for any other text and
-// for one that is all zero: it would end every job of a queue that wakes its printer.
+// colons. The printer may write it with hyphens or as twelve digits. Nothing for an all-zero
+// address, which means "none", and for any other text, which would end every job of a queue that
+// wakes its printer.
 std::optional<std::string> storableMacAddress(const PrinterFacts& facts);
 
 // What the printer did not give, such as "complete list of its forms"; none when all facts are

@@ -243,7 +243,8 @@ int wakeMany(const std::vector<Plan>& plans, unsigned jobs, const Console& conso
         ++over;
       });
     }
-    progress.show(std::to_string(over) + " of " + std::to_string(plans.size()) + " printers over");
+    progress.show(std::to_string(over) + " of " + std::to_string(plans.size()) +
+                  " printers finished");
     pool.wait(kStep);
   }
   if (over < plans.size()) {

@@ -69,7 +69,7 @@ void HeaderCheck::take(std::uint64_t offset, const std::string& line) {
                          frame_[number] + "\""});
     }
   } else if (recorded.variable.empty()) {
-    note_({offset, "\"" + line + "\" is no line of a header"});
+    note_({offset, "\"" + line + "\" is not a line of a header"});
   } else {
     takeVariable(offset, recorded);
   }
@@ -79,7 +79,7 @@ void HeaderCheck::take(std::uint64_t offset, const std::string& line) {
 void HeaderCheck::takeVariable(std::uint64_t offset, pjl::RecordedLine& line) {
   const auto known = knownVariable(line.variable);
   if (!known) {
-    note_({offset, line.variable + " is no variable of this printer"});
+    note_({offset, line.variable + " is not a variable of this printer"});
     return;
   }
   line.step = known->step;
@@ -88,7 +88,7 @@ void HeaderCheck::takeVariable(std::uint64_t offset, pjl::RecordedLine& line) {
   checkOrder(offset, line.variable, known->place);
   const RowFacts row = factsOf(*known->step, true);
   if (lacksChoice(row, line.variable, line.value)) {
-    note_({offset, line.variable + " is empty: the job's choice is none of the printer's"});
+    note_({offset, line.variable + " is empty: the printer does not have the job's choice"});
   } else if (row.table && !isValueOf(*row.table, line.value)) {
     note_({offset, line.variable + " cannot be \"" + line.value + "\""});
   }

@@ -131,7 +131,7 @@ std::string textProblem(const Request& request, const Option& option, const job:
   const auto length = base::utf16Length(text);
   if (!length) return "is not valid UTF-8, and the printer does not get it";
   if (*length < field.min || *length > field.max) {
-    return "has " + std::to_string(*length) + " characters, and the printer takes " +
+    return "has " + std::to_string(*length) + " characters, and the printer accepts " +
            std::to_string(field.min) + " to " + std::to_string(field.max);
   }
   if (field.rule == job::kSecretNumSet) return "may have digits only";
@@ -142,11 +142,11 @@ std::string textProblem(const Request& request, const Option& option, const job:
     const std::string_view character = base::firstCharacter(set);
     if (text.find(character) != std::string::npos) {
       return "has the character \"" + std::string(character) +
-             "\", which the printer does not take";
+             "\", which the printer does not accept";
     }
     set.remove_prefix(character.size());
   }
-  return "is not a text that the printer takes";
+  return "is not a text that the printer accepts";
 }
 
 bool isNumber(std::string_view text) {
@@ -191,14 +191,14 @@ std::optional<Remark> remarkOnName(const Request& request, const Option& option)
     return Remark{option, "has an effect only in jobs of the maker's dialog (PrintPDE)", {}, ""};
   }
   return Remark{
-      option, "is no option of this printer", {}, nearestOf(option.name, keywordsOf(request))};
+      option, "is not an option of this printer", {}, nearestOf(option.name, keywordsOf(request))};
 }
 
 std::optional<Remark> remarkOn(const Request& request, const Option& option) {
   const ppd_option_t* known = ppdOption(request, option.name);
   if (known == nullptr) return remarkOnName(request, option);
   if (option.name != known->keyword) {
-    return Remark{option, "has other capital letters in the PPD", {}, known->keyword};
+    return Remark{option, "is spelled with other capital letters in the PPD", {}, known->keyword};
   }
   return remarkOnChoice(request, option, *known);
 }
@@ -217,7 +217,7 @@ std::optional<Remark> remarkOnPaper(const Request& request) {
   const bool agree = std::abs(width - static_cast<double>(other->width)) <= kPaperTolerance &&
                      std::abs(length - static_cast<double>(other->length)) <= kPaperTolerance;
   if (agree) return std::nullopt;
-  return Remark{*media, "is another paper than PageSize=" + page->value, {}, ""};
+  return Remark{*media, "is not the same paper as PageSize=" + page->value, {}, ""};
 }
 
 }  // namespace

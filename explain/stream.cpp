@@ -167,7 +167,7 @@ void StreamReader::meetUel() {
   const std::size_t rest = kUel.size() - 1;  // its escape character is consumed
   reader_.require(rest + 4);
   const bool more = reader_.window().substr(rest).starts_with("@PJL");
-  if (more) note({reader_.offset(), "another job begins here; explain it by itself"});
+  if (more) note({reader_.offset(), "another job begins here; explain it separately"});
   reader_.consume(rest);
 }
 

@@ -28,7 +28,7 @@ inline constexpr OwnVariable Output_QTY{
     "as it is; QTY when collated: QVCollateValue is 1 (dialog), QVCollate is not False or false (plain); else COPIES", "1"};
 inline constexpr OwnVariable Output_DUPLEX{
     "DUPLEX", writeDuplexLine, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",
-    "OFF: OFF, LongEdge: ON, ShortEdge: ON; a booklet binding other than OFF changes a QVDuplex that the job has to ShortEdge", "the value of the PPD's default choice, OFF when it is none of these; ON without a PPD or without the option in it",
+    "OFF: OFF, LongEdge: ON, ShortEdge: ON; if the job has QVDuplex, a booklet binding other than OFF changes it to ShortEdge", "the value of the PPD's default choice, OFF when it is none of these; ON without a PPD or without the option in it",
     Fallback::kPpdDefault};
 inline constexpr OwnVariable Output_BINDING{
     "BINDING", writeBindingEdgeLine, "QVDuplex, QVBookletBinding", "QVDuplex, QVBookletBinding",

@@ -3,10 +3,10 @@
 #   awk -f plain_model.awk kelm-ij-dialog.ppd kelm-ij-dialog.ppd >kelm-ij.ppd
 #
 # Options and groups between "*% Begin: jobs of the KELM dialog only" and "*% End" do nothing in
-# other jobs: they go, with their translations. Options between "*% Begin: no choice for people" and
-# "*% End" only carry a value that the filter works out, or repeat a standard option with the same
-# choices: they move into the group InstallableOptions, which print dialogs do not show. The file is
-# read twice: first for the names of what goes.
+# other jobs: they are removed, with their translations. Options between "*% Begin: no choice for
+# people" and "*% End" only carry a value that the filter works out, or repeat a standard option with
+# the same choices: they move into the group InstallableOptions, which print dialogs do not show. The
+# file is read twice: first for the names of what is removed.
 # SPDX-License-Identifier: Apache-2.0
 BEGIN {
   group["de"] = "Nicht in Druckdialogen"
@@ -48,7 +48,7 @@ block == "hidden" { hidden = hidden $0 "\n"; next }
 }
 /^\*NickName:/ { sub(/, for jobs of the KELM dialog/, "") }
 /^\*PCFileName:/ { sub(/KELMIJD/, "KELMIJ") }
-# One empty line where a block went.
+# One empty line where a block was removed.
 /^$/ { if (empty++) next }
 /./ { empty = 0 }
 { print }

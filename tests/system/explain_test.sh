@@ -32,9 +32,9 @@ grep -q '^Heften: Eine, oben links ' "$W/out" || fail "not in German: $(cat "$W/
 explain 0 office --json
 expect "lines that have changed" 0 "$(grep -c '"changed": true' "$W/out")"
 explain 1 office -o QVStaplMode=OneStaple -o 'QVJobComment="Custom.a:b"'
-grep -qF 'kelmctl: QVStaplMode=OneStaple is no option of this printer; did you mean QVStapleMode?' \
+grep -qF 'kelmctl: QVStaplMode=OneStaple is not an option of this printer; did you mean QVStapleMode?' \
   "$W/err" || fail "the unknown option is not named: $(cat "$W/err")"
-grep -qF 'kelmctl: QVJobComment=Custom.a:b has the character ":", which the printer does not take' \
+grep -qF 'kelmctl: QVJobComment=Custom.a:b has the character ":", which the printer does not accept' \
   "$W/err" || fail "the character is not named: $(cat "$W/err")"
 
 # What the filter writes for the same options is what explain says.

@@ -124,4 +124,4 @@ status=0
 wait $interrupted || status=$?
 expect "status of an interrupted sync" 3 "$status"
 expect_line "$W/out" 'q5: unchanged'
-expect_line "$W/out" 'q6: interrupted: interrupted before it was stored'
+expect_line "$W/out" 'q6: interrupted: interrupted before anything was stored'

@@ -81,7 +81,7 @@ expect "standard error" '' "$(cat "$W/err")"
 cat >"$W/expected" <<'END'
 MAC address: (none) -> 00:1b:a9:00:00:01
 IP address: (none) -> 127.0.0.1
-Updated by the dialog: no -> yes
+Facts are complete: no -> yes
 Administrator log-in: yes -> no
 Shared boxes: 0 -> 2
   + 1  Einkauf
@@ -179,8 +179,8 @@ Forms: 2 -> 1
 END
 diff "$W/expected" "$W/out" || fail "other changes"
 cat >"$W/expected" <<'END'
-kelmctl: the printer gives no readable shared box 17; what is stored of it stays
-kelmctl: the printer gives no readable form 9; what is stored of it stays
+kelmctl: the printer gives no readable shared box 17; what is stored about it stays
+kelmctl: the printer gives no readable form 9; what is stored about it stays
 END
 diff "$W/expected" "$W/err" || fail "other messages"
 play "$P/few_boxes.mib"
@@ -259,7 +259,7 @@ lpadmin -p kelm -v socket://127.0.0.1 2>"$W/lpadmin_log"
 keep
 odd_agent_start foreign 127.0.0.9 error 2
 run 1 sync kelm --address 127.0.0.9
-expect_message '"127.0.0.9" answers, but knows nothing of a KELM IJ printer'
+expect_message '"127.0.0.9" answers, but not as a KELM IJ printer'
 stop agent
 run 1 sync kelm
 expect_message '"127.0.0.1" does not answer .*"secret"'
@@ -326,7 +326,7 @@ expect "jobs in the busy queue" 1 "$(lpstat -W not-completed -o busy | wc -l)"
 first=$!
 sleep 1
 run 1 sync busy --address ::1 --community secret --wait 1
-grep -q "^kelmctl: process $first is at work on the queue \"busy\"; waiting for it\$" "$W/err" ||
+grep -q "^kelmctl: process $first is updating the queue \"busy\"; waiting for it\$" "$W/err" ||
   fail "no word about the other process: $(cat "$W/err")"
 wait $first || :
 cancel -a busy
@@ -346,7 +346,7 @@ begin=$(date +%s)
 run 1 sync kelm --address ::1
 kill -CONT "$server"
 [ $(($(date +%s) - begin)) -le 35 ] || fail "a silent server is waited for too long"
-grep -q 'print server 127.0.0.1 accepts connections and stays silent' "$W/err" || fail "$(cat "$W/err")"
+grep -q 'print server 127.0.0.1 accepts connections and does not answer' "$W/err" || fail "$(cat "$W/err")"
 
 # A server without a place: the sync waits until one is free.
 cups_stop

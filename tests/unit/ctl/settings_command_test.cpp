@@ -60,7 +60,7 @@ TEST(Settings, AreReadableByDefault) {
             "MAC address               00:11:22:33:44:55\n"
             "Beyond a router           no\n"
             "IP address                192.0.2.7\n"
-            "Updated by the dialog     no\n"
+            "Facts are complete        no\n"
             "Personal folder           no\n"
             "Administrator log-in      yes\n"
             "Shared boxes              1  ABC\n"

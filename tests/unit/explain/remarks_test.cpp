@@ -27,7 +27,7 @@ TEST(Remarks, PassOptionsThatAreRight) {
 
 TEST(Remarks, NameAnUnknownOption) {
   const Remark remark = remarkOn("QVStaplMode=OneStaple");
-  EXPECT_EQ(remark.problem, "is no option of this printer");
+  EXPECT_EQ(remark.problem, "is not an option of this printer");
   EXPECT_EQ(remark.nearest, "QVStapleMode");
 }
 
@@ -48,12 +48,12 @@ TEST(Remarks, NameNoNearestChoiceWhereNoneIsNear) {
 
 TEST(Remarks, NameALongText) {
   EXPECT_EQ(remarkOn("QVJobComment=Custom." + std::string(129, 'x')).problem,
-            "has 129 characters, and the printer takes 1 to 128");
+            "has 129 characters, and the printer accepts 1 to 128");
 }
 
 TEST(Remarks, NameAForbiddenCharacter) {
   EXPECT_EQ(remarkOn("QVJobComment=Custom.a:b").problem,
-            "has the character \":\", which the printer does not take");
+            "has the character \":\", which the printer does not accept");
 }
 
 TEST(Remarks, NameATextThatIsCut) {
@@ -62,7 +62,7 @@ TEST(Remarks, NameATextThatIsCut) {
 }
 
 TEST(Remarks, NamePapersThatDisagree) {
-  EXPECT_EQ(remarkOn("media=A3 PageSize=A4").problem, "is another paper than PageSize=A4");
+  EXPECT_EQ(remarkOn("media=A3 PageSize=A4").problem, "is not the same paper as PageSize=A4");
 }
 
 TEST(Remarks, NameAnOptionOfTheMakersDialog) {

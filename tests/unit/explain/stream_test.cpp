@@ -94,7 +94,7 @@ TEST_F(Stream, WithAnUnknownAMissingAndARepeatedVariable) {
             "QVJOG is there twice\n");
   EXPECT_EQ(problems(replaced(of({}), "@PJL SET QVJOG=OFF\n",
                               "@PJL SET QVJOG=OFF\n@PJL SET QVDOG=OFF\n")),
-            "QVDOG is no variable of this printer\n");
+            "QVDOG is not a variable of this printer\n");
 }
 
 TEST_F(Stream, WithVariablesInAnotherOrder) {
@@ -105,7 +105,7 @@ TEST_F(Stream, WithVariablesInAnotherOrder) {
 
 TEST_F(Stream, WithValuesThatThePrinterDoesNotHave) {
   EXPECT_EQ(problems(of({{"QVJog", "Sideways"}})),
-            "QVJOG is empty: the job's choice is none of the printer's\n");
+            "QVJOG is empty: the printer does not have the job's choice\n");
   EXPECT_EQ(problems(replaced(of({}), "QVJOG=OFF", "QVJOG=UP")), "QVJOG cannot be \"UP\"\n");
 }
 
@@ -268,13 +268,13 @@ TEST_F(Stream, OfTheMakersDialog) {
 
 TEST_F(Stream, WithAPaperThatThePrinterDoesNotHave) {
   EXPECT_EQ(problems(replaced(of({}), "QVPAGESIZE=A4", "QVPAGESIZE=")),
-            "QVPAGESIZE is empty: the job's choice is none of the printer's\n");
+            "QVPAGESIZE is empty: the printer does not have the job's choice\n");
 }
 
 TEST_F(Stream, ThatIsFollowedByAnotherJob) {
   EXPECT_EQ(problems(of({}, "%!PS\n\x1B%-12345X")), "");
   EXPECT_EQ(problems(of({}, "%!PS\n\x1B%-12345X@PJL\n")),
-            "another job begins here; explain it by itself\n");
+            "another job begins here; explain it separately\n");
 }
 
 TEST_F(Stream, KeepsNoMoreThanItMust) {

@@ -36,7 +36,8 @@ constexpr char kVariables[] = R"(
 The lines are in this order in every header. A *dialog job* has the option `PrintPDE` (with any
 value): it comes from the maker's print dialog. Every other job is a *plain job*. A line marked
 "dialog" is written for dialog jobs only. Options are the job's own: the PPD's defaults and marked
-choices have no effect, except where this table names the PPD.
+choices have no effect, except where this table names the PPD. (In queues that map standard options,
+the job has every own option of the PPD by then: queue.md.)
 
 "Choice: VALUE" means that this choice gives this value; upper and lower case differ. A choice that
 is not listed, or an empty one, gives an empty value, not the default.
@@ -48,8 +49,8 @@ is not listed, or an empty one, gives an empty value, not the default.
 constexpr char kPapersTop[] = R"(
 ## Papers
 
-The names for QVPAGESIZE and PAPER, and the sizes for the four width and height variables: upright,
-in 1/100 mm. The sizes are the printer's own, not those of any published table. The choice `tabloid`
+These are the names for QVPAGESIZE and PAPER, and the sizes for the four width and height variables.
+Sizes are upright and in 1/100 mm. They are the printer's own, not those of any published table. The choice `tabloid`
 works only for QVPAGESIZE and in `media`.
 
 | Choice | Name | Width | Height |
@@ -62,8 +63,8 @@ side is rounded to whole millimetres (p / 72 × 25.4) and sent in 1/100 mm: 595 
 
 ## Forms
 
-In a plain job, the values of QVFORMSELECT1 and QVFORMSELECT2 for a choice of the PPD's option, or
-for a choice's label in the job's language. The text is sent in hex. A choice that is not in this
+These are the values of QVFORMSELECT1 and QVFORMSELECT2 in a plain job, for a choice of the PPD's
+option or for its label in the job's language. The text is sent in hex. A choice that is not in this
 table gives an empty value. Any other text is a custom value.
 
 | Choice | Text |
@@ -73,8 +74,8 @@ table gives an empty value. Any other text is a custom value.
 constexpr char kCustomValuesTop[] = R"(
 ## Custom values
 
-A plain job has a custom value as `Custom.` and the text; the text ends at the next full stop. A
-value without `Custom.` is the text itself. The text is valid when its length in UTF-16 code units is
+In a plain job, a custom value is `Custom.` and the text, which ends at its first full stop. A value
+without `Custom.` is the text itself. The text is valid when its length in UTF-16 code units is
 within the limits and all its characters are allowed. An invalid text has the same effect as no
 option, and so does the option's "off" choice.
 
@@ -101,7 +102,7 @@ constexpr char kEnd[] = R"(.
   than high, in a job of 1 to 99 options. In every other case it is PORTRAIT.
 - *Booklets.* A booklet binding changes the job's own QVDuplex: everything that reads the job later
   sees the short edge.
-- *Not slips, although they look like some:* two choices of QVOUTPUTMODE give DUAL; OfficeDoc of
+- *Intended, although it looks like mistakes:* two choices of QVOUTPUTMODE give DUAL; OfficeDoc of
   QVDITHERTYPE gives PHOTO, and PhotoDoc gives PHOTODOC; only HIGH_SPEED has an underscore; the
   default of QVFORMSURFACE is BACK; the order of QVGCGRAY and QVGCRED depends on the kind of job.
 )";
