@@ -1,6 +1,6 @@
 # Shortcuts for the usual tasks; CMake does the building (CMakePresets.json).
 # SPDX-License-Identifier: Apache-2.0
-.PHONY: all help demo check check-desktop bench asan tsan fuzz soak coverage format lint package package-check install clean
+.PHONY: all help demo check check-desktop bench asan tsan fuzz soak mutants coverage format lint package package-check install clean
 
 all: ## build the programs, the PPD and the manual pages
 	@scripts/install-deps build && scripts/build release all
@@ -22,6 +22,8 @@ fuzz: ## run every fuzz target for a minute
 	@scripts/install-deps build check lint && scripts/build fuzz tests/fuzz/all && scripts/fuzz
 soak: ## print 2,000 jobs in 5 minutes through a real cupsd, with cancels and restarts
 	@scripts/install-deps build check && scripts/build release all && sh tests/system/soak.sh
+mutants: ## break the program in one place at a time: does a test notice?
+	@scripts/install-deps build check && python3 tests/mutants/run.py
 coverage: ## print the line coverage of each directory
 	@scripts/install-deps build check && scripts/build coverage all tests/all && scripts/coverage
 format: ## format every C++ file with clang-format
