@@ -4,7 +4,12 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+#include <cstdlib>
 #include <limits>
+#include <string>
+
+#include "tests/support/temporary_folder.hpp"
 
 namespace kelm::base {
 namespace {
@@ -53,6 +58,20 @@ TEST(LeadingReal, IsZeroWithoutANumber) {
 }
 
 TEST(LeadingReal, EndsAtAComma) { EXPECT_EQ(leadingReal("1,5"), 1); }
+
+// A locale with a decimal comma, made for the test.
+TEST(LeadingReal, HasAPointInEveryLanguage) {
+  const tests::TemporaryFolder folder;
+  const std::string locale = folder.path() / "comma";
+  ASSERT_EQ(std::system(("localedef -i de_DE -f ISO-8859-1 " + locale + " >/dev/null").c_str()), 0);
+  setenv("LOCPATH", folder.path().c_str(), 1);
+  ASSERT_NE(std::setlocale(LC_ALL, "comma"), nullptr);
+  EXPECT_EQ(std::strtod("1,5", nullptr), 1.5);
+  EXPECT_EQ(leadingReal("1.5"), 1.5);
+  EXPECT_EQ(leadingReal("1,5"), 1);
+  std::setlocale(LC_ALL, "C");
+  unsetenv("LOCPATH");
+}
 
 TEST(CutTo32Bits, KeepsTheLowBits) {
   static_assert(cutTo32Bits(7) == 7);

@@ -94,6 +94,13 @@ TEST_F(CopyLoop, LooksAgainBehindAPerCentSignInTheRestOfALongLine) {
             longLine + "%BeginFeature QVHideJob\n(2) stays\n");
 }
 
+// The section's opening line is cut by the end of the block in which the long line is.
+TEST_F(CopyLoop, SeesASectionBehindALongLineThatTheBlockCuts) {
+  const std::string before = "%" + std::string(5000, '-') + "\n%BeginFeature QVHi";
+  EXPECT_EQ(copied(before + "deJob\n(1) goes\n(2) stays\n", {}, before.size()),
+            before + "deJob\n(2) stays\n");
+}
+
 TEST_F(CopyLoop, SeesTheFirst4095BytesOfAPieceOnly) {
   // "%", filling, and an opening line that fills 4095 or 4096 bytes.
   const std::string opening = "BeginFeature QVHideJob";

@@ -27,9 +27,10 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-// The exit status and the output; the environment holds no language and no PPD.
-std::string run(std::vector<std::string> arguments) {
+// The exit status and the output; the environment holds no language and no PPD but the given one.
+std::string run(std::vector<std::string> arguments, const std::string& ppd = "") {
   for (const char* name : {"APPLE_LANGUAGE", "LANG", "PPD"}) unsetenv(name);
+  if (!ppd.empty()) setenv("PPD", ppd.c_str(), 1);
   std::vector<char*> argv;
   for (std::string& argument : arguments) argv.push_back(argument.data());
   const auto argc = static_cast<int>(argv.size());
@@ -79,6 +80,35 @@ TEST_F(Pipeline, DecidesCustomPaperAndOutputFaceBeforeTheHeader) {
   const std::string wide = printed(input, "media=Custom.842x595 QVOutputTray=Tray2");
   EXPECT_THAT(wide, HasSubstr("\n@PJL SET ORIENTATION=LANDSCAPE\n"));
   EXPECT_THAT(wide, EndsWith(kLastHeaderLine + input));
+}
+
+TEST_F(Pipeline, SettlesStandardOptionsBeforeTheHeader) {
+  const std::string file = fileOf("");
+  const std::string ppd = folder_.path() / "standard.ppd";
+  tests::writeFile(ppd, "*PPD-Adobe: \"4.3\"\n*KelmStandardOptions: True\n");
+  EXPECT_THAT(tests::inChild([&] {
+                platform::FakePlatform platform;
+                return run({"kelmfilter", "1", "user", "title", "3", "", file}, ppd);
+              }),
+              HasSubstr("\n@PJL SET QTY=3\n"));
+}
+
+// The PPD names the printer 00:1B:A9:00:00:01.
+TEST_F(Pipeline, WakesThePrinter) {
+  const std::string file = fileOf("");
+  const std::string ppd = folder_.path() / "waking.ppd";
+  tests::writeFile(ppd,
+                   "*PPD-Adobe: \"4.3\"\n*IsWakeOnLan: \"1\"\n"
+                   "*PrinterMacAddress: \"MDA6MUI6QTk6MDA6MDA6MDE=\"\n");
+  EXPECT_EQ(tests::inChild([&] {
+              platform::FakePlatform platform;
+              platform.wakeUpBus.answersAtOnce = true;
+              run(jobOf("", file), ppd);
+              std::string woken;
+              for (const auto& request : platform.wakeUpBus.requests) woken += request.macAddress;
+              return woken;
+            }),
+            "00:1B:A9:00:00:01");
 }
 
 TEST_F(Pipeline, FailsForAnInputThatCannotBeOpened) {
