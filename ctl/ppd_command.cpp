@@ -1,4 +1,4 @@
-// kelmctl ppd: what a PPD offers, in the user's language, for people and for programs.
+// kelmctl ppd: what a PPD offers, in the user's language, as text or as JSON.
 // SPDX-License-Identifier: Apache-2.0
 #include <memory>
 #include <nlohmann/json.hpp>

@@ -1,4 +1,4 @@
-// kelmctl settings: what is stored about a queue's printer, for people and for programs.
+// kelmctl settings: what is stored about a queue's printer, as text or as JSON.
 // SPDX-License-Identifier: Apache-2.0
 #include <iomanip>
 #include <memory>

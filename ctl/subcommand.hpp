@@ -14,7 +14,7 @@ struct Console {
   std::ostream& out;
   std::ostream& err;
   bool errIsTerminal = false;  // progress may be shown on `err`
-  bool outIsTerminal = false;  // a person reads the result
+  bool outIsTerminal = false;  // `out` is a terminal
 };
 
 // Runs a subcommand whose arguments have been read; returns its exit status.

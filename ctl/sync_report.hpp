@@ -1,4 +1,4 @@
-// What a sync did, for people and for programs.
+// What a sync did, as text or as JSON.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
