@@ -10,8 +10,9 @@ demo: ## send the example job through the filter and show what changed
 	@scripts/install-deps demo && scripts/build demo all && scripts/demo
 check: ## build and run all tests
 	@scripts/install-deps build check && scripts/build release all tests/all && scripts/check
-check-desktop: ## print through GTK's own dialog
-	@scripts/install-deps build check desktop && scripts/build release all && sh tests/desktop/gtk_dialog_test.sh
+check-desktop: ## print through the dialogs of GTK, Qt and LibreOffice
+	@scripts/install-deps build check desktop && scripts/build release all
+	@for test in tests/desktop/*_test.sh; do echo "$$test"; sh "$$test" || exit 1; done
 bench: ## measure throughput, start-up and memory
 	@scripts/install-deps build check && scripts/build release all tests/bench/all && scripts/bench
 asan: ## run the tests under the address and undefined-behaviour sanitizers

@@ -12,7 +12,7 @@ from gi.repository import GLib, GObject, Gtk  # noqa: E402
 (QUEUE,) = sys.argv[1:]
 # The tab for what has no other place.
 ADVANCED = ["PIN", "Wait after proof copy", "Output method", "Folder", "Job name", "Owner name",
-            "Job comment"]
+            "Job comment", "Collate copies (override)"]
 failures = []
 
 

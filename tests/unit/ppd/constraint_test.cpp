@@ -6,8 +6,8 @@
 
 #include <array>
 #include <set>
-#include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "tests/unit/ppd/description.hpp"
@@ -30,25 +30,24 @@ constexpr std::array kEnvelopes = {
 };
 constexpr std::array kStackers = {"Stacker", "AutoStacker", "WideStacker", "HighCapacityStacker"};
 
-Side side(const char* option, const char* choice) {
-  return *choice == '\0' ? Side(option) : Side(option) + " " + choice;
-}
-
-// Each of `ones` with each of `others`, in both directions: a dialog looks at either first.
+// Each of `ones` with each of `others`.
 void add(Constraints& constraints, const std::vector<Side>& ones, const std::vector<Side>& others) {
   for (const Side& one : ones) {
-    for (const Side& other : others) {
-      constraints.emplace(one, other);
-      constraints.emplace(other, one);
-    }
+    for (const Side& other : others) constraints.emplace(one, other);
   }
 }
 
 template <class Names>
-std::vector<Side> choices(const char* option, const Names& names) {
+std::vector<Side> choices(const std::string& option, const Names& names) {
   std::vector<Side> sides;
-  for (const char* name : names) sides.push_back(side(option, name));
+  for (const char* name : names) sides.push_back(option + " " + name);
   return sides;
+}
+
+// "*OPTION CHOICE *OPTION CHOICE", where CHOICE may be missing
+std::pair<Side, Side> sidesOf(std::string text) {
+  const std::size_t second = text.rfind('*');
+  return {text.substr(1, second - 2), text.substr(second + 1)};
 }
 
 TEST(Constraints, AreTheseAndNoOther) {
@@ -69,12 +68,18 @@ TEST(Constraints, AreTheseAndNoOther) {
 
   const Description description;
   Constraints found;
-  for (const ppd_const_t& constraint :
-       std::span(description.ppd()->consts, std::size_t(description.ppd()->num_consts))) {
-    found.emplace(side(constraint.option1, constraint.choice1),
-                  side(constraint.option2, constraint.choice2));
+  for (const ppd_attr_t* each = ppdFindAttr(description.ppd(), "cupsUIConstraints", nullptr);
+       each != nullptr; each = ppdFindNextAttr(description.ppd(), "cupsUIConstraints", nullptr)) {
+    found.insert(sidesOf(each->value));
   }
   EXPECT_EQ(expected, found);
+}
+
+// LibreOffice reads an omitted choice there as any choice but None and False: with a default of OFF
+// it would offer no envelope and no binding at the long edge.
+TEST(Constraints, OfTheOldFormAreNone) {
+  EXPECT_EQ(0, Description(kDialogModel).ppd()->num_consts);
+  EXPECT_EQ(0, Description(kDefaultModel).ppd()->num_consts);
 }
 
 class Conflicts : public testing::Test {

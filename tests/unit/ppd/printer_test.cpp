@@ -141,7 +141,7 @@ const Groups kDefaultGroups = {
       "QVOutputProfileSelection", "QVRenderingIntent"}},
     {"Job",
      {"QVSecretNumInfo", "QVWaitAfterProof", "QVOutputMethod", "QVOutputBox", "QVJobNameInfo",
-      "QVOwnerNameInfo", "QVJobComment"}},
+      "QVOwnerNameInfo", "QVJobComment", "QVCollate"}},
     {"FPFinishing2",
      {"QVBinding", "QVGutter", "QVGutterDistance", "QVGutterAutoReducing", "QVBookletGutter",
       "QVBookletGutterDistance", "QVBookletGutterAutoReducing"}},
@@ -157,7 +157,7 @@ const Groups kDefaultGroups = {
     {"InstallableOptions",
      {"QVTargetPaperSizeWidth", "QVTargetPaperSizeHeight", "QVPAGESizeWidth", "QVPAGESizeHeight",
       "QVManualZoom", "QVBarcodeArea", "QVSecretNum", "QVJobName", "QVOwnerName", "QVDuplex",
-      "QVInputSlot", "QVMediaType", "QVOutputTray", "QVCollate"}},
+      "QVInputSlot", "QVMediaType", "QVOutputTray"}},
 };
 
 TEST(Groups, OfTheDefaultModelAreThoseThatAPersonLooksFor) {
@@ -168,8 +168,7 @@ TEST(Groups, OfTheDefaultModelAreThoseThatAPersonLooksFor) {
 TEST(Overrides, AreInAGroupOfTheirOwnInTheDialogModel) {
   const Groups groups = groupsOf(Description(kDialogModel));
   EXPECT_EQ(
-      (Groups::value_type{"Overrides",
-                          {"QVDuplex", "QVInputSlot", "QVMediaType", "QVOutputTray", "QVCollate"}}),
+      (Groups::value_type{"Overrides", {"QVDuplex", "QVInputSlot", "QVMediaType", "QVOutputTray"}}),
       groups.back());
 }
 

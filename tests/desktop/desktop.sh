@@ -1,0 +1,53 @@
+# desktop.sh : a real queue and a display for desktop programs; read first by their tests, in place of
+# common.sh.
+# SPDX-License-Identifier: Apache-2.0
+# shellcheck shell=sh
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/../system/lib/common.sh"
+HERE=$SOURCE/tests/system
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+
+display_is_there() { [ -s "$W/display" ]; }
+
+# desktop_start : a print server with the queue "kelm", and a display
+desktop_start() {
+  command -v Xvfb >/dev/null || fail "no Xvfb: run scripts/install-deps desktop"
+  hostname office-pc
+  mount -t tmpfs none /run
+  mkdir -m 700 "$W/runtime"
+  XDG_RUNTIME_DIR=$W/runtime
+  export XDG_RUNTIME_DIR
+  cups_setup
+  cups_start
+  printer_start 9100 "$W/printer.out"
+  cups_queue kelm socket://127.0.0.1:9100 "$BUILD/ppd/kelm-ij.ppd"
+  # It takes the first display that is free, and says which.
+  Xvfb -displayfd 3 -screen 0 1024x768x24 -nolisten tcp 3>"$W/display" >"$W/xvfb_log" 2>&1 &
+  started xvfb $!
+  wait_until 20 display_is_there || fail "no display"
+  DISPLAY=:$(cat "$W/display")
+  export DISPLAY
+}
+
+all_there() { grep -qa '%%EOF' "$W/printer.out"; }
+
+# expect_job LINE... : the printer got a job with these lines in its header, and the PostScript agrees
+expect_job() {
+  wait_until 40 all_there || fail "nothing was printed"
+  tr -d '\004' <"$W/printer.out" >"$W/printed"
+  for line in "$@"; do expect_line "$W/printed" "@PJL SET $line"; done
+  "$BUILD/kelmctl" explain --stream "$W/printed" >"$W/explanation" ||
+    fail "header and PostScript disagree: $(grep WRONG "$W/explanation")"
+}
+
+# expect_a5_job : the printer got A5, two-sided, from tray 2, three copies of each page, in the header as
+# in the PostScript
+expect_a5_job() {
+  expect_job DUPLEX=ON BINDING=LONGEDGE COPIES=3 QVPAGESIZE=A5 MEDIASOURCE=TRAY2
+  for line in '(LongEdge) userdict exch /QVDuplex exch put' \
+    '(FeedTray2) userdict exch /QVInputSlot exch put' \
+    '(False) userdict exch /QVCollate exch put' '%%BeginFeature: *PageSize A5'; do
+    expect_line "$W/printed" "$line"
+  done
+}
