@@ -1,12 +1,22 @@
 #!/bin/sh
 # What people choose in any program reaches header and PostScript, and the two never disagree: the
 # default model on a real queue. The jobs and what the printer gets are in standard/jobs.txt.
-# Time limit: 300 s
+# Time limit: 900 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh
 . "$HERE/lib/cups.sh"
+
+# Every choice of the standard options and every finishing is printed both ways in.
+choices=$(sed -nE 's/^\*(Duplex|InputSlot|MediaType|ColorModel|OutputBin|Collate) ([A-Za-z0-9]+)\/.*/\1 \2/p
+  s/^\*cupsIPPFinishings ([0-9]+)\/.*/finishings \1/p' "$BUILD/ppd/kelm-ij.ppd")
+[ "$(echo "$choices" | wc -l)" -gt 40 ] || fail "the PPD has no standard options"
+echo "$choices" | while read -r option choice; do
+  for way in "lp .*-o $option=$choice( |\$)" "ipp (name|enum) $option $choice\$"; do
+    grep -qE "^$way" "$HERE/standard/jobs.txt" || fail "no job in standard/jobs.txt has '$way'"
+  done
+done || exit 1
 
 hostname office-pc
 mount -t tmpfs none /run
