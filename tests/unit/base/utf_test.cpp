@@ -50,6 +50,8 @@ INSTANTIATE_TEST_SUITE_P(Bytes, NotUtf8,
                                          "\xE2\x80",          // cut off
                                          "\xF0\x9F\x98",      // cut off
                                          "\xC3(",             // no following byte
+                                         "\xC3\xC3",          // a leading byte instead
+                                         "\xE2\x80\xC2",      // the same at the end
                                          "\xC0\xAF",          // overlong "/"
                                          "\xC1\xBF",          // overlong
                                          "\xE0\x9F\xBF",      // overlong

@@ -118,6 +118,17 @@ TEST_F(CustomPaper, IsNotSeenAmong100Options) {
   EXPECT_EQ(among(150), (Paper{false, 0, 0}));
 }
 
+// The standard options' stage states every own option, so such a job always has many.
+TEST_F(CustomPaper, OfSettledOptionsIsSeenAmongAnyNumber) {
+  TestJob::Options options{{"media", "Custom.595x842"}};
+  for (int i = 1; i < 150; ++i) options.emplace_back("option" + std::to_string(i), "x");
+  TestJob job(options);
+  job->optionsSettled = true;
+  decideCustomPaper(*job);
+  EXPECT_EQ((Paper{job::customSizeFlg, job::widthLength, job::heighLength}),
+            (Paper{true, 21000, 29700}));
+}
+
 TEST_F(CustomPaper, FlagIsTakenBackAndSizesStay) {
   decidedFor({{"media", "Custom.595x842"}});
   EXPECT_EQ(decidedFor({{"media", "Custom"}}), (Paper{true, 21000, 29700}));
