@@ -55,9 +55,9 @@ TEST_F(PrinterStream, SaysOnceWhyItCannotWrite) {
   EXPECT_EQ(std::fflush(output.stream()), 0);
   std::fputs("two\n", output.stream());
   EXPECT_EQ(std::fflush(output.stream()), 0);
-  EXPECT_THAT(platform_.systemLog.messages,
-              testing::ElementsAre(
-                  "[Driver] cannot write the job: Bad file descriptor after 0 bytes"));
+  EXPECT_THAT(
+      platform_.systemLog.messages,
+      testing::ElementsAre("[Driver] cannot write the job: Bad file descriptor after 0 bytes"));
 }
 
 }  // namespace

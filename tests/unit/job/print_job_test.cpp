@@ -3,6 +3,8 @@
 #include "job/print_job.hpp"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <cstdlib>
 #include <optional>
@@ -12,6 +14,7 @@
 #include "job/ppd_calls.hpp"
 #include "platform/fake/fake_platform.hpp"
 #include "tests/support/memory_job.hpp"
+#include "tests/support/temporary_folder.hpp"
 
 namespace kelm::job {
 namespace {
@@ -185,6 +188,18 @@ TEST(InitializePrintJobData, GoesOnWithoutAPpd) {
 std::string markedChoice(const PrintJobData& job, const char* option) {
   const ppd_choice_t* choice = r_ppdFindMarkedChoice(job.ppd, option);
   return choice == nullptr ? "none" : choice->choice;
+}
+
+// To open a FIFO would wait for a program that writes to it.
+TEST(InitializePrintJobData, DoesNotWaitForAPpdThatIsAFifo) {
+  const tests::TemporaryFolder folder;
+  const std::string path = folder.path() / "queue.ppd";
+  ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+  alarm(20);
+  const StartedJob job(StartedJob::usual(""), path.c_str());
+  alarm(0);
+  EXPECT_TRUE(job.started());
+  EXPECT_EQ(job->ppd, nullptr);
 }
 
 TEST(InitializePrintJobData, MarksTheDefaultsAndThenTheJobsOptions) {
