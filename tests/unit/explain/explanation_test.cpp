@@ -66,6 +66,14 @@ TEST(Explanation, NamesEveryOptionThatALineNeeds) {
   EXPECT_EQ(line.causes, (Options{{"QVBookletBinding", "TwoFold"}, {"QVDuplex", "LongEdge"}}));
 }
 
+// The tray alone would turn the face up, and the other option of the row turns it down again.
+TEST(Explanation, NamesNoOptionThatALineDoesNotNeed) {
+  const Line line =
+      ExplainedJob({"QVOutputTray=Stacker QVOutputFace=FaceDown"}).line("QVOUTPUTFACE");
+  EXPECT_EQ(line.value, "FACEDOWN");
+  EXPECT_EQ(line.causes, (Options{{"QVOutputFace", "FaceDown"}}));
+}
+
 TEST(Explanation, DecodesACustomText) {
   const ExplainedJob job({"QVJobComment='Custom.For the board'"});
   const Line line = job.line("QVJOBCOMMENT");

@@ -176,6 +176,27 @@ TEST_F(Stream, ReadsTheCodeOfASectionNotItsComment) {
             "QVSTAPLEMODE=OFF\n");
 }
 
+TEST_F(Stream, ReadsParenthesesInsideAString) {
+  const StreamReport report =
+      read(of({},
+              "%!PS\n%%BeginFeature: *QVJobComment None\n"
+              "(a\\)b(c)\\\\) userdict exch /QVJobComment exch put\n%%EndFeature\n"));
+  ASSERT_EQ(report.sections.size(), 1U);
+  EXPECT_EQ(report.sections[0].value, "a)b(c)\\");
+}
+
+TEST_F(Stream, ReadsSectionsOfThisPrinterOnly) {
+  EXPECT_TRUE(read(of({}, "%!PS\n" + section("Resolution", "600dpi"))).sections.empty());
+}
+
+TEST_F(Stream, ReadsLinesThatEndInCrLf) {
+  const StreamReport report = read(of({},
+                                      "%!PS\r\n%%BeginFeature: *QVJog Set\r\n"
+                                      "(Set) userdict exch /QVJog exch put\r\n%%EndFeature\r\n"));
+  ASSERT_EQ(report.sections.size(), 1U);
+  EXPECT_EQ(report.sections[0].value, "Set");
+}
+
 TEST_F(Stream, NamesTheSectionThatDisagreesAndNotItsNeighbour) {
   EXPECT_EQ(problems(of({{"QVDuplex", "LongEdge"}},
                         "%!PS\n%%BeginFeature: *QVDuplex LongEdge\n"
