@@ -1,0 +1,55 @@
+#!/bin/sh
+# install_deps_test.sh : scripts/install-deps names a package that the release does not have, and installs
+# nothing then. The package tools are played by short scripts.
+# SPDX-License-Identifier: Apache-2.0
+set -eu
+W=$(mktemp -d)
+trap 'rm -rf "$W"' EXIT
+PATH=$W:$PATH
+export W
+
+# tool NAME : a program NAME with the text on standard input
+tool() {
+  { echo '#!/bin/sh' && cat; } >"$W/$1"
+  chmod 755 "$W/$1"
+}
+echo 'echo 0' | tool id
+tool apt-get <<'END'
+echo "$@" >>"$W/calls"
+END
+# Everything but two packages is installed, and one of the two is offered.
+tool dpkg-query <<'END'
+shift 3
+for name; do
+  [ "$name" = scdoc ] || [ "$name" = ninja-build ] || printf 'installed %s ' "$name"
+done
+END
+tool apt-cache <<'END'
+[ "$1" = policy ] || exit 0
+case $2 in
+scdoc) printf 'scdoc:\n  Installed: (none)\n  Candidate: (none)\n' ;;
+ninja-build) printf 'ninja-build:\n  Installed: (none)\n  Candidate: 1.11.1-1\n' ;;
+esac
+END
+
+if scripts/install-deps build >"$W/out" 2>&1; then
+  echo "status 0 although a package is not offered" >&2
+  exit 1
+fi
+grep -q '^install-deps: .* offers no package named: scdoc$' "$W/out" || {
+  cat "$W/out" >&2
+  exit 1
+}
+[ "$(cat "$W/calls")" = update ] || {
+  echo "apt-get was called for: $(cat "$W/calls")" >&2
+  exit 1
+}
+
+# Nothing is missing: quiet, and no call.
+rm "$W/calls"
+tool dpkg-query <<'END'
+shift 3
+for name; do printf 'installed %s ' "$name"; done
+END
+[ -z "$(scripts/install-deps build 2>&1)" ]
+[ ! -e "$W/calls" ]
