@@ -159,6 +159,7 @@ class Refresh {
 
   // False when it failed, which was reported, or when the queue does not use this driver.
   bool refresh(PrintServer& server, const std::string& queue) {
+    if (!locks_.problem().empty()) return complainOf(queue, locks_.problem()), false;
     const pid_t holder = lock(server, queue);
     if (holder != 0) {
       complainOf(queue, "process " + std::to_string(holder) + " is updating it; try again later");

@@ -89,6 +89,15 @@ grep -q '^kelmctl: kelm: .*; it has its old PPD$' "$W/err" || fail "$(cat "$W/er
 umount "$CUPS/etc/ppd"
 cmp "$PPD" "$W/before" || fail "a server that fails changed the queue's PPD"
 
+# Nor where no lock keeps other processes away.
+mount --bind /run/lock /run/lock
+mount -o remount,bind,ro /run/lock
+run 1 refresh kelm --ppd "$W/version3"
+grep -q '^kelmctl: kelm: the lock file /run/lock/kelmctl.lock cannot be opened' "$W/err" ||
+  fail "$(cat "$W/err")"
+umount /run/lock
+cmp "$PPD" "$W/before" || fail "the queue's PPD was changed without a lock"
+
 # A job that is being printed is not disturbed.
 install -d -m 1777 "$W/hung"
 printf '#!/bin/sh\ncat >/dev/null\n: >"%s/read"\nexec sleep 30\n' "$W/hung" >"$CUPS/bin/backend/hang"
