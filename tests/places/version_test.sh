@@ -10,3 +10,16 @@ if [ "$file_version" != "${version%.*}" ]; then
     "for version $version (CMakeLists.txt) it must be ${version%.*}" >&2
   exit 1
 fi
+
+package=$(sed -n '1s/^kelmfilter (\(.*\)-[^-]*) .*/\1/p' debian/changelog)
+if [ "$package" != "$version" ]; then
+  echo "the newest entry of debian/changelog is for version $package, not for $version" >&2
+  exit 1
+fi
+
+metainfo=packaging/com.kelm.kelmfilter.metainfo.xml
+release=$(sed -n 's/.*<release version="\([^"]*\)".*/\1/p' $metainfo | head -n 1)
+if [ "$release" != "$version" ]; then
+  echo "the newest release in $metainfo is $release, not $version" >&2
+  exit 1
+fi
