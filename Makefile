@@ -1,6 +1,6 @@
 # Shortcuts for the usual tasks; CMake does the building (CMakePresets.json).
 # SPDX-License-Identifier: Apache-2.0
-.PHONY: all help demo check check-desktop bench asan tsan fuzz soak mutants coverage format lint package package-check install clean
+.PHONY: all help demo check check-desktop bench asan tsan fuzz soak mutants coverage format lint package package-check package-test check-debian13 install clean
 
 all: ## build the programs, the PPD and the manual pages
 	@scripts/install-deps build && scripts/build release all
@@ -35,6 +35,10 @@ package: ## build the Debian packages of the last commit and run lintian
 	@scripts/install-deps package && scripts/package
 package-check: ## build the packages twice and compare them
 	@scripts/install-deps package && scripts/check-reproducible
+package-test: ## install, upgrade and remove those packages in a throw-away Debian, as root
+	@scripts/install-deps tree && scripts/check-packages
+check-debian13: ## build the last commit and run all tests in a Debian 13 tree, as root
+	@scripts/install-deps tree && scripts/check-debian13
 install: ## install what "make" built
 	@cmake --install build
 clean: ## remove all build directories

@@ -1,0 +1,7 @@
+#!/bin/sh
+# autopkgtest_test.sh DIRECTORY : runs debian/tests with the packages of DIRECTORY, as Debian's own machines
+# do. Run by scripts/check-packages, in a throw-away Debian.
+# SPDX-License-Identifier: Apache-2.0
+set -eu
+ip link set lo up
+autopkgtest --no-built-binaries "$1"/*.deb /source/ -- null
