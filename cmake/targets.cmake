@@ -29,7 +29,7 @@ function(kelm_test_program NAME)
 endfunction()
 
 # kelm_unit_tests(DIRECTORY SOURCES file... LINKS target... [NAMESPACES filter]): its tests, as one
-# program. The filter names the suites that need namespaces (scripts/check).
+# program. The filter names the tests that need namespaces or root (scripts/check).
 function(kelm_unit_tests DIRECTORY)
   cmake_parse_arguments(ARG "" "NAMESPACES" "SOURCES;LINKS" ${ARGN})
   kelm_test_program(${DIRECTORY}_test SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} GTest::gmock_main)
