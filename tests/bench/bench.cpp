@@ -9,6 +9,7 @@
 
 #include "tests/bench/jobs.hpp"
 #include "tests/bench/measure.hpp"
+#include "tests/support/job_shapes.hpp"
 
 namespace {
 
@@ -21,6 +22,7 @@ constexpr std::size_t kJobBytes = 256 * kMegabyte;
 constexpr std::size_t kMemoryBlock = kMegabyte;  // small: a child starts with its parent's peak
 constexpr int kThroughputRuns = 9;
 constexpr int kStartUpRuns = 301;
+constexpr int kGrowthRuns = 5;
 
 const Command kCat{"/bin/cat"};
 const Command kFilter{KELM_FILTER, "1", "user", "title", "1", ""};
@@ -69,6 +71,22 @@ void startUp() {
   row("kelmfilter with the queue's PPD", times[3]);
 }
 
+// How the time for a job grows, shape by shape.
+void growth() {
+  std::printf("\nstart to exit            %8s %8s %8s\n", "size", "ms", "us/unit");
+  for (const kelm::tests::JobShape& shape : kelm::tests::jobShapes()) {
+    for (const int times : {1, 2, 4}) {
+      const int size = times * shape.size;
+      const std::string file = writeJob("growing", shape.postScript(size));
+      const Command command{KELM_FILTER, "1", "user", "title", "1", shape.options(size)};
+      const double seconds = kelm::bench::mediansInTurns(
+          {[&] { return secondsToExit(command, file); }}, kGrowthRuns)[0];
+      std::printf("%-24s %8d %8.1f %8.2f\n", shape.name, size, seconds * 1e3, seconds * 1e6 / size);
+      std::filesystem::remove(file);
+    }
+  }
+}
+
 void memory() {
   const std::string block = kelm::bench::lineArt(kMemoryBlock).substr(0, kMemoryBlock);
   setenv("PPD", KELM_PPD, 1);
@@ -93,5 +111,6 @@ int main() {
   throughput("line-art", kelm::bench::lineArt(kJobBytes));
   throughput("binary", kelm::bench::binaryImage(kJobBytes));
   startUp();
+  growth();
   return 0;
 }

@@ -1,10 +1,8 @@
-// PPDs of unusual sizes and shapes: what is found, what is refused and why, and how the time grows.
+// PPDs of unusual sizes and shapes: what is found, and what is refused and why.
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <ctime>
 #include <string>
 
 #include "ppdtext/localizer.hpp"
@@ -88,65 +86,6 @@ TEST(LocalizeRecord, SaysThatKeywordsTakeTooLong) {
   const std::string translations = text + "*de.Fold " + std::string(200, 'a') + "/An: \"\"\n";
   EXPECT_FALSE(localizeRecord(*record, toUtf16(translations).value(), u"de"));
   EXPECT_TRUE(localizeRecord(*record, toUtf16(text).value(), u"de"));
-}
-
-// Files of all shapes; each grows with n.
-std::string optionsInGroups(int n) {
-  std::string text;
-  for (int i = 0; i < n; ++i) {
-    const std::string number = std::to_string(i);
-    text += "*OpenGroup: G" + number + "/G\n" + option("Option" + number) + "*CloseGroup: G" +
-            number + "\n*de.Option" + number + " On/An: \"\"\n";
-  }
-  return text;
-}
-
-std::string unclosed(int n) {
-  std::string text = "\n";
-  for (int i = 0; i < n; ++i) {
-    const std::string number = std::to_string(i);
-    text += "*OpenGroup: G" + number + "/G\n*OpenUI *Option" + number +
-            "/O: PickOne\n*CustomOption" + number + " On: \"on\"\n";
-  }
-  return text;
-}
-
-std::string nested(int n) {
-  std::string text;
-  for (int i = 0; i < n; ++i) text += "*OpenUI *Option" + std::to_string(i) + "/O: PickOne\n";
-  for (int i = 0; i < n; ++i) text += "*Option" + std::to_string(i) + " On/On: \"on\"\n";
-  for (int i = 0; i < n; ++i) text += "*CloseUI: *Option" + std::to_string(i) + "\n";
-  return text;
-}
-
-std::string oneLine(int n) {
-  std::string text = option("Fold");
-  for (int i = 0; i < n; ++i)
-    text += "*OpenUI *Fold *OpenGroup: *de.Fold On:*CloseUI: *CustomFold ";
-  return text;
-}
-
-double millisecondsFor(const std::string& utf8) {
-  const std::u16string text = toUtf16(utf8).value();
-  double best = 1e9;
-  for (int run = 0; run < 3; ++run) {
-    const std::clock_t start = std::clock();
-    const Record record(ppdtext::recordOf(std::u16string_view(text)));
-    EXPECT_NE(record, nullptr);
-    if (record == nullptr) return 0;
-    EXPECT_TRUE(localizeRecord(*record, text, u"de"));
-    best = std::min(best, 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
-  }
-  return best;
-}
-
-// Sixteen times the size took 256 times the time when something was searched for again and again:
-// the limit of 64 has room for noise on both sides.
-TEST(TimeForAPpd, GrowsWithItsSizeInEveryShape) {
-  for (auto* shape : {optionsInGroups, unclosed, nested, oneLine}) {
-    const double once = millisecondsFor(shape(250));
-    EXPECT_LT(millisecondsFor(shape(4000)), 64 * once + 50);
-  }
 }
 
 }  // namespace

@@ -1,0 +1,19 @@
+// Jobs of many shapes, each as large as wanted: what makes the time for a job grow.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <span>
+#include <string>
+
+namespace kelm::tests {
+
+struct JobShape {
+  const char* name;
+  int size;  // a job that takes the filter some hundredths of a second
+  std::string (*options)(int size);
+  std::string (*postScript)(int size);
+};
+
+std::span<const JobShape> jobShapes();
+
+}  // namespace kelm::tests
