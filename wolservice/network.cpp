@@ -85,8 +85,8 @@ bool canBeAPrinter(const in6_addr& address) {
          !IN6_IS_ADDR_MULTICAST(&address);
 }
 
-// As getaddrinfo finds it with these flags.
-std::optional<sockaddr_storage> firstAddress(const std::string& host, int flags) {
+// The first IPv4 address that getaddrinfo finds with these flags, else the first one.
+std::optional<sockaddr_storage> addressOf(const std::string& host, int flags) {
   addrinfo wanted{};
   wanted.ai_flags = flags;
   wanted.ai_socktype = SOCK_DGRAM;
@@ -95,9 +95,16 @@ std::optional<sockaddr_storage> firstAddress(const std::string& host, int flags)
     return std::nullopt;
   }
   const std::unique_ptr<addrinfo, void (*)(addrinfo*)> owner(first, freeaddrinfo);
+  const addrinfo* chosen = first;
+  while (chosen != nullptr && chosen->ai_family != AF_INET) chosen = chosen->ai_next;
+  if (chosen == nullptr) chosen = first;
   sockaddr_storage address{};
-  std::memcpy(&address, first->ai_addr, first->ai_addrlen);
+  std::memcpy(&address, chosen->ai_addr, chosen->ai_addrlen);
   return address;
+}
+
+socklen_t sizeOf(const sockaddr_storage& address) {
+  return address.ss_family == AF_INET6 ? sizeof(sockaddr_in6) : sizeof(sockaddr_in);
 }
 
 }  // namespace
@@ -135,17 +142,22 @@ bool canBeAPrinter(const sockaddr_storage& address) {
 }
 
 std::optional<sockaddr_storage> numericAddress(const std::string& address) {
-  return firstAddress(address, AI_NUMERICHOST);
+  return addressOf(address, AI_NUMERICHOST);
 }
 
-std::optional<sockaddr_storage> locate(const std::string& host) { return firstAddress(host, 0); }
+std::optional<sockaddr_storage> locate(const std::string& host) { return addressOf(host, 0); }
+
+std::string numericText(const sockaddr_storage& address) {
+  std::array<char, NI_MAXHOST> text{};
+  const auto* generic = reinterpret_cast<const sockaddr*>(&address);
+  getnameinfo(generic, sizeOf(address), text.data(), text.size(), nullptr, 0, NI_NUMERICHOST);
+  return text.data();
+}
 
 void sendPacket(const MagicPacket& packet, const sockaddr_storage& printer) {
   const Socket socket(printer.ss_family);
-  const socklen_t length =
-      printer.ss_family == AF_INET6 ? sizeof(sockaddr_in6) : sizeof(sockaddr_in);
   sendto(socket.get(), packet.data(), packet.size(), 0, reinterpret_cast<const sockaddr*>(&printer),
-         length);
+         sizeOf(printer));
 }
 
 void broadcastPacket(const MagicPacket& packet) {

@@ -30,9 +30,12 @@ std::vector<Broadcast> broadcastAddresses();
 // for a host name.
 std::optional<sockaddr_storage> numericAddress(const std::string& address);
 
-// The first socket address of a host (an address or a name) for a magic packet; nothing when it is
-// unknown. May wait for name servers.
+// The socket address of a host (an address or a name) for a magic packet: its first IPv4 address,
+// else its first one. Nothing when it is unknown. May wait for name servers.
 std::optional<sockaddr_storage> locate(const std::string& host);
+
+// The address in numbers, with the zone of a link-local one and without the port.
+std::string numericText(const sockaddr_storage& address);
 
 // Whether a printer can have this address (its port does not matter): not one of this machine's own
 // loopback, a multicast group, the unspecified address or the limited broadcast, in either family.

@@ -2,7 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "wolservice/printer_work.hpp"
 
-#include <optional>
 #include <thread>
 
 #include "wolservice/network.hpp"
@@ -26,7 +25,11 @@ sockaddr_storage addressOf(const std::string& host) {
 
 }  // namespace
 
-bool findPrinter(const std::string& host) { return canBeAPrinter(addressOf(host)); }
+std::optional<std::string> findPrinter(const std::string& host) {
+  const sockaddr_storage address = addressOf(host);
+  if (!canBeAPrinter(address)) return std::nullopt;
+  return numericText(address);
+}
 
 void askUntilAnswered(const std::function<bool()>& answers, std::chrono::milliseconds interval) {
   Clock::time_point due = Clock::now();

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "wolservice/magic_packet.hpp"
@@ -18,8 +19,9 @@ void askUntilAnswered(const std::function<bool()>& answers, std::chrono::millise
 // Calls `send` `packets` times, each when its packet is due (packetDue, counted from the start).
 void sendWhenDue(const std::function<void()>& send, int packets);
 
-// Looks the host up until it is known. False when it has an address that no printer can have.
-bool findPrinter(const std::string& host);
+// Looks the host up until it is known: its address in numbers, or nothing when no printer can have
+// it. What is asked later is this address, not the name, which could lead elsewhere by then.
+std::optional<std::string> findPrinter(const std::string& host);
 
 // Looks the host up until it is known, then sends it the packet as sendWhenDue does, unless no
 // printer can have its address.

@@ -16,6 +16,7 @@
 #include "platform/wake_up_names.hpp"
 #include "wolservice/network.hpp"
 #include "wolservice/printer_work.hpp"
+#include "wolservice/request_message.hpp"
 
 namespace kelm::wolservice {
 namespace {
@@ -124,24 +125,15 @@ Service::Source Service::startProcess(const std::function<bool()>& work,
 }
 
 int Service::onRequest(sd_bus_message* message, void* self, sd_bus_error* /*error*/) {
-  if (sd_bus_message_is_method_call(message, platform::kWakeUpInterface, platform::kWakeUpMethod) <=
-      0) {
-    return 0;
+  if (!isWakeUpRequest(message)) return 0;
+  auto& service = *static_cast<Service*>(self);
+  WakeUpArguments arguments;
+  const int status = readArguments(message, arguments);
+  if (status < 0) {
+    service.refuse(callerOf(message), "its arguments are not five strings");
+    return status;
   }
-  const char* address = nullptr;
-  const char* macAddress = nullptr;
-  const char* community = nullptr;
-  const char* isWakeOnLan = nullptr;
-  const char* isOverRouter = nullptr;
-  const int status = sd_bus_message_read(message, "sssss", &address, &macAddress, &community,
-                                         &isWakeOnLan, &isOverRouter);
-  const char* caller = sd_bus_message_get_sender(message);
-  if (status < 0 || sd_bus_message_at_end(message, 1) <= 0) {
-    static_cast<Service*>(self)->refuse(caller, "its arguments are not five strings");
-    return status < 0 ? status : -EINVAL;
-  }
-  static_cast<Service*>(self)->take(caller,
-                                    {address, macAddress, community, isWakeOnLan, isOverRouter});
+  service.take(callerOf(message), arguments);
   return sd_bus_reply_method_return(message, "");
 }
 
@@ -209,9 +201,9 @@ void Service::begin(const std::string& caller, const WakeUpOrder& order) {
   wakeUp.limitTimer = startTimer(kLimit, onLimit, &wakeUp);
   wakeUp.asker = startProcess(
       [&] {
-        if (!findPrinter(order.address)) return false;
-        askUntilAnswered([&] { return answers_(order.address, order.snmpCommunity); },
-                         kAskInterval);
+        const auto address = findPrinter(order.address);
+        if (!address) return false;
+        askUntilAnswered([&] { return answers_(*address, order.snmpCommunity); }, kAskInterval);
         return true;
       },
       onAskerEnd, wakeUp);

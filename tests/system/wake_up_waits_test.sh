@@ -1,7 +1,7 @@
 #!/bin/sh
 # The limits of a job's wait for a sleeping printer (docs/wake-up-bus.md), each with its server
 # stopped, and that a cancelled job ends each wait.
-# Time limit: 120 s
+# Time limit: 240 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -21,11 +21,12 @@ milliseconds() { echo $(($(date +%s%N) / 1000000)); }
 freeze() { kill -STOP "$(cat "$W/pids/$1")"; }
 thaw() { kill -CONT "$(cat "$W/pids/$1")"; }
 
-# job_start [NAME=VALUE...] : a job as cupsd starts it for the queue kelm
+# job_start [NAME=VALUE...] : a job as cupsd starts it for the queue kelm, or the one in $queue
+queue=kelm
 job_start() {
   started_at=$(milliseconds)
   env PPD="$W/wol.ppd" PATH="$W/programs:$PATH" "$@" \
-    kelm 1 user title 1 '' "$W/page.ps" >"$W/out" 2>"$W/filter_log" &
+    "$queue" 1 user title 1 '' "$W/page.ps" >"$W/out" 2>"$W/filter_log" &
   started job $!
   job=$!
 }
@@ -54,6 +55,7 @@ printf '%%!PS-Adobe-3.0\nshowpage\n%%%%EOF\n' >"$W/page.ps"
 sed '/^\*cupsFilter/a *PrinterMacAddress: "MDA6ODA6OTI6MTI6MzQ6NTY="' "$HERE/lib/queue.ppd" >"$W/wol.ppd"
 mkdir "$W/programs"
 ln -s "$BUILD/kelmfilter" "$W/programs/kelm"
+ln -s "$BUILD/kelmfilter" "$W/programs/unknown"
 printer_host_start
 bus_start
 mount -t tmpfs none /run
@@ -76,6 +78,21 @@ job_start "DEVICE_URI=dnssd://Nobody._ipp._tcp.local._pdl-datastream._tcp.local/
 job_ends "mDNS daemon stopped" 16000 18600
 job_is_cancelled "mDNS daemon stopped"
 thaw mdns
+
+# The name server: 30 seconds, although the resolver would wait longer.
+printf 'nameserver 10.77.0.2\noptions timeout:30 attempts:3\n' >"$W/resolv.conf"
+mount --bind "$W/resolv.conf" /etc/resolv.conf
+at_printer_start name_server socat -u UDP4-RECV:53 "OPEN:$W/names,creat"
+name_server_listens() { at_printer ss -lunH 'sport = :53' | grep -q ':53'; }
+wait_until 5 name_server_listens || fail "no name server"
+freeze name_server
+queue=unknown
+job_start DEVICE_URI=ipp://printer.example/ipp/print
+job_ends "name server stopped" 29900 32500
+job_is_cancelled "name server stopped" DEVICE_URI=ipp://printer.example/ipp/print
+queue=kelm
+thaw name_server
+stop name_server
 
 # The bus: the list of queues again, because libcups asks for services on the bus, and 5 seconds.
 freeze bus

@@ -57,6 +57,15 @@ TEST(Locate, KnowsIpv6) {
   EXPECT_EQ(found->ss_family, AF_INET6);
 }
 
+TEST(NumericText, IsTheAddressWithoutThePort) {
+  EXPECT_EQ(numericText(locate("192.0.2.7").value()), "192.0.2.7");
+  EXPECT_EQ(numericText(locate("fd77:0::2").value()), "fd77::2");
+}
+
+TEST(NumericText, KeepsTheZone) {
+  EXPECT_EQ(numericText(locate("fe80::1%lo").value()), "fe80::1%lo");
+}
+
 TEST(Locate, GivesNothingForWhatIsNoHost) { EXPECT_FALSE(locate("..")); }
 
 }  // namespace
