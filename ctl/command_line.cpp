@@ -45,7 +45,7 @@ int finish(int status, const Console& console) {
 
 }  // namespace
 
-int runCommandLine(int argc, const char* const argv[], const Console& console) {
+CommandLine readCommandLine(int argc, const char* const argv[], const Console& console) {
   CLI::App app(kAbout, "kelmctl");
   app.footer(kFooter);
   app.set_version_flag("--version", "kelmctl " KELM_VERSION);
@@ -55,9 +55,14 @@ int runCommandLine(int argc, const char* const argv[], const Console& console) {
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& end) {
-    return finish(reportParserEnd(app, end, console), console);
+    return {nullptr, reportParserEnd(app, end, console)};
   }
-  return finish(chosen(console), console);
+  return {chosen, kExitDone};
+}
+
+int runCommandLine(int argc, const char* const argv[], const Console& console) {
+  const CommandLine line = readCommandLine(argc, argv, console);
+  return finish(line.action ? line.action(console) : line.status, console);
 }
 
 }  // namespace kelm::ctl

@@ -1,9 +1,6 @@
 // Any command line, environment, PPD and PostScript of one job: it gets a whole header and its
 // PostScript, or, being an update job, nothing on standard output.
 // SPDX-License-Identifier: Apache-2.0
-#include <sys/mman.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cstdint>
@@ -12,7 +9,6 @@
 #include <string_view>
 #include <utility>
 
-#include "base/byte_source.hpp"
 #include "filter/copy_loop.hpp"
 #include "job/job_setup.hpp"
 #include "job/ppd_calls.hpp"
@@ -21,24 +17,10 @@
 #include "platform/fake/fake_platform.hpp"
 #include "ppdsettings/update_job.hpp"
 #include "psrewrite/job_stream.hpp"
+#include "tests/support/memory_file.hpp"
 #include "tests/support/memory_job.hpp"
 
 namespace {
-
-// A file in memory with a path of its own.
-class MemoryFile {
- public:
-  explicit MemoryFile(std::string_view content) : descriptor_(memfd_create("job", MFD_CLOEXEC)) {
-    kelm::base::writeAll(descriptor_, content);
-  }
-  ~MemoryFile() { close(descriptor_); }
-  MemoryFile(const MemoryFile&) = delete;
-  MemoryFile& operator=(const MemoryFile&) = delete;
-  std::string path() const { return "/proc/self/fd/" + std::to_string(descriptor_); }
-
- private:
-  int descriptor_;
-};
 
 // Takes the text up to the next zero byte off the front.
 std::string nextText(std::string_view& rest) {
@@ -91,7 +73,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string title = nextText(rest);
   std::string options = nextText(rest).substr(0, 3000);  // shorter than a line that aborts
   setenv("LANG", nextText(rest).c_str(), 1);
-  const MemoryFile ppd(nextText(rest));
+  const kelm::tests::MemoryFile ppd(nextText(rest));
   setenv("PPD", ppd.path().c_str(), 1);
   std::array<char*, 7> argv = {name.data(), id.data(),      user.data(), title.data(),
                                id.data(),   options.data(), nullptr};

@@ -1,0 +1,62 @@
+// Any arguments of kelmctl, read and checked without asking a server: one subcommand, or help, or
+// a usage error of two lines. `kelmctl address` also runs, with names that nobody knows. Whatever
+// is written to a terminal is without control characters.
+// SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "ctl/command_line.hpp"
+#include "ctl/exit_status.hpp"
+#include "platform/fake/fake_platform.hpp"
+
+namespace {
+
+using namespace kelm;
+
+void expect(bool truth) {
+  if (!truth) std::abort();
+}
+
+bool steersNoTerminal(const std::string& text) {
+  return std::none_of(text.begin(), text.end(), [](char c) {
+    const auto byte = static_cast<unsigned char>(c);
+    return (byte < 0x20 && c != '\n') || byte == 0x7F;
+  });
+}
+
+}  // namespace
+
+// The arguments are lines; what follows the last line feed is one too.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const platform::FakePlatform platform;
+  std::istringstream lines(std::string(data, data + size));
+  std::vector<std::string> arguments = {"kelmctl"};
+  for (std::string line; std::getline(lines, line);) arguments.push_back(line.c_str());
+  std::vector<const char*> argv;
+  for (const std::string& each : arguments) argv.push_back(each.c_str());
+
+  std::ostringstream out;
+  std::ostringstream err;
+  const ctl::Console console{out, err};
+  const ctl::CommandLine line =
+      ctl::readCommandLine(static_cast<int>(argv.size()), argv.data(), console);
+  if (line.action) {
+    expect(out.str().empty() && err.str().empty());
+    if (arguments[1] == "address") {
+      const int status = line.action(console);
+      expect(status == ctl::kExitDone || status == ctl::kExitFailed);
+    }
+  } else if (line.status == ctl::kExitDone) {
+    expect(!out.str().empty() && err.str().empty());
+  } else {
+    const std::string text = err.str();
+    expect(line.status == ctl::kExitUsage && out.str().empty());
+    expect(text.starts_with("kelmctl: ") && std::count(text.begin(), text.end(), '\n') == 2);
+  }
+  expect(steersNoTerminal(out.str()) && steersNoTerminal(err.str()));
+  return 0;
+}

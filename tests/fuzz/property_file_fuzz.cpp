@@ -1,0 +1,36 @@
+// Any bytes as a property file, XML or binary: texts of its size at most, and the system's version
+// and the user's languages that follow from them.
+// SPDX-License-Identifier: Apache-2.0
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/fake/fake_platform.hpp"
+#include "platform/property_files.hpp"
+#include "tests/support/memory_file.hpp"
+
+namespace {
+
+void expect(bool truth) {
+  if (!truth) std::abort();
+}
+
+// A text in UTF-16 takes half as much again in UTF-8; an entity of XML takes more than its letter.
+bool fits(const std::string& text, std::size_t fileSize) { return text.size() <= 2 * fileSize; }
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace kelm::platform;
+  FakePlatform platform;
+  platform.fileRoot.root = "";
+  const kelm::tests::MemoryFile file({reinterpret_cast<const char*>(data), size});
+  const auto version = propertyText(file.path(), "ProductVersion");
+  expect(!version || fits(*version, size));
+  const std::vector<std::string> languages = propertyTexts(file.path(), "AppleLanguages");
+  expect(languages.size() <= size);
+  for (const std::string& language : languages) expect(fits(language, size));
+  return 0;
+}
