@@ -16,8 +16,8 @@ struct CommandLine {
 // Reads the arguments (argv[0] is the program's name) and runs nothing.
 CommandLine readCommandLine(int argc, const char* const argv[], const Console& console);
 
-// Reads the arguments, runs the subcommand that they name and returns the exit status (exit_status.hpp): 0 also for --help and --version, 1 also when the
-// result cannot be written.
+// Reads the arguments, runs the subcommand that they name and returns the exit status
+// (exit_status.hpp): 0 also for --help and --version, 1 also when the result cannot be written.
 int runCommandLine(int argc, const char* const argv[], const Console& console);
 
 }  // namespace kelm::ctl

@@ -11,8 +11,8 @@
 
 namespace kelm::platform {
 
-// The text of `key`; none when the file or the key is missing, the file is not a property list, or
-// the value is not a text.
+// The text of `key`, up to a zero byte; none when the file or the key is missing, the file is not a
+// property list, or the value is not a text.
 std::optional<std::string> propertyText(std::string_view absolutePath, const char* key);
 
 // The texts in the array of `key`, in its order; entries that are not texts are left out. Empty

@@ -5,7 +5,6 @@
 #include <plist/plist.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <memory>
@@ -19,10 +18,6 @@ struct FreeList {
   void operator()(void* list) const { plist_free(list); }
 };
 using List = std::unique_ptr<void, FreeList>;
-
-struct FreeText {
-  void operator()(char* text) const { std::free(text); }
-};
 
 // Property files with settings have a few kilobytes; a larger file is something else.
 constexpr std::size_t kMaxFileBytes = std::size_t{1} << 24;
@@ -47,10 +42,9 @@ plist_t valueOf(const List& list, const char* key) {
 
 std::optional<std::string> textOf(plist_t value) {
   if (value == nullptr || plist_get_node_type(value) != PLIST_STRING) return std::nullopt;
-  char* raw = nullptr;
-  plist_get_string_val(value, &raw);
-  const std::unique_ptr<char, FreeText> text(raw);
-  return text == nullptr ? std::nullopt : std::optional<std::string>(text.get());
+  // plist_get_string_val() ends the program for a text with a zero byte.
+  const char* text = plist_get_string_ptr(value, nullptr);
+  return text == nullptr ? std::nullopt : std::optional<std::string>(text);
 }
 
 }  // namespace

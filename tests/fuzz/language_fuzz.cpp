@@ -78,11 +78,10 @@ std::string propertyList(const char* key, const std::string& value) {
 // What the system says of itself and of the user, in files below a directory of this process.
 void stateFacts(const std::filesystem::path& root, const std::string& version,
                 const std::vector<std::string>& languages) {
-  tests::writeFile(
-      root / "System/Library/CoreServices/SystemVersion.plist",
-      version.empty()
-          ? ""
-          : propertyList("ProductVersion", "<string>" + escaped(version) + "</string>"));
+  tests::writeFile(root / "System/Library/CoreServices/SystemVersion.plist",
+                   version.empty() ? ""
+                                   : propertyList("ProductVersion",
+                                                  "<string>" + escaped(version) + "</string>"));
   std::string array;
   for (const std::string& each : languages) array += "<string>" + escaped(each) + "</string>";
   tests::writeFile(root / "home/Library/Preferences/.GlobalPreferences.plist",
@@ -160,7 +159,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   const auto known = KelmPPD::getLanguageArrayFromGlobalPreference();
   expect(!known.empty());
-  for (std::size_t i = 0; i < known.size(); ++i) KelmPPD::getSystemLanguage_priority_(static_cast<int>(i % 2), i);
+  for (std::size_t i = 0; i < known.size(); ++i)
+    KelmPPD::getSystemLanguage_priority_(static_cast<int>(i % 2), i);
   try {
     KelmPPD::getSystemLanguage_priority_(0, known.size());
     std::abort();

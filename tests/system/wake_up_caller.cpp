@@ -35,12 +35,12 @@ bool request(sd_bus* bus, const std::string& text) {
   std::string on;
   words >> address >> on;
   sd_bus_message* message = nullptr;
-  const bool sent =
-      sd_bus_message_new_method_call(bus, &message, kWakeUpService, kWakeUpObject, kWakeUpInterface,
-                                     kWakeUpMethod) >= 0 &&
-      sd_bus_message_append(message, "sssss", address.c_str(), "00:80:92:12:34:56", "public",
-                            on.c_str(), "NO") >= 0 &&
-      sd_bus_message_set_expect_reply(message, 0) >= 0 && sd_bus_send(bus, message, nullptr) >= 0;
+  const bool sent = sd_bus_message_new_method_call(bus, &message, kWakeUpService, kWakeUpObject,
+                                                   kWakeUpInterface, kWakeUpMethod) >= 0 &&
+                    sd_bus_message_append(message, "sssss", address.c_str(), "00:80:92:12:34:56",
+                                          "public", on.c_str(), "NO") >= 0 &&
+                    sd_bus_message_set_expect_reply(message, 0) >= 0 &&
+                    sd_bus_send(bus, message, nullptr) >= 0;
   sd_bus_message_unref(message);
   return sent;
 }

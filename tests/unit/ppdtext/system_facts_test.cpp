@@ -125,6 +125,16 @@ TEST_F(PropertyFile, MayBeBinary) {
   EXPECT_EQ(propertyText("/b.plist", "K"), "V");
 }
 
+// The same with a zero byte between "V" and "W" in the text.
+TEST_F(PropertyFile, MayHaveATextWithAZeroByte) {
+  constexpr unsigned char kBinary[] = {
+      'b', 'p', 'l', 'i', 's', 't', '0', '0', 0xD1, 1, 2, 0x51, 'K', 0x53, 'V', 0, 'W', 8,
+      11,  13,  0,   0,   0,   0,   0,   0,   1,    1, 0, 0,    0,   0,    0,   0, 0,   3,
+      0,   0,   0,   0,   0,   0,   0,   0,   0,    0, 0, 0,    0,   0,    0,   17};
+  folder.write("b.plist", {reinterpret_cast<const char*>(kBinary), sizeof kBinary});
+  EXPECT_EQ(propertyText("/b.plist", "K"), "V");
+}
+
 TEST_F(PropertyFile, HasNothingUnderOtherKeysOrOfOtherKinds) {
   folder.write("list.plist", kList);
   EXPECT_FALSE(propertyText("/list.plist", "Other"));
