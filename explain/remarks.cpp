@@ -17,6 +17,7 @@
 #include "job/custom_text.hpp"
 #include "job/ppd_calls.hpp"
 #include "job/text_fields.hpp"
+#include "stdoptions/standard_choices.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -163,6 +164,16 @@ bool isCustomValue(const Request& request, const Option& option) {
   return parameter != nullptr && parameter->type == PPD_CUSTOM_INT && isNumber(option.value);
 }
 
+// Whether the filter reads the value itself, although the PPD's option has no such choice.
+bool isReadByTheFilter(const Request& request, const Option& option) {
+  if (request.isDialogJob()) return false;
+  return std::ranges::any_of(stdoptions::kStandardOptions, [&](const auto& standard) {
+    return standard.source == stdoptions::Source::kJob && option.name == standard.keyword &&
+           std::ranges::any_of(standard.choices,
+                               [&](const auto& row) { return option.value == row.choice; });
+  });
+}
+
 std::optional<Remark> remarkOnChoice(const Request& request, const Option& option,
                                      const ppd_option_t& known) {
   if (const job::TextField* field = textField(option.name)) {
@@ -172,7 +183,9 @@ std::optional<Remark> remarkOnChoice(const Request& request, const Option& optio
   }
   const auto row = rowOf(option.name, request.isDialogJob());
   const bool isCopied = row && row->kind == ValueKind::kUpperCase;
-  if (isCopied || isCustomValue(request, option)) return std::nullopt;
+  if (isCopied || isCustomValue(request, option) || isReadByTheFilter(request, option)) {
+    return std::nullopt;
+  }
   std::vector<std::string> choices = choicesOf(known);
   if (std::ranges::find(choices, option.value) != choices.end()) return std::nullopt;
   std::string nearest = nearestOf(option.value, choices);

@@ -37,6 +37,16 @@ inline constexpr StandardChoice kDuplex[] = {
 };
 inline constexpr StandardChoice kInputSlot[] = {
     {"Auto", "Auto"},
+    {"Tray1", "FeedTray1"},
+    {"Tray2", "FeedTray2"},
+    {"Tray3", "FeedTray3"},
+    {"Main", "StandardTray"},
+    {"LargeCapacity", "HighCapacityFeeder"},
+    {"ExternalFeeder", "ExternalFeeder"},
+};
+// The own names count there, too.
+inline constexpr StandardChoice kOwnInputSlot[] = {
+    {"Auto", "Auto"},
     {"FeedTray1", "FeedTray1"},
     {"FeedTray2", "FeedTray2"},
     {"FeedTray3", "FeedTray3"},
@@ -127,8 +137,10 @@ inline constexpr StandardChoice kCollate[] = {
 inline constexpr StandardOption kStandardOptions[] = {
     {Source::kMarked, "Duplex", "QVDuplex", kDuplex},
     {Source::kMarked, "InputSlot", "QVInputSlot", kInputSlot},
+    {Source::kJob, "InputSlot", "QVInputSlot", kOwnInputSlot},
     {Source::kMarked, "MediaType", "QVMediaType", kMediaType},
     {Source::kJob, "media", "QVInputSlot", kInputSlot},
+    {Source::kJob, "media", "QVInputSlot", kOwnInputSlot},
     {Source::kJob, "media", "QVInputSlot", kMediaSource},
     {Source::kJob, "media-source", "QVInputSlot", kMediaSource},
     {Source::kJob, "media", "QVMediaType", kMediaType},

@@ -37,6 +37,10 @@ grep -qF 'kelmctl: QVStaplMode=OneStaple is not an option of this printer; did y
 grep -qF 'kelmctl: QVJobComment=Custom.a:b has the character ":", which the printer does not accept' \
   "$W/err" || fail "the character is not named: $(cat "$W/err")"
 
+# The printer's own names of trays count for the standard option, too.
+explain 0 --ppd "$BUILD/ppd/kelm-ij.ppd" -o InputSlot=FeedTray2 --changed
+grep -q '@PJL SET MEDIASOURCE=TRAY2 ' "$W/out" || fail "no line about the tray: $(cat "$W/out")"
+
 # What the filter writes for the same options is what explain says.
 PPD=$PPD "$BUILD/kelmfilter" 1 miller report 1 'QVDuplex=LongEdge media=A3' </dev/null >"$W/header.prn"
 explain 0 office --title report -o QVDuplex=LongEdge -o media=A3 --json

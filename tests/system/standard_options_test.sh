@@ -72,15 +72,24 @@ lpadmin -p everywhere -E -v ipp://127.0.0.1:631/printers/kelm -m everywhere 2>"$
 # cupsd asks the shared queue in the background.
 has_ppd() { [ -s "$(cups_queue_ppd everywhere)" ]; }
 wait_until 60 has_ppd || fail "the driverless queue has no PPD"
-for option in Duplex InputSlot MediaType; do
-  grep -q "^\*OpenUI \*$option" "$(cups_queue_ppd everywhere)" || fail "the driverless PPD lacks $option"
+lpoptions -p everywhere -l >"$W/everywhere_options"
+for line in 'Duplex/Duplex: *None DuplexNoTumble DuplexTumble' \
+  'InputSlot/Media Source: *Auto Tray1 Tray2 Tray3 Main LargeCapacity'; do
+  expect_line "$W/everywhere_options" "$line"
+done
+for choice in Stationery Ijpaper MattCoated HighQuality Cardstock Ijlight CrimpedPaper; do
+  grep -q "^MediaType/.* $choice\( \|$\)" "$W/everywhere_options" ||
+    fail "the driverless queue lacks the paper type $choice"
 done
 before=$(wc -c <"$W/printer.out")
-lp -d everywhere -t Report -o sides=two-sided-long-edge -o media=A5 -o InputSlot=FeedTray2 -n 2 \
-  "$W/document.pdf" >"$W/job_id" || fail "the driverless queue refused a job"
+lp -d everywhere -t Report -o sides=two-sided-long-edge -o media=A5 -o InputSlot=Tray2 \
+  -o MediaType=MattCoated -o Collate=False -n 2 "$W/document.pdf" >"$W/job_id" ||
+  fail "the driverless queue refused a job"
 everywhere_printed() { tail -c "+$((before + 1))" "$W/printer.out" | grep -qa '%%EOF'; }
 wait_until 60 everywhere_printed || fail "the driverless queue printed nothing"
 tail -c "+$((before + 1))" "$W/printer.out" | tr -d '\004' >"$W/driverless"
-for line in DUPLEX=ON BINDING=LONGEDGE QVPAGESIZE=A5 MEDIASOURCE=TRAY2; do
+for line in DUPLEX=ON BINDING=LONGEDGE QVPAGESIZE=A5 MEDIASOURCE=TRAY2 MEDIATYPE=HCMATTED COPIES=2; do
   expect_line "$W/driverless" "@PJL SET $line"
 done
+"$BUILD/kelmctl" explain --stream "$W/driverless" >"$W/explanation" ||
+  fail "header and PostScript disagree: $(grep WRONG "$W/explanation")"

@@ -70,11 +70,18 @@ TEST(StandardOptions, AreLeftAloneWithoutAPpd) {
 }
 
 TEST(StandardOptions, BecomeOwnOnesAndChangeTheirSections) {
-  Settled settled(Options{{"Duplex", "DuplexTumble"}, {"InputSlot", "FeedTray2"}});
+  Settled settled(Options{{"Duplex", "DuplexTumble"}, {"InputSlot", "Tray2"}});
   EXPECT_EQ(settled.option("QVDuplex"), "ShortEdge");
   EXPECT_EQ(settled.option("QVInputSlot"), "FeedTray2");
   EXPECT_THAT(settled.changes(), testing::UnorderedElementsAre(Pair("QVDuplex", "ShortEdge"),
                                                                Pair("QVInputSlot", "FeedTray2")));
+}
+
+// Not a choice of the PPD's option.
+TEST(StandardOptions, TakeTheOwnNamesOfTraysToo) {
+  Settled settled(Options{{"InputSlot", "FeedTray3"}});
+  EXPECT_EQ(settled.option("QVInputSlot"), "FeedTray3");
+  EXPECT_THAT(settled.changes(), testing::ElementsAre(Pair("QVInputSlot", "FeedTray3")));
 }
 
 TEST(StandardOptions, ThatAreNeutralAskForNothing) {
