@@ -84,5 +84,16 @@ TEST(UpdatePrintJobDataForMSWord, DoesNotRaiseTheNumberOfOptions) {
   job->numOptions = 3;  // so that all are freed
 }
 
+// libcups would sort "QVOrientation" before "sides", which would then be the one that does not
+// count.
+TEST(UpdatePrintJobDataForMSWord, PushesNoOptionOut) {
+  TestJob job({{kApplication, "Word"}, {kPreset, "2"}, {"sides", "one-sided"}});
+  EXPECT_TRUE(UpdatePrintJobDataForMSWord(&*job));
+  EXPECT_EQ(job->numOptions, 3);
+  EXPECT_EQ(valueOf(job, "sides"), "one-sided");
+  EXPECT_EQ(valueOf(job, "QVOrientation"), "absent");
+  job->numOptions = 4;  // so that all are freed
+}
+
 }  // namespace
 }  // namespace kelm::job
