@@ -85,6 +85,7 @@ TEST(ChosenLanguage, IsEnglishWithoutTheListOfLanguages) {
 
 TEST(ChosenLanguage, IsEnglishForAmericanEnglishOfOldNames) {
   EXPECT_EQ(chosen("en_US", "de en"), "en");
+  EXPECT_EQ(chosen("en_US", "de en_US"), "en");
 }
 
 TEST(ChosenLanguage, IsMainlandChineseForTheSimplifiedScript) {

@@ -129,6 +129,12 @@ TEST(Localize, KeepsTextsWithoutALine) {
   EXPECT_THAT(shown("*fr.Translation Fold/Pli: \"\"\n"), ElementsAre("Folding", "First"));
 }
 
+TEST(Localize, TakesTheFirstOfTwoLines) {
+  EXPECT_THAT(shown("*de.Translation Fold/Falten: \"\"\n*de.Translation Fold/Falzen: \"\"\n"
+                    "*de.Fold One/Eins: \"\"\n*de.Fold One/Erste: \"\"\n"),
+              ElementsAre("Falten", "Eins"));
+}
+
 TEST(Localize, EmptiesATextWhoseTranslationIsEmpty) {
   EXPECT_THAT(shown("*de.Translation Fold/: \"\"\n*de.Fold One/: \"\"\n"), ElementsAre("", ""));
 }
