@@ -402,8 +402,8 @@ def main():
             verdict, reason = verdict_of(mutant, tests, arguments.jobs)
         finally:
             path.write_bytes(original)
-        os.utime(path, ns=(state.st_atime_ns, state.st_mtime_ns))
-        restore_build(times)
+            os.utime(path, ns=(state.st_atime_ns, state.st_mtime_ns))
+            restore_build(times)
         results[mutant.key] = [verdict, mutant.file, mutant.wrong, reason]
         with open(RESULTS, "a") as file:
             file.write("\t".join([mutant.key, *results[mutant.key]]) + "\n")
