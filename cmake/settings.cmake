@@ -1,6 +1,7 @@
 # How every target of this project is compiled and linked: language, hardening, sanitizers.
 # SPDX-License-Identifier: Apache-2.0
 include(CheckCXXCompilerFlag)
+include(CheckLinkerFlag)
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -25,22 +26,43 @@ endif()
 add_library(kelm_settings INTERFACE)
 target_include_directories(kelm_settings INTERFACE ${PROJECT_SOURCE_DIR})
 
+# kelm_compile_option(FLAG...), kelm_link_option(FLAG...): for every target, if this compiler and this
+# linker know the flags.
+function(kelm_compile_option)
+  string(MAKE_C_IDENTIFIER "KELM_COMPILES${ARGN}" KNOWN)
+  list(JOIN ARGN " " FLAGS)
+  check_cxx_compiler_flag("${FLAGS}" ${KNOWN})
+  if(${KNOWN})
+    target_compile_options(kelm_settings INTERFACE ${ARGN})
+  endif()
+endfunction()
+function(kelm_link_option)
+  string(MAKE_C_IDENTIFIER "KELM_LINKS${ARGN}" KNOWN)
+  check_linker_flag(CXX "${ARGN}" ${KNOWN})
+  if(${KNOWN})
+    target_link_options(kelm_settings INTERFACE ${ARGN})
+  endif()
+endfunction()
+
 # The filter reads bytes that are not trusted: every binary is hardened
 # (tests/unit/build/hardening_test.cpp). These options follow the packager's CXXFLAGS and win.
-target_compile_options(kelm_settings INTERFACE
-  -fPIE -fstack-protector-strong -fstack-clash-protection -ftrivial-auto-var-init=zero)
+kelm_compile_option(-fPIE)
+kelm_compile_option(-fstack-protector-strong)
+kelm_compile_option(-fstack-clash-protection)
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 16)
+  kelm_compile_option(-ftrivial-auto-var-init=zero
+    -enable-trivial-auto-var-init-zero-knowing-it-will-be-removed-from-clang)
+else()
+  kelm_compile_option(-ftrivial-auto-var-init=zero)
+endif()
+if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+  kelm_compile_option(-Wno-unused-command-line-argument)
+endif()
+# For x86 only.
+kelm_compile_option(-fcf-protection=full)
 target_compile_definitions(kelm_settings INTERFACE _GLIBCXX_ASSERTIONS)
-if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
-  target_compile_options(kelm_settings INTERFACE
-    -enable-trivial-auto-var-init-zero-knowing-it-will-be-removed-from-clang
-    -Wno-unused-command-line-argument)
-endif()
-# Control-flow protection exists for x86 only; the compiler refuses it for other processors.
-check_cxx_compiler_flag(-fcf-protection=full KELM_HAS_CF_PROTECTION)
-if(KELM_HAS_CF_PROTECTION)
-  target_compile_options(kelm_settings INTERFACE -fcf-protection=full)
-endif()
-target_link_options(kelm_settings INTERFACE -pie -Wl,-z,relro,-z,now,-z,noexecstack,--as-needed)
+kelm_link_option(-pie)
+kelm_link_option(-Wl,-z,relro,-z,now,-z,noexecstack,--as-needed)
 
 if(KELM_SANITIZE)
   # The sanitizers' own code makes g++ warn of variables in its library that are initialised.
