@@ -2,6 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "base/number_text.hpp"
 
+#if __has_include(<xlocale.h>)
+#include <xlocale.h>
+#endif
+
 #include <clocale>
 #include <cstdlib>
 

@@ -2,9 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/worker_pool.hpp"
 
-#include <fcntl.h>
 #include <poll.h>
-#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -13,6 +11,9 @@
 #include <string_view>
 #include <utility>
 #include <vector>
+
+#include "platform/child_process.hpp"
+#include "platform/pipe.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -28,7 +29,7 @@ void writeAll(int descriptor, std::string_view bytes) {
 
 // Ctrl-C at the terminal reaches all processes; the parent process decides which end.
 [[noreturn]] void runAndEnd(const WorkerPool::Work& work, int results, pid_t parent) {
-  prctl(PR_SET_PDEATHSIG, SIGKILL);
+  platform::endWithParent(parent);
   std::signal(SIGINT, SIG_IGN);
   std::signal(SIGTERM, SIG_DFL);
   std::signal(SIGPIPE, SIG_DFL);
@@ -49,7 +50,7 @@ void WorkerPool::start(const Work& work, Done done) {
   workers_.push_back({.process = -1, .results = -1, .received = {}, .done = std::move(done)});
   Worker& worker = workers_.back();
   int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) return;
+  if (!platform::openPipe(ends)) return;
   const pid_t parent = getpid();
   worker.process = fork();
   if (worker.process == 0) {

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "platform/platform.hpp"
+#include "platform/sink_stream.hpp"
 
 namespace kelm::filter {
 namespace {
@@ -17,19 +18,10 @@ void reportFailure(int error, std::uint64_t written) {
       std::to_string(written) + " bytes");
 }
 
-// The stream is told of no error: after one it would keep the lost bytes in its buffer.
-ssize_t writeCookie(void* sink, const char* bytes, std::size_t size) {
-  static_cast<base::DescriptorSink*>(sink)->write({bytes, size});
-  return static_cast<ssize_t>(size);
-}
-
 }  // namespace
 
 PrinterOutput::PrinterOutput(int descriptor)
-    : sink_(descriptor, reportFailure),
-      stream_(
-          fopencookie(&sink_, "w",
-                      {.read = nullptr, .write = writeCookie, .seek = nullptr, .close = nullptr})) {
+    : sink_(descriptor, reportFailure), stream_(platform::openSinkStream(sink_)) {
   if (!stream_) throw std::bad_alloc();
   std::setvbuf(stream_.get(), buffer_.data(), _IOFBF, buffer_.size());
 }

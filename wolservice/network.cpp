@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "wolservice/network.hpp"
 
+#include <fcntl.h>
 #include <ifaddrs.h>
 #include <net/if.h>
 #include <netdb.h>
@@ -17,7 +18,9 @@ namespace {
 // Owns a UDP socket.
 class Socket {
  public:
-  explicit Socket(int family) : descriptor_(socket(family, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {}
+  explicit Socket(int family) : descriptor_(socket(family, SOCK_DGRAM, 0)) {
+    fcntl(descriptor_, F_SETFD, FD_CLOEXEC);
+  }
   ~Socket() {
     if (descriptor_ >= 0) close(descriptor_);
   }

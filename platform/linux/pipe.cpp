@@ -1,10 +1,13 @@
-// The capacity of the pipes between the filters of a job (pipe(7)).
+// Pipes on Linux, and their capacity (pipe(7)).
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/pipe.hpp"
 
 #include <fcntl.h>
+#include <unistd.h>
 
 namespace kelm::platform {
+
+bool openPipe(int (&ends)[2]) { return pipe2(ends, O_CLOEXEC) == 0; }
 
 // Four times the usual capacity. Linux limits the pipes of one user to 64 MB in all.
 void widenPipe(int descriptor) {

@@ -1,23 +1,31 @@
 // The system log: the socket of syslog(3), under the program's own name.
 // SPDX-License-Identifier: Apache-2.0
+#include <fcntl.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <syslog.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
-#include <cerrno>
 #include <ctime>
+#include <string_view>
 
 #include "platform/posix/posix_platform.hpp"
+#include "platform/posix/program_name.hpp"
 
 namespace kelm::platform::posix_platform {
 namespace {
 
 // Connected to the system log, without blocking; negative when there is none.
 int openLog() {
-  const int log = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-  const sockaddr_un address{.sun_family = AF_UNIX, .sun_path = "/dev/log"};
+  const int log = socket(AF_UNIX, SOCK_DGRAM, 0);
+  fcntl(log, F_SETFD, FD_CLOEXEC);
+  fcntl(log, F_SETFL, O_NONBLOCK);
+  constexpr std::string_view kPath = _PATH_LOG;
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  std::copy(kPath.begin(), kPath.end(), address.sun_path);
   if (connect(log, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0) return log;
   if (log >= 0) close(log);
   return -1;
@@ -41,8 +49,8 @@ void PosixSystemLog::error(const std::string& message) {
   const int log = openLog();
   if (log < 0) return;
   const std::string record = "<" + std::to_string(LOG_USER | LOG_ERR) + ">" + timestamp() + " " +
-                             program_invocation_short_name + ": " + message;
-  send(log, record.data(), record.size(), MSG_NOSIGNAL);
+                             programName() + ": " + message;
+  send(log, record.data(), record.size(), 0);
   close(log);
 }
 
