@@ -16,6 +16,7 @@ function(kelm_program NAME)
   target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} kelm_settings kelm_warnings)
   set_target_properties(${NAME} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
   set_property(GLOBAL APPEND PROPERTY KELM_PROGRAMS $<TARGET_FILE:${NAME}>)
+  set_property(GLOBAL APPEND PROPERTY KELM_PROGRAM_NAMES ${NAME})
 endfunction()
 
 # kelm_test_program(NAME SOURCES file... LINKS target...): a program of the tests. All share one

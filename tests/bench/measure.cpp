@@ -60,7 +60,8 @@ rusage finish(pid_t child) {
 struct Pipe {
   Pipe() {
     int ends[2];
-    if (pipe2(ends, O_CLOEXEC) != 0) fail("pipe");
+    if (pipe(ends) != 0) fail("pipe");
+    for (const int end : ends) fcntl(end, F_SETFD, FD_CLOEXEC);
     out = ends[0];
     in = ends[1];
   }

@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <sched.h>
-#include <sys/mman.h>
-#include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,6 +17,9 @@
 #include <vector>
 
 #include "tests/cases/header_differences.hpp"
+#include "tests/support/child.hpp"
+#include "tests/support/nameless_file.hpp"
+#include "tests/support/own_computer.hpp"
 
 namespace {
 
@@ -84,15 +84,19 @@ std::vector<char*> pointersTo(std::vector<std::string>& strings) {
 
 // Gives the process a computer name of its own and hides logind's sessions from it. False when the
 // system refuses.
-bool enterOwnComputer(const std::string& name) {
-  const int flags = CLONE_NEWUTS | CLONE_NEWNS;
-  if (unshare(geteuid() == 0 ? flags : flags | CLONE_NEWUSER) != 0) return false;
-  if (sethostname(name.data(), name.size()) != 0) return false;
-  if (mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return false;
-  return !fs::exists("/run/systemd") || mount("none", "/run/systemd", "tmpfs", 0, nullptr) == 0;
+bool useOwnComputer(const std::string& name) {
+  return kelm::tests::enterOwnComputer() && kelm::tests::nameOwnComputer(name) &&
+         (!fs::exists("/run/systemd") || kelm::tests::hideDirectory("/run/systemd"));
 }
 
-int memoryFile(const char* name) { return memfd_create(name, MFD_CLOEXEC); }
+// Whether a case gets a computer of its own. Otherwise the filter is one that takes the computer's
+// name from the environment.
+bool hasOwnComputer() {
+  static const bool has =
+      std::getenv("KELM_CASES_WITHOUT_NAMESPACES") == nullptr &&
+      kelm::tests::inChild([] { return useOwnComputer("kelm-test") ? "yes" : "no"; }) == "yes";
+  return has;
+}
 
 std::string contentOf(int descriptor) {
   std::string text(static_cast<std::size_t>(lseek(descriptor, 0, SEEK_END)), '\0');
@@ -114,16 +118,22 @@ struct Result {
   const fs::path input =
       fs::exists(directory / "in.ps") ? directory / "in.ps" : fs::path("/dev/null");
   const int inputDescriptor = open(input.c_str(), O_RDONLY | O_CLOEXEC);
-  if (!enterOwnComputer(readText(directory / "host", "kelm-test"))) _exit(125);
+  const std::string computer = readText(directory / "host", "kelm-test");
+  if (!hasOwnComputer()) {
+    environment.push_back("KELM_TEST_COMPUTER=" + computer);
+  } else if (!useOwnComputer(computer)) {
+    _exit(125);
+  }
   if (dup2(inputDescriptor, 0) < 0 || dup2(output, 1) < 0 || dup2(error, 2) < 0) _exit(126);
   alarm(kMostSeconds);
-  execve(KELM_FILTER, pointersTo(arguments).data(), pointersTo(environment).data());
+  execve(hasOwnComputer() ? KELM_FILTER : KELM_FILTER_OF_NAMED_COMPUTER,
+         pointersTo(arguments).data(), pointersTo(environment).data());
   _exit(127);
 }
 
 Result run(const fs::path& directory) {
-  const int output = memoryFile("output");
-  const int error = memoryFile("error");
+  const int output = kelm::tests::openNamelessFile();
+  const int error = kelm::tests::openNamelessFile();
   const pid_t child = fork();
   if (child == 0) runFilter(directory, output, error);
   int status = 0;

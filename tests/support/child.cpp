@@ -2,16 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/child.hpp"
 
-#include <fcntl.h>
-#include <sched.h>
-#include <sys/mount.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <array>
-#include <filesystem>
 
 #include "base/byte_source.hpp"
+#include "platform/pipe.hpp"
+#include "tests/support/own_computer.hpp"
 
 namespace kelm::tests {
 namespace {
@@ -32,18 +30,11 @@ std::string readToEnd(int descriptor) {
   return text;
 }
 
-bool enterOwnComputer() {
-  const int flags = CLONE_NEWUTS | CLONE_NEWNS;
-  if (unshare(geteuid() == 0 ? flags : flags | CLONE_NEWUSER) != 0) return false;
-  if (mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0) return false;
-  return mount("none", "/run", "tmpfs", 0, nullptr) == 0;
-}
-
 }  // namespace
 
 std::string inChild(const std::function<std::string()>& body) {
   int ends[2];
-  if (pipe2(ends, O_CLOEXEC) != 0) return "no pipe";
+  if (!platform::openPipe(ends)) return "no pipe";
   const pid_t child = fork();
   if (child == 0) run(body, ends[1]);
   close(ends[1]);
@@ -55,7 +46,9 @@ std::string inChild(const std::function<std::string()>& body) {
 }
 
 std::string onOwnComputer(const std::function<std::string()>& body) {
-  return inChild([&] { return enterOwnComputer() ? body() : std::string("refused"); });
+  return inChild([&] {
+    return enterOwnComputer() && hideDirectory("/run") ? body() : std::string("refused");
+  });
 }
 
 }  // namespace kelm::tests

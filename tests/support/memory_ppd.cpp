@@ -2,11 +2,11 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/memory_ppd.hpp"
 
-#include <sys/mman.h>
 #include <unistd.h>
 
 #include "base/byte_source.hpp"
 #include "job/ppd_calls.hpp"
+#include "tests/support/nameless_file.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -14,7 +14,7 @@
 namespace kelm::tests {
 
 MemoryPpd::MemoryPpd(std::string_view attributes) {
-  const int descriptor = memfd_create("ppd", MFD_CLOEXEC);
+  const int descriptor = openNamelessFile();
   if (descriptor < 0) return;
   base::writeAll(descriptor, std::string_view("*PPD-Adobe: \"4.3\"\n"));
   base::writeAll(descriptor, attributes);

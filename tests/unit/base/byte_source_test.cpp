@@ -19,7 +19,10 @@ namespace {
 
 class Pipe {
  public:
-  explicit Pipe(int flags = 0) { EXPECT_EQ(pipe2(ends_, O_CLOEXEC | flags), 0); }
+  explicit Pipe(int flags = 0) {
+    EXPECT_EQ(pipe(ends_), 0);
+    for (const int end : ends_) fcntl(end, F_SETFL, flags);
+  }
   ~Pipe() {
     closeReader();
     closeWriter();

@@ -2,16 +2,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <sys/mman.h>
-#include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 
-#include "base/byte_source.hpp"
 #include "ctl/exit_status.hpp"
+#include "tests/support/temporary_folder.hpp"
 #include "tests/unit/ctl/command_runner.hpp"
 
 namespace kelm::ctl {
@@ -20,21 +19,17 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// A file in memory that has a path.
-class MemoryFile {
+// A PPD of this text, as long as the object lives.
+class PpdFile {
  public:
-  explicit MemoryFile(std::string_view text) : descriptor_(memfd_create("ppd", MFD_CLOEXEC)) {
-    base::writeAll(descriptor_, text);
-    path_ = "/proc/self/fd/" + std::to_string(descriptor_);
+  explicit PpdFile(std::string_view text) : path_(folder_.path() / "queue.ppd") {
+    tests::writeFile(path_, text);
   }
-  ~MemoryFile() { close(descriptor_); }
-  MemoryFile(const MemoryFile&) = delete;
-  MemoryFile& operator=(const MemoryFile&) = delete;
   const char* path() const { return path_.c_str(); }
 
  private:
-  int descriptor_;
-  std::string path_;
+  tests::TemporaryFolder folder_;
+  std::filesystem::path path_;
 };
 
 constexpr char kFacts[] =
@@ -49,7 +44,7 @@ constexpr char kFacts[] =
     "*SelSharedBoxIndex0: 4\n";
 
 TEST(Settings, AreReadableByDefault) {
-  const MemoryFile file(kFacts);
+  const PpdFile file(kFacts);
   const Outcome outcome = runKelmctl({"settings", "--ppd", file.path()});
   EXPECT_EQ(outcome.status, kExitDone);
   EXPECT_EQ(outcome.err, "");
@@ -73,7 +68,7 @@ TEST(Settings, AreReadableByDefault) {
 }
 
 TEST(Settings, AreOneJsonObjectWhenAsked) {
-  const MemoryFile file(kFacts);
+  const PpdFile file(kFacts);
   const Outcome outcome = runKelmctl({"settings", "--json", "--ppd", file.path()});
   EXPECT_EQ(outcome.status, kExitDone);
   EXPECT_EQ(nlohmann::json::parse(outcome.out), nlohmann::json::parse(R"({
@@ -110,7 +105,7 @@ TEST(Settings, OfAMissingFileFailAndNameItAndTheReason) {
 }
 
 TEST(Settings, OfAFileThatIsNoPpdFailAndNameTheLine) {
-  const MemoryFile file("*PPD-Adobe: \"4.3\"\n*A: \"" + std::string(300, 'x') + "\"\n");
+  const PpdFile file("*PPD-Adobe: \"4.3\"\n*A: \"" + std::string(300, 'x') + "\"\n");
   const Outcome outcome = runKelmctl({"settings", "--ppd", file.path()});
   EXPECT_EQ(outcome.status, kExitFailed);
   EXPECT_THAT(outcome.err, HasSubstr("on line 2; "));

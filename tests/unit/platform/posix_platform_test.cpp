@@ -3,16 +3,20 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/posix/posix_platform.hpp"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
-#include <sys/mount.h>
 #include <sys/socket.h>
 #include <sys/un.h>
+#include <syslog.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <ctime>
+#include <string_view>
 
 #include "tests/support/child.hpp"
+#include "tests/support/own_computer.hpp"
 
 namespace kelm::platform::posix_platform {
 namespace {
@@ -75,9 +79,13 @@ TEST(PosixWallClock, KnowsTheTimeZone) {
 
 // A socket where syslog(3) expects the system log.
 int listenAsSystemLog() {
-  const int log = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-  sockaddr_un address{.sun_family = AF_UNIX, .sun_path = "/dev/log"};
-  const bool bound = mount("none", "/dev", "tmpfs", 0, nullptr) == 0 &&
+  const int log = socket(AF_UNIX, SOCK_DGRAM, 0);
+  fcntl(log, F_SETFL, O_NONBLOCK);
+  constexpr std::string_view kPath = _PATH_LOG;
+  sockaddr_un address{};
+  address.sun_family = AF_UNIX;
+  std::copy(kPath.begin(), kPath.end(), address.sun_path);
+  const bool bound = tests::hideDirectory("/dev") &&
                      bind(log, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0;
   return bound ? log : -1;
 }
@@ -100,7 +108,7 @@ TEST(PosixSystemLog, WritesOneRecordAtErrorLevel) {
 
 TEST(PosixSystemLog, LosesTheMessageWhereThereIsNone) {
   EXPECT_EQ(onOwnComputer([] {
-              if (mount("none", "/dev", "tmpfs", 0, nullptr) != 0) return "refused";
+              if (!tests::hideDirectory("/dev")) return "refused";
               PosixSystemLog().error("lost");
               return "alive";
             }),

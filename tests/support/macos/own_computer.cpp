@@ -1,0 +1,11 @@
+// macOS has one computer for all processes.
+// SPDX-License-Identifier: Apache-2.0
+#include "tests/support/own_computer.hpp"
+
+namespace kelm::tests {
+
+bool enterOwnComputer() { return false; }
+bool nameOwnComputer(const std::string& /*name*/) { return false; }
+bool hideDirectory(const char* /*directory*/) { return false; }
+
+}  // namespace kelm::tests
