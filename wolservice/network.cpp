@@ -53,7 +53,7 @@ void sendOn(int socket, MagicPacket packet, const Broadcast& to) {
   target.sin_port = htons(kMagicPort);
   target.sin_addr = to.address;
   in_pktinfo via{};
-  via.ipi_ifindex = static_cast<int>(to.interface);
+  via.ipi_ifindex = static_cast<decltype(via.ipi_ifindex)>(to.interface);
   iovec content{packet.data(), packet.size()};
   alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof via)> control{};
   msghdr message{};

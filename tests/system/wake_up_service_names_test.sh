@@ -11,11 +11,14 @@
 # shellcheck source=tests/system/lib/avahi.sh
 . "$HERE/lib/avahi.sh"
 
+# Another program of the build can be given, to be tested in place of kelmctl.
+program=$BUILD/${1:-kelmctl}
+
 # address STATUS URI : kelmctl address, its result in $W/out, how long it took in $milliseconds
 address() {
   before=$(date +%s%N)
   status=0
-  "$BUILD/kelmctl" address "$2" --json >"$W/out" 2>"$W/err" || status=$?
+  "$program" address "$2" --json >"$W/out" 2>"$W/err" || status=$?
   milliseconds=$((($(date +%s%N) - before) / 1000000))
   expect "exit status of kelmctl address $2" "$1" "$status"
   result=$(tr -d ' \n' <"$W/out")

@@ -1,0 +1,138 @@
+// The platform on macOS, as far as it is the same on other systems: those implementations are
+// tested there too.
+// SPDX-License-Identifier: Apache-2.0
+#include "platform/macos/macos_platform.hpp"
+
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <filesystem>
+
+#include "platform/fake/fake_platform.hpp"
+#include "tests/support/child.hpp"
+#include "tests/support/temporary_folder.hpp"
+
+namespace kelm::platform::macos_platform {
+namespace {
+
+using std::chrono::milliseconds;
+
+// A computer whose console device belongs to `user`; nothing for no device. Only root can give a
+// file away.
+class Console {
+ public:
+  explicit Console(std::optional<uid_t> user) {
+    system_.fileRoot.root = root_.path();
+    std::filesystem::create_directory(root_.path() / "dev");
+    if (!user) return;
+    const std::filesystem::path device = root_.path() / "dev" / "console";
+    tests::writeFile(device, "");
+    owned_ = chown(device.c_str(), *user, static_cast<gid_t>(-1)) == 0;
+  }
+  bool owned() const { return owned_; }
+
+ private:
+  FakePlatform system_;
+  tests::TemporaryFolder root_;
+  bool owned_ = false;
+};
+
+// `daemon` is the user 1 on Linux and macOS.
+TEST(MacosConsoleUser, IsTheOwnerOfTheConsole) {
+  if (geteuid() == 0) {
+    const Console console(1);
+    ASSERT_TRUE(console.owned());
+    EXPECT_EQ(MacosConsoleUser().name(), "daemon");
+  } else {
+    const Console console(geteuid());
+    ASSERT_TRUE(console.owned());
+    EXPECT_NE(MacosConsoleUser().name(), "");
+  }
+}
+
+TEST(MacosConsoleUser, IsNobodyWithoutAConsole) {
+  const Console console(std::nullopt);
+  EXPECT_EQ(MacosConsoleUser().name(), "");
+}
+
+using MacosConsoleOfRoot = testing::Test;
+
+// Root alone makes files of root and of users that are in no user database.
+TEST(MacosConsoleOfRoot, IsNobodys) {
+  const Console console(0);
+  ASSERT_TRUE(console.owned());
+  EXPECT_EQ(MacosConsoleUser().name(), "");
+}
+
+TEST(MacosConsoleOfRoot, MayBeOfAUserWhomNobodyKnows) {
+  const Console console(3999999999);
+  ASSERT_TRUE(console.owned());
+  EXPECT_EQ(MacosConsoleUser().name(), "");
+}
+
+TEST(MacosSteadyClock, SleepsAsLongAsItIsTold) {
+  MacosSteadyClock clock;
+  const auto before = clock.now();
+  clock.sleep(milliseconds(60));
+  EXPECT_GE(clock.now() - before, milliseconds(60));
+  EXPECT_LT(clock.now() - before, std::chrono::seconds(20));
+}
+
+TEST(MacosSteadyClock, DoesNotSleepForNoTime) {
+  MacosSteadyClock clock;
+  const auto before = clock.now();
+  clock.sleep(milliseconds(-1000));
+  clock.sleep(milliseconds(0));
+  EXPECT_LT(clock.now() - before, std::chrono::seconds(20));
+}
+
+// In a process of its own, because a noted termination stays.
+TEST(MacosSteadyClock, WakesWhenTheProcessIsAskedToEnd) {
+  EXPECT_EQ(tests::inChild([] {
+              MacosSteadyClock clock;
+              const auto before = clock.now();
+              noteTermination();
+              clock.sleep(std::chrono::seconds(50));
+              return std::string(clock.now() - before < std::chrono::seconds(20) ? "" : "slept on");
+            }),
+            "");
+}
+
+TEST(MacosNameLookup, FindsAddressesInTheirDottedForm) {
+  EXPECT_EQ(MacosNameLookup().firstIpv4("192.0.2.7"), (Ipv4Address{192, 0, 2, 7}));
+}
+
+TEST(MacosNameLookup, FindsThisComputer) {
+  EXPECT_EQ(MacosNameLookup().firstIpv4("localhost"), (Ipv4Address{127, 0, 0, 1}));
+}
+
+TEST(MacosNameLookup, FindsNothingForNoName) {
+  EXPECT_EQ(MacosNameLookup().firstIpv4(""), std::nullopt);
+}
+
+bool canBeCreated(const std::string& domain, const std::string& type, const std::string& name) {
+  return MacosDnsSd().create(domain, type, name) != nullptr;
+}
+
+TEST(MacosDnsSd, TakesTheNamesOfServices) {
+  EXPECT_TRUE(canBeCreated("local", "_ipp._tcp", "Printer"));
+  EXPECT_TRUE(canBeCreated("local", "_pdl-datastream._tcp", "My.Printer 2 (Büro)"));
+  EXPECT_TRUE(canBeCreated("local", "_snmp._udp", std::string(63, 'n')));
+}
+
+TEST(MacosDnsSd, RefusesWhatCannotNameAService) {
+  EXPECT_FALSE(canBeCreated("local", "_ipp._tcp", ""));
+  EXPECT_FALSE(canBeCreated("local", "_ipp._tcp", std::string(64, 'n')));
+  EXPECT_FALSE(canBeCreated("local", "", "Printer"));
+  EXPECT_FALSE(canBeCreated("local", "ipp", "Printer"));
+  EXPECT_FALSE(canBeCreated("local", "ipp._tcp", "Printer"));
+  EXPECT_FALSE(canBeCreated("local", "_._tcp", "Printer"));
+  EXPECT_FALSE(canBeCreated("local", "_a._ipp._tcp", "Printer"));
+  EXPECT_FALSE(canBeCreated("local", "_ipp._sctp", "Printer"));
+  EXPECT_FALSE(canBeCreated("", "_ipp._tcp", "Printer"));
+  EXPECT_FALSE(canBeCreated(std::string(5000, 'd'), "_ipp._tcp", "Printer"));
+}
+
+}  // namespace
+}  // namespace kelm::platform::macos_platform
