@@ -1,6 +1,6 @@
 # Shortcuts for the usual tasks; CMake does the building (CMakePresets.json).
 # SPDX-License-Identifier: Apache-2.0
-.PHONY: all help demo check check-desktop bench asan tsan fuzz soak mutants coverage format lint package package-check package-test check-debian13 install clean
+.PHONY: all help demo check check-desktop bench asan tsan fuzz soak mutants coverage format lint macos-check package package-check package-test check-debian13 install clean
 
 all: ## build the programs, the PPD and the manual pages
 	@scripts/install-deps build && scripts/build release all
@@ -31,6 +31,8 @@ format: ## format every C++ file with clang-format
 	@scripts/install-deps lint && scripts/format
 lint: ## check format, warnings of both compilers, clang-tidy, shell scripts, licences
 	@scripts/install-deps build check lint && scripts/lint
+macos-check: ## compile and link for macOS, with a zig in PATH
+	@scripts/install-deps build check && scripts/macos-check
 package: ## build the Debian packages of the last commit and run lintian
 	@scripts/install-deps package && scripts/package
 package-check: ## build the packages twice and compare them
