@@ -6,6 +6,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -32,14 +33,14 @@ namespace kelm::ctl {
 namespace {
 
 using namespace std::chrono_literals;
+using Json = nlohmann::ordered_json;
 
 constexpr std::chrono::milliseconds kStep{100};
 constexpr std::chrono::seconds kLongestWait{240};  // as long as a job waits
 constexpr std::chrono::seconds kPauseOfLines{10};  // where there is no progress line
-// The service wakes for a minute. It calls back well before that when the printer answers, when it
-// refuses the order, and when it ends.
-constexpr std::chrono::seconds kNearlyAMinute{55};
 constexpr unsigned kMostAtATime = 64;  // as many printers as the service wakes at a time
+constexpr char kWoken[] = "woken";
+constexpr char kNotWoken[] = "not woken";
 
 struct Arguments {
   std::vector<std::string> queues;
@@ -49,6 +50,8 @@ struct Arguments {
   std::string community = "public";
   bool overRouter = false;
   unsigned jobs = 32;
+  bool json = false;
+  bool quiet = false;
 };
 
 // What to ask for, or, when `problem` is not empty, why nothing is asked and what to do.
@@ -89,6 +92,7 @@ Plan planOfQueue(PrintServer& server, const std::string& queue) {
   plan.problem = problemOf(settings, queue);
   const Queues found = server.queue(queue);
   if (plan.problem.empty()) plan.problem = found.problem;
+  if (plan.problem.empty() && found.queues.front().isClass) plan.problem = classProblem(queue);
   if (!plan.problem.empty()) return plan;
   const std::string& uri = found.queues.front().deviceUri;
   plan.request = wakeup::requestFor(settings, wakeup::XPCCallObject::addressOf(uri));
@@ -127,6 +131,10 @@ std::string secondsOf(std::chrono::milliseconds time) {
   return std::to_string(std::chrono::duration_cast<std::chrono::seconds>(time).count()) + " s";
 }
 
+std::string dump(const Json& value) {
+  return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+}
+
 class Report {
  public:
   explicit Report(const Console& console) : console_(console), line_(console) {}
@@ -148,10 +156,10 @@ class Report {
 using Clock = std::chrono::steady_clock;
 using Waiting = std::function<void(std::chrono::milliseconds)>;
 
-// How long it took until the service called back; nothing when it did not.
-std::optional<std::chrono::milliseconds> waitForCallBack(
-    const std::atomic<bool>& finished, const platform::WakeUpConnection& connection,
-    const Waiting& waiting) {
+// How long it took until the service called back or no call-back can come any more.
+std::chrono::seconds waitForCallBack(const std::atomic<bool>& finished,
+                                     const platform::WakeUpConnection& connection,
+                                     const Waiting& waiting) {
   const auto start = Clock::now();
   std::chrono::seconds told{-1};
   while (!finished && connection.isOpen() && Clock::now() - start < kLongestWait) {
@@ -159,8 +167,7 @@ std::optional<std::chrono::milliseconds> waitForCallBack(
     if (seconds > told) waiting(told = seconds);
     std::this_thread::sleep_for(kStep);
   }
-  if (!finished) return std::nullopt;
-  return std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+  return std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start);
 }
 
 bool isAwake(const platform::WakeUpRequest& request) {
@@ -170,61 +177,88 @@ bool isAwake(const platform::WakeUpRequest& request) {
 }
 
 struct Outcome {
-  bool isWoken = false;
-  std::string text;
-};
+  std::string result;  // "woken", "silent", "refused" or "not woken"
+  std::chrono::seconds time{0};
+  std::string reason;  // empty: woken
 
-std::string silenceOf(std::chrono::milliseconds time) {
-  const std::string after = " after " + secondsOf(time);
-  if (time < kNearlyAMinute) {
-    return "refused" + after +
-           ": the wake-up service gave up before its limit; its log says why (journalctl -u "
-           "kelm-wol)";
-  }
-  return "silent" + after +
-         ": the printer does not answer SNMP requests of this community; check its power, network "
-         "and MAC address";
-}
+  bool isWoken() const { return result == kWoken; }
+};
 
 Outcome wake(const platform::WakeUpRequest& request, const Waiting& waiting) {
   std::atomic<bool> finished = false;
   const auto connection =
       platform::platform().wakeUpBus->send(request, [&finished] { finished = true; });
-  const auto time = waitForCallBack(finished, *connection, waiting);
-  if (time) {
-    if (isAwake(request)) return {true, "woken after " + secondsOf(*time)};
-    return {false, silenceOf(*time)};
+  const std::chrono::seconds time = waitForCallBack(finished, *connection, waiting);
+  if (finished && isAwake(request)) return {kWoken, time, {}};
+  if (finished) {
+    return {"silent", time,
+            "the printer does not answer SNMP requests of this community; check its power, network "
+            "and MAC address"};
   }
+  const std::string refusal = connection->refusal();
+  if (!refusal.empty()) return {"refused", time, refusal};
   const std::string failure = connection->failure();
-  return {false,
-          "not woken: " + (failure.empty() ? "the wake-up service did not call back" : failure) +
+  return {kNotWoken, time,
+          (failure.empty() ? "the wake-up service did not call back" : failure) +
               "; check that KelmWoLServices is installed and run this as root"};
 }
 
-// Reports one outcome; returns whether the printer is awake.
-bool tell(const Plan& plan, const Outcome& outcome, const Console& console) {
-  if (outcome.isWoken) {
-    console.out << safeText(plan.name) << ": " << safeText(outcome.text) << std::endl;
-  } else {
-    complain(console, plan.name + ": " + outcome.text);
-  }
-  return outcome.isWoken;
+// From one process to another.
+std::string packed(const Outcome& outcome) {
+  return dump(Json{outcome.result, outcome.time.count(), outcome.reason});
 }
 
-int wakeOne(const Plan& plan, const Console& console) {
-  if (!plan.problem.empty()) return fail(console, plan.problem);
+Outcome unpacked(const std::optional<std::string>& bytes) {
+  const Json values = Json::parse(bytes.value_or(""), nullptr, false);
+  if (values.is_discarded()) return {kNotWoken, {}, "its process died"};
+  return {values[0], std::chrono::seconds(values[1]), values[2]};
+}
+
+void tellJson(const Plan& plan, const Outcome& outcome, const Console& console) {
+  console.out << dump({{"name", plan.name},
+                       {"address", plan.request.address ? Json(*plan.request.address) : Json()},
+                       {"result", outcome.result},
+                       {"seconds", outcome.time.count()},
+                       {"message", outcome.reason}})
+              << std::endl;
+}
+
+// Reports one outcome.
+void tell(const Arguments& arguments, const Plan& plan, const Outcome& outcome,
+          const Console& console) {
+  if (arguments.json) tellJson(plan, outcome, console);
+  const std::string after =
+      plan.problem.empty() ? " after " + std::to_string(outcome.time.count()) + " s" : "";
+  const std::string text = plan.name + ": " + outcome.result + after;
+  if (!outcome.isWoken()) {
+    if (arguments.quiet || !arguments.json) complain(console, text + ": " + outcome.reason);
+  } else if (!arguments.quiet && !arguments.json) {
+    console.out << safeText(text) << std::endl;
+  }
+}
+
+Outcome outcomeOf(const Plan& plan, const Waiting& waiting) {
+  return plan.problem.empty() ? wake(plan.request, waiting) : Outcome{kNotWoken, {}, plan.problem};
+}
+
+int wakeOne(const Arguments& arguments, const Plan& plan, const Console& console) {
+  if (!plan.problem.empty() && !arguments.json) return fail(console, plan.problem);
   Outcome outcome;
   {
     Report report(console);
-    outcome = wake(plan.request, [&](std::chrono::milliseconds time) { report.waiting(time); });
+    const bool isSilent = arguments.json || arguments.quiet;
+    outcome = outcomeOf(plan, [&](std::chrono::milliseconds time) {
+      if (!isSilent) report.waiting(time);
+    });
   }
-  return tell(plan, outcome, console) ? kExitDone : kExitFailed;
+  tell(arguments, plan, outcome, console);
+  return outcome.isWoken() ? kExitDone : kExitFailed;
 }
 
 // All printers at the same time, each in a process of its own.
-int wakeMany(const std::vector<Plan>& plans, unsigned jobs, const Console& console) {
+int wakeMany(const Arguments& arguments, const std::vector<Plan>& plans, const Console& console) {
   const Interruption interruption;
-  WorkerPool pool(jobs);
+  WorkerPool pool(arguments.jobs);
   ProgressLine progress(console);
   std::size_t woken = 0;
   std::size_t over = 0;
@@ -233,25 +267,29 @@ int wakeMany(const std::vector<Plan>& plans, unsigned jobs, const Console& conso
     for (; next != plans.end() && !pool.isFull(); ++next) {
       const Plan& plan = *next;
       const auto work = [&plan] {
-        if (!plan.problem.empty()) return "-" + plan.problem;
-        const Outcome outcome = wake(plan.request, [](std::chrono::milliseconds) {});
-        return (outcome.isWoken ? "+" : "-") + outcome.text;
+        return packed(outcomeOf(plan, [](std::chrono::milliseconds) {}));
       };
-      pool.start(work, [&](const std::optional<std::string>& result) {
-        const std::string text = result.value_or("-its process died");
-        if (tell(plan, {text.front() == '+', text.substr(1)}, console)) ++woken;
+      pool.start(work, [&](const std::optional<std::string>& bytes) {
+        const Outcome outcome = unpacked(bytes);
+        progress.show("");
+        tell(arguments, plan, outcome, console);
+        if (outcome.isWoken()) ++woken;
         ++over;
       });
     }
-    progress.show(std::to_string(over) + " of " + std::to_string(plans.size()) +
-                  " printers finished");
+    if (!arguments.quiet) {
+      progress.show(std::to_string(over) + " of " + std::to_string(plans.size()) +
+                    " printers finished");
+    }
     pool.wait(kStep);
   }
   if (over < plans.size()) {
     complain(console, "interrupted; " + std::to_string(plans.size() - over) +
                           " printers were not waited for");
   }
-  console.out << woken << " of " << plans.size() << " printers are awake\n";
+  if (!arguments.quiet && !arguments.json) {
+    console.out << woken << " of " << plans.size() << " printers are awake\n";
+  }
   if (woken == plans.size()) return kExitDone;
   return woken == 0 ? kExitFailed : kExitPartly;
 }
@@ -262,8 +300,8 @@ bool namesPrinter(const Arguments& arguments) {
 
 int wakePrinters(const Arguments& arguments, const Console& console) {
   const std::vector<Plan> plans = plansOf(arguments, console);
-  if (plans.size() == 1) return wakeOne(plans.front(), console);
-  return wakeMany(plans, arguments.jobs, console);
+  if (plans.size() == 1) return wakeOne(arguments, plans.front(), console);
+  return wakeMany(arguments, plans, console);
 }
 
 }  // namespace
@@ -282,6 +320,8 @@ Action declareWake(ArgumentList& list) {
   list.addFlag("--over-router", arguments->overRouter, "The printer is beyond a router")
       .excludes(queues);
   list.addNumber("--jobs", arguments->jobs, 1, kMostAtATime, "Printers to wake at a time (32)");
+  list.addFlag("--json", arguments->json, "One JSON object for each printer, for programs");
+  list.addFlag("--quiet", arguments->quiet, "Show only the printers that are not woken");
   declareServer(list, arguments->server);
   list.require("QUEUE, or --mac and --address,", [arguments] { return namesPrinter(*arguments); });
   return [arguments](const Console& console) { return wakePrinters(*arguments, console); };

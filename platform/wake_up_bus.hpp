@@ -30,6 +30,9 @@ class WakeUpConnection {
 
   // Why the connection is not open, for an administrator; empty while it is.
   virtual std::string failure() const = 0;
+
+  // Why the service refused the request, in its own words; empty when it did not.
+  virtual std::string refusal() const = 0;
 };
 
 class WakeUpBus {

@@ -237,6 +237,9 @@ int Service::onAskerEnd(sd_event_source* /*source*/, const siginfo_t* end, void*
   if (end->si_code == CLD_EXITED && end->si_status == 0) {
     self.service->finish(self, "answers");
   } else if (end->si_code == CLD_EXITED) {
+    for (const std::string& caller : self.callers) {
+      self.service->tellRefusal(caller, "no printer can have the address of " + self.order.address);
+    }
     self.service->finish(self, "has an address that no printer can have: ended");
   } else {
     say(self.order.address + " cannot be asked any more: the asking process was killed");
@@ -294,7 +297,10 @@ void Service::send(sd_bus_message* message) const {
 int Service::onEnd(sd_event_source* /*source*/, const signalfd_siginfo* /*signal*/, void* self) {
   const auto& service = *static_cast<Service*>(self);
   for (const WakeUp& each : service.wakeUps_) {
-    for (const std::string& caller : each.callers) service.callBack(caller);
+    for (const std::string& caller : each.callers) {
+      service.tellRefusal(caller, "it was told to end");
+      service.callBack(caller);
+    }
   }
   sd_bus_flush(service.bus_.get());
   return sd_event_exit(service.event_.get(), 0);

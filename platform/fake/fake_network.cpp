@@ -33,6 +33,7 @@ class FakeConnection final : public WakeUpConnection {
   ~FakeConnection() override { bus_.callBack = nullptr; }
   bool isOpen() const override { return bus_.open; }
   std::string failure() const override { return bus_.open ? "" : "no such service"; }
+  std::string refusal() const override { return {}; }
 
  private:
   FakeWakeUpBus& bus_;

@@ -71,6 +71,11 @@ class SdBusConnection final : public WakeUpConnection {
     return failure_;
   }
 
+  std::string refusal() const override {
+    const std::lock_guard lock(mutex_);
+    return refusal_;
+  }
+
  private:
   // Ends the thread, which checks `stop_` wherever it waits.
   void end() {
@@ -168,12 +173,20 @@ class SdBusConnection final : public WakeUpConnection {
     if (sd_bus_message_is_method_call(message, kRefusalInterface, kRefusalMethod) > 0) {
       const char* reason = nullptr;
       if (sd_bus_message_read(message, "s", &reason) < 0) return -EINVAL;
-      connection.giveUp(std::string("the wake-up service refused: ") + reason);
+      connection.takeRefusal(reason);
       return sd_bus_reply_method_return(message, "");
     }
     if (sd_bus_message_is_method_call(message, kCallBackInterface, kCallBackMethod) <= 0) return 0;
     if (connection.open_) connection.finished_();
     return sd_bus_reply_method_return(message, "");
+  }
+
+  void takeRefusal(const std::string& reason) {
+    {
+      const std::lock_guard lock(mutex_);
+      if (refusal_.empty()) refusal_ = reason;
+    }
+    giveUp("the wake-up service refused: " + reason);
   }
 
   // No handler is attached to a request without a reply, but the bus still reports when it could
@@ -204,6 +217,7 @@ class SdBusConnection final : public WakeUpConnection {
   std::atomic<bool> open_ = true;
   mutable std::mutex mutex_;
   std::string failure_;
+  std::string refusal_;
   std::uint64_t cookie_ = 0;
   bool answered_ = false;  // the bus, for its own thread
   std::promise<void> sent_;

@@ -82,6 +82,7 @@ wake 0 --mac $MAC --address 10.77.0.2
 wake 0 --mac $MAC --address fd77::2
 grep -q '^fd77::2: woken after [0-5] s$' "$W/out" ||
   fail "kelmctl wake over IPv6 said: $(cat "$W/out")"
+wake 0 --mac $MAC --address '[fd77::2]'
 wake 1 --mac 00:80:92 --address 10.77.0.2
 grep -q 'six hexadecimal parts' "$W/err" || fail "no reason: $(cat "$W/err")"
 wake 1 --mac $MAC --address socket://10.77.0.2:9100
@@ -134,7 +135,7 @@ wait_until 5 woken 64 || fail "64 printers are not woken at the same time"
 : >"$W/packets"
 wake 1 --mac $MAC --address 10.88.0.2 --over-router --community more
 one_too_many || fail "more than 64 printers are woken"
-grep -q 'not woken: the wake-up service refused: too many printers' "$W/err" ||
+grep -q '^kelmctl: 10.88.0.2: refused after [0-5] s: too many printers are being woken$' "$W/err" ||
   fail "kelmctl wake said: $(cat "$W/err")"
 wait_until 5 packets_arrived 3 || fail "no packets for the request that was turned away"
 request string:10.77.9.1 string:$MAC string:public string:NO string:NO
@@ -144,7 +145,7 @@ wait_until 5 joined || fail "an equal request was not joined"
 # Told to end, it calls back those who wait; so does the bus's end for the next one.
 kill -TERM "$(tail -n 1 "$W/service_pid")"
 wait_until 5 gone "$last" || fail "no caller was called back at the service's end"
-grep -q '^kelmctl: 10.77.0.2: refused after [0-9]* s: ' "$W/last_out" || fail "$(cat "$W/last_out")"
+grep -q '^kelmctl: 10.77.0.2: refused after [0-9]* s: it was told to end$' "$W/last_out" || fail "$(cat "$W/last_out")"
 wait_until 5 service_is_gone || fail "the service does not end"
 : >"$W/service_log"
 "$BUILD/kelmctl" wake --mac $MAC --address 10.77.0.2 --community other >"$W/last_out" 2>&1 &

@@ -1,0 +1,49 @@
+#!/usr/bin/python3
+# SPDX-License-Identifier: Apache-2.0
+"""on_terminal.py [PROMPT ANSWER]... -- COMMAND... : runs COMMAND on a terminal of its own, types each ANSWER
+and Enter when PROMPT is shown, and ends with COMMAND's status. Standard output is what the terminal
+showed; it is given up after 100 seconds. The command's standard output is the terminal too, or the file
+that KELM_OUTPUT names."""
+import os
+import pty
+import select
+import sys
+import time
+
+LIMIT = 100
+
+
+def run(command):
+    output = os.environ.get("KELM_OUTPUT")
+    if output:
+        os.dup2(os.open(output, os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o644), 1)
+    os.execvp(command[0], command)
+
+
+def main():
+    split = sys.argv.index("--")
+    words = sys.argv[1:split]
+    answers = list(zip(words[::2], words[1::2]))
+    process, terminal = pty.fork()
+    if process == 0:
+        run(sys.argv[split + 1:])
+    shown = b""
+    seen = 0
+    end = time.monotonic() + LIMIT
+    while time.monotonic() < end and select.select([terminal], [], [], LIMIT)[0]:
+        try:
+            shown += os.read(terminal, 4096)
+        except OSError:
+            break
+        if answers and answers[0][0].encode() in shown[seen:]:
+            seen = len(shown)
+            time.sleep(0.2)
+            os.write(terminal, answers.pop(0)[1].encode() + b"\n")
+    sys.stdout.buffer.write(shown)
+    sys.stdout.flush()
+    if time.monotonic() >= end:
+        os.kill(process, 9)
+    sys.exit(os.waitstatus_to_exitcode(os.waitpid(process, 0)[1]))
+
+
+main()

@@ -1,0 +1,107 @@
+#!/bin/sh
+# kelmctl wake with several queues: woken, silent and not woken, for people and for programs.
+# SPDX-License-Identifier: Apache-2.0
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+# shellcheck source=tests/system/lib/bus.sh
+. "$HERE/lib/bus.sh"
+# shellcheck source=tests/system/lib/printer_host.sh
+. "$HERE/lib/printer_host.sh"
+
+# run STATUS ARGUMENT... : kelmctl wake ends with STATUS; its output is in $W/out and $W/err
+run() {
+  wanted=$1
+  shift
+  status=0
+  "$BUILD/kelmctl" wake "$@" >"$W/out" 2>"$W/err" || status=$?
+  expect "exit status of kelmctl wake $*" "$wanted" "$status"
+}
+
+printer_host_start
+printer_agent_start
+bus_start
+bus_wake_service
+cups_setup
+cups_start
+facts='*PrinterMacAddress: "MDA6ODA6OTI6MTI6MzQ6NTY="'
+sed "/^\*cupsFilter/a *IsWakeOnLan: \"1\"\\n$facts" "$HERE/lib/queue.ppd" >"$W/on.ppd"
+sed "/^\*cupsFilter/a *IsWakeOnLan: \"0\"\\n$facts" "$HERE/lib/queue.ppd" >"$W/off.ppd"
+cups_queue here socket://10.77.0.2 "$W/on.ppd"
+cups_queue six 'socket://[fd77::2]' "$W/on.ppd"
+cups_queue gone socket://10.77.0.9 "$W/on.ppd"
+cups_queue off socket://10.77.0.2 "$W/off.ppd"
+cups_queue unsynced socket://10.77.0.2 "$HERE/lib/queue.ppd"
+cups_queue port socket://10.77.0.2:9100 "$W/on.ppd"
+lpadmin -p raw -E -v socket://10.77.0.2 2>"$W/lpadmin_log"
+lpadmin -p here -c pool 2>"$W/lpadmin_log"
+
+# On a terminal, a line counts those that are over; one printer stays silent for the service's minute.
+/usr/bin/python3 "$HERE/lib/on_terminal.py" -- "$BUILD/kelmctl" wake here gone >"$W/terminal" &
+started terminal $!
+terminal=$!
+
+# For programs: an object for each printer.
+run 0 six here --json
+sort "$W/out" | sed 's/"seconds":[0-9],/"seconds":N,/' >"$W/sorted"
+cat >"$W/expected" <<'END'
+{"name":"here","address":"10.77.0.2","result":"woken","seconds":N,"message":""}
+{"name":"six","address":"fd77::2","result":"woken","seconds":N,"message":""}
+END
+diff "$W/expected" "$W/sorted" || fail "other objects"
+expect "standard error" '' "$(cat "$W/err")"
+run 0 here --json
+expect "lines for one printer" 1 "$(grep -c '^{"name":"here",.*"result":"woken"' "$W/out")"
+run 3 here unsynced --json
+grep -q '^{"name":"unsynced",.*"result":"not woken","seconds":0,"message":"the queue .* kelmctl sync unsynced"}' \
+  "$W/out" || fail "no object for unsynced: $(cat "$W/out")"
+
+# For people, and for timers.
+run 0 here six
+expect "queues that are woken" 2 "$(grep -c '^\(here\|six\): woken after [0-5] s$' "$W/out")"
+expect "the summary" '2 of 2 printers are awake' "$(tail -n 1 "$W/out")"
+run 0 here six --quiet
+expect "output of --quiet" '' "$(cat "$W/out" "$W/err")"
+run 0 here --quiet
+expect "output of --quiet for one" '' "$(cat "$W/out" "$W/err")"
+run 3 here unsynced off port raw pool nothere --quiet
+expect "standard output" '' "$(cat "$W/out")"
+sort "$W/err" >"$W/sorted"
+cat >"$W/expected" <<'END'
+kelmctl: nothere: not woken: the queue "nothere" is not known to the print server 127.0.0.1; "lpstat -v" lists the queues
+kelmctl: off: not woken: the queue "off" has its wake-up switched off; switch it on in the print dialog, or give --mac and --address
+kelmctl: pool: not woken: "pool" is a class; name its queues, "lpstat -c pool" lists them
+END
+grep -v 'port:\|raw:\|unsynced:' "$W/sorted" | diff "$W/expected" - || fail "other messages"
+grep -q '^kelmctl: port: not woken: the printer "socket://10.77.0.2:9100" .* cannot be woken: .*kelmctl address' \
+  "$W/sorted" || fail "no word about the device URI: $(cat "$W/sorted")"
+grep -q '^kelmctl: raw: not woken: the queue "raw" has no PPD (raw or driverless queue)' "$W/sorted" ||
+  fail "no word about the raw queue: $(cat "$W/sorted")"
+grep -q '^kelmctl: unsynced: not woken: .* store it: kelmctl sync unsynced$' "$W/sorted" ||
+  fail "no word about the queue without facts: $(cat "$W/sorted")"
+run 1 unsynced off
+expect "the summary" '0 of 2 printers are awake' "$(cat "$W/out")"
+
+# Interrupted: it says what was not waited for.
+"$BUILD/kelmctl" wake here gone >"$W/out" 2>"$W/err" &
+started interrupted $!
+interrupted=$!
+wait_until 10 grep -q '^here: woken' "$W/out" || fail "the printer was not woken"
+kill -INT $interrupted
+status=0
+wait $interrupted || status=$?
+expect "status of an interrupted wake-up" 3 "$status"
+grep -q '^kelmctl: interrupted; 1 printers were not waited for$' "$W/err" || fail "$(cat "$W/err")"
+
+status=0
+wait $terminal || status=$?
+expect "status with a silent printer" 3 "$status"
+tr '\r' '\n' <"$W/terminal" | tr '\033' '^' >"$W/lines"
+for line in '^[K0 of 2 printers finished' '^[K1 of 2 printers finished'; do
+  grep -qF -e "$line" "$W/lines" || fail "no progress line '$line': $(cat "$W/lines")"
+done
+grep -q 'here: woken after [0-5] s$' "$W/lines" || fail "not woken: $(cat "$W/lines")"
+grep -q 'kelmctl: gone: silent after \(59\|60\|61\|62\) s: the printer does not answer' "$W/lines" ||
+  fail "not silent: $(cat "$W/lines")"
+grep -q '1 of 2 printers are awake' "$W/lines" || fail "no summary: $(cat "$W/lines")"
