@@ -1,7 +1,9 @@
-// The progress line on a terminal.
+// The progress line on a terminal, and questions to the user.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <optional>
+#include <string>
 #include <string_view>
 
 #include "ctl/subcommand.hpp"
@@ -22,5 +24,9 @@ class ProgressLine {
  private:
   const Console& console_;
 };
+
+// Shows `prompt` on the user's terminal, wherever the standard streams go, and reads a line that is
+// not shown. Nothing without a terminal or a line.
+std::optional<std::string> askSecretly(std::string_view prompt);
 
 }  // namespace kelm::ctl

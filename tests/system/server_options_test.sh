@@ -1,0 +1,84 @@
+#!/bin/sh
+# The options that name print servers and users: -h, -U, -E, and a server that asks for a password.
+# SPDX-License-Identifier: Apache-2.0
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+# shellcheck source=tests/system/lib/snmp.sh
+. "$HERE/lib/snmp.sh"
+
+KELMCTL=$BUILD/kelmctl
+
+# on_terminal [PROMPT ANSWER]... -- ARGUMENT... : kelmctl on a terminal; $status, and what it showed in
+# $W/terminal
+on_terminal() {
+  status=0
+  /usr/bin/python3 "$HERE/lib/on_terminal.py" "$@" >"$W/terminal" 2>"$W/terminal_log" || status=$?
+}
+
+# A user with a password, who is known in the test's own mount namespace only.
+cp /etc/passwd /etc/shadow "$W"
+echo 'clerk:x:61718:65534:Print clerk:/:/usr/sbin/nologin' >>"$W/passwd"
+echo "clerk:$(openssl passwd -6 'open sesame'):19000:0:99999:7:::" >>"$W/shadow"
+mount --bind "$W/passwd" /etc/passwd
+mount --bind "$W/shadow" /etc/shadow
+
+# A job needs the user's password, everything else none. Certificates are made in a directory.
+cups_setup
+install -d -m 700 "$CUPS/etc/ssl"
+sed -i 's|^DefaultAuthType.*|DefaultAuthType Basic|; s|^  <Limit All>|  <Limit Create-Job Send-Document Print-Job>\n    AuthType Basic\n    Require user clerk\n    Order deny,allow\n    Allow from all\n  </Limit>\n&|' "$CUPS/etc/cupsd.conf"
+cups_start
+cups_queue kelm socket://127.0.0.1 "$HERE/lib/queue.ppd"
+printer_start 9100 "$W/printer.out"
+printer_mib "$HERE/printers/few_boxes.mib" | agent_start agent 127.0.0.1
+printer_mib "$HERE/printers/few_boxes.mib" | agent_start second 127.0.0.2
+cups_queue other socket://127.0.0.1 "$HERE/lib/queue.ppd"
+
+# The password is read from the terminal, once for all queues of a server, and not shown.
+on_terminal 'Password for clerk on' 'open sesame' -- "$KELMCTL" sync kelm other -U clerk
+expect "status with the password" 0 "$status"
+expect "questions" 1 "$(grep -c 'Password for clerk' "$W/terminal")"
+! grep -q sesame "$W/terminal" || fail "the password is shown"
+expect "queues that are done" 2 "$(grep -c '[a-z]*: done, [0-9]* settings changed' "$W/terminal")"
+
+# Standard output has the results alone. The user may also come from the environment.
+KELM_OUTPUT=$W/out CUPS_USER=clerk on_terminal 'Password for clerk' 'open sesame' -- \
+  "$KELMCTL" sync kelm --address 127.0.0.2 --json
+expect "status with CUPS_USER" 0 "$status"
+expect "lines" 1 "$(wc -l <"$W/out")"
+grep -q '^{"server":"127.0.0.1","queue":"kelm","status":"done"' "$W/out" || fail "$(cat "$W/out")"
+
+# A wrong password is asked for again, and refused in the end.
+on_terminal 'Password for' wrong 'Password for' 'open sesame' -- "$KELMCTL" sync kelm -U clerk
+expect "status with the second password" 0 "$status"
+on_terminal 'Password for' wrong 'Password for' wrong 'Password for' wrong 'Password for' wrong \
+  'Password for' wrong 'Password for' wrong -- \
+  "$KELMCTL" sync kelm -U clerk --address 127.0.0.2
+expect "status with a wrong password" 1 "$status"
+expect "questions" 3 "$(grep -c 'Password for' "$W/terminal")"
+grep -q 'the print server refuses the update job for the queue "kelm": ' "$W/terminal" ||
+  fail "no word about it: $(cat "$W/terminal")"
+on_terminal 'Password for' '' -- "$KELMCTL" sync kelm -U clerk --address 127.0.0.2
+expect "status without a password" 1 "$status"
+
+# Without a terminal nothing is asked.
+status=0
+setsid -w "$KELMCTL" sync kelm --address 127.0.0.2 -U clerk >"$W/out" 2>"$W/err" </dev/null || status=$?
+expect "status without a terminal" 1 "$status"
+grep -q 'refuses the update job' "$W/err" || fail "no word about it: $(cat "$W/err")"
+expect "jobs left" '' "$(lpstat -W not-completed -o)"
+
+# Encryption: asked for, it is there; a server that has none is not asked.
+encrypted() { grep -c 'Connection now encrypted' "$CUPS/log/error_log" || :; }
+expect "connections that are encrypted" 0 "$(encrypted)"
+"$KELMCTL" settings kelm -E >"$W/out" 2>"$W/err" || fail "not with -E: $(cat "$W/err")"
+[ "$(encrypted)" -gt 0 ] || fail "the connection is not encrypted"
+expect_line "$W/out" 'Shared boxes              1  Einkauf'
+(cd "$W/pids" && exec /usr/bin/python3 -m http.server 8080 --bind 127.0.0.1 >"$W/plain_log" 2>&1) &
+started plain $!
+wait_until 5 printer_listens 8080 || fail "no server without encryption"
+status=0
+"$KELMCTL" settings kelm -E -h 127.0.0.1:8080 >"$W/out" 2>"$W/err" || status=$?
+expect "status of a server without encryption" 1 "$status"
+! grep -q kelm.ppd "$W/plain_log" || fail "it was asked without encryption"
