@@ -78,14 +78,20 @@ std::string lookUp(const std::string& host, int family) {
 
 }  // namespace
 
+std::string hostOfDevice(const std::string& deviceUri) { return networkUriOf(deviceUri).host; }
+
+std::string addressOfHost(const std::string& host) {
+  const std::string address = lookUp(host, AF_INET);
+  return address.empty() ? lookUp(host, AF_INET6) : address;
+}
+
 std::string addressOfDevice(const std::string& deviceUri) {
   if (deviceUri.starts_with("dnssd://")) {
     return wakeup::XPCCallObject::ConvertDeviceURItoIPAddress_(deviceUri).value_or("");
   }
-  std::string host = networkUriOf(deviceUri).host;
+  std::string host = hostOfDevice(deviceUri);
   if (host.empty() || host.find(':') != std::string::npos) return host;
-  const std::string address = lookUp(host, AF_INET);
-  return address.empty() ? lookUp(host, AF_INET6) : address;
+  return addressOfHost(host);
 }
 
 std::string wakeUpAdvice(const std::string& deviceUri, const std::string& address) {

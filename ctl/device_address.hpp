@@ -6,6 +6,12 @@
 
 namespace kelm::ctl {
 
+// The host in `deviceUri`, which is not looked up; empty when it has no network host.
+std::string hostOfDevice(const std::string& deviceUri);
+
+// The numeric address (IPv4 before IPv6) of a host; empty when it is unknown.
+std::string addressOfHost(const std::string& host);
+
 // The numeric address (IPv4 before IPv6) of the host in `deviceUri`; empty when it has no network
 // host or the host is unknown.
 std::string addressOfDevice(const std::string& deviceUri);

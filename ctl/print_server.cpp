@@ -8,9 +8,9 @@
 #include <thread>
 #include <utility>
 
+#include "ctl/interruption.hpp"
 #include "ctl/job_options.hpp"
 #include "ctl/message.hpp"
-#include "job/ppd_calls.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -153,11 +153,16 @@ bool PrintServer::attempt(const std::function<bool()>& request) {
   return false;
 }
 
+// A server that did not come back in time is not waited for again, for no other queue either.
 bool PrintServer::perform(const std::function<bool()>& request) {
+  if (isGivenUp_) return false;
   const auto end = Clock::now() + patience_;
   bool told = false;
   while (!attempt(request)) {
-    if (Clock::now() >= end) return false;
+    if (Clock::now() >= end || Interruption::isWanted()) {
+      isGivenUp_ = (unreachable_ || isSilent_) && patience_ > 0s;
+      return false;
+    }
     if (!told) {
       complain(console_,
                lastProblem() + "; trying again for " + std::to_string(patience_.count()) + " s");
@@ -263,12 +268,19 @@ PrintServer::PpdCopy PrintServer::copyOnce(
   return result;
 }
 
+// Not cupsGetPPD2, which makes a connection of its own for each PPD.
 PrintServer::PpdCopy PrintServer::copyPpd(const std::string& queue) {
   PpdCopy copy =
       copyOnce("the PPD of the queue " + quoted(queue), [&]() -> std::optional<std::string> {
-        const char* path = job::r_cupsGetPPD2(http_.get(), queue.c_str());
-        if (path == nullptr) return std::nullopt;
-        return path;
+        char path[HTTP_MAX_URI];
+        const int file = cupsTempFd(path, sizeof path);
+        if (file < 0) return std::nullopt;
+        const http_status_t status =
+            cupsGetFd(http_.get(), ("/printers/" + queue + ".ppd").c_str(), file);
+        close(file);
+        if (status == HTTP_STATUS_OK) return path;
+        unlink(path);
+        return std::nullopt;
       });
   if (copy.problem.empty() || unreachable_) return copy;
   // "Not found" means a queue that does not exist, or one without a PPD.

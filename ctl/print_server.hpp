@@ -31,7 +31,8 @@ struct Queues {
   std::string problem;
 };
 
-// Why nothing is stored in a class, and what to do. CUPS gives the PPD of one of its queues for it.
+// Why a class is not taken for a queue, and what to do. CUPS gives the PPD of one of its queues for
+// it.
 std::string classProblem(const std::string& name);
 
 // The number of a job that was sent or, when `problem` is not empty, why none was and what to do.
@@ -112,6 +113,7 @@ class PrintServer {
   std::unique_ptr<http_t, HttpCloser> http_;
   bool isSilent_ = false;     // the last request had no answer in time
   bool unreachable_ = false;  // the last request found no connection
+  bool isGivenUp_ = false;    // no further request is made
 };
 
 }  // namespace kelm::ctl

@@ -17,9 +17,9 @@
 #include "ctl/interruption.hpp"
 #include "ctl/message.hpp"
 #include "ctl/printer_facts.hpp"
+#include "ctl/printer_queries.hpp"
 #include "ctl/safe_text.hpp"
 #include "ctl/terminal.hpp"
-#include "ctl/worker_pool.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -28,13 +28,15 @@ using Json = nlohmann::ordered_json;
 using Names = std::optional<std::vector<std::string>>;
 
 constexpr auto kTurn = std::chrono::milliseconds(100);
-constexpr unsigned kMostAtATime = 1000;
+// A socket each; a process may have 1024 descriptors.
+constexpr unsigned kMostAtATime = 900;
 
 struct Arguments {
   std::vector<std::string> addresses;
   std::string community = "public";
-  unsigned jobs = 256;
+  unsigned jobs = 500;
   bool json = false;
+  bool quiet = false;
 };
 
 Json jsonOf(const Names& names) { return names ? Json(*names) : Json(nullptr); }
@@ -119,41 +121,36 @@ int showOne(const Arguments& arguments, const Console& console) {
   const PrinterFacts facts = askPrinter(address, arguments.community, Incomplete::kAbsent, console);
   if (arguments.json) {
     console.out << jsonOf(facts).dump(2) << '\n';
-  } else if (facts.answered) {
+  } else if (facts.answered && !arguments.quiet) {
     writeTable(console.out, facts);
   }
   if (facts.answered) return kExitDone;
   return fail(console, noAnswerMessage(facts, address, arguments.community));
 }
 
-// Each printer in a process of its own; nothing for one whose questions were not finished.
+// Nothing for a printer that was not asked to the end.
 std::vector<std::optional<AskedPrinter>> askMany(const Arguments& arguments,
                                                  const Console& console) {
   const Interruption interruption;
   const auto& addresses = arguments.addresses;
-  std::vector<std::optional<AskedPrinter>> printers(addresses.size());
-  WorkerPool pool(arguments.jobs);
+  std::vector<std::optional<AskedPrinter>> answers(addresses.size());
+  PrinterQueries printers(arguments.jobs, console);
   ProgressLine progress(console);
   std::size_t next = 0;
   std::size_t over = 0;
-  while ((next < addresses.size() || !pool.isIdle()) && !Interruption::isWanted()) {
-    for (; next < addresses.size() && !pool.isFull(); ++next) {
-      const auto work = [&arguments, &console, address = addresses[next]] {
-        const Console noProgress{console.out, console.err};
-        return packed({address,
-                       {},
-                       askPrinter(address, arguments.community, Incomplete::kAbsent, noProgress)});
-      };
-      pool.start(work, [&printers, &over, index = next](const std::optional<std::string>& bytes) {
-        if (bytes) printers[index] = unpacked(*bytes);
-        ++over;
-      });
+  while ((next < addresses.size() || !printers.isIdle()) && !Interruption::isWanted()) {
+    for (; next < addresses.size() && !printers.isFull(); ++next) {
+      printers.start({{}, addresses[next], arguments.community, Incomplete::kAbsent},
+                     [&answers, &over, index = next](std::optional<AskedPrinter> printer) {
+                       answers[index] = std::move(printer);
+                       ++over;
+                     });
     }
     progress.show(std::to_string(over) + " of " + std::to_string(addresses.size()) +
                   " printers finished");
-    pool.wait(kTurn);
+    printers.wait(kTurn);
   }
-  return printers;
+  return answers;
 }
 
 void writeJsonLine(const AskedPrinter& printer, std::ostream& out) {
@@ -175,11 +172,14 @@ int showMany(const Arguments& arguments, const Console& console) {
     if (arguments.json) writeJsonLine(*printer, console.out);
     if (!printer->facts.answered) {
       complain(console, noAnswerMessage(printer->facts, address, arguments.community));
-    } else if (!arguments.json) {
+    } else if (!arguments.json && !arguments.quiet) {
       console.out << address << '\n';
       writeTable(console.out, printer->facts);
       console.out << '\n';
     }
+  }
+  if (!arguments.json && !arguments.quiet) {
+    console.out << answered << " of " << arguments.addresses.size() << " printers answer\n";
   }
   if (answered == arguments.addresses.size()) return kExitDone;
   return answered == 0 ? kExitFailed : kExitPartly;
@@ -196,8 +196,9 @@ Action declarePrinter(ArgumentList& list) {
   list.add("--community", arguments->community, "The printers' SNMP community")
       .valueName("NAME")
       .showDefault();
-  list.addNumber("--jobs", arguments->jobs, 1, kMostAtATime, "Printers to ask at a time (256)");
+  list.addNumber("--jobs", arguments->jobs, 1, kMostAtATime, "Printers to ask at a time (500)");
   list.addFlag("--json", arguments->json, "One JSON object for each printer, for programs");
+  list.addFlag("--quiet", arguments->quiet, "Show only the printers that do not answer");
   return [arguments](const Console& console) {
     return (arguments->addresses.size() == 1 ? showOne : showMany)(*arguments, console);
   };

@@ -7,17 +7,15 @@
 #include <thread>
 #include <utility>
 
-#include "ctl/device_address.hpp"
 #include "ctl/facts_transfer.hpp"
 #include "ctl/interruption.hpp"
 #include "ctl/message.hpp"
 #include "ctl/print_server.hpp"
 #include "ctl/printer_facts.hpp"
+#include "ctl/printer_queries.hpp"
 #include "ctl/queue_locks.hpp"
 #include "ctl/stored_state.hpp"
 #include "ctl/terminal.hpp"
-#include "ctl/worker_pool.hpp"
-#include "snmp/bracketed_address.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -59,7 +57,10 @@ std::string quoted(const std::string& text) { return "\"" + text + "\""; }
 class Sync {
  public:
   Sync(const SyncRequest& request, const Console& console)
-      : request_(request), console_(console), pool_(request.jobs), progress_(console) {}
+      : request_(request),
+        console_(console),
+        printers_(request.jobs, console),
+        progress_(console) {}
 
   std::vector<SyncResult> run() {
     for (const std::string& server : request_.servers) addServer(server);
@@ -113,7 +114,7 @@ class Sync {
   // Printers are asked first: the answers of some are stored while silent ones are waited for.
   void turn() {
     const bool prepared = prepareOne();
-    pool_.wait(prepared ? 0ms : std::chrono::milliseconds(kTurn));
+    printers_.wait(prepared ? 0ms : std::chrono::milliseconds(kTurn));
     showProgress();
     if (prepared) return;
     for (const auto& task : tasks_) {
@@ -138,7 +139,7 @@ class Sync {
 
   // Starts to ask the printer of the next queue; false when none can be started now.
   bool prepareOne() {
-    if (pool_.isFull()) return false;
+    if (printers_.isFull()) return false;
     for (const auto& task : tasks_) {
       if (task->stage != Stage::kWaiting || !lock(*task)) continue;
       prepare(*task);
@@ -195,20 +196,9 @@ class Sync {
   void startAsking(Task& task) {
     task.community = request_.community.value_or(task.before.community);
     task.stage = Stage::kAsking;
-    const auto work = [this, uri = task.queue.deviceUri, community = task.community] {
-      const Console noProgress{console_.out, console_.err};
-      AskedPrinter printer;
-      printer.address =
-          request_.address ? snmp::unbracketed(*request_.address) : addressOfDevice(uri);
-      if (!printer.address.empty()) {
-        printer.facts =
-            askPrinter(printer.address, community, Incomplete::kKeepTheRest, noProgress);
-      }
-      if (printer.facts.answered) printer.advice = wakeUpAdvice(uri, printer.address);
-      return packed(printer);
-    };
-    pool_.start(work, [this, &task](const std::optional<std::string>& bytes) {
-      const auto printer = bytes ? unpacked(*bytes) : std::nullopt;
+    const PrinterQuery query{task.queue.deviceUri, request_.address, task.community,
+                             Incomplete::kKeepTheRest};
+    printers_.start(query, [this, &task](const std::optional<AskedPrinter>& printer) {
       if (printer) return take(task, *printer);
       fail(task, "the process that asked the printer died; see the kernel's log");
     });
@@ -356,7 +346,7 @@ class Sync {
   QueueLocks locks_;
   std::vector<std::unique_ptr<PrintServer>> servers_;
   std::vector<std::unique_ptr<Task>> tasks_;
-  WorkerPool pool_;
+  PrinterQueries printers_;
   ProgressLine progress_;
   Clock::time_point nextProgress_;
 };

@@ -21,7 +21,7 @@ struct SyncRequest {
   std::optional<std::string> community;
   bool dryRun = false;
   std::chrono::seconds wait{120};  // for another process or another job of the queue
-  unsigned jobs = 256;             // printers that are asked at a time
+  unsigned jobs = 500;             // printers that are asked at a time
 };
 
 enum class SyncStatus { kDone, kUnchanged, kPartly, kFailed, kInterrupted };

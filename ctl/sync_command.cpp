@@ -18,7 +18,8 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr unsigned kMostPrintersAtATime = 1000;
+// A socket each; a process may have 1024 descriptors.
+constexpr unsigned kMostPrintersAtATime = 900;
 constexpr unsigned kLongestWait = 86400;
 
 struct Arguments {
@@ -72,7 +73,7 @@ Action declareSync(ArgumentList& list) {
       .valueName("NAME");
   list.addFlag("--dry-run", request.dryRun, "Show what would be stored, and store nothing");
   list.addNumber("--jobs", request.jobs, 1, kMostPrintersAtATime,
-                 "Printers to ask at a time (256)");
+                 "Printers to ask at a time (500)");
   list.addNumber("--wait", arguments->wait, 0, kLongestWait,
                  "How long to wait for other jobs and other updates of a queue (120)")
       .valueName("SECONDS");

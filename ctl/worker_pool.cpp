@@ -76,16 +76,17 @@ void WorkerPool::end(Worker& worker) {
   if (worker.process > 0) waitpid(worker.process, nullptr, 0);
 }
 
-void WorkerPool::wait(std::chrono::milliseconds limit) {
+void WorkerPool::wait(std::chrono::milliseconds limit, int other) {
   std::vector<pollfd> sources;
   for (const Worker& worker : workers_) {
     // A worker without a process has already ended.
     if (worker.process < 0) limit = std::chrono::milliseconds(0);
     sources.push_back({worker.results, POLLIN, 0});
   }
+  sources.push_back({other, POLLIN, 0});
   if (poll(sources.data(), sources.size(), static_cast<int>(limit.count())) < 0) return;
   auto source = sources.begin();
-  for (auto worker = workers_.begin(); worker != workers_.end() && source != sources.end();) {
+  for (auto worker = workers_.begin(); worker != workers_.end() && source + 1 != sources.end();) {
     const auto each = worker++;
     const bool ready = (source++)->revents != 0 || each->process < 0;
     if (!ready || !receive(*each)) continue;

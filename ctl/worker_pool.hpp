@@ -33,9 +33,9 @@ class WorkerPool {
   // started.
   void start(const Work& work, Done done);
 
-  // Waits for results at most `limit` and calls `done` for each; returns early with the first ones
-  // and when a signal arrives.
-  void wait(std::chrono::milliseconds limit);
+  // Waits for results at most `limit` and calls `done` for each; returns early with the first ones,
+  // when a signal arrives, and when `other`, a descriptor or -1, becomes readable.
+  void wait(std::chrono::milliseconds limit, int other = -1);
 
  private:
   struct Worker {

@@ -15,6 +15,18 @@ struct CloseSession {
 };
 using SessionHandle = std::unique_ptr<netsnmp_session, CloseSession>;
 
+void addObject(netsnmp_pdu& request, const OidText& object) {
+  std::array<oid, MAX_OID_LEN> identifiers{};
+  std::size_t count = identifiers.size();
+  if (snmp_parse_oid(object.text(), identifiers.data(), &count) == nullptr) return;
+  snmp_add_null_var(&request, identifiers.data(), count);
+}
+
+// The library only reads and copies these texts, but its types are not const.
+char* asLibraryText(const char* text) { return const_cast<char*>(text); }
+
+}  // namespace
+
 // The SNMP tools' settings must not change how a printer is asked: init_snmp, which reads
 // configuration and MIB files, is never called, and the files per host are switched off. Without a
 // log handler the library would write to standard error. The first session initialises the library:
@@ -29,26 +41,11 @@ void prepareLibrary() {
   }();
 }
 
-void addObject(netsnmp_pdu& request, const OidText& object) {
-  std::array<oid, MAX_OID_LEN> identifiers{};
-  std::size_t count = identifiers.size();
-  if (snmp_parse_oid(object.text(), identifiers.data(), &count) == nullptr) return;
-  snmp_add_null_var(&request, identifiers.data(), count);
-}
-
-// The library only reads and copies these texts, but its types are not const.
-char* asLibraryText(const char* text) { return const_cast<char*>(text); }
-
-// Only the agent that was asked may answer: the kernel drops messages from other addresses. False
-// when there is no route to the agent.
-bool connectToAgent(netsnmp_session* session) {
-  const netsnmp_transport* transport = snmp_sess_transport(snmp_sess_pointer(session));
+bool connectToAgent(const netsnmp_transport* transport) {
   if (transport == nullptr || transport->remote == nullptr) return false;
   return connect(transport->sock, static_cast<const sockaddr*>(transport->remote),
                  static_cast<socklen_t>(transport->remote_length)) == 0;
 }
-
-}  // namespace
 
 netsnmp_session sessionFor(const char* peer, const char* community, const QueryOptions& options) {
   netsnmp_session session;
@@ -74,7 +71,10 @@ Answer get(const char* peer, const char* community, std::span<const OidText> obj
   prepareLibrary();
   netsnmp_session wanted = sessionFor(peer, community, options);
   const SessionHandle session(snmp_open(&wanted));
-  if (session == nullptr || !connectToAgent(session.get())) return {STAT_ERROR, nullptr};
+  if (session == nullptr ||
+      !connectToAgent(snmp_sess_transport(snmp_sess_pointer(session.get())))) {
+    return {STAT_ERROR, nullptr};
+  }
   netsnmp_pdu* response = nullptr;
   // The library owns the request from here on, also on failure.
   const int status = snmp_synch_response(session.get(), requestFor(objects).release(), &response);

@@ -45,6 +45,13 @@ Answer get(const char* peer, const char* community, std::span<const OidText> obj
 // The session that `get` opens. It borrows both texts.
 netsnmp_session sessionFor(const char* peer, const char* community, const QueryOptions& options);
 
+// Call it before any other function of the library: no settings are read, nothing is logged.
+void prepareLibrary();
+
+// Only the agent that was asked may answer: the kernel drops messages from other addresses. False
+// when there is no way to the agent.
+bool connectToAgent(const netsnmp_transport* transport);
+
 // The request that `get` sends: one null-valued variable per object, in their order.
 PduHandle requestFor(std::span<const OidText> objects);
 

@@ -26,6 +26,8 @@ while [ $number -lt "$COUNT" ]; do
   echo "$(address $number) $kind"
 done | fleet_agents_start
 cups_setup
+# As Debian sets it; the time is that of a real server.
+sed -i 's/^LogLevel.*/LogLevel warn/' "$CUPS/etc/cupsd.conf"
 # cupsd reads its queues from its files, which is faster than a request for each.
 number=0
 while [ $number -lt "$COUNT" ]; do
@@ -42,34 +44,26 @@ socat -u TCP-LISTEN:9100,reuseaddr,fork,backlog=128 OPEN:/dev/null &
 started printers $!
 wait_until 5 printer_listens 9100 || fail "no listener on port 9100"
 
-# peak NAME FILE : the sum of the proportional memory of the process and its children, in kB, whenever
-# it grows
-peak() {
-  while alive "$1"; do
-    for process in $1 $(cat "/proc/$1/task/$1/children" 2>/dev/null); do
-      sed -n 's/^Pss: *\([0-9]*\) kB/\1/p' "/proc/$process/smaps_rollup" 2>/dev/null || true
-    done | awk '{ sum += $1 } END { print sum + 0 }' >>"$2"
-    sleep 0.3
-  done
+# cpu NAME : the processor time that the process and its ended children have taken, in ms
+cpu() {
+  sed 's/^.*) //' "/proc/$(cat "$W/pids/$1")/stat" |
+    awk -v hertz="$(getconf CLK_TCK)" '{ printf "%d\n", ($12 + $13 + $14 + $15) * 1000 / hertz }'
 }
 
-# timed ARGUMENT... : runs kelmctl sync; $status, $milliseconds, $memory
+# timed ARGUMENT... : runs kelmctl sync; $status, $milliseconds, $memory, $used (its processor time and
+# that of cupsd with its filters and backends, in ms)
 timed() {
-  : >"$W/memory"
-  begin=$(date +%s%N)
-  "$KELMCTL" sync "$@" >"$W/out" 2>"$W/err" &
-  kelmctl=$!
-  peak $kelmctl "$W/memory" &
-  watcher=$!
+  before=$(cpu cupsd)
   status=0
-  wait $kelmctl || status=$?
-  milliseconds=$((($(date +%s%N) - begin) / 1000000))
-  wait $watcher
-  memory=$(sort -n "$W/memory" | tail -n 1)
+  /usr/bin/python3 "$HERE/lib/watched.py" "$W/watched" "$KELMCTL" sync "$@" >"$W/out" 2>"$W/err" ||
+    status=$?
+  read -r milliseconds memory own <"$W/watched"
+  used="$own ms of processor time, cupsd $(($(cpu cupsd) - before)) ms"
 }
 
 timed --all
-printf '%s queues, half of the printers silent: %s ms, %s kB\n' "$COUNT" $milliseconds "$memory"
+printf '%s queues, half of the printers silent: %s ms, %s kB, %s\n' \
+  "$COUNT" "$milliseconds" "$memory" "$used"
 expect "status of a fleet that is done in half" 3 "$status"
 expect "queues that are done" $((COUNT / 2)) "$(grep -c '^q[0-9]*: done, [0-9]* settings changed' "$W/out")"
 expect "queues that failed" $((COUNT / 2)) "$(grep -c '^q[0-9]*: failed: the printer ".*" does not answer' "$W/out")"
@@ -84,7 +78,8 @@ expect "a queue's box" '                          17  Entry 17' \
 # The second time nothing is sent.
 jobs=$(lpstat -W completed -o | wc -l)
 timed --all --json
-printf '%s queues again, nothing to store: %s ms, %s kB\n' "$COUNT" $milliseconds "$memory"
+printf '%s queues again, nothing to store: %s ms, %s kB, %s\n' \
+  "$COUNT" "$milliseconds" "$memory" "$used"
 expect "queues that are unchanged" $((COUNT / 2)) "$(grep -c '"status":"unchanged"' "$W/out")"
 expect "objects" "$COUNT" "$(wc -l <"$W/out")"
 expect "update jobs" "$jobs" "$(lpstat -W completed -o | wc -l)"
@@ -113,6 +108,32 @@ expect "status of kelmctl printer" 3 "$status"
 [ $((($(date +%s%N) - begin) / 1000000)) -lt 14000 ] || fail "one after the other"
 expect "the first object" '{"address":"127.1.0.2","sharedBoxCount":30' "$(head -n 1 "$W/out" | cut -c 1-42)"
 expect "objects" 4 "$(wc -l <"$W/out")"
+
+# On a terminal a line counts what is over; in the end there is a line for each, and a summary.
+# shown PATTERN : the terminal showed a line that matches
+shown() {
+  tr '\r' '\n' <"$W/terminal" | tr '\033' '^' | grep -q -e "$1" || fail "no line '$1': $(cat "$W/terminal")"
+}
+status=0
+/usr/bin/python3 "$HERE/lib/on_terminal.py" -- "$KELMCTL" sync q1 q2 >"$W/terminal" || status=$?
+expect "status on a terminal" 3 "$status"
+shown '^^\[K1 of 2 queues finished, 1 printers being asked, 0 queues storing the answers$'
+shown '^^\[Kq1: unchanged$'
+shown '^q2: failed: the printer "127.1.0.3" does not answer'
+shown '^2 queues: 1 unchanged, 1 failed, in [0-9.]* s$'
+status=0
+/usr/bin/python3 "$HERE/lib/on_terminal.py" -- "$KELMCTL" printer "$(address 1)" "$(address 2)" \
+  >"$W/terminal" || status=$?
+expect "status on a terminal" 3 "$status"
+shown '^^\[K1 of 2 printers finished$'
+shown '^1 of 2 printers answer$'
+
+# Only those that do not answer.
+status=0
+"$KELMCTL" printer "$(address 1)" "$(address 2)" "$(address 3)" --quiet >"$W/out" 2>"$W/err" || status=$?
+expect "status of printer --quiet" 3 "$status"
+expect "output of printer --quiet" 1 "$(cat "$W/out" "$W/err" | wc -l)"
+grep -q '^kelmctl: the printer "127.1.0.3" does not answer' "$W/err" || fail "$(cat "$W/err")"
 
 # Interrupted: what was stored is said, nothing is stored in half.
 "$KELMCTL" sync q5 q6 >"$W/out" 2>"$W/err" &

@@ -5,7 +5,11 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <map>
+#include <string>
+#include <thread>
 
+#include "snmp/presence.hpp"
 #include "snmp/qv_snmp_helper.hpp"
 
 namespace kelm::snmp {
@@ -286,6 +290,44 @@ TEST(AgentError, IsACompletedExchangeWithoutAValue) {
 // --- An IPv6 address without a zone: the library reads "::1:161" as one address ---
 
 TEST(PlainIPv6Address, IsTakenForAnotherOneByTheLibrary) { expectSleepMode(1, -1); }
+
+// All printers of printer_queries_test.sh at the same time.
+TEST(ManyAtATime, AreFoundOrFoundSilent) {
+  const std::map<std::string, bool> expected{
+      {"127.0.0.1", true},     // a proper agent
+      {"[::1]", true},         // the same over IPv6
+      {"[fe80::1%lo]", true},  // with a zone
+      {"127.0.0.5", false},    // of another community
+      {"127.0.0.20", false},   // keeps silent
+      {"127.0.0.31", true},    // answers late
+      {"127.0.0.32", true},    // answers the second request
+      {"127.0.0.28", true},    // answers with an error
+      {"127.0.0.99", false}};  // refused: no one listens there
+  std::map<std::string, bool> found;
+  Presence presence;
+  const auto start = std::chrono::steady_clock::now();
+  for (const auto& each : expected) {
+    EXPECT_TRUE(presence.ask(each.first, kCommunity, [&found, address = each.first](bool isThere) {
+      found[address] = isThere;
+    }));
+  }
+  EXPECT_EQ(presence.count(), expected.size());
+  while (presence.count() > 0 &&
+         std::chrono::steady_clock::now() - start < std::chrono::seconds(30)) {
+    presence.look();
+    std::this_thread::sleep_for(std::chrono::milliseconds(20));
+  }
+  const auto time = std::chrono::steady_clock::now() - start;
+  EXPECT_EQ(found, expected);
+  EXPECT_GE(time, std::chrono::milliseconds(7900));
+  EXPECT_LT(time, std::chrono::seconds(12));
+}
+
+TEST(ManyAtATime, SaysWhereNothingCanBeSent) {
+  Presence presence;
+  EXPECT_FALSE(presence.ask("[fe80::1%nosuchlink]", kCommunity, [](bool) { FAIL(); }));
+  EXPECT_EQ(presence.count(), 0U);
+}
 
 }  // namespace
 }  // namespace kelm::snmp

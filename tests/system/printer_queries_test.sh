@@ -41,6 +41,8 @@ COMMUNITY=secret
 printer_mib "$P/few_boxes.mib" | agent_start secret 127.0.0.5
 odd_agent_start never 127.0.0.20 never
 odd_agent_start late 127.0.0.21 late 1.4
+odd_agent_start late_of_many 127.0.0.31 late 1.4
+odd_agent_start second_of_many 127.0.0.32 after 1
 odd_agent_start second30 127.0.0.22 after 1
 odd_agent_start second100 127.0.0.23 after 1
 odd_agent_start dropping 127.0.0.24 fewer 1
@@ -57,6 +59,7 @@ ask_meanwhile SilenceTimes 127.0.0.20
 ask_meanwhile WrongCommunity 127.0.0.5
 ask_meanwhile LateAgent 127.0.0.21
 ask_meanwhile LongNames 127.0.0.3
+ask_meanwhile ManyAtATime 127.0.0.1
 
 for suite in ManyBoxes FullLists SingleFacts TestValue; do
   ask $suite 127.0.0.1 || fail "$suite over IPv4"

@@ -56,6 +56,22 @@ TEST(WorkerPool, SaysWhenAProcessDied) {
   EXPECT_EQ(result, std::nullopt);
 }
 
+TEST(WorkerPool, ReturnsEarlyWhenAnotherDescriptorIsReadable) {
+  WorkerPool pool(1);
+  bool isOver = false;
+  pool.start([] { return sleep(100), std::string("x"); },
+             [&isOver](const std::optional<std::string>&) { isOver = true; });
+  int ends[2];
+  ASSERT_EQ(pipe(ends), 0);
+  ASSERT_EQ(write(ends[1], "x", 1), 1);
+  const auto start = Clock::now();
+  pool.wait(30s, ends[0]);
+  EXPECT_LT(Clock::now() - start, 20s);
+  EXPECT_FALSE(isOver);
+  close(ends[0]);
+  close(ends[1]);
+}
+
 TEST(WorkerPool, EndsItsProcessesWithItself) {
   int ends[2];
   ASSERT_EQ(pipe(ends), 0);

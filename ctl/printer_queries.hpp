@@ -1,0 +1,74 @@
+// Asks many printers at the same time.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "ctl/facts_transfer.hpp"
+#include "ctl/printer_facts.hpp"
+#include "ctl/subcommand.hpp"
+#include "ctl/worker_pool.hpp"
+#include "snmp/presence.hpp"
+
+namespace kelm::ctl {
+
+struct PrinterQuery {
+  std::string deviceUri;               // of its queue; may be empty
+  std::optional<std::string> address;  // instead of the device URI's
+  std::string community;
+  Incomplete incomplete = Incomplete::kAbsent;
+};
+
+// Three steps for each printer: its host name is looked up, then it is found out whether it is
+// there, then it is asked for everything. The first and the last one wait for strangers in a
+// process each, and there are never many of these. The second one, in which a printer that is off
+// takes seconds, needs none.
+class PrinterQueries {
+ public:
+  // Nothing: the process that asked died.
+  using Done = std::function<void(std::optional<AskedPrinter> printer)>;
+
+  // At most `most` printers are asked at a time.
+  PrinterQueries(std::size_t most, const Console& console);
+  PrinterQueries(const PrinterQueries&) = delete;
+  PrinterQueries& operator=(const PrinterQueries&) = delete;
+
+  bool isFull() const { return count_ >= most_; }
+  bool isIdle() const { return count_ == 0; }
+
+  // `done` is called during a later `wait`.
+  void start(PrinterQuery query, Done done);
+
+  // Goes on with all printers; waits for news at most `limit`, until a signal arrives.
+  void wait(std::chrono::milliseconds limit);
+
+ private:
+  struct Item {
+    PrinterQuery query;
+    std::string address;  // as it was given, or the device URI's in numbers
+    Done done;
+  };
+  using Step = void (PrinterQueries::*)(Item item);
+
+  void startSteps();
+  void lookUp(Item item);
+  void find(const Item& item, const std::string& address);
+  void askLater(const Item& item);
+  void askAll(Item item);
+  void end(const Item& item, std::optional<AskedPrinter> printer);
+
+  std::size_t most_;
+  const Console& console_;
+  std::size_t count_ = 0;
+  std::deque<std::pair<Step, Item>> waiting_;  // for a process
+  WorkerPool pool_;
+  snmp::Presence presence_;
+};
+
+}  // namespace kelm::ctl

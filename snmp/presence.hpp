@@ -1,0 +1,53 @@
+// Finds out which of many printers are there, all at the same time and in one process.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <chrono>
+#include <cstddef>
+#include <functional>
+#include <list>
+#include <string>
+
+namespace kelm::snmp {
+
+// A printer that is off keeps silent for 8 seconds. Waiting for many of them needs a socket each
+// here, and no process.
+class Presence {
+ public:
+  using Found = std::function<void(bool isThere)>;
+
+  Presence();
+  ~Presence();
+  Presence(const Presence&) = delete;
+  Presence& operator=(const Presence&) = delete;
+
+  // Asks for the sleep mode and, when that has no answer, for the MAC address, as often as
+  // QVSNMPHelper does. Any answer counts, an error as well. `address` is in numbers, with brackets
+  // if it is an IPv6 address. `found` is called during a later `look`, unless the result is false:
+  // nothing can be sent to this address.
+  bool ask(const std::string& address, const std::string& community, Found found);
+
+  // How many printers are being asked.
+  std::size_t count() const { return printers_.size(); }
+
+  // Becomes readable when an answer is there.
+  int descriptor() const { return events_; }
+
+  // Takes the answers that are there and repeats what had none. Call it several times a second.
+  void look();
+
+ private:
+  struct Printer;
+  using Clock = std::chrono::steady_clock;
+
+  bool start(Printer& printer);
+  void take();
+  void repeat();
+  void endOver();
+
+  int events_;
+  std::list<Printer> printers_;
+  Clock::time_point nextRepeat_;
+};
+
+}  // namespace kelm::snmp
