@@ -33,6 +33,8 @@ TEST(IsEnableWakeOnLan, NeedsAnAddressThatIsNotAllZero) {
   EXPECT_FALSE(XPCCallObject::isEnableWakeOnLan_macAddress_(true, ""));
   EXPECT_FALSE(XPCCallObject::isEnableWakeOnLan_macAddress_(true, "00:00:00:00:00:00"));
   EXPECT_TRUE(XPCCallObject::isEnableWakeOnLan_macAddress_(true, "00:00:00:00:00:01"));
+  EXPECT_TRUE(XPCCallObject::isEnableWakeOnLan_macAddress_(true, "01:00:00:00:00:00"));
+  EXPECT_TRUE(XPCCallObject::isEnableWakeOnLan_macAddress_(true, "00:00:A0:00:00:00"));
 }
 
 TEST(IsEnableWakeOnLan, LooksAtSixPartsOnly) {
