@@ -88,7 +88,7 @@ while [ $job -le "$jobs" ]; do
   "$BUILD/kelmctl" explain --stream "$file.prn" >"$file.explained" 2>&1 || status=$?
   sed -n 's/^WRONG at byte [0-9]*: /WRONG /p' "$file.explained" >"$file.findings_printed"
   [ -s "$file.findings" ] && wanted=1 || wanted=0
-  if ! diff "$file.findings" "$file.findings_printed" >"$file.difference" || [ $status != $wanted ]; then
+  if ! diff "$file.findings" "$file.findings_printed" >"$file.difference" || [ "$status" != "$wanted" ]; then
     wrong=$((wrong + 1))
     echo "job $job, $(cat "$file.name"): explain has status $status (<: expected, >: found)" >&2
     cat "$file.difference" >&2
