@@ -10,7 +10,7 @@ demo: ## send the example job through the filter and show what changed
 	@scripts/install-deps demo && scripts/build demo all && scripts/demo
 check: ## build and run all tests
 	@scripts/install-deps build check && scripts/build release all tests/all && scripts/check
-check-desktop: ## print through the dialogs of GTK, Qt and LibreOffice
+check-desktop: ## print through the dialogs of GTK, Qt and LibreOffice, open pages in a browser
 	@scripts/install-deps build check desktop && scripts/build release all
 	@for test in tests/desktop/*_test.sh; do echo "$$test"; sh "$$test" || exit 1; done
 bench: ## measure throughput, start-up and memory

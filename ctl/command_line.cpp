@@ -6,7 +6,6 @@
 #include <ostream>
 #include <string>
 
-#include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/safe_text.hpp"
 
@@ -16,8 +15,8 @@ namespace {
 constexpr char kAbout[] = "Looks after the queues of KELM IJ printers.";
 constexpr char kFooter[] = "Exit status: 0 done, 1 failed, 2 usage, 3 partly done. See kelmctl(1).";
 
-void declareSubcommands(CLI::App& app, Action& chosen) {
-  for (const Subcommand& row : kSubcommands) {
+void declareSubcommands(CLI::App& app, std::span<const Subcommand> subcommands, Action& chosen) {
+  for (const Subcommand& row : subcommands) {
     CLI::App* subcommand = app.add_subcommand(row.name, row.help);
     ArgumentList list(*subcommand);
     subcommand->callback([&chosen, action = row.declare(list)] { chosen = action; });
@@ -45,13 +44,14 @@ int finish(int status, const Console& console) {
 
 }  // namespace
 
-CommandLine readCommandLine(int argc, const char* const argv[], const Console& console) {
+CommandLine readCommandLine(int argc, const char* const argv[], const Console& console,
+                            std::span<const Subcommand> subcommands) {
   CLI::App app(kAbout, "kelmctl");
   app.footer(kFooter);
   app.set_version_flag("--version", "kelmctl " KELM_VERSION);
   app.failure_message(failureMessage);
   Action chosen;
-  declareSubcommands(app, chosen);
+  declareSubcommands(app, subcommands, chosen);
   try {
     app.parse(argc, argv);
   } catch (const CLI::ParseError& end) {
@@ -60,8 +60,9 @@ CommandLine readCommandLine(int argc, const char* const argv[], const Console& c
   return {chosen, kExitDone};
 }
 
-int runCommandLine(int argc, const char* const argv[], const Console& console) {
-  const CommandLine line = readCommandLine(argc, argv, console);
+int runCommandLine(int argc, const char* const argv[], const Console& console,
+                   std::span<const Subcommand> subcommands) {
+  const CommandLine line = readCommandLine(argc, argv, console, subcommands);
   return finish(line.action ? line.action(console) : line.status, console);
 }
 

@@ -2,7 +2,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
-#include "ctl/subcommand.hpp"
+#include <span>
+
+#include "ctl/commands.hpp"
 
 namespace kelm::ctl {
 
@@ -14,10 +16,12 @@ struct CommandLine {
 };
 
 // Reads the arguments (argv[0] is the program's name) and runs nothing.
-CommandLine readCommandLine(int argc, const char* const argv[], const Console& console);
+CommandLine readCommandLine(int argc, const char* const argv[], const Console& console,
+                            std::span<const Subcommand> subcommands = kSubcommands);
 
 // Reads the arguments, runs the subcommand that they name and returns the exit status
 // (exit_status.hpp): 0 also for --help and --version, 1 also when the result cannot be written.
-int runCommandLine(int argc, const char* const argv[], const Console& console);
+int runCommandLine(int argc, const char* const argv[], const Console& console,
+                   std::span<const Subcommand> subcommands = kSubcommands);
 
 }  // namespace kelm::ctl

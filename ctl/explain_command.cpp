@@ -19,8 +19,10 @@
 #include "ctl/exit_status.hpp"
 #include "ctl/explain_page.hpp"
 #include "ctl/explain_text.hpp"
+#include "ctl/job_defaults.hpp"
 #include "ctl/message.hpp"
 #include "ctl/opened_ppd.hpp"
+#include "ctl/page_pictures.hpp"
 #include "ctl/print_server.hpp"
 #include "ctl/server_options.hpp"
 #include "explain/explanation.hpp"
@@ -37,7 +39,7 @@ struct Arguments {
   std::optional<std::string> stream;
   ServerOptions server;
   std::vector<std::string> options;
-  std::string copies = "1";
+  std::optional<std::string> copies;
   std::string title;
   std::optional<std::string> page;
   bool changed = false;
@@ -48,7 +50,19 @@ struct Arguments {
 OpenedPpd openPpd(const Arguments& arguments, const Console& console) {
   if (arguments.file) return openPpdFile(*arguments.file);
   PrintServer server(serversOf(arguments.server).front(), console);
-  return server.openPpd(arguments.queue.value_or(""));
+  const std::string queue = arguments.queue.value_or("");
+  return server.openPpd(queue.substr(0, queue.find('/')));  // without the instance
+}
+
+// The defaults that lp would add to the job's options.
+std::vector<explain::Option> defaultsOf(const Arguments& arguments, const Console& console) {
+  if (!arguments.queue) return {};
+  PrintServer server(serversOf(arguments.server).front(), console);
+  const auto destination = server.destination(*arguments.queue);
+  if (destination != nullptr) return jobDefaults(*destination, *arguments.queue);
+  complain(console, "the defaults of \"" + *arguments.queue +
+                        "\" cannot be read, and do not count: " + cupsLastErrorString());
+  return {};
 }
 
 // The PPD that the arguments name, with its texts in the user's language. Null when it cannot be
@@ -79,13 +93,17 @@ bool wrotePage(const Arguments& arguments, const Page& page, const Console& cons
 int explainJob(const Arguments& arguments, const Console& console) {
   const PpdHandle ppd = localisedPpd(arguments, console);
   if (ppd == nullptr) return kExitFailed;
-  const explain::Request request{ppd.get(), explain::parsedOptions(arguments.options),
-                                 std::atoi(arguments.copies.c_str()), arguments.title};
+  explain::Request request{ppd.get(), explain::parsedOptions(arguments.options),
+                           std::atoi(arguments.copies.value_or("1").c_str()), arguments.title};
+  explain::addDefaults(request, defaultsOf(arguments, console), arguments.copies.has_value());
   const explain::Explanation explanation = explain::explained(request);
   Page page{
       arguments.title.empty() ? "What the job says" : arguments.title, {}, explanation.lines, true};
   for (const explain::Remark& remark : explanation.remarks) {
     page.problems.push_back(remarkText(remark));
+    for (const std::string& variable : remark.variables) {
+      page.wrong[variable] = page.problems.back();
+    }
     console.err << "kelmctl: " << page.problems.back() << '\n';
   }
   if (!wrotePage(arguments, page, console)) return kExitFailed;
@@ -96,6 +114,11 @@ int explainJob(const Arguments& arguments, const Console& console) {
     printExplanation(console.out, explanation, changedOnly);
   }
   return explanation.remarks.empty() ? kExitDone : kExitFailed;
+}
+
+explain::StreamReport readPictured(base::ByteSource& source, PagePictures& pictures) {
+  PicturedSource pictured(source, pictures);
+  return explain::readStream(pictured);
 }
 
 int explainStream(const Arguments& arguments, const Console& console) {
@@ -109,10 +132,18 @@ int explainStream(const Arguments& arguments, const Console& console) {
   const PpdHandle ppd = localisedPpd(arguments, console);
   if (ppd == nullptr && (arguments.queue || arguments.file)) return kExitFailed;
   base::DescriptorSource source(descriptor);
-  const explain::StreamReport report = explain::readStream(source);
+  std::optional<PagePictures> pictures;
+  if (arguments.page) pictures.emplace();
+  const explain::StreamReport report =
+      pictures ? readPictured(source, *pictures) : explain::readStream(source);
   if (!isStandardInput) close(descriptor);
-  const Page page{"What the printer was sent", problemTexts(report),
-                  explain::linesOf(report, ppd.get()), false};
+  Page page{"What the printer was sent", problemTexts(report), explain::linesOf(report, ppd.get()),
+            false};
+  for (const explain::Finding& finding : report.findings) {
+    if (!finding.variable.empty()) page.wrong[finding.variable] = shownText(finding.problem);
+  }
+  page.sections = sectionTexts(report);
+  if (pictures) page.pictures = pictures->finish();
   if (!wrotePage(arguments, page, console)) return kExitFailed;
   if (arguments.json) {
     printStreamJson(console.out, report, ppd.get());

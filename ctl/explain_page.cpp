@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <sstream>
 
 #include "ctl/explain_text.hpp"
 
@@ -17,19 +18,34 @@ constexpr char kHead[] = R"(<!DOCTYPE html>
 <meta name="viewport" content="width=device-width, initial-scale=1">
 <meta name="color-scheme" content="light dark">
 <style>
-:root { --paper: #ffffff; --ink: #1c1e21; --faint: #5f6670; --line: #d9dde2; --mark: #0b57d0; --wrong: #b3261e; --wash: #fdecea; }
+:root { --paper: #ffffff; --card: #f6f7f9; --ink: #1c1e21; --faint: #5a616b; --line: #d9dde2; --mark: #0b57d0; --wrong: #a3201a; --wash: #fdecea; }
 @media (prefers-color-scheme: dark) {
-  :root { --paper: #16181c; --ink: #e7e9ec; --faint: #a0a7b1; --line: #343a42; --mark: #8ab4f8; --wrong: #ff9a91; --wash: #3a1f1d; }
+  :root { --paper: #16181c; --card: #1f2227; --ink: #e7e9ec; --faint: #a6adb7; --line: #3a4049; --mark: #8ab4f8; --wrong: #ffb4ab; --wash: #43211e; }
 }
-body { margin: 0 auto; max-width: 60rem; padding: 1rem; background: var(--paper); color: var(--ink); font: 1rem/1.45 system-ui, sans-serif; }
-h1 { font-size: 1.4rem; } h2 { font-size: 1.1rem; margin-top: 2rem; border-bottom: 1px solid var(--line); }
-dl { display: grid; grid-template-columns: minmax(9rem, 2fr) 3fr; gap: .4rem 1rem; margin: 0; }
-dt { color: var(--faint); } dd { margin: 0; overflow-wrap: anywhere; }
-.changed { color: var(--mark); font-weight: 600; } .source { display: block; color: var(--faint); font-size: .85rem; font-weight: 400; }
-.wrong { background: var(--wash); color: var(--wrong); padding: .6rem 1rem; border-left: 4px solid var(--wrong); overflow-wrap: anywhere; }
-ul.wrong { padding-left: 2rem; }
-pre { overflow-x: auto; font-size: .85rem; border: 1px solid var(--line); padding: .8rem; }
-@media (max-width: 32rem) { dl { grid-template-columns: 1fr; gap: 0; } dd { margin-bottom: .7rem; } }
+* { box-sizing: border-box; }
+body { margin: 0 auto; max-width: 62rem; padding: 1rem 1.2rem 3rem; background: var(--paper); color: var(--ink); font: 1rem/1.5 system-ui, sans-serif; }
+h1 { font-size: 1.5rem; line-height: 1.25; margin: .5rem 0 0; overflow-wrap: anywhere; }
+h2 { font-size: 1.1rem; margin: 2rem 0 .5rem; padding-bottom: .25rem; border-bottom: 1px solid var(--line); }
+.sum { color: var(--faint); margin: .3rem 0 1rem; }
+.pages { display: flex; flex-wrap: wrap; gap: 1rem; margin: 1rem 0; }
+.pages figure { margin: 0; }
+.pages img { display: block; max-width: 9rem; max-height: 12rem; border: 1px solid var(--line); background: #fff; }
+.pages figcaption { color: var(--faint); font-size: .85rem; text-align: center; margin-top: .25rem; }
+dl { display: grid; grid-template-columns: minmax(10rem, 2fr) 3fr; gap: 0 1rem; margin: 0; }
+dt, dd { padding: .35rem 0; margin: 0; overflow-wrap: anywhere; }
+dt { color: var(--faint); }
+.source { display: block; color: var(--faint); font-size: .85rem; font-weight: 400; }
+dd.changed { color: var(--mark); font-weight: 600; }
+dd.wrong { color: var(--wrong); background: var(--wash); border-left: 4px solid var(--wrong); padding-left: .7rem; font-weight: 600; }
+dd.wrong .source, ul.wrong { color: var(--wrong); }
+ul.wrong { background: var(--wash); border-left: 4px solid var(--wrong); padding: .6rem 1rem .6rem 2rem; margin: 1rem 0; overflow-wrap: anywhere; }
+details { margin-top: .3rem; } summary { color: var(--faint); cursor: pointer; padding: .25rem 0; }
+pre { overflow-x: auto; font-size: .82rem; line-height: 1.45; background: var(--card); border: 1px solid var(--line); padding: .8rem; margin: .5rem 0; }
+@media (max-width: 34rem) {
+  body { padding: .8rem .9rem 2rem; }
+  dl { grid-template-columns: 1fr; } dt { padding-bottom: 0; } dd { padding-top: 0; }
+  .pages img { max-width: 7rem; }
+}
 </style>
 )";
 
@@ -56,35 +72,99 @@ std::string escaped(const std::string& text) {
   return html;
 }
 
-void writeSetting(std::ostream& out, const explain::Line& line, bool hasSources) {
-  const bool lacksChoice = line.origin == explain::Origin::kNoSuchChoice;
-  const char* kind = lacksChoice ? "wrong" : line.changed ? "changed" : "same";
+std::string base64(const std::string& bytes) {
+  constexpr char kDigits[] = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
+  std::string text;
+  for (std::size_t i = 0; i < bytes.size(); i += 3) {
+    unsigned group = 0;
+    for (std::size_t j = i; j < i + 3; ++j) {
+      group = group << 8U | (j < bytes.size() ? static_cast<unsigned char>(bytes[j]) : 0U);
+    }
+    for (std::size_t j = 0; j < 4; ++j) {
+      const bool isThere = i + j < bytes.size() + 1;
+      text += isThere ? kDigits[group >> (18U - 6U * j) & 63U] : '=';
+    }
+  }
+  return text;
+}
+
+enum class Kind { kWrong, kChanged, kSame };
+
+Kind kindOf(const Page& page, const explain::Line& line) {
+  if (line.origin == explain::Origin::kNoSuchChoice || page.wrong.contains(line.variable)) {
+    return Kind::kWrong;
+  }
+  return line.changed ? Kind::kChanged : Kind::kSame;
+}
+
+void writeSetting(std::ostream& out, const Page& page, const explain::Line& line) {
+  constexpr const char* kClasses[] = {"wrong", "changed", "same"};
   const std::string choice = line.label.choice.empty() ? "(empty)" : line.label.choice;
-  out << "<dt>" << escaped(shownText(line.label.name)) << "</dt><dd class=\"" << kind << "\">"
-      << escaped(shownText(choice));
-  if (hasSources) out << "<span class=\"source\">" << escaped(sourceText(line)) << "</span>";
+  out << "<dt>" << escaped(shownText(line.label.name)) << "</dt><dd class=\""
+      << kClasses[static_cast<int>(kindOf(page, line))] << "\">" << escaped(shownText(choice));
+  if (page.hasSources) out << "<span class=\"source\">" << escaped(sourceText(line)) << "</span>";
+  const auto wrong = page.wrong.find(line.variable);
+  if (wrong != page.wrong.end()) {
+    out << "<span class=\"source\">" << escaped(wrong->second) << "</span>";
+  }
   out << "</dd>\n";
 }
 
+// In the header's order.
 std::vector<std::string> groupsOf(const std::vector<explain::Line>& lines) {
   std::vector<std::string> groups;
   for (const explain::Line& line : lines) {
-    const bool known = std::ranges::find(groups, line.group) != groups.end();
-    if (!line.variable.empty() && !known) groups.push_back(line.group);
+    const bool known = std::ranges::find(groups, line.label.group) != groups.end();
+    if (!line.variable.empty() && !known) groups.push_back(line.label.group);
   }
   return groups;
+}
+
+// The group's settings of one kind; how many there are.
+std::size_t writeSettings(std::ostream& out, const Page& page, const std::string& group,
+                          Kind kind) {
+  std::size_t count = 0;
+  for (const explain::Line& line : page.lines) {
+    if (line.variable.empty() || line.label.group != group || kindOf(page, line) != kind) continue;
+    writeSetting(out, page, line);
+    ++count;
+  }
+  return count;
 }
 
 void writeGroup(std::ostream& out, const Page& page, const std::string& group) {
   out << "<h2>" << (group.empty() ? "Other settings" : escaped(shownText(group)))
       << "</h2>\n<dl>\n";
-  for (const bool changed : {true, false}) {
-    for (const explain::Line& line : page.lines) {
-      if (line.variable.empty() || line.group != group || line.changed != changed) continue;
-      writeSetting(out, line, page.hasSources);
-    }
-  }
+  writeSettings(out, page, group, Kind::kWrong);
+  writeSettings(out, page, group, Kind::kChanged);
   out << "</dl>\n";
+  std::ostringstream same;
+  const std::size_t count = writeSettings(same, page, group, Kind::kSame);
+  if (count == 0) return;
+  out << "<details><summary>" << count << " as in a job without options</summary>\n<dl>\n"
+      << same.str() << "</dl></details>\n";
+}
+
+void writePictures(std::ostream& out, const std::vector<std::string>& pictures) {
+  if (pictures.empty()) return;
+  out << "<div class=\"pages\">\n";
+  int number = 0;
+  for (const std::string& picture : pictures) {
+    ++number;
+    out << "<figure><img alt=\"Page " << number << "\" src=\"data:image/png;base64,"
+        << base64(picture) << "\"><figcaption>Page " << number << "</figcaption></figure>\n";
+  }
+  out << "</div>\n";
+}
+
+void writeSummary(std::ostream& out, const Page& page) {
+  const auto changed =
+      std::ranges::count_if(page.lines, [](const explain::Line& line) { return line.changed; });
+  out << "<p class=\"sum\">" << changed << (changed == 1 ? " setting differs" : " settings differ")
+      << " from a job without options; "
+      << (page.problems.empty() ? std::string("nothing is wrong")
+                                : std::to_string(page.problems.size()) + " wrong")
+      << ".</p>\n";
 }
 
 void writeProblems(std::ostream& out, const std::vector<std::string>& problems) {
@@ -99,11 +179,19 @@ void writeProblems(std::ostream& out, const std::vector<std::string>& problems) 
 void writePage(std::ostream& out, const Page& page) {
   const std::string title = escaped(shownText(page.title));
   out << kHead << "<title>" << title << "</title>\n</head>\n<body>\n<h1>" << title << "</h1>\n";
+  writeSummary(out, page);
+  writePictures(out, page.pictures);
   writeProblems(out, page.problems);
   for (const std::string& group : groupsOf(page.lines)) writeGroup(out, page, group);
   out << "<h2>Header</h2>\n<pre>\n";
   for (const explain::Line& line : page.lines) out << escaped(lineText(line)) << "\n";
-  out << "</pre>\n</body>\n</html>\n";
+  out << "</pre>\n";
+  if (!page.sections.empty()) {
+    out << "<h2>PostScript</h2>\n<pre>\n";
+    for (const std::string& section : page.sections) out << escaped(section) << "\n";
+    out << "</pre>\n";
+  }
+  out << "</body>\n</html>\n";
 }
 
 }  // namespace kelm::ctl

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -15,10 +16,13 @@ struct Page {
   std::vector<std::string> problems;  // safe for a terminal
   std::vector<explain::Line> lines;
   bool hasSources = false;  // whether the lines say where their values come from
+  std::map<std::string, std::string> wrong = {};  // what is wrong with a variable; for a terminal
+  std::vector<std::string> sections = {};         // of the PostScript; fit for a terminal
+  std::vector<std::string> pictures = {};         // of the first pages, PNG files
 };
 
-// Writes one HTML document that needs no other file: the problems, the settings in the groups of
-// the PPD (changed ones first), and the whole header.
+// Writes one HTML document that needs no other file: pictures of the pages, the problems, the
+// settings in the groups of the PPD (changed ones first), and the whole header.
 void writePage(std::ostream& out, const Page& page);
 
 }  // namespace kelm::ctl

@@ -32,10 +32,41 @@ std::string padded(const std::string& text, std::size_t width) {
   return text + std::string(length + 2 > width ? 2 : width - length, ' ');
 }
 
+const char* giverText(explain::Giver giver) {
+  switch (giver) {
+    case explain::Giver::kJob:
+      return "";
+    case explain::Giver::kUserDefaults:
+      return " (in ~/.cups/lpoptions)";
+    case explain::Giver::kHostDefaults:
+      return " (in " KELM_CUPS_SERVERROOT "/lpoptions)";
+    case explain::Giver::kQueue:
+      return " (the queue's default)";
+  }
+  return "";
+}
+
+const char* giverWord(explain::Giver giver) {
+  switch (giver) {
+    case explain::Giver::kJob:
+      return "job";
+    case explain::Giver::kUserDefaults:
+      return "user-lpoptions";
+    case explain::Giver::kHostDefaults:
+      return "system-lpoptions";
+    case explain::Giver::kQueue:
+      return "queue";
+  }
+  return "";
+}
+
 std::string optionText(const explain::Option& option) {
   const bool plain = option.value.find(' ') == std::string::npos;
-  if (option.name.starts_with('-')) return option.name + " " + option.value;
-  return shownText(option.name + "=" + (plain ? option.value : "\"" + option.value + "\""));
+  const std::string text =
+      option.name.starts_with('-')
+          ? option.name + " " + option.value
+          : shownText(option.name + "=" + (plain ? option.value : "\"" + option.value + "\""));
+  return text + giverText(option.giver);
 }
 
 std::string listText(const std::vector<explain::Option>& options) {
@@ -71,12 +102,22 @@ std::vector<std::string> problemTexts(const explain::StreamReport& report) {
   return texts;
 }
 
+std::vector<std::string> sectionTexts(const explain::StreamReport& report) {
+  std::vector<std::string> texts;
+  for (const explain::Section& section : report.sections) {
+    const std::string& value = section.value.empty() ? section.choice : section.value;
+    texts.push_back(shownText(section.keyword + "=" + value));
+  }
+  return texts;
+}
+
 namespace {
 
 Json jsonOf(const std::vector<explain::Option>& options) {
   Json list = Json::array();
   for (const explain::Option& option : options) {
-    list.push_back({{"option", option.name}, {"value", option.value}});
+    list.push_back(
+        {{"option", option.name}, {"value", option.value}, {"from", giverWord(option.giver)}});
   }
   return list;
 }
@@ -86,7 +127,7 @@ Json jsonOf(const explain::Line& line) {
           {"value", line.value},
           {"name", line.label.name},
           {"meaning", line.label.choice},
-          {"group", line.group},
+          {"group", line.label.group},
           {"source", explain::wordFor(line.origin)},
           {"options", jsonOf(line.causes)},
           {"became", jsonOf(line.became)},
@@ -192,7 +233,8 @@ void printStreamJson(std::ostream& out, const explain::StreamReport& report, ppd
     object["header"].push_back({{"variable", line.variable.empty() ? Json() : Json(line.variable)},
                                 {"value", line.value},
                                 {"name", line.label.name},
-                                {"meaning", line.label.choice}});
+                                {"meaning", line.label.choice},
+                                {"changed", line.changed}});
   }
   for (const explain::Section& section : report.sections) {
     object["sections"].push_back({{"keyword", section.keyword},
@@ -201,7 +243,8 @@ void printStreamJson(std::ostream& out, const explain::StreamReport& report, ppd
                                   {"offset", section.offset}});
   }
   for (const explain::Finding& finding : report.findings) {
-    object["findings"].push_back({{"offset", finding.offset}, {"problem", finding.problem}});
+    object["findings"].push_back(
+        {{"offset", finding.offset}, {"problem", finding.problem}, {"variable", finding.variable}});
   }
   out << object.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }

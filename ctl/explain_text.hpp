@@ -29,6 +29,9 @@ std::string remarkText(const explain::Remark& remark);
 // What is wrong with a stream, and where; safe for a terminal.
 std::vector<std::string> problemTexts(const explain::StreamReport& report);
 
+// What the feature sections of a stream say; fit for a terminal.
+std::vector<std::string> sectionTexts(const explain::StreamReport& report);
+
 // One line for each line of the header, or only for those that differ from a job
 // without options.
 void printExplanation(std::ostream& out, const explain::Explanation& explanation, bool changedOnly);

@@ -249,6 +249,19 @@ OpenedPpd PrintServer::openPpd(const std::string& queue) {
   return opened;
 }
 
+PrintServer::Destination PrintServer::destination(const std::string& name) {
+  const std::size_t slash = name.find('/');
+  const std::string queue = name.substr(0, slash);
+  const std::string instance = slash == std::string::npos ? "" : name.substr(slash + 1);
+  Destination destination;
+  perform([&] {
+    destination.reset(cupsGetNamedDest(http_.get(), queue.c_str(),
+                                       instance.empty() ? nullptr : instance.c_str()));
+    return destination != nullptr;
+  });
+  return destination;
+}
+
 PrintServer::PpdCopy PrintServer::copyOnce(
     const std::string& description, const std::function<std::optional<std::string>()>& copy) {
   PpdCopy result;

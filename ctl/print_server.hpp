@@ -66,6 +66,14 @@ class PrintServer {
   // The queue's PPD; libcups' temporary copy is removed.
   OpenedPpd openPpd(const std::string& queue);
 
+  // The queue with the options that lp(1) would send for it, of the server and of lpoptions(1);
+  // `name` may end in "/INSTANCE". Null when there is none, or no answer.
+  struct DestinationDeleter {
+    void operator()(cups_dest_t* destination) const { cupsFreeDests(1, destination); }
+  };
+  using Destination = std::unique_ptr<cups_dest_t, DestinationDeleter>;
+  Destination destination(const std::string& name);
+
   // The installed PPD whose NickName is `makeAndModel`: the path of a copy, to be removed by the
   // caller; or the problem.
   struct PpdCopy {

@@ -73,25 +73,38 @@ std::vector<Trial> trialsOf(const Request& request) {
   if (request.copies > 1) {
     const auto every = [](const Option&) { return true; };
     const auto none = [](const Option&) { return false; };
-    trials.push_back({{kCopies, std::to_string(request.copies)},
+    trials.push_back({{kCopies, std::to_string(request.copies), request.copiesGiver},
                       valuesOf(outcomeOf(reduced(request, 1, every)).header),
                       valuesOf(outcomeOf(reduced(request, request.copies, none)).header)});
   }
   return trials;
 }
 
+// Whether the stages left the option as it was asked for, or without "Custom.".
+bool isSettled(const Option& asked, const std::vector<Option>& settled) {
+  constexpr std::string_view kCustom = "Custom.";
+  const Option* option = findOption(settled, asked.name);
+  if (option == nullptr) return false;
+  const bool isCustom = asked.value.starts_with(kCustom);
+  return option->value == asked.value ||
+         (isCustom && option->value == asked.value.substr(kCustom.size()));
+}
+
 // The options without which the line would be different. If several options ask for the same value:
 // each of them that is enough alone. If the job asks for the default: the options that the row
 // reads.
 std::vector<Option> causesOf(const std::vector<Trial>& trials, const Place& place,
-                             const pjl::RecordedLine& line, const RowFacts& row, bool changed) {
+                             const pjl::RecordedLine& line, const RowFacts& row,
+                             const std::vector<Option>& settled, bool changed) {
   std::vector<Option> needed;
   std::vector<Option> sufficient;
   std::vector<Option> own;
   for (const Trial& trial : trials) {
     if (!holds(trial.without, place, line)) needed.push_back(trial.option);
     if (changed && holds(trial.alone, place, line)) sufficient.push_back(trial.option);
-    if (row.hasOption(trial.option.name)) own.push_back(trial.option);
+    if (row.hasOption(trial.option.name) && isSettled(trial.option, settled)) {
+      own.push_back(trial.option);
+    }
   }
   if (!needed.empty()) return needed;
   return sufficient.empty() ? own : sufficient;
@@ -100,8 +113,13 @@ std::vector<Option> causesOf(const std::vector<Trial>& trials, const Place& plac
 Origin originWithoutCause(const RowFacts& row, const std::vector<Option>& settled) {
   if (row.fallback == pjl::Fallback::kComputer) return Origin::kComputer;
   if (row.fallback == pjl::Fallback::kJobTitle) return Origin::kJobTitle;
-  const bool stated = std::ranges::any_of(
-      row.options, [&](const std::string& name) { return findOption(settled, name) != nullptr; });
+  const auto isStated = [&](const std::string& name) {
+    return findOption(settled, name) != nullptr;
+  };
+  // The other options of a row that chooses among variables do not give the value.
+  const bool isChoiceOfVariables = row.variables.size() > 1 && !row.writesAllVariables;
+  const bool stated = isChoiceOfVariables ? isStated(row.options.front())
+                                          : std::ranges::any_of(row.options, isStated);
   return stated || row.fallback == pjl::Fallback::kPpdDefault ? Origin::kPpdDefault
                                                               : Origin::kTableDefault;
 }
@@ -124,32 +142,22 @@ std::vector<Option> becameOf(const RowFacts& row, const Job& job) {
   for (const std::string& name : row.options) {
     const Option* option = findOption(job.outcome.options, name);
     if (option == nullptr || contains(job.base.options, *option)) continue;
-    if (!contains(job.request.options, *option)) became.push_back(*option);
+    const bool isAsked = std::ranges::any_of(job.request.options, [&](const Option& asked) {
+      return asked.name == option->name && isSettled(asked, {*option});
+    });
+    // The number of copies has an option that nobody types.
+    if (!isAsked && !name.starts_with("com.apple.")) became.push_back(*option);
   }
   return became;
-}
-
-std::string groupOf(ppd_file_t* ppd, const ppd_option_t* wanted) {
-  if (ppd == nullptr || wanted == nullptr) return {};
-  for (const ppd_group_t& group :
-       std::span(ppd->groups, static_cast<std::size_t>(ppd->num_groups))) {
-    const std::span options(group.options, static_cast<std::size_t>(group.num_options));
-    if (std::ranges::any_of(options, [&](const ppd_option_t& one) { return &one == wanted; })) {
-      return group.text;
-    }
-  }
-  return {};
 }
 
 // What the line says, without its source.
 Line plainLine(ppd_file_t* ppd, const RowFacts& row, const pjl::RecordedLine& line,
                const std::vector<Option>& settled) {
-  const ppd_option_t* option = ppdOptionOf(ppd, row, line.variable);
   Line plain;
-  plain.group = groupOf(ppd, option);
   plain.variable = line.variable;
   plain.value = line.value;
-  plain.label = labelOf(option, row, line, settled);
+  plain.label = labelOf(ppd, row, line, settled);
   return plain;
 }
 
@@ -169,7 +177,7 @@ Line explainedLine(const Job& job, const Place& place, const pjl::RecordedLine& 
   const RowFacts row = factsOf(*line.step, job.request.isDialogJob());
   Line explained = plainLine(job.request.ppd, row, line, settled);
   explained.changed = changed;
-  explained.causes = causesOf(job.trials, place, line, row, changed);
+  explained.causes = causesOf(job.trials, place, line, row, settled, changed);
   if (!explained.causes.empty()) explained.became = becameOf(row, job);
   const bool lacks = lacksChoice(row, line.variable, line.value);
   explained.origin = explained.causes.empty() ? originWithoutCause(row, settled)
@@ -216,12 +224,23 @@ Explanation explained(const Request& request) {
 }
 
 std::vector<Line> linesOf(const StreamReport& report, ppd_file_t* ppd) {
+  const QuietPlatform quiet;
+  Request none;
+  none.ppd = ppd;
+  if (report.isDialogJob) none.options.push_back({"PrintPDE", "1"});
+  const Values base = valuesOf(outcomeOf(none).header);
   std::vector<Line> lines;
-  for (const pjl::RecordedLine& line : report.header) {
-    lines.push_back(line.step == nullptr
-                        ? strangeLine(line)
-                        : plainLine(ppd, factsOf(*line.step, report.isDialogJob), line, {}));
-  }
+  forEachLine(report.header, [&](const Place& place, const pjl::RecordedLine& line) {
+    if (line.step == nullptr) {
+      lines.push_back(strangeLine(line));
+      return;
+    }
+    const RowFacts row = factsOf(*line.step, report.isDialogJob);
+    lines.push_back(plainLine(ppd, row, line, {}));
+    const bool isEveryJobs =
+        row.fallback == pjl::Fallback::kComputer || row.fallback == pjl::Fallback::kJobTitle;
+    lines.back().changed = !isEveryJobs && !holds(base, place, line);
+  });
   return lines;
 }
 

@@ -27,8 +27,6 @@ enum class Origin {
 const char* wordFor(Origin origin);
 
 struct Line {
-  std::string
-      group;  // of the PPD, in the person's language; empty when the PPD has no option for it
   std::string variable;  // empty for a line of the frame
   std::string value;     // of the variable, else the whole line
   Label label;
@@ -47,6 +45,8 @@ struct Explanation {
 Explanation explained(const Request& request);
 
 // The header of a stream as lines without sources. Without a PPD their names are the variables'.
+// Changed are those that differ from a job without options, except the names of computer, user and
+// job.
 std::vector<Line> linesOf(const StreamReport& report, ppd_file_t* ppd);
 
 }  // namespace kelm::explain

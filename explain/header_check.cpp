@@ -79,25 +79,26 @@ void HeaderCheck::take(std::uint64_t offset, const std::string& line) {
 void HeaderCheck::takeVariable(std::uint64_t offset, pjl::RecordedLine& line) {
   const auto known = knownVariable(line.variable);
   if (!known) {
-    note_({offset, line.variable + " is not a variable of this printer"});
+    note_({offset, line.variable + " is not a variable of this printer", line.variable});
     return;
   }
   line.step = known->step;
   isDialogJob_ = isDialogJob_ || known->dialogOnly;
-  if (seen(line.variable)) note_({offset, line.variable + " is there twice"});
+  if (seen(line.variable)) note_({offset, line.variable + " is there twice", line.variable});
   checkOrder(offset, line.variable, known->place);
   const RowFacts row = factsOf(*known->step, true);
   if (lacksChoice(row, line.variable, line.value)) {
-    note_({offset, line.variable + " is empty: the printer does not have the job's choice"});
+    note_({offset, line.variable + " is empty: the printer does not have the job's choice",
+           line.variable});
   } else if (row.table && !isValueOf(*row.table, line.value)) {
-    note_({offset, line.variable + " cannot be \"" + line.value + "\""});
+    note_({offset, line.variable + " cannot be \"" + line.value + "\"", line.variable});
   }
 }
 
 void HeaderCheck::checkOrder(std::uint64_t offset, const std::string& variable, std::size_t place) {
   if (place < lastPlace_) {
-    note_(
-        {offset, variable + " comes after " + lastVariable_ + ", and the printer needs it before"});
+    note_({offset, variable + " comes after " + lastVariable_ + ", and the printer needs it before",
+           variable});
     return;
   }
   lastPlace_ = place;

@@ -2,12 +2,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/labels.hpp"
 
+#include <strings.h>
+
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <span>
 
 #include "job/ppd_calls.hpp"
+#include "stdoptions/standard_choices.hpp"
 
 namespace kelm::explain {
 namespace {
@@ -41,12 +45,24 @@ std::optional<int> hexDigit(char c) {
   return std::nullopt;
 }
 
-const ppd_choice_t* choiceNamed(const ppd_option_t& option, std::string_view name) {
+// The header has many choices in capitals.
+const ppd_choice_t* choiceNamed(const ppd_option_t& option, const std::string& name) {
   for (const ppd_choice_t& choice :
        std::span(option.choices, static_cast<std::size_t>(option.num_choices))) {
-    if (name == choice.choice) return &choice;
+    if (strcasecmp(name.c_str(), choice.choice) == 0) return &choice;
   }
   return nullptr;
+}
+
+std::string groupOf(ppd_file_t* ppd, const ppd_option_t* wanted) {
+  for (const ppd_group_t& group :
+       std::span(ppd->groups, static_cast<std::size_t>(ppd->num_groups))) {
+    const std::span options(group.options, static_cast<std::size_t>(group.num_options));
+    if (std::ranges::any_of(options, [&](const ppd_option_t& one) { return &one == wanted; })) {
+      return group.text;
+    }
+  }
+  return {};
 }
 
 // The choice that the header was written from: the job's, or the one that has the value in the
@@ -63,6 +79,46 @@ std::string chosen(const RowFacts& row, const pjl::RecordedLine& line,
   return line.value;
 }
 
+// The PPD's option that a variable of the row belongs to; null when the PPD has none.
+const ppd_option_t* ppdOptionOf(ppd_file_t* ppd, const RowFacts& row, const RowFacts& plainRow,
+                                std::string_view variable) {
+  if (ppd == nullptr || plainName(variable) != nullptr) return nullptr;
+  const std::string own(variable);
+  if (own.starts_with("QV")) {
+    if (const ppd_option_t* option = job::r_ppdFindOption(ppd, own.c_str())) return option;
+  }
+  // The maker's dialog has options that are not in the PPD.
+  for (const RowFacts* facts : {&plainRow, &row}) {
+    for (const std::string& name : facts->options) {
+      if (const ppd_option_t* option = job::r_ppdFindOption(ppd, ppdKeyword(name))) return option;
+    }
+  }
+  return nullptr;
+}
+
+struct Named {
+  const ppd_option_t* option;
+  const ppd_choice_t* choice;
+};
+
+// The standard option of the PPD that stands for this choice of an own option: people know it,
+// where the own one only overrides it. Nothing when there is none.
+std::optional<Named> standardName(ppd_file_t* ppd, const ppd_option_t& own,
+                                  const std::string& chosen) {
+  for (const stdoptions::StandardOption& row : stdoptions::kStandardOptions) {
+    if (row.source != stdoptions::Source::kMarked || row.own != std::string_view(own.keyword)) {
+      continue;
+    }
+    const ppd_option_t* option = job::r_ppdFindOption(ppd, row.keyword);
+    for (const stdoptions::StandardChoice& pair : row.choices) {
+      if (option == nullptr || strcasecmp(pair.value, chosen.c_str()) != 0) continue;
+      const ppd_choice_t* choice = choiceNamed(*option, pair.choice);
+      if (choice != nullptr) return Named{option, choice};
+    }
+  }
+  return std::nullopt;
+}
+
 bool isLength(std::string_view variable, std::string_view value) {
   const bool named = variable.ends_with("WIDTH") || variable.ends_with("HEIGHT");
   return named && !value.empty() && value.find_first_not_of("0123456789") == std::string::npos;
@@ -77,18 +133,6 @@ std::string millimetres(const std::string& hundredths) {
 
 }  // namespace
 
-const ppd_option_t* ppdOptionOf(ppd_file_t* ppd, const RowFacts& row, std::string_view variable) {
-  if (ppd == nullptr || plainName(variable) != nullptr) return nullptr;
-  const std::string own(variable);
-  if (own.starts_with("QV")) {
-    if (const ppd_option_t* option = job::r_ppdFindOption(ppd, own.c_str())) return option;
-  }
-  for (const std::string& name : row.options) {
-    if (const ppd_option_t* option = job::r_ppdFindOption(ppd, ppdKeyword(name))) return option;
-  }
-  return nullptr;
-}
-
 std::string decodedText(std::string_view hex) {
   std::string text;
   for (std::size_t i = 0; i + 1 < hex.size(); i += 2) {
@@ -100,23 +144,32 @@ std::string decodedText(std::string_view hex) {
   return hex.size() % 2 == 0 ? text : std::string();
 }
 
-Label labelOf(const ppd_option_t* option, const RowFacts& row, const pjl::RecordedLine& line,
+Label labelOf(ppd_file_t* ppd, const RowFacts& row, const pjl::RecordedLine& line,
               const std::vector<Option>& settled) {
   Label label{line.variable, line.value};
   if (const char* name = plainName(line.variable)) label.name = name;
-  if (option != nullptr) label.name = option->text;
-  if (row.isHexText) {
-    const std::string text = decodedText(line.value);
-    if (!text.empty()) label.choice = text;
-    return label;
+  const ppd_option_t* option = ppdOptionOf(ppd, row, factsOf(*line.step, false), line.variable);
+  const std::string choice = chosen(row, line, settled);
+  const ppd_choice_t* named = nullptr;
+  if (option != nullptr) {
+    named = choiceNamed(*option, choice);
+    // The value may be a choice of another option than the one that it comes from.
+    if (named == nullptr) named = choiceNamed(*option, line.value);
+    if (const auto standard = standardName(ppd, *option, choice)) {
+      option = standard->option;
+      named = standard->choice;
+    }
+    label.name = option->text;
+    label.group = groupOf(ppd, option);
   }
-  if (isLength(line.variable, line.value)) {
+  const std::string text = row.isHexText ? decodedText(line.value) : std::string();
+  if (!text.empty()) {
+    label.choice = text;
+  } else if (isLength(line.variable, line.value)) {
     label.choice = millimetres(line.value);
-    return label;
+  } else if (named != nullptr && !line.value.empty()) {
+    label.choice = named->text;
   }
-  const ppd_choice_t* choice =
-      option == nullptr ? nullptr : choiceNamed(*option, chosen(row, line, settled));
-  if (choice != nullptr && !line.value.empty()) label.choice = choice->text;
   return label;
 }
 

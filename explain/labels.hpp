@@ -13,17 +13,15 @@
 
 namespace kelm::explain {
 
-// The PPD's option that a variable of the row belongs to; null when the PPD has none, or without a
-// PPD. Lives as long as the PPD.
-const ppd_option_t* ppdOptionOf(ppd_file_t* ppd, const RowFacts& row, std::string_view variable);
-
 struct Label {
-  std::string name;    // of the setting; the variable's when the PPD does not name it
-  std::string choice;  // what the value means; the value itself when the PPD does not say
+  std::string name;        // of the setting; the variable's when the PPD does not name it
+  std::string choice;      // what the value means; the value itself when the PPD does not say
+  std::string group = {};  // of the PPD; empty when the PPD has no option for the setting
 };
 
-// `option` is ppdOptionOf's; `settled` the options that the header was written from.
-Label labelOf(const ppd_option_t* option, const RowFacts& row, const pjl::RecordedLine& line,
+// The line has a step; `row` are the facts of it. `settled` are the options that the header was
+// written from. Without a PPD (null) the label is the variable's.
+Label labelOf(ppd_file_t* ppd, const RowFacts& row, const pjl::RecordedLine& line,
               const std::vector<Option>& settled);
 
 // The bytes of hex text, as the header sends texts; empty when `hex` is not hex text.

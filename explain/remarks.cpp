@@ -183,7 +183,9 @@ std::optional<Remark> remarkOnChoice(const Request& request, const Option& optio
   }
   const auto row = rowOf(option.name, request.isDialogJob());
   const bool isCopied = row && row->kind == ValueKind::kUpperCase;
-  if (isCopied || isCustomValue(request, option) || isReadByTheFilter(request, option)) {
+  const bool isDialogs = request.isDialogJob() && row && row->hasChoice(option.value);
+  if (isCopied || isDialogs || isCustomValue(request, option) ||
+      isReadByTheFilter(request, option)) {
     return std::nullopt;
   }
   std::vector<std::string> choices = choicesOf(known);
@@ -208,6 +210,7 @@ std::optional<Remark> remarkOnName(const Request& request, const Option& option)
 }
 
 std::optional<Remark> remarkOn(const Request& request, const Option& option) {
+  if (option.giver == Giver::kQueue) return std::nullopt;  // the print server has checked it
   const ppd_option_t* known = ppdOption(request, option.name);
   if (known == nullptr) return remarkOnName(request, option);
   if (option.name != known->keyword) {
@@ -233,6 +236,43 @@ std::optional<Remark> remarkOnPaper(const Request& request) {
   return Remark{*media, "is not the same paper as PageSize=" + page->value, {}, ""};
 }
 
+class Conflicts {
+ public:
+  Conflicts(ppd_file_t* ppd, const Option& option)
+      : count_(cupsGetConflicts(ppd, option.name.c_str(), option.value.c_str(), &first_)) {}
+  ~Conflicts() { cupsFreeOptions(count_, first_); }
+  Conflicts(const Conflicts&) = delete;
+  Conflicts& operator=(const Conflicts&) = delete;
+
+  std::span<const cups_option_t> all() const {
+    return {first_, static_cast<std::size_t>(std::max(count_, 0))};
+  }
+
+ private:
+  cups_option_t* first_ = nullptr;
+  int count_;
+};
+
+// The PPD's constraints: choices that cannot be used together. Each pair is named once.
+void addConflicts(const Request& request, std::vector<Remark>& remarks) {
+  if (request.ppd == nullptr || ppdConflicts(request.ppd) == 0) return;
+  std::vector<std::string> named;
+  for (const Option& option : request.options) {
+    if (ppdOption(request, option.name) == nullptr) continue;
+    const Conflicts conflicts(request.ppd, option);
+    for (const cups_option_t& other : conflicts.all()) {
+      if (option.name == other.name || std::ranges::find(named, other.name) != named.end())
+        continue;
+      remarks.push_back({option,
+                         std::string("cannot be used together with ") + other.name + "=" +
+                             other.value + " (a constraint of the PPD)",
+                         {},
+                         ""});
+    }
+    named.push_back(option.name);
+  }
+}
+
 }  // namespace
 
 std::vector<Remark> remarksOn(const Request& request) {
@@ -241,6 +281,12 @@ std::vector<Remark> remarksOn(const Request& request) {
     if (auto remark = remarkOn(request, option)) remarks.push_back(std::move(*remark));
   }
   if (auto remark = remarkOnPaper(request)) remarks.push_back(std::move(*remark));
+  addConflicts(request, remarks);
+  for (Remark& remark : remarks) {
+    if (auto row = rowOf(remark.option.name, request.isDialogJob())) {
+      remark.variables = std::move(row->variables);
+    }
+  }
   return remarks;
 }
 

@@ -14,6 +14,7 @@ struct Remark {
   std::string problem;               // one sentence without the option, such as "is not an option"
   std::vector<std::string> choices;  // that exist, if the option's choice does not
   std::string nearest;               // option or choice that was probably meant; empty without one
+  std::vector<std::string> variables = {};  // of the header, that the option is for
 };
 
 // In the order of the options. The request's choices must be marked in its PPD (outcomeOf).

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/request.hpp"
 
+#include <strings.h>
+
 #include <algorithm>
+#include <cstdlib>
 #include <optional>
 #include <utility>
 
@@ -70,6 +73,21 @@ std::vector<Option> parsedOptions(const std::vector<std::string>& words) {
     parsed.count = cupsParseOptions(word.c_str(), parsed.count, &parsed.first);
   }
   return listed(parsed.count, parsed.first);
+}
+
+void addDefaults(Request& request, const std::vector<Option>& defaults, bool hasCopies) {
+  for (const Option& option : defaults) {
+    const auto isSame = [&](const Option& own) {
+      return strcasecmp(own.name.c_str(), option.name.c_str()) == 0;
+    };
+    if (option.name == "copies") {
+      if (hasCopies) continue;
+      request.copies = std::max(std::atoi(option.value.c_str()), 1);
+      request.copiesGiver = option.giver;
+    } else if (std::ranges::none_of(request.options, isSame)) {
+      request.options.push_back(option);
+    }
+  }
 }
 
 Outcome outcomeOf(const Request& request, const pjl::HeaderStep* step) {

@@ -13,11 +13,21 @@
 
 namespace kelm::explain {
 
+// Who gave an option to a job.
+enum class Giver {
+  kJob,           // the person, with the job
+  kUserDefaults,  // ~/.cups/lpoptions
+  kHostDefaults,  // lpoptions in CUPS' configuration directory
+  kQueue,         // the print server's default for the queue
+};
+
 struct Option {
   std::string name;
   std::string value;
+  Giver giver = Giver::kJob;
 
-  bool operator==(const Option&) const = default;
+  // The same choice, whoever made it.
+  bool operator==(const Option& other) const { return name == other.name && value == other.value; }
 };
 
 // The first option of exactly this name, or null.
@@ -28,9 +38,14 @@ struct Request {
   std::vector<Option> options;
   int copies = 1;
   std::string title;
+  Giver copiesGiver = Giver::kJob;
 
   bool isDialogJob() const { return findOption(options, "PrintPDE") != nullptr; }
 };
+
+// Adds the defaults that the job's own options do not name, as lp(1) does. A default number of
+// copies counts unless `hasCopies`.
+void addDefaults(Request& request, const std::vector<Option>& defaults, bool hasCopies);
 
 // The options in `words`, written as for lp(1) and on the filter's command line.
 std::vector<Option> parsedOptions(const std::vector<std::string>& words);

@@ -84,6 +84,12 @@ RowFacts facts(const pjl::DialogOrPlain<Row>& row, bool isDialogJob) {
 
 }  // namespace
 
+bool RowFacts::hasChoice(std::string_view name) const {
+  return table && std::ranges::any_of(table->rows, [&](const pjl::ValueRow& row) {
+           return row.key != nullptr && name == row.key;
+         });
+}
+
 bool RowFacts::hasOption(std::string_view name) const {
   return std::find(options.begin(), options.end(), name) != options.end();
 }

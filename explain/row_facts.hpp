@@ -25,6 +25,7 @@ struct RowFacts {
   bool isHexText = false;  // the value is a text, sent in hex
 
   bool hasOption(std::string_view name) const;
+  bool hasChoice(std::string_view name) const;  // in its table
 };
 
 // Whether a line of the row is empty because the printer does not have the job's choice. A text

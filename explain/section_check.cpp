@@ -30,11 +30,6 @@ bool equalButForCase(const std::string& one, const std::string& other) {
   return strcasecmp(one.c_str(), other.c_str()) == 0;
 }
 
-bool isKey(const pjl::ValueTableView& table, std::string_view text) {
-  return std::ranges::any_of(
-      table.rows, [&](const pjl::ValueRow& row) { return row.key != nullptr && text == row.key; });
-}
-
 bool isNumber(std::string_view text) {
   return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
@@ -138,7 +133,7 @@ bool SectionCheck::agrees(const Section& section, const RowFacts& row,
   if (equalButForCase(value, line.value)) return true;
   if (value.empty() && line.value == "OFF") return true;
   if (report_.isDialogJob && row.table && isNumber(value)) return true;
-  const bool isNoChoice = row.table ? !isKey(*row.table, value) : isNumber(value);
+  const bool isNoChoice = row.table ? !row.hasChoice(value) : isNumber(value);
   return isNoChoice && writtenFor(section, section.choice, row, line);
 }
 
@@ -186,9 +181,10 @@ void SectionCheck::check(const Section& section, const pjl::RecordedLine& line) 
     same = !comparable || equalButForCase(section.value, line.value);
   }
   if (same) return;
-  note_({section.offset, "the PostScript says " + section.keyword + " is \"" +
-                             optionValue(section) + "\", and the header says " + line.variable +
-                             "=" + line.value});
+  note_({section.offset,
+         "the PostScript says " + section.keyword + " is \"" + optionValue(section) +
+             "\", and the header says " + line.variable + "=" + line.value,
+         line.variable});
 }
 
 void SectionCheck::run() {

@@ -189,8 +189,10 @@ void StreamReader::meetCopies() {
   asksForCopies_ = true;
   for (const pjl::RecordedLine& line : report_.header) {
     if (line.variable != "QTY" && line.variable != "COPIES") continue;
-    note({reader_.offset(), "the PostScript asks for " + number + " copies, and the header says " +
-                                line.variable + "=" + line.value});
+    note({reader_.offset(),
+          "the PostScript asks for " + number + " copies, and the header says " + line.variable +
+              "=" + line.value,
+          line.variable});
   }
 }
 

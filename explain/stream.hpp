@@ -25,8 +25,9 @@ struct Section {
 };
 
 struct Finding {
-  std::uint64_t offset;  // in bytes, of the line or section; 0 where something is missing
-  std::string problem;   // any bytes of the stream may be in it
+  std::uint64_t offset;       // in bytes, of the line or section; 0 where something is missing
+  std::string problem;        // any bytes of the stream may be in it
+  std::string variable = {};  // of the header; empty when the finding is about none
 };
 
 struct StreamReport {

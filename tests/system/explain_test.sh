@@ -41,6 +41,36 @@ grep -qF 'kelmctl: QVJobComment=Custom.a:b has the character ":", which the prin
 explain 0 --ppd "$BUILD/ppd/kelm-ij.ppd" -o InputSlot=FeedTray2 --changed
 grep -q '@PJL SET MEDIASOURCE=TRAY2 ' "$W/out" || fail "no line about the tray: $(cat "$W/out")"
 
+# The defaults that lp would add count, and are named: the user's, those of all users and the queue's.
+CUPS_SERVERROOT=$CUPS/etc
+export CUPS_SERVERROOT
+mkdir "$W/.cups"
+echo 'Dest office QVDuplex=LongEdge' >"$W/.cups/lpoptions"
+echo 'Dest office QVStapleMode=TwoStaple QVDuplex=ShortEdge' >"$CUPS/etc/lpoptions"
+lpadmin -p office -o QVJobComment-default=Custom.Hello -v "file:$W/office.prn" 2>"$W/lpadmin_log"
+explain 0 office --changed --title report
+for line in 'Two-sided printing: Long edge .* from QVDuplex=LongEdge (in ~/.cups/lpoptions)' \
+  'Staple: Two .* from QVStapleMode=TwoStaple (in .*/lpoptions)' \
+  "Job comment: Hello .* from QVJobComment=Custom.Hello (the queue's default)"; do
+  grep -q "^$line\$" "$W/out" || fail "no line $line: $(cat "$W/out")"
+done
+explain 0 office --all --title report
+sed -n 's/.*  \(@PJL SET [^ ]*\)  .*/\1/p' "$W/out" | grep -v QVHOSTNAME >"$W/explained"
+[ "$(wc -l <"$W/explained")" -gt 80 ] || fail "no header: $(cat "$W/out")"
+printf '%%!PS\nshowpage\n' >"$W/page.ps"
+cups_job office -t report "$W/page.ps" >"$W/job_id" || fail "the job did not end"
+sed -n 's/^\(@PJL SET .*\)$/\1/p' "$W/office.prn" | grep -Fxf "$W/explained" | diff "$W/explained" - ||
+  fail "lp prints otherwise than explain says"
+explain 0 office --changed -o QVDuplex=OFF
+if grep -q DUPLEX "$W/out"; then fail "the job's own option does not win: $(cat "$W/out")"; fi
+rm "$W/.cups/lpoptions" "$CUPS/etc/lpoptions"
+lpadmin -p office -R QVJobComment-default 2>"$W/lpadmin_log"
+
+# Choices that the PPD forbids together.
+explain 1 office -o QVStapleMode=TwoStaple -o QVDuplex=ShortEdge
+expect_line "$W/err" \
+  'kelmctl: QVDuplex=ShortEdge cannot be used together with QVStapleMode=TwoStaple (a constraint of the PPD)'
+
 # What the filter writes for the same options is what explain says.
 PPD=$PPD "$BUILD/kelmfilter" 1 miller report 1 'QVDuplex=LongEdge media=A3' </dev/null >"$W/header.prn"
 explain 0 office --title report -o QVDuplex=LongEdge -o media=A3 --json

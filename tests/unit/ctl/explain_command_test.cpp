@@ -41,6 +41,19 @@ TEST_F(ExplainCommand, ShowsOnlyWhatHasChanged) {
   EXPECT_EQ(std::count(outcome.out.begin(), outcome.out.end(), '\n'), 2);
 }
 
+TEST_F(ExplainCommand, ShowsOnATerminalWhatHasChanged) {
+  const auto linesOnATerminal = [](std::vector<const char*> arguments) {
+    std::ostringstream out;
+    std::ostringstream err;
+    runCommandLine(static_cast<int>(arguments.size()), arguments.data(), {out, err, true, true});
+    const std::string text = out.str();
+    return std::count(text.begin(), text.end(), '\n');
+  };
+  EXPECT_EQ(linesOnATerminal({"kelmctl", "explain", "--ppd", kPpd, "-o", "QVStapleMode=OneStaple"}),
+            2);
+  EXPECT_GT(linesOnATerminal({"kelmctl", "explain", "--ppd", kPpd, "--all"}), 100);
+}
+
 TEST_F(ExplainCommand, TakesSeveralOptionsBeforeTheQueue) {
   const Outcome outcome = runKelmctl({"explain", "-o", "QVStapleMode=OneStaple", "-o",
                                       "QVDuplex=LongEdge", "--ppd", kPpd, "--json"});
@@ -79,19 +92,39 @@ TEST_F(ExplainCommand, FailsForAPageThatCannotBeWritten) {
 
 TEST(ExplainPage, IsWholeAndQuotesWhatItShows) {
   explain::Line line;
-  line.group = "Finishing";
   line.variable = "QVJOBCOMMENT";
   line.value = "3C";
-  line.label = {"Job comment", "<script>&\"\x1B"};
+  line.label = {"Job comment", "<script>&\"\x1B", "Finishing"};
   line.changed = true;
   std::ostringstream out;
-  writePage(out, {"A <b> title", {"wrong & <why>"}, {line}, false});
+  explain::Line unchanged = line;
+  unchanged.variable = "QVJOG";
+  unchanged.label = {"Offset output", "Off", "Finishing"};
+  unchanged.changed = false;
+  explain::Line disagreeing = unchanged;
+  disagreeing.variable = "DUPLEX";
+  disagreeing.label = {"Two-sided", "Off", "Finishing"};
+  Page page{"A <b> title", {"wrong & <why>"}, {unchanged, line, disagreeing}, false};
+  page.wrong["DUPLEX"] = "the PostScript says <ON>";
+  page.sections = {"QVDuplex=LongEdge"};
+  page.pictures = {"PNG", "PN", "P"};
+  writePage(out, page);
   EXPECT_THAT(out.str(), HasSubstr("<title>A &lt;b&gt; title</title>"));
   EXPECT_THAT(out.str(), HasSubstr("<li>wrong &amp; &lt;why&gt;</li>"));
   EXPECT_THAT(out.str(), HasSubstr("<h2>Finishing</h2>"));
   EXPECT_THAT(out.str(), HasSubstr("<dt>Job comment</dt><dd class=\"changed\">"
                                    "&lt;script&gt;&amp;&quot;\\u001B</dd>"));
-  EXPECT_THAT(out.str(), HasSubstr("@PJL SET QVJOBCOMMENT=3C\n</pre>"));
+  EXPECT_THAT(out.str(),
+              HasSubstr("<dt>Two-sided</dt><dd class=\"wrong\">Off<span class=\"source\">"
+                        "the PostScript says &lt;ON&gt;</span></dd>"));
+  EXPECT_THAT(out.str(), HasSubstr("@PJL SET QVJOBCOMMENT=3C\n"));
+  EXPECT_THAT(out.str(), HasSubstr("<pre>\nQVDuplex=LongEdge\n</pre>"));
+  // What is wrong comes first, then what has changed, then the rest.
+  EXPECT_LT(out.str().find("<dt>Two-sided"), out.str().find("<dt>Job comment"));
+  EXPECT_LT(out.str().find("<dt>Job comment"), out.str().find("<dt>Offset output"));
+  for (const char* picture : {"UE5H", "UE4=", "UA=="}) {
+    EXPECT_THAT(out.str(), HasSubstr("src=\"data:image/png;base64," + std::string(picture) + "\""));
+  }
   EXPECT_THAT(out.str(), Not(HasSubstr("http")));
 }
 

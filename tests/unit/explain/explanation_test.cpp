@@ -18,7 +18,7 @@ TEST(Explanation, NamesTheJobsOption) {
   EXPECT_EQ(line.value, "1STAPLE");
   EXPECT_EQ(line.label.name, "Staple");
   EXPECT_EQ(line.label.choice, "One, top left");
-  EXPECT_EQ(line.group, "Finishing");
+  EXPECT_EQ(line.label.group, "Finishing");
   EXPECT_EQ(line.origin, Origin::kJob);
   EXPECT_EQ(line.causes, (Options{{"QVStapleMode", "OneStaple"}}));
   EXPECT_TRUE(line.changed);
@@ -93,6 +93,22 @@ TEST(Explanation, DoesNotTakeTheDialogsMarkForACause) {
   const Line line = ExplainedJob({"PrintPDE=1 QVHideJob=ON"}).line("QVHIDEJOB");
   EXPECT_EQ(line.causes, (Options{{"QVHideJob", "ON"}}));
   EXPECT_EQ(ExplainedJob({"PrintPDE=1"}).line("QVHIDEJOB").origin, Origin::kTableDefault);
+}
+
+TEST(Request, TakesDefaultsThatTheJobDoesNotName) {
+  Request request;
+  request.options = {{"qvjog", "Job"}};
+  addDefaults(request,
+              {{"QVJog", "Set", Giver::kUserDefaults},
+               {"QVDuplex", "LongEdge", Giver::kHostDefaults},
+               {"copies", "3", Giver::kQueue}},
+              false);
+  EXPECT_EQ(request.options, (Options{{"qvjog", "Job"}, {"QVDuplex", "LongEdge"}}));
+  EXPECT_EQ(request.options.back().giver, Giver::kHostDefaults);
+  EXPECT_EQ(request.copies, 3);
+  EXPECT_EQ(request.copiesGiver, Giver::kQueue);
+  addDefaults(request, {{"copies", "5"}}, true);
+  EXPECT_EQ(request.copies, 3);
 }
 
 TEST(Explanation, HasEveryLineOfTheHeader) {

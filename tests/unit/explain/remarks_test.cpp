@@ -71,6 +71,14 @@ TEST(Remarks, NameAnOptionOfTheMakersDialog) {
   EXPECT_EQ(remarkOn("PrintPDE=1 QVGutterDistanceValue100=500").problem, "");
 }
 
+TEST(Remarks, NameChoicesThatThePpdForbidsTogether) {
+  const Remark remark = remarkOn("QVStapleMode=TwoStaple QVDuplex=ShortEdge");
+  EXPECT_EQ(remark.option, (Option{"QVDuplex", "ShortEdge"}));
+  EXPECT_EQ(remark.problem,
+            "cannot be used together with QVStapleMode=TwoStaple (a constraint of the PPD)");
+  EXPECT_EQ(remarkOn("QVStapleMode=TwoStaple QVDuplex=LongEdge").problem, "");
+}
+
 TEST(EditDistance, CountsCharactersButForCase) {
   EXPECT_EQ(editDistance("", ""), 0U);
   EXPECT_EQ(editDistance("abc", "ABC"), 0U);
