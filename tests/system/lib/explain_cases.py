@@ -1,0 +1,106 @@
+# explain_cases.py : compares what kelmctl explain says of jobs with what is written in files.
+#
+#   explain_cases.py KELMCTL PPD HEADER_TABLE FILE...
+#
+# Lines of a FILE:
+#   case WHAT             begins a case
+#   language LOCALE       the user's language; en_US when not given
+#   title TITLE           of the job
+#   -x ARGUMENT           an argument of kelmctl explain, quoted as for a shell
+#   VARIABLE=VALUE | NAME: CHOICE | SOURCE
+#                         a line of the header, what it means and where its value comes from
+#   says TEXT             a message about the options; there is none that no line gives
+# Every line of the header that the options change has a line in the case. HEADER_TABLE is
+# docs/pjl-header.md: each of its variables has a line in at least one case.
+# SPDX-License-Identifier: Apache-2.0
+import os
+import re
+import shlex
+import subprocess
+import sys
+
+
+def read_cases(path):
+    cases = []
+    for line in open(path, encoding="utf-8"):
+        line = line.rstrip("\n")
+        if not line or line.startswith("#"):
+            continue
+        word, _, rest = line.partition(" ")
+        if word == "case":
+            cases.append({"what": rest, "language": "en_US", "arguments": [], "lines": [], "says": []})
+        elif word == "language":
+            cases[-1]["language"] = rest
+        elif word == "title":
+            cases[-1]["arguments"] += ["--title", rest]
+        elif word == "says":
+            cases[-1]["says"].append(rest)
+        elif word.startswith("-"):
+            cases[-1]["arguments"] += shlex.split(line)
+        elif line.count(" | ") == 2:
+            cases[-1]["lines"].append(line)
+        else:
+            sys.exit(f"{path}: what is this? {line}")
+    return cases
+
+
+def explained(kelmctl, ppd, case, mode):
+    """The lines of the header in the form of the cases, and the messages."""
+    environment = {"PATH": os.environ["PATH"], "HOME": os.environ["HOME"],
+                   "LANG": case["language"] + ".UTF-8"}
+    done = subprocess.run([kelmctl, "explain", "--ppd", ppd, mode, *case["arguments"]],
+                          capture_output=True, text=True, timeout=60, env=environment, check=False)
+    found = re.findall(r"^(\S.*?) {2,}@PJL SET (\S*?=.*?) {2,}(.+)$", done.stdout, re.M)
+    says = [line.removeprefix("kelmctl: ") for line in done.stderr.splitlines()]
+    if done.returncode != (1 if says else 0):
+        says.append(f"status {done.returncode}")
+    return [" | ".join((setting.strip(), meaning, source)) for meaning, setting, source in found], says
+
+
+def differences(kelmctl, ppd, case):
+    every, says = explained(kelmctl, ppd, case, "--all")
+    changed, _ = explained(kelmctl, ppd, case, "--changed")
+    if not every:
+        return ["no line of a header"]
+    wrong = []
+    for line in case["lines"]:
+        if line in every:
+            continue
+        variable = line.partition("=")[0]
+        wrong.append(f"expected {line}")
+        wrong += [f"found    {other}" for other in every if other.partition("=")[0] == variable]
+    wrong += [f"no case for {line}" for line in changed
+              if line.partition("=")[0] not in {one.partition("=")[0] for one in case["lines"]}]
+    wrong += [f"does not say: {text}" for text in case["says"] if text not in says]
+    wrong += [f"says: {text}" for text in says if text not in case["says"]]
+    return wrong
+
+
+def variables_of(table):
+    names = re.findall(r"^\| \d+ \| ([A-Z0-9a-z ]+) \|", open(table, encoding="utf-8").read(), re.M)
+    return {word for name in names for word in re.split(" or | and ", name)}
+
+
+def main():
+    kelmctl, ppd, table, *files = sys.argv[1:]
+    failed = 0
+    count = 0
+    covered = set()
+    for path in files:
+        for case in read_cases(path):
+            count += 1
+            covered |= {line.partition("=")[0] for line in case["lines"]}
+            wrong = differences(kelmctl, ppd, case)
+            for each in wrong:
+                print(f"{case['what']}: {each}", file=sys.stderr)
+            failed += bool(wrong)
+    wanted = variables_of(table)
+    if len(wanted) < 100:
+        sys.exit(f"{table}: only {len(wanted)} variables found")
+    for name in sorted(wanted - covered):
+        print(f"no case explains {name}", file=sys.stderr)
+    print(f"{count} cases, {failed} wrong; {len(wanted & covered)} of {len(wanted)} variables explained")
+    return failed != 0 or not wanted <= covered
+
+
+sys.exit(main())
