@@ -27,7 +27,10 @@ cups_queue lobby file:/dev/null "$HERE/lib/queue.ppd"
 cd "$W"
 : >sample.ppd
 
-expect "bash: subcommands" "settings ppd printer sync refresh explain address wake --help --version" "$(in_bash '')"
+# In the order of the help text, which is that of the table.
+names=$(sed -n 's/^ *{"\([a-z-]*\)", ".*", declare.*/\1/p' "$SOURCE/ctl/commands.hpp" | tr '\n' ' ')
+[ -n "$names" ] || fail "no subcommands found in ctl/commands.hpp"
+expect "bash: subcommands" "$names--help --version" "$(in_bash '')"
 expect "bash: subcommand" "settings" "$(in_bash se)"
 expect "bash: queues" "lobby office" "$(in_bash settings '')"
 expect "bash: queue" "office" "$(in_bash settings of)"
