@@ -66,16 +66,20 @@ const StandardChoice* rowOf(std::span<const StandardChoice> choices, std::string
   return row == choices.end() ? nullptr : &*row;
 }
 
-// The choice of the own option that the marked choice stands for. A neutral choice counts only if
-// it overrides another default of the queue.
-const char* askedByMark(const PrintJobData& job, const StandardOption& standard) {
+// Who asks by a marked choice: the job, or only the queue by its default.
+enum class Asker { kJob, kQueue };
+
+// The choice of the own option that the marked choice stands for, if `asker` asks by it. The
+// neutral choice counts only if the job takes another default of the queue back by it.
+const char* askedByMark(const PrintJobData& job, const StandardOption& standard, Asker asker) {
   const ppd_option_t* option = job::r_ppdFindOption(job.ppd, standard.keyword);
   const char* choice = option == nullptr ? nullptr : markedChoice(*option);
-  if (choice == nullptr) return nullptr;
-  const StandardChoice* const neutral = &standard.choices.front();
-  const StandardChoice* row = rowOf(standard.choices, choice);
-  const bool takesBack = strcasecmp(option->defchoice, neutral->choice) != 0;
-  return row == nullptr || (row == neutral && !takesBack) ? nullptr : row->value;
+  const StandardChoice* row = choice == nullptr ? nullptr : rowOf(standard.choices, choice);
+  if (row == nullptr) return nullptr;
+  const bool isDefault = strcasecmp(option->defchoice, choice) == 0;
+  const bool isNeutral = row == &standard.choices.front();
+  const bool asks = asker == Asker::kJob ? !isDefault : isDefault && !isNeutral;
+  return asks ? row->value : nullptr;
 }
 
 // The choice of the own option for the first word of a job option that is a choice of the table and
@@ -91,15 +95,18 @@ const char* askedByJob(const PrintJobData& job, const StandardOption& standard) 
   return nullptr;
 }
 
-const char* askedFor(const PrintJobData& job, const StandardOption& standard) {
-  return standard.source == Source::kMarked ? askedByMark(job, standard)
-                                            : askedByJob(job, standard);
+const char* askedFor(const PrintJobData& job, const StandardOption& standard, Asker asker) {
+  if (standard.source == Source::kMarked) return askedByMark(job, standard, asker);
+  return asker == Asker::kJob ? askedByJob(job, standard) : nullptr;
 }
 
+// What the job asks for counts under any of its names, before the queue's default.
 const char* standardChoice(const PrintJobData& job, const char* own) {
-  for (const StandardOption& standard : kStandardOptions) {
-    if (std::strcmp(standard.own, own) != 0) continue;
-    if (const char* value = askedFor(job, standard)) return value;
+  for (const Asker asker : {Asker::kJob, Asker::kQueue}) {
+    for (const StandardOption& standard : kStandardOptions) {
+      if (std::strcmp(standard.own, own) != 0) continue;
+      if (const char* value = askedFor(job, standard, asker)) return value;
+    }
   }
   return nullptr;
 }
