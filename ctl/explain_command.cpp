@@ -137,6 +137,10 @@ int explainStream(const Arguments& arguments, const Console& console) {
   const explain::StreamReport report =
       pictures ? readPictured(source, *pictures) : explain::readStream(source);
   if (!isStandardInput) close(descriptor);
+  if (source.error() != 0) {
+    return fail(console, "the stream \"" + *arguments.stream +
+                             "\" cannot be read to its end: " + std::strerror(source.error()));
+  }
   Page page{"What the printer was sent", problemTexts(report), explain::linesOf(report, ppd.get()),
             false};
   for (const explain::Finding& finding : report.findings) {

@@ -62,11 +62,9 @@ const char* giverWord(explain::Giver giver) {
 
 std::string optionText(const explain::Option& option) {
   const bool plain = option.value.find(' ') == std::string::npos;
-  const std::string text =
-      option.name.starts_with('-')
-          ? option.name + " " + option.value
-          : shownText(option.name + "=" + (plain ? option.value : "\"" + option.value + "\""));
-  return text + giverText(option.giver);
+  const std::string value = plain ? option.value : "\"" + option.value + "\"";
+  const char* separator = option.name.starts_with('-') ? " " : "=";
+  return shownText(option.name + separator + value) + giverText(option.giver);
 }
 
 std::string listText(const std::vector<explain::Option>& options) {
@@ -81,7 +79,7 @@ std::string listText(const std::vector<explain::Option>& options) {
 
 std::string lineText(const explain::Line& line) {
   if (line.variable.empty()) return shownText(line.value);
-  return "@PJL SET " + line.variable + "=" + shownText(line.value);
+  return shownText("@PJL SET " + line.variable + "=" + line.value);
 }
 
 std::string meaningText(const explain::Line& line) {

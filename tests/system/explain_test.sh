@@ -93,6 +93,13 @@ grep -qF 'the PostScript says QVDuplex is "OFF", and the header says DUPLEX=ON' 
 printf '\033]0;title\007' >"$W/odd.prn"
 explain 1 --stream "$W/odd.prn"
 expect "control characters on the terminal" 0 "$(LC_ALL=C grep -c "$(printf '\033')" "$W/out" || true)"
+printf '\033%%-12345X@PJL SET \033]0;title\007=\033[31m\n' >"$W/odd.prn"
+explain 1 --stream "$W/odd.prn"
+expect "control characters in a name" 0 "$(LC_ALL=C grep -c "$(printf '\033')" "$W/out" || true)"
+explain 1 --ppd "$BUILD/ppd/kelm-ij.ppd" -o "$(printf -- '-x=\033[31m')"
+expect "control characters in an option" 0 "$(LC_ALL=C cat "$W/out" "$W/err" | grep -c "$(printf '\033')" || true)"
+explain 1 --stream "$W"
+grep -q 'cannot be read to its end: Is a directory' "$W/err" || fail "no word about the read error: $(cat "$W/err")"
 explain 1 --stream "$W/none.prn"
 explain 2 --stream "$W/good.prn" -n 2
 
