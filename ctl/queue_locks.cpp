@@ -9,6 +9,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <string_view>
 
 namespace kelm::ctl {
 namespace {
@@ -27,10 +28,18 @@ int openLockFile() {
   return file;
 }
 
+// This computer's print server has several names, and a queue of it only one lock.
+std::string_view serverKey(std::string_view server) {
+  const auto begins = [&](std::string_view start) { return server.starts_with(start); };
+  const bool isLocal = server.empty() || begins("/") || begins("localhost") || begins("127.") ||
+                       begins("[::1]") || begins("::1");
+  return isLocal ? std::string_view() : server;
+}
+
 // FNV-1a, the same in every process, cut to a file offset.
 off_t offsetOf(const std::string& server, const std::string& queue) {
   std::uint64_t hash = 0xCBF29CE484222325U;
-  for (const char c : server + '\n' + queue) {
+  for (const char c : std::string(serverKey(server)) + '\n' + queue) {
     hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
   }
   return static_cast<off_t>(hash >> 2);
