@@ -80,8 +80,11 @@ class Questions {
     announce("number of shared boxes");
     const snmp::Answer answer = ask(snmp::kLastSharedBoxStateOid);
     if (answer.status != STAT_SUCCESS) return;
-    facts_.sharedBoxCount =
-        answer.response->errstat == SNMP_ERR_NOERROR ? kManySharedBoxes : kFewSharedBoxes;
+    if (answer.response->errstat == SNMP_ERR_NOERROR) {
+      facts_.sharedBoxCount = kManySharedBoxes;
+    } else if (answer.response->errstat == SNMP_ERR_NOSUCHNAME) {
+      facts_.sharedBoxCount = kFewSharedBoxes;
+    }
   }
 
   void askLists() {
