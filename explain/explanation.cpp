@@ -145,7 +145,7 @@ std::vector<Option> becameOf(const RowFacts& row, const Job& job) {
     const bool isAsked = std::ranges::any_of(job.request.options, [&](const Option& asked) {
       return asked.name == option->name && isSettled(asked, {*option});
     });
-    // Users do not type the option that has the number of copies.
+    // The number of copies has an option that nobody types.
     if (!isAsked && !name.starts_with("com.apple.")) became.push_back(*option);
   }
   return became;

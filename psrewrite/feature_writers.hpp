@@ -2,9 +2,6 @@
 //
 // A job from the maker's dialog has the final value in the option `dialogKey`; without that option
 // the value is `dialogDefault`. For any other job `plain` is called.
-//
-// The diagnostic files lack the text stamps, tray repeat and QVGCRed of these other jobs. This is
-// part of the interface: support reads the files so.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

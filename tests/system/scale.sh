@@ -3,7 +3,6 @@
 # printed, and the jobs that are printed twice are known. KELM_JOBS is the number of jobs, 100 when not given;
 # KELM_ROUNDS are the rounds, each with a printer-error-policy and a parameter for the device URIs;
 # docs/scale.md has figures.
-# Time limit: 300 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
