@@ -42,8 +42,10 @@ std::vector<explain::Option> optionsIn(const std::string& line, const std::strin
   const std::size_t space = line.find(' ');
   if (space == std::string::npos) return {};
   const std::size_t end = line.find(' ', space + 1);
-  const bool isOfQueue = end != std::string::npos && line.substr(space + 1, end - space - 1) == name;
-  return isOfQueue ? explain::parsedOptions({line.substr(end + 1)}) : std::vector<explain::Option>();
+  const bool isOfQueue =
+      end != std::string::npos && line.substr(space + 1, end - space - 1) == name;
+  return isOfQueue ? explain::parsedOptions({line.substr(end + 1)})
+                   : std::vector<explain::Option>();
 }
 
 std::vector<explain::Option> optionsKept(const std::string& path, const std::string& name) {

@@ -42,7 +42,7 @@ class PagePictures {
 
   std::string folder_;  // empty when there is none
   pid_t painter_ = -1;
-  int socket_ = -1;  // Ghostscript's standard input
+  int socket_ = -1;   // Ghostscript's standard input
   std::string head_;  // of the stream, until its PostScript begins
   bool afterHeader_ = false;
   std::chrono::steady_clock::time_point end_;
