@@ -109,6 +109,19 @@ TEST(Layers, ADirectoryLinksWhatItIncludes) {
   }
 }
 
+// It links two small libraries of the platform, and nothing else of it.
+TEST(Layers, TheWakeUpServiceTakesTwoHeadersOfThePlatform) {
+  Names headers;
+  for (const auto& entry : fs::directory_iterator(fs::path(KELM_SOURCE_FOLDER) / "wolservice")) {
+    std::ifstream file(entry.path());
+    for (std::string line; std::getline(file, line);) {
+      if (line.starts_with("#include \"platform/")) headers.insert(line);
+    }
+  }
+  EXPECT_EQ(headers, (Names{"#include \"platform/standard_streams.hpp\"",
+                            "#include \"platform/wake_up_names.hpp\""}));
+}
+
 TEST(Layers, NoDirectoriesLinkEachOther) {
   const Graph graph = links(productDirectories());
   for (const auto& [directory, linked] : graph) {
