@@ -25,7 +25,7 @@ void expect(bool truth) {
   if (!truth) std::abort();
 }
 
-// A message of version 1 in little-endian order, as the D-Bus specification has it.
+// A message of version 1 in little-endian order, as D-Bus lays it out.
 class Message {
  public:
   void byte(unsigned value) { bytes_ += static_cast<char>(value); }
