@@ -11,15 +11,6 @@
 # shellcheck source=tests/system/lib/printer_host.sh
 . "$HERE/lib/printer_host.sh"
 
-# run STATUS ARGUMENT... : kelmctl wake ends with STATUS; its output is in $W/out and $W/err
-run() {
-  wanted=$1
-  shift
-  status=0
-  "$BUILD/kelmctl" wake "$@" >"$W/out" 2>"$W/err" || status=$?
-  expect "exit status of kelmctl wake $*" "$wanted" "$status"
-}
-
 printer_host_start
 printer_agent_start
 bus_start
@@ -44,7 +35,7 @@ started terminal $!
 terminal=$!
 
 # For programs: an object for each printer.
-run 0 six here --json
+wake 0 six here --json
 sort "$W/out" | sed 's/"seconds":[0-9],/"seconds":N,/' >"$W/sorted"
 cat >"$W/expected" <<'END'
 {"name":"here","address":"10.77.0.2","result":"woken","seconds":N,"message":""}
@@ -52,21 +43,21 @@ cat >"$W/expected" <<'END'
 END
 diff "$W/expected" "$W/sorted" || fail "other objects"
 expect "standard error" '' "$(cat "$W/err")"
-run 0 here --json
+wake 0 here --json
 expect "lines for one printer" 1 "$(grep -c '^{"name":"here",.*"result":"woken"' "$W/out")"
-run 3 here unsynced --json
+wake 3 here unsynced --json
 grep -q '^{"name":"unsynced",.*"result":"not woken","seconds":0,"message":"the queue .* kelmctl sync unsynced"}' \
   "$W/out" || fail "no object for unsynced: $(cat "$W/out")"
 
 # For people, and for timers.
-run 0 here six
+wake 0 here six
 expect "queues that are woken" 2 "$(grep -c '^\(here\|six\): woken after [0-5] s$' "$W/out")"
 expect "the summary" '2 of 2 printers are awake' "$(tail -n 1 "$W/out")"
-run 0 here six --quiet
+wake 0 here six --quiet
 expect "output of --quiet" '' "$(cat "$W/out" "$W/err")"
-run 0 here --quiet
+wake 0 here --quiet
 expect "output of --quiet for one" '' "$(cat "$W/out" "$W/err")"
-run 3 here unsynced off port raw pool nothere --quiet
+wake 3 here unsynced off port raw pool nothere --quiet
 expect "standard output" '' "$(cat "$W/out")"
 sort "$W/err" >"$W/sorted"
 cat >"$W/expected" <<'END'
@@ -81,7 +72,7 @@ grep -q '^kelmctl: raw: not woken: the queue "raw" has no PPD (raw or driverless
   fail "no word about the raw queue: $(cat "$W/sorted")"
 grep -q '^kelmctl: unsynced: not woken: .* store it: kelmctl sync unsynced$' "$W/sorted" ||
   fail "no word about the queue without facts: $(cat "$W/sorted")"
-run 1 unsynced off
+wake 1 unsynced off
 expect "the summary" '0 of 2 printers are awake' "$(cat "$W/out")"
 
 # Interrupted: it says what was not waited for.

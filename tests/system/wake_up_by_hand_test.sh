@@ -11,15 +11,6 @@
 
 MAC=00:80:92:12:34:56
 
-# wake STATUS argument... : kelmctl wake, expected to exit with STATUS
-wake() {
-  wanted=$1
-  shift
-  status=0
-  "$BUILD/kelmctl" wake "$@" >"$W/out" 2>"$W/err" || status=$?
-  expect "exit status of kelmctl wake $*" "$wanted" "$status"
-}
-
 printer_host_start
 bus_start
 bus_wake_service

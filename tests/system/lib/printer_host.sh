@@ -64,3 +64,12 @@ printer_agent_start() {
     udp6:161 \
     >"$W/agent/out_log" 2>&1 </dev/null
 }
+
+# wake STATUS ARGUMENT... : kelmctl wake ends with STATUS; its output is in $W/out and $W/err
+wake() {
+  wanted=$1
+  shift
+  status=0
+  "$BUILD/kelmctl" wake "$@" >"$W/out" 2>"$W/err" || status=$?
+  expect "exit status of kelmctl wake $*" "$wanted" "$status"
+}
