@@ -91,15 +91,15 @@ class Questions {
     announce("shared boxes");
     if (facts_.sharedBoxCount) askSharedBoxes(*facts_.sharedBoxCount);
     announce("forms");
-    facts_.forms = orTheRest(
+    facts_.forms = inStepsUnless(
         QVSNMPHelper::getValidatedFormNameArrayForIPAddress_community_(peer(), community()),
         {"form", snmp::formStateOID, snmp::formNameOID});
     announce("barcode areas");
-    facts_.barcodeAreas = orTheRest(
+    facts_.barcodeAreas = inStepsUnless(
         QVSNMPHelper::getValidatedBarcodeAreaNameArrayForIPAddress_community_(peer(), community()),
         {"barcode area", snmp::barcodeAreaDefinitionStateOID, snmp::barcodeAreaDefinitionNameOID});
     announce("colour profiles");
-    facts_.colorProfiles = orTheRest(
+    facts_.colorProfiles = inStepsUnless(
         QVSNMPHelper::getValidatedColorProfileForIPAddress_community_(peer(), community()),
         {"colour profile", snmp::colorProfileStateOID, snmp::colorProfileNameOID});
   }
@@ -125,12 +125,15 @@ class Questions {
                       std::span(snmp::sharedBoxNameOID).first(objects)});
   }
 
-  Names orTheRest(Names whole, const ListObjects& list) {
+  // These lists are stored without gaps: without one of its entries, a list would move those after
+  // it to other numbers.
+  Names inStepsUnless(Names whole, const ListObjects& list) {
     if (whole) return whole;
     const auto entries = boxesInSteps(list);
     if (!entries) return std::nullopt;
     std::vector<std::string> names;
     for (const SharedBox& entry : *entries) {
+      if (entry.isLeftOut()) return std::nullopt;
       if (entry.inUse()) names.push_back(entry.name);
     }
     return names;

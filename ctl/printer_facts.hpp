@@ -31,7 +31,7 @@ struct PrinterFacts {
   std::optional<std::vector<std::string>> forms;
   std::optional<std::vector<std::string>> barcodeAreas;
   std::optional<std::vector<std::string>> colorProfiles;
-  std::vector<std::string> leftOut;  // entries that the lists lack, such as "shared box 17"
+  std::vector<std::string> leftOut;  // entries that cannot be read, such as "shared box 17"
 
   // Whether it is a KELM printer at all: another device's agent answers too, but knows none of
   // these facts.
@@ -67,7 +67,7 @@ void eachMember(Visitor& visit, Facts& facts) {
 // How to treat a list that the printer does not give completely.
 enum class Incomplete {
   kAbsent,      // it is absent
-  kKeepTheRest  // it is asked for in smaller steps, and entries that cannot be read are left out
+  kKeepTheRest  // it is asked for in smaller steps; shared boxes that cannot be read are left out
 };
 
 // Asks the printer at `address` (an IPv4 or IPv6 address or a host name) for everything; a printer
