@@ -39,6 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   auto job = kelm::tests::TestJob::parsed(options.c_str());
   kelm::job::decideCustomPaper(*job);
   kelm::job::decideOutputFace(*job);
+  kelm::tests::settle(*job);
   const std::size_t blockSize = data[0] == 0 ? input.size() + 1 : data[0];
   if (copyInBlocks(input, blockSize, *job) != kelm::tests::referenceCopy(input, *job)) std::abort();
   return 0;

@@ -49,6 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   auto job = tests::TestJob::parsed(options.c_str());
   job::decideCustomPaper(*job);
   job::decideOutputFace(*job);
+  tests::settle(*job);
   const std::size_t blockSize = data[0] == 0 ? input.size() + 1 : data[0];
   const job::PrintJobData nameless;
   job::LogFileMessageCheck(true);

@@ -3,8 +3,11 @@
 #include "tests/support/reference_loop.hpp"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <iterator>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -12,6 +15,7 @@
 #include "psrewrite/features.hpp"
 #include "psrewrite/line_rewriters.hpp"
 #include "psrewrite/orientation.hpp"
+#include "psrewrite/settled_sections.hpp"
 #include "tests/support/memory_job.hpp"
 
 namespace kelm::tests {
@@ -94,8 +98,11 @@ class ReferenceLoop {
 
   ReferenceJob run() {
     for (int character = 0; (character = stream_.get()) != EOF;) {
-      std::fputc(character, stream_.output());
-      if (character == '%') copyLine();
+      if (character == '%') {
+        copyLine();
+      } else {
+        std::fputc(character, stream_.output());
+      }
     }
     return {output_.text(), without(unloggedInput_, input_),
             without(unloggedOutput_, output_.text())};
@@ -103,6 +110,7 @@ class ReferenceLoop {
 
  private:
   void copyLine();
+  void writeSettled(const job::SectionOverride& section);
   void rewrite(std::int32_t code);
   std::size_t consumed() {
     const std::size_t waiting = stream_.window().size();
@@ -121,7 +129,10 @@ class ReferenceLoop {
 
 void ReferenceLoop::copyLine() {
   int count = readRest(stream_, line_);
+  if (psrewrite::asksForCopies(line_, job_)) return psrewrite::dropCopies(stream_, line_);
+  std::fputc('%', stream_.output());
   if (count < 1) return;
+  if (const auto* section = psrewrite::sectionOverride(line_, job_)) return writeSettled(*section);
   const int turned = job::customSizeFlg ? psrewrite::replaceCustomOrientation(
                                               line_, job::widthLength <= job::heighLength)
                                         : psrewrite::replaceOrientation(line_, &job_);
@@ -133,6 +144,16 @@ void ReferenceLoop::copyLine() {
   }
   for (int i = 0; i < count; ++i) std::fputc(line_.data()[i], stream_.output());
   line_.data()[count < 4096 ? count : 4095] = '\0';
+  rewrite(psrewrite::getFeature(line_.text()));
+}
+
+void ReferenceLoop::writeSettled(const job::SectionOverride& section) {
+  const std::string opening = "%BeginFeature: *" + section.keyword + " " + section.choice + "\n";
+  std::fwrite(opening.data(), 1, opening.size(), stream_.output());
+  LineBuffer next;
+  if (psrewrite::writeOverride(stream_, next, section)) return;
+  line_.clear();
+  line_.overwrite(opening);
   rewrite(psrewrite::getFeature(line_.text()));
 }
 
@@ -154,6 +175,20 @@ void ReferenceLoop::rewrite(std::int32_t code) {
 
 ReferenceJob referenceJob(std::string_view input, job::PrintJobData& job) {
   return ReferenceLoop(input, job).run();
+}
+
+void settle(job::PrintJobData& job) {
+  constexpr std::string_view kSettle = "settle-";
+  for (const cups_option_t& option : job::jobOptions(&job)) {
+    std::string_view keyword = option.name;
+    if (!keyword.starts_with(kSettle)) continue;
+    keyword.remove_prefix(kSettle.size());
+    if (keyword == "copies") {
+      job.copiesOfHeader = std::atoi(option.value);
+    } else if (keyword.size() < PPD_MAX_NAME) {
+      job.overrides.push_back({std::string(keyword), "Settled", option.value});
+    }
+  }
 }
 
 std::string referenceCopy(std::string_view input, job::PrintJobData& job) {

@@ -16,8 +16,14 @@ struct ReferenceJob {
   std::string asWritten;  // diagnostic file 3: the output less zero bytes and unlogged lines
 };
 
-// The diagnostic files must be off.
+// The diagnostic files must be off. Sections and copies that the standard options settle are
+// included.
 ReferenceJob referenceJob(std::string_view input, job::PrintJobData& job);
+
+// What the stage of standard options would settle: an option "settle-KEYWORD" replaces the sections
+// of that keyword by its value, or leaves them to their writer if it is empty; "settle-copies" is
+// the number of copies that the header asks for.
+void settle(job::PrintJobData& job);
 
 // The output alone.
 std::string referenceCopy(std::string_view input, job::PrintJobData& job);

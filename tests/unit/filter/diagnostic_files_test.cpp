@@ -109,5 +109,65 @@ TEST(DiagnosticFilesOfAPlainJob, HoldTheFilledInValues) {
             "%%BeginFeature: *QVTextInfo a\n%%EndFeature\n");
 }
 
+// By hand, too. The first override has code of its own, the others are left to their writers, of
+// which the text stamp's logs nothing.
+TEST(DiagnosticFilesOfSettledOptions, HoldWhatWasReplacedAndWhatReplacesIt) {
+  constexpr char kInput[] =
+      "%%BeginFeature: *QVDuplex OFF\n(OFF) duplex\n%%second line\n%%EndFeature\n"
+      "%%BeginFeature: *CustomQVJobComment True\n(Hello)\n(XXX) comment\n%%EndFeature\n"
+      "%%BeginFeature: *CustomQVTextInfo True\n(Hello)\n(XXX) text\n%%EndFeature\nshowpage\n";
+  tests::TestJob job(tests::TestJob::Options{{"QVJobComment", "Hello"}});
+  job->overrides = {{"QVDuplex", "LongEdge", "(LongEdge) duplex"},
+                    {"QVJobComment", "Hello", ""},
+                    {"QVTextInfo", "Hello", ""}};
+  const JobFiles files = loggedJob(kInput, *job);
+  EXPECT_EQ(files.asRead,
+            "%%BeginFeature: *QVDuplex OFF\n(OFF) duplex\n%%second line\n%%EndFeature\n"
+            "%%BeginFeature: *CustomQVJobComment True\n(Hello)\n(XXX) comment\n%%EndFeature\n"
+            "%%BeginFeature: *CustomQVTextInfo True\n(Hello)\n%%EndFeature\nshowpage\n");
+  EXPECT_EQ(files.asWritten,
+            "%%BeginFeature: *QVDuplex LongEdge\n(LongEdge) duplex\n%%EndFeature\n"
+            "%%BeginFeature: *QVJobComment Hello\n(48656C6C6F) comment\n%%EndFeature\n"
+            "%%BeginFeature: *QVTextInfo Hello\n%%EndFeature\nshowpage\n");
+}
+
+TEST(DiagnosticFilesOfSeveralCopies, HoldTheRequestAsReadAndNotAsWritten) {
+  constexpr char kInput[] =
+      "%!PS-Adobe-3.0\n%%Requirements: numcopies(3) collate duplex\n%RBINumCopies: 3\n%%Pages: 1\n"
+      "%RBIBeginNonPPDFeature: *NumCopies 3\n3/languagelevel where\n%RBIEndNonPPDFeature\n"
+      "%%BeginFeature: *QVJobComment Custom.Hello\nHello\n(XXX) comment\n%%EndFeature\nshowpage\n";
+  tests::TestJob job(tests::TestJob::Options{{"QVJobComment", "Custom.Hello"}});
+  job->copiesOfHeader = 3;
+  const JobFiles files = loggedJob(kInput, *job);
+  EXPECT_EQ(files.asRead, kInput);
+  EXPECT_EQ(files.asWritten,
+            "%!PS-Adobe-3.0\n%%Requirements: duplex\n%%Pages: 1\n"
+            "%%BeginFeature: *QVJobComment Custom.Hello\n(48656C6C6F) comment\n%%EndFeature\n"
+            "showpage\n");
+  EXPECT_EQ(files.output, files.asWritten);
+}
+
+// The same jobs against the reference loop, which does not look at what the files say.
+TEST(DiagnosticFilesOfSettledJobs, HoldInputAndOutput) {
+  for (const char* options :
+       {"settle-QVDuplex=(LongEdge)", "settle-QVJobComment= QVJobComment=Hello",
+        "settle-QVTextInfo= settle-QVGCRed=", "settle-copies=3", "settle-copies=30",
+        "settle-copies=3 settle-QVDuplex=(x) settle-QVPageTrayRepeat="}) {
+    SCOPED_TRACE(options);
+    tests::TestJob job = tests::TestJob::parsed(options);
+    tests::settle(*job);
+    expectWholeFiles(
+        "%!PS-Adobe-3.0\n%%Requirements: numcopies(3) collate\n%RBINumCopies: 3\n"
+        "%RBIBeginNonPPDFeature: *NumCopies 3\n3/x\n%RBIEndNonPPDFeature\n"
+        "%%BeginFeature: *QVDuplex OFF\n(OFF) duplex\n%%EndFeature\n"
+        "%%BeginFeature: *CustomQVJobComment True\n(Hello)\n(XXX) comment\n%%EndFeature\n"
+        "%%BeginFeature: *CustomQVTextInfo True\n(Hello)\n(XXX) text\n%%EndFeature\n"
+        "%%BeginFeature: *CustomQVGCRed True\n5\n(5) red\n%%EndFeature\n"
+        "%%BeginFeature: *QVPageTrayRepeat a\n(a) repeat\n(b)\n%%EndFeature\n"
+        "%%BeginFeature: *QVDuplex OFF\n(cut",
+        *job);
+  }
+}
+
 }  // namespace
 }  // namespace kelm::filter
