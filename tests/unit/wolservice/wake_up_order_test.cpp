@@ -72,6 +72,7 @@ TEST(WakeUpOrder, TakesHostNames) {
   EXPECT_FALSE(isTakenWithAddress("-printer"));
   EXPECT_FALSE(isTakenWithAddress("printer-"));
   EXPECT_FALSE(isTakenWithAddress("a..b"));
+  EXPECT_FALSE(isTakenWithAddress("printer.."));
   EXPECT_FALSE(isTakenWithAddress("."));
   std::string longest;
   for (int i = 0; i < 127; ++i) longest += "a.";
