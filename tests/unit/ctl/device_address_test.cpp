@@ -19,6 +19,12 @@ TEST(AddressOfDevice, IsAnIPv6AddressWithItsZone) {
   EXPECT_EQ(addressOfDevice("socket://[v1.fe80::1+eth0]:9100"), "fe80::1%eth0");
 }
 
+// It is not looked up, so it stays as it is written, also with the zone of another computer.
+TEST(AddressOfDevice, IsAnIPv6AddressAsItIsWritten) {
+  EXPECT_EQ(addressOfDevice("ipp://[2001:DB8:0::7]/"), "2001:DB8:0::7");
+  EXPECT_EQ(addressOfDevice("socket://[v1.fe80::1+nowhere]:9100"), "fe80::1%nowhere");
+}
+
 TEST(AddressOfDevice, LooksAHostNameUp) {
   EXPECT_EQ(addressOfDevice("socket://localhost:9100"), "127.0.0.1");
 }

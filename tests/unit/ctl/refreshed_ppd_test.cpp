@@ -60,6 +60,26 @@ TEST(RefreshedPpd, HasTheQueuesOwnDefaultsAndTheAttributesThatFollowThePaper) {
   EXPECT_THAT(ppd.notes, IsEmpty());
 }
 
+// A PPD whose option takes numbers, with this default.
+std::string zoom(const std::string& choice) {
+  return "*PPD-Adobe: \"4.3\"\n"
+         "*OpenUI *Zoom/Zoom: PickOne\n"
+         "*DefaultZoom: " +
+         choice +
+         "\n*Zoom Full/100 %: \"\"\n"
+         "*CloseUI: *Zoom\n"
+         "*CustomZoom True: \"\"\n"
+         "*ParamCustomZoom Rate: 1 int 10 400\n";
+}
+
+TEST(RefreshedPpd, HasTheQueuesOwnNumber) {
+  const tests::MemoryPpd newPpd(zoom("Full"));
+  const tests::MemoryPpd oldPpd(zoom("Custom.141"));
+  const RefreshedPpd ppd = refreshedPpd(zoom("Full"), newPpd, oldPpd);
+  EXPECT_EQ(ppd.text, zoom("Custom.141"));
+  EXPECT_THAT(ppd.notes, IsEmpty());
+}
+
 TEST(RefreshedPpd, NamesADefaultWhoseChoiceOrOptionIsGone) {
   const RefreshedPpd ppd = refreshed(option("Staple", "Two") + option("Fold", "Half"));
   EXPECT_EQ(ppd.text, kNew);

@@ -67,6 +67,13 @@ TEST(Settings, AreReadableByDefault) {
             "Forms                     (none)\n");
 }
 
+TEST(Settings, ThatAreNotStoredAreNone) {
+  const PpdFile file("*PPD-Adobe: \"4.3\"\n");
+  const Outcome outcome = runKelmctl({"settings", "--ppd", file.path()});
+  EXPECT_THAT(outcome.out, HasSubstr("\nMAC address               (none)\n"));
+  EXPECT_THAT(outcome.out, HasSubstr("\nIP address                (none)\n"));
+}
+
 TEST(Settings, AreOneJsonObjectWhenAsked) {
   const PpdFile file(kFacts);
   const Outcome outcome = runKelmctl({"settings", "--json", "--ppd", file.path()});
