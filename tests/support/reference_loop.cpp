@@ -185,7 +185,7 @@ void settle(job::PrintJobData& job) {
     keyword.remove_prefix(kSettle.size());
     if (keyword == "copies") {
       job.copiesOfHeader = std::atoi(option.value);
-    } else if (keyword.size() < PPD_MAX_NAME) {
+    } else if (!keyword.empty() && keyword.size() < PPD_MAX_NAME) {
       job.overrides.push_back({std::string(keyword), "Settled", option.value});
     }
   }
