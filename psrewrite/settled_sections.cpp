@@ -3,6 +3,7 @@
 #include "psrewrite/settled_sections.hpp"
 
 #include <algorithm>
+#include <cstring>
 #include <string>
 #include <string_view>
 
@@ -46,7 +47,7 @@ const job::SectionOverride* sectionOverride(const LineBuffer& line, const job::P
 
 std::int32_t nameChoice(LineBuffer& line, const job::SectionOverride& section) {
   const std::string text = std::string(kOpening) + section.keyword + " " + section.choice + "\n";
-  if (text.size() >= LineBuffer::kSize) return -1;
+  if (text.size() >= LineBuffer::kSize) return static_cast<std::int32_t>(std::strlen(line.text()));
   line.overwrite(text);
   return static_cast<std::int32_t>(text.size());
 }

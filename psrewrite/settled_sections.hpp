@@ -14,7 +14,8 @@ namespace kelm::psrewrite {
 // "*CustomKEYWORD"); null when the job has none.
 const job::SectionOverride* sectionOverride(const LineBuffer& line, const job::PrintJobData& job);
 
-// Names the override's choice in the opening comment; the new length of the line.
+// Names the override's choice in the opening comment, unless it is too long for a line; the new
+// length of the line.
 std::int32_t nameChoice(LineBuffer& line, const job::SectionOverride& section);
 
 // Reads the section's lines from the stream, through the closing comment, and writes the override's

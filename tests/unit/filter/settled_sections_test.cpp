@@ -62,6 +62,13 @@ TEST(SectionOverride, TakesASectionOfSeveralLines) {
             "%%EndFeature\nd\n");
 }
 
+TEST(SectionOverride, DoesNotNameAChoiceThatFillsALine) {
+  TestJob job;
+  job->overrides.push_back({"QVDuplex", std::string(4096, 'x'), "(x) duplex"});
+  EXPECT_EQ(copied("%%BeginFeature: *QVDuplex OFF\n(OFF) duplex\n%%EndFeature\n", job),
+            "%%BeginFeature: *QVDuplex OFF\n(x) duplex\n%%EndFeature\n");
+}
+
 TEST(SectionOverride, EndsWithTheInput) {
   TestJob job = twoSided();
   EXPECT_EQ(copied("%%BeginFeature: *QVDuplex OFF", job),
