@@ -2,8 +2,9 @@
 # SPDX-License-Identifier: Apache-2.0
 """on_terminal.py [PROMPT ANSWER]... -- COMMAND... : runs COMMAND on a terminal of its own, types each ANSWER
 and Enter when PROMPT is shown, and ends with COMMAND's status. Standard output is what the terminal
-showed; it is given up after 100 seconds. The command's standard output is the terminal too, or the file
-that KELM_OUTPUT names."""
+showed; it is given up after 100 seconds, and standard error then says where each of its threads waits. The
+command's standard output is the terminal too, or the file that KELM_OUTPUT names."""
+import glob
 import os
 import pty
 import select
@@ -18,6 +19,31 @@ def run(command):
     if output:
         os.dup2(os.open(output, os.O_WRONLY | os.O_CREAT | os.O_TRUNC, 0o644), 1)
     os.execvp(command[0], command)
+
+
+def text_of(path):
+    try:
+        with open(path, encoding="utf-8", errors="replace") as file:
+            return " ".join(file.read().replace("\0", " ").split())
+    except OSError:
+        return ""
+
+
+def family(process):
+    """The process and its children, theirs too."""
+    found = [process]
+    for each in found:
+        for children in glob.glob(f"/proc/{each}/task/*/children"):
+            found += text_of(children).split()
+    return found
+
+
+def tell_where_it_waits(process):
+    for each in family(process):
+        print(f"on_terminal.py: {each} {text_of(f'/proc/{each}/cmdline')}", file=sys.stderr)
+        for thread in glob.glob(f"/proc/{each}/task/*"):
+            state = [text_of(f"{thread}/{name}") for name in ("wchan", "syscall", "stack")]
+            print(f"  {os.path.basename(thread)}: {' | '.join(state)}", file=sys.stderr)
 
 
 def main():
@@ -42,6 +68,7 @@ def main():
     sys.stdout.buffer.write(shown)
     sys.stdout.flush()
     if time.monotonic() >= end:
+        tell_where_it_waits(process)
         os.kill(process, 9)
     sys.exit(os.waitstatus_to_exitcode(os.waitpid(process, 0)[1]))
 
