@@ -21,11 +21,14 @@
 namespace kelm::tests {
 namespace {
 
+using testing::EndsWith;
+
 struct Language {
   const char* code;    // as the PPD prefixes its keywords
   const char* locale;  // as the environment names it
   const char* stapleOff;
   const char* form3;
+  const char* byThePrinter;
   std::set<std::string> asInEnglish;  // the texts that are the same, but for numbers and papers
 };
 void PrintTo(const Language& language, std::ostream* out) { *out << language.code; }
@@ -35,14 +38,16 @@ const Language kLanguages[] = {
      "de_DE.UTF-8",
      "Aus",
      "Formular 3",
+     " (durch den Drucker)",
      {"Arial", "Cyan", "Layout", "Magenta", "Original", "PIN", "Standard"}},
     {"fr",
      "fr_FR.UTF-8",
      "Désactivé",
      "Formulaire 3",
+     " (par l'imprimante)",
      {"8 points", "Arial", "Cyan", "Fine", "Magenta", "Orientation", "Original", "Page 1", "Photos",
       "Portrait", "Saturation", "Standard"}},
-    {"ja", "ja_JP.UTF-8", "オフ", "フォーム3", {"Arial"}},
+    {"ja", "ja_JP.UTF-8", "オフ", "フォーム3", "（プリンターで）", {"Arial"}},
 };
 
 class Translation : public testing::TestWithParam<Language> {
@@ -160,6 +165,20 @@ TEST_P(Translation, ReachesDialogsThroughThePrintSystem) {
     };
     EXPECT_EQ(GetParam().stapleOff, label("QVStapleMode", "OFF"));
     EXPECT_EQ(GetParam().form3, label("QVFormSelect1", "Form3"));
+  });
+}
+
+// CUPS' options for the same purpose stand beside them in dialogs.
+TEST_P(Translation, SaysWhatThePrinterDoesWhereCupsCanDoItToo) {
+  inLanguage([&](const Description& description) {
+    for (const char* keyword : {"QVMultiUp", "QVOrientation", "QVReverseOrder", "QVZoomRate"}) {
+      EXPECT_THAT(ppdFindOption(description.ppd(), keyword)->text, EndsWith(" (by the printer)"));
+    }
+    ppdLocalize(description.ppd());
+    for (const char* keyword : {"QVMultiUp", "QVOrientation", "QVReverseOrder", "QVZoomRate"}) {
+      EXPECT_THAT(ppdFindOption(description.ppd(), keyword)->text,
+                  EndsWith(GetParam().byThePrinter));
+    }
   });
 }
 
