@@ -111,6 +111,10 @@ inline constexpr StandardChoice kPrintColorMode[] = {
     {"auto", "Auto"},
     {"color", "Auto"},
     {"monochrome", "Black"},
+};
+// These count before ColorModel: to such a job cupsd and libcups add the PPD's preset for colour.
+inline constexpr StandardChoice kBlackColorMode[] = {
+    {"auto", "Auto"},
     {"auto-monochrome", "Black"},
     {"process-monochrome", "Black"},
     {"bi-level", "Black"},
@@ -144,8 +148,10 @@ inline constexpr StandardOption kStandardOptions[] = {
     {Source::kJob, "media", "QVInputSlot", kMediaSource},
     {Source::kJob, "media-source", "QVInputSlot", kMediaSource},
     {Source::kJob, "media", "QVMediaType", kMediaType},
+    {Source::kJob, "media", "QVMediaType", kIppMediaType},
     {Source::kJob, "media-type", "QVMediaType", kIppMediaType},
     {Source::kMarked, "OutputBin", "QVOutputTray", kOutputBin},
+    {Source::kJob, "print-color-mode", "QVOutputMode", kBlackColorMode},
     {Source::kMarked, "ColorModel", "QVOutputMode", kColorModel},
     {Source::kJob, "print-color-mode", "QVOutputMode", kPrintColorMode},
     {Source::kJob, "print-quality", "QVImageQuality", kPrintQuality},

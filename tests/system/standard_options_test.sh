@@ -26,7 +26,9 @@ export CUPS_SERVERROOT
 cups_setup
 cups_start
 printer_start 9100 "$W/printer.out"
-cups_queue kelm socket://127.0.0.1:9100 "$BUILD/ppd/kelm-ij.ppd"
+for queue in kelm other; do
+  cups_queue "$queue" socket://127.0.0.1:9100 "$BUILD/ppd/kelm-ij.ppd"
+done
 
 # Two pages: CUPS prints a single page on one side whatever is asked for.
 printf '%%!PS-Adobe-3.0\n%%%%Pages: 2\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n%%%%Page: 2 2\nshowpage\n%%%%EOF\n' \

@@ -7,6 +7,7 @@
 #   job WHAT                  begins a job
 #   queue ARGUMENTS           lpadmin arguments for the queue before the job
 #   afterwards ARGUMENTS      and after it
+#   other ARGUMENTS           the same for the server's other queue, "other", before the job
 #   document ps|pdf|text      what is printed. When not given: ps, except that of several ways in one, in
 #                             turn, prints a PDF or a text
 #   lp ARGUMENTS              printed by lp with these arguments
@@ -44,8 +45,9 @@ def read_jobs(path):
         word, _, rest = line.partition(" ")
         if word == "job":
             jobs.append({"what": rest, "document": None, "ways": {}, "queue": "", "afterwards": "",
+                         "other": "",
                          "header": {}, "stored": {}, "pages": None})
-        elif word in ("document", "queue", "afterwards"):
+        elif word in ("document", "queue", "afterwards", "other"):
             jobs[-1][word] = rest
         elif word == "ipp":
             jobs[-1]["ways"].setdefault("print-job", []).append(rest)
@@ -186,7 +188,7 @@ def change_queue(queue, arguments):
 def batches(all_submissions):
     batch = []
     for each in all_submissions:
-        alone = each["job"]["queue"] or each["job"]["afterwards"]
+        alone = any(each["job"][word] for word in ("queue", "afterwards", "other"))
         if batch and (alone or len(batch) == BATCH):
             yield batch
             batch = []
@@ -202,6 +204,7 @@ def print_batch(batch, directory, queue, kelmctl):
     output = os.path.join(directory, "printer.out")
     before = os.path.getsize(output)
     refused = {}
+    change_queue("other", batch[0]["job"]["other"])
     change_queue(queue, batch[0]["job"]["queue"])
     for each in batch:
         try:

@@ -6,11 +6,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <map>
 #include <string>
 
 #include "job/ppd_calls.hpp"
 #include "tests/support/memory_job.hpp"
+#include "tests/support/temporary_folder.hpp"
 
 namespace kelm::stdoptions {
 namespace {
@@ -25,7 +27,8 @@ using Options = TestJob::Options;
 // A job of the shipped PPD after the stage, as a CUPS filter would have it.
 class Settled {
  public:
-  explicit Settled(const Options& options, int copies = 1) : job_(options, KELM_PPD) {
+  explicit Settled(const Options& options, int copies = 1) : Settled(options, copies, KELM_PPD) {}
+  Settled(const Options& options, int copies, const char* ppd) : job_(options, ppd) {
     job::r_ppdMarkDefaults(job_->ppd);
     job::r_cupsMarkOptions(job_->ppd, job_->numOptions, job_->options);
     settleOptions(*job_, copies);
@@ -88,6 +91,83 @@ TEST(StandardOptions, ThatAreNeutralAskForNothing) {
   Settled settled(Options{{"Duplex", "None"}, {"InputSlot", "Auto"}, {"ColorModel", "CMYK"}});
   EXPECT_EQ(settled.option("QVDuplex"), "OFF");
   EXPECT_THAT(settled.changes(), IsEmpty());
+}
+
+TEST(StandardOptions, MayBeWordsOfMedia) {
+  Settled settled(Options{{"media", "A5,Tray2,stationery-inkjet"}});
+  EXPECT_EQ(settled.option("media"), "A5");
+  EXPECT_EQ(settled.option("QVInputSlot"), "FeedTray2");
+  EXPECT_EQ(settled.option("QVMediaType"), "IJPaper");
+  EXPECT_EQ(Settled(Options{{"media", "cardstock"}}).option("QVMediaType"), "CardIJ");
+}
+
+// The shipped PPD with another default, as lpadmin -o writes it.
+class Queue {
+ public:
+  Queue(const std::string& option, const std::string& choice) {
+    std::ifstream shipped(KELM_PPD);
+    std::ofstream changed(path());
+    const std::string begin = "*Default" + option + ": ";
+    for (std::string line; std::getline(shipped, line);) {
+      changed << (line.starts_with(begin) ? begin + choice : line) << '\n';
+    }
+  }
+
+  Settled settled(const Options& options) const { return Settled(options, 1, path().c_str()); }
+
+ private:
+  std::string path() const { return folder_.path() / "queue.ppd"; }
+
+  tests::TemporaryFolder folder_;
+};
+
+struct QueueDefault {
+  const char* option;
+  const char* choice;
+  const char* own;      // the printer's own option
+  const char* value;    // that the choice stands for
+  const char* other;    // a choice with which the job takes the default back
+  const char* settled;  // what that is
+};
+constexpr QueueDefault kQueueDefaults[] = {
+    {"PageSize", "A5", "media", "A5", "A3", "A3"},
+    {"Duplex", "DuplexNoTumble", "QVDuplex", "LongEdge", "None", "OFF"},
+    {"Duplex", "DuplexTumble", "QVDuplex", "ShortEdge", "DuplexNoTumble", "LongEdge"},
+    {"InputSlot", "Main", "QVInputSlot", "StandardTray", "Auto", "Auto"},
+    {"MediaType", "IJPaper", "QVMediaType", "IJPaper", "Any", "Any"},
+    {"ColorModel", "Gray", "QVOutputMode", "Black", "CMYK", "Auto"},
+    {"OutputBin", "Stacker", "QVOutputTray", "Stacker", "Auto", "Auto"},
+    {"Collate", "False", "QVCollate", "False", "True", "True"},
+};
+
+TEST(DefaultOfTheQueue, CountsWhereTheJobAsksForNothing) {
+  for (const QueueDefault& each : kQueueDefaults) {
+    const Queue queue(each.option, each.choice);
+    EXPECT_EQ(queue.settled({}).option(each.own), each.value) << each.option;
+    if (std::string(each.own) == "media") continue;
+    EXPECT_THAT(queue.settled({}).changes(), Contains(Pair(each.own, each.value))) << each.option;
+  }
+}
+
+TEST(DefaultOfTheQueue, IsTakenBackByTheJob) {
+  for (const QueueDefault& each : kQueueDefaults) {
+    Settled settled = Queue(each.option, each.choice).settled({{each.option, each.other}});
+    EXPECT_EQ(settled.option(each.own), each.settled) << each.option;
+  }
+}
+
+TEST(DefaultOfTheQueue, LosesAgainstTheOwnOptionOfTheJob) {
+  Settled settled = Queue("Duplex", "DuplexNoTumble").settled({{"QVDuplex", "ShortEdge"}});
+  EXPECT_EQ(settled.option("QVDuplex"), "ShortEdge");
+}
+
+// libcups marks the preset for colour in such jobs.
+TEST(DefaultOfTheQueue, OfBlackStaysInJobsWithoutColour) {
+  const Queue queue("ColorModel", "Gray");
+  for (const char* mode : {"auto-monochrome", "process-monochrome", "bi-level", "monochrome"}) {
+    EXPECT_EQ(queue.settled({{"print-color-mode", mode}}).option("QVOutputMode"), "Black") << mode;
+  }
+  EXPECT_EQ(queue.settled({{"print-color-mode", "color"}}).option("QVOutputMode"), "Auto");
 }
 
 TEST(OwnOptions, WinWhereTheyAreNotTheDefault) {
