@@ -51,7 +51,7 @@ OpenedPpd openPpd(const Arguments& arguments, const Console& console) {
   if (arguments.file) return openPpdFile(*arguments.file);
   PrintServer server(serversOf(arguments.server).front(), console);
   const std::string queue = arguments.queue.value_or("");
-  return server.openPpd(queue.substr(0, queue.find('/')));  // without the instance
+  return server.openPpdOfQueue(queue.substr(0, queue.find('/')));  // without the instance
 }
 
 // The defaults that lp would add to the job's options.

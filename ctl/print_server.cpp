@@ -11,6 +11,7 @@
 #include "ctl/interruption.hpp"
 #include "ctl/job_options.hpp"
 #include "ctl/message.hpp"
+#include "ctl/terminal.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -26,6 +27,7 @@ constexpr int kAnswerLimit = 10;     // seconds
 // The first list of PPDs after an upgrade: CUPS reads all that are installed.
 constexpr int kLimitOfPpdList = 120;  // seconds
 constexpr auto kPauseBetweenAttempts = 500ms;
+constexpr int kMostQuestions = 3;
 constexpr char kTitle[] = "Printer settings";
 // The document is in the filter's own format, so that no other filter runs before it. It has no
 // page, in case the queue does not have this filter.
@@ -132,6 +134,25 @@ PrintServer::PrintServer(const std::string& name, const Console& console,
   host_ = cupsServer();
   port_ = ippPort();
   name_ = name.empty() ? host_ : name;
+  const bool isOwnPort = port_ != IPP_PORT && !host_.starts_with('/');
+  if (name.empty() && isOwnPort) name_ += ":" + std::to_string(port_);
+}
+
+// The question of libcups itself would go to standard output, among the results, and it calls every
+// server of this computer "localhost".
+const char* PrintServer::passwordFor(const char* /*prompt*/, http_t* /*http*/,
+                                     const char* /*method*/, const char* /*resource*/,
+                                     void* server) {
+  return static_cast<PrintServer*>(server)->askForPassword();
+}
+
+// libcups asks as long as there are answers.
+const char* PrintServer::askForPassword() {
+  if (++questions_ > kMostQuestions) return nullptr;
+  const auto answer =
+      askSecretly(std::string("Password for ") + cupsUser() + " on " + name_ + "? ");
+  password_ = answer.value_or("");
+  return answer ? password_.c_str() : nullptr;
 }
 
 bool PrintServer::connect() {
@@ -144,8 +165,10 @@ bool PrintServer::connect() {
 
 // False when the server could not be asked or said "later"; any other failure is not tried again.
 bool PrintServer::attempt(const std::function<bool()>& request) {
+  isSilent_ = false;
   unreachable_ = !connect();
   if (unreachable_) return false;
+  cupsSetPasswordCB2(passwordFor, this);
   const auto start = Clock::now();
   if (request() || !isWorthAnotherAttempt()) return true;
   isSilent_ = Clock::now() - start >= std::chrono::seconds(kAnswerLimit);
@@ -185,6 +208,10 @@ std::string PrintServer::lastProblem() const {
   return server + " says: " + cupsLastErrorString();
 }
 
+std::string PrintServer::lastProblemAndAdvice() const {
+  return lastProblem() + (unreachable_ ? "; start it, or name another one (-h, CUPS_SERVER)" : "");
+}
+
 PrintServer::Ipp PrintServer::ask(const std::function<Ipp()>& request, const char* resource) {
   Ipp response;
   perform([&] {
@@ -217,7 +244,7 @@ Queues PrintServer::allQueues() {
   // A server without a queue reports that as "not found".
   if (response == nullptr || cupsLastError() >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
     if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return {};
-    return {{}, lastProblem()};
+    return {{}, lastProblemAndAdvice()};
   }
   return {queuesOf(response.get()), {}};
 }
@@ -237,7 +264,14 @@ Queues PrintServer::queue(const std::string& name) {
             "the queue " + quoted(name) + " is not known to the print server " + name_ +
                 "; \"lpstat -v\" lists the queues"};
   }
-  return {{}, lastProblem()};
+  return {{}, lastProblemAndAdvice()};
+}
+
+OpenedPpd PrintServer::openPpdOfQueue(const std::string& name) {
+  const Queues found = queue(name);
+  if (!found.problem.empty()) return {nullptr, found.problem};
+  if (found.queues.front().isClass) return {nullptr, classProblem(name)};
+  return openPpd(name);
 }
 
 OpenedPpd PrintServer::openPpd(const std::string& queue) {
@@ -273,10 +307,7 @@ PrintServer::PpdCopy PrintServer::copyOnce(
   if (!asked || result.path.empty()) {
     const bool reached = asked && !unreachable_;
     result.problem = description + " cannot be read: " +
-                     (reached ? std::string(cupsLastErrorString())
-                              : lastProblem() +
-                                    "; start it, or "
-                                    "name another one (-h, CUPS_SERVER)");
+                     (reached ? std::string(cupsLastErrorString()) : lastProblemAndAdvice());
   }
   return result;
 }

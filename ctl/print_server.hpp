@@ -45,8 +45,8 @@ enum class JobState { kWaiting, kPrinting, kStopped, kFailed, kCompleted, kUnkno
 
 // Every request waits at most 10 seconds for an answer (the list of installed PPDs: 120). If the
 // server cannot be reached, breaks the connection or accepts no more, requests are tried again for
-// `patience`, and the console says so once. Passwords are asked for as libcups does it. One process
-// may use several servers in turn.
+// `patience`, and the console says so once. A password is asked for on the terminal, where the
+// server wants one. One process may use several servers in turn.
 class PrintServer {
  public:
   static constexpr std::chrono::seconds kPatience{15};
@@ -65,6 +65,9 @@ class PrintServer {
 
   // The queue's PPD; libcups' temporary copy is removed.
   OpenedPpd openPpd(const std::string& queue);
+
+  // As openPpd, if `name` is not that of a class.
+  OpenedPpd openPpdOfQueue(const std::string& name);
 
   // The queue with the options that lp(1) would send for it, of the server and of lpoptions(1);
   // `name` may end in "/INSTANCE". Null when there is none, or no answer.
@@ -103,12 +106,16 @@ class PrintServer {
   };
   using Ipp = std::unique_ptr<ipp_t, IppDeleter>;
 
+  static const char* passwordFor(const char* prompt, http_t* http, const char* method,
+                                 const char* resource, void* server);
+  const char* askForPassword();
   bool connect();
   bool attempt(const std::function<bool()>& request);
   bool perform(const std::function<bool()>& request);
   Ipp ask(const std::function<Ipp()>& request, const char* resource);
   Ipp queueRequest(ipp_op_t operation, const std::string& queue) const;
   std::string lastProblem() const;
+  std::string lastProblemAndAdvice() const;
   PpdCopy copyOnce(const std::string& description,
                    const std::function<std::optional<std::string>()>& copy);
   bool sendDocument(const std::string& queue, int job);
@@ -119,6 +126,8 @@ class PrintServer {
   std::string host_;
   int port_ = 0;
   std::unique_ptr<http_t, HttpCloser> http_;
+  std::string password_;
+  int questions_ = 0;         // for the password
   bool isSilent_ = false;     // the last request had no answer in time
   bool unreachable_ = false;  // the last request found no connection
   bool isGivenUp_ = false;    // no further request is made

@@ -20,6 +20,8 @@
 #include "ctl/printer_queries.hpp"
 #include "ctl/safe_text.hpp"
 #include "ctl/terminal.hpp"
+#include "snmp/bracketed_address.hpp"
+#include "wolservice/network.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -116,6 +118,13 @@ void writeTable(std::ostream& out, const PrinterFacts& facts) {
   writeNames(out, "Colour profiles", facts.colorProfiles);
 }
 
+// The addresses that no printer can have are those that the wake-up service refuses.
+std::string problemOf(const std::string& address) {
+  const std::string problem = addressProblem(address);
+  if (!problem.empty() || wolservice::mayBeAPrinter(snmp::unbracketed(address))) return problem;
+  return "no printer can have the address \"" + address + "\"";
+}
+
 int showOne(const Arguments& arguments, const Console& console) {
   const std::string& address = arguments.addresses.front();
   const PrinterFacts facts = askPrinter(address, arguments.community, Incomplete::kAbsent, console);
@@ -192,7 +201,7 @@ Action declarePrinter(ArgumentList& list) {
   list.add("ADDRESS", arguments->addresses, "The printers' IP addresses or host names")
       .required()
       .valueName("")
-      .check(addressProblem);
+      .check(problemOf);
   list.add("--community", arguments->community, "The printers' SNMP community")
       .valueName("NAME")
       .showDefault();

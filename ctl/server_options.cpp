@@ -4,10 +4,6 @@
 
 #include <cups/cups.h>
 
-#include <map>
-
-#include "ctl/terminal.hpp"
-
 namespace kelm::ctl {
 namespace {
 
@@ -16,20 +12,6 @@ void declare(ArgumentList& list, ServerOptions& options, bool areSeveral, const 
   list.add("-U", options.user, "The user whose password the print server asks for")
       .valueName("USER");
   list.addFlag("-E", options.isEncrypted, "Encrypt the connection to the print server");
-}
-
-constexpr int kMostQuestions = 3;
-
-// The question of libcups itself would go to standard output, among the results. libcups asks as
-// long as there are answers.
-const char* passwordFor(const char* prompt, http_t* /*http*/, const char* /*method*/,
-                        const char* /*resource*/, void* /*data*/) {
-  static std::map<std::string, int> questions;
-  static std::string password;
-  if (++questions[prompt] > kMostQuestions) return nullptr;
-  const auto answer = askSecretly(prompt);
-  password = answer.value_or("");
-  return answer ? password.c_str() : nullptr;
 }
 
 }  // namespace
@@ -44,7 +26,6 @@ void declareServers(ArgumentList& list, ServerOptions& options) {
 
 std::vector<std::string> serversOf(const ServerOptions& options) {
   if (!options.user.empty()) cupsSetUser(options.user.c_str());
-  cupsSetPasswordCB2(passwordFor, nullptr);
   if (options.isEncrypted) cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
   return options.names.empty() ? std::vector{std::string()} : options.names;
 }

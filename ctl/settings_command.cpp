@@ -6,7 +6,6 @@
 #include <optional>
 #include <ostream>
 #include <string>
-#include <string_view>
 
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
@@ -20,7 +19,6 @@ namespace kelm::ctl {
 namespace {
 
 constexpr int kLabelWidth = 26;
-constexpr std::string_view kSharedBoxes = "sharedBoxes";
 
 struct Arguments {
   std::optional<std::string> queue;
@@ -33,10 +31,9 @@ void printLine(std::ostream& out, const char* label, const std::string& text) {
   out << std::left << std::setw(kLabelWidth) << label << text << '\n';
 }
 
-// Only shared boxes keep their numbers; other lists are stored without gaps.
 std::string numbered(const StoredSetting& setting, const ReadableEntry& entry) {
-  return kSharedBoxes == setting.member ? std::to_string(entry.number) + "  " + entry.text
-                                        : entry.text;
+  return setting.numbersMember != nullptr ? std::to_string(entry.number) + "  " + entry.text
+                                          : entry.text;
 }
 
 // One line for each entry of a list, with the label on the first.
@@ -56,7 +53,7 @@ void printJson(std::ostream& out, ppd_file_t* ppd) {
   nlohmann::ordered_json object;
   for (const StoredSetting& setting : storedSettings(ppd)) {
     std::visit([&](const auto& value) { object[setting.member] = value; }, setting.value);
-    if (kSharedBoxes == setting.member) object["sharedBoxNumbers"] = setting.numbers;
+    if (setting.numbersMember != nullptr) object[setting.numbersMember] = setting.numbers;
   }
   out << object.dump(2) << '\n';
 }
@@ -64,7 +61,7 @@ void printJson(std::ostream& out, ppd_file_t* ppd) {
 OpenedPpd openPpd(const Arguments& arguments, const Console& console) {
   if (arguments.file) return openPpdFile(*arguments.file);
   PrintServer server(serversOf(arguments.server).front(), console);
-  return server.openPpd(arguments.queue.value_or(""));
+  return server.openPpdOfQueue(arguments.queue.value_or(""));
 }
 
 int showSettings(const Arguments& arguments, const Console& console) {

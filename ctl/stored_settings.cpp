@@ -21,6 +21,7 @@ struct Row {
                Reader<std::vector<std::int32_t>>>
       read;
   const ppdsettings::StoredFact* list;  // null unless a list of texts
+  const char* numbersMember = nullptr;
 };
 
 constexpr const ppdsettings::StoredFact* listOf(std::string_view keyword) {
@@ -41,7 +42,7 @@ constexpr Row kRows[] = {
     {"ppdOptionsUpdated",         "Facts are complete",        Helper::isPPDOptionsUpdated_, nullptr},
     {"usePersonalFolder",         "Personal folder",           Helper::isPersonalFolderSelected_, nullptr},
     {"adminLoginModeEnabled",     "Administrator log-in",      Helper::isAdminLoginModeEnabled_, nullptr},
-    {"sharedBoxes",               "Shared boxes",              Helper::getSharedBoxDetailsArray_, listOf("SharedBoxName")},
+    {"sharedBoxes",               "Shared boxes",              Helper::getSharedBoxDetailsArray_, listOf("SharedBoxName"), "sharedBoxNumbers"},
     {"selectedSharedBoxes",       "Selected shared boxes",     Helper::getSelectedSharedBoxDetailsArray_, listOf("SelSharedBoxName")},
     {"selectedSharedBoxIndexes",  "Selected box indexes",      Helper::getSelectedSharedBoxIndexArray_, nullptr},
     {"barcodeAreas",              "Barcode areas",             Helper::getBarcodeAreaDefinitionDetailsArray_, listOf("BarcodeAreaDefName")},
@@ -92,7 +93,7 @@ Entries entriesOf(const StoredSetting& /*setting*/, const std::vector<std::int32
 std::vector<StoredSetting> storedSettings(ppd_file_t* ppd) {
   std::vector<StoredSetting> settings;
   for (const Row& row : kRows) {
-    settings.push_back({row.member, row.label, {}, numbersOf(row.list, ppd)});
+    settings.push_back({row.member, row.label, {}, numbersOf(row.list, ppd), row.numbersMember});
     std::visit([&](auto read) { settings.back().value = read(ppd); }, row.read);
   }
   return settings;

@@ -16,6 +16,8 @@ struct StoredSetting {
   const char* label;   // in the readable output
   std::variant<bool, std::string, std::vector<std::string>, std::vector<std::int32_t>> value;
   std::vector<int> numbers;  // of a list of texts: each entry's number, from 1 on, with gaps
+  // Of a JSON object, for the numbers; null unless entries keep theirs: other lists have no gaps.
+  const char* numbersMember = nullptr;
 };
 
 // One value in readable form, safe for a terminal.

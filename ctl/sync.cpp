@@ -285,16 +285,21 @@ class Sync {
     task.nextLook = Clock::now();
   }
 
-  void readBack(Task& task, std::string problem) {
+  // `problem`: what became of the job; empty when it is completed. An interrupted job that has
+  // stored everything all the same has no problem.
+  void readBack(Task& task, std::string problem, SyncStatus failure = SyncStatus::kFailed) {
     const OpenedPpd opened = task.server->openPpd(task.queue.name);
-    if (opened.ppd == nullptr) return fail(task, problem.empty() ? opened.problem : problem);
+    if (opened.ppd == nullptr) {
+      return fail(task, problem.empty() ? opened.problem : problem, failure);
+    }
     const StoredState after = storedStateOf(opened.ppd.get());
     task.result.after = after.settings;
     const UpdateLine* missing = firstNotStored(task.result.lines, after.lines);
+    if (missing == nullptr && failure == SyncStatus::kInterrupted) problem.clear();
     if (problem.empty() && missing != nullptr) {
       problem = "the print server did not store " + missing->keyword + "; its error log says why";
     }
-    if (!problem.empty()) return fail(task, problem);
+    if (!problem.empty()) return fail(task, problem, failure);
     succeed(task, SyncStatus::kDone);
   }
 
@@ -304,8 +309,8 @@ class Sync {
     finish(task);
   }
 
-  void fail(Task& task, const std::string& problem) {
-    task.result.status = SyncStatus::kFailed;
+  void fail(Task& task, const std::string& problem, SyncStatus status = SyncStatus::kFailed) {
+    task.result.status = status;
     task.result.problem = problem;
     finish(task);
   }
@@ -317,27 +322,46 @@ class Sync {
     }
   }
 
-  // A job that has not begun is cancelled; one that is being processed ends by itself.
+  // A job that has not begun is cancelled; one that is being processed ends by itself. A job may
+  // begin just before it is cancelled: only the queue's PPD says what was stored.
   void stop() {
     complain(console_, "interrupted; finishing what has begun");
-    const auto end = Clock::now() + kLongestCancel;
+    std::vector<Task*> storing;
     for (const auto& task : tasks_) {
-      if (task->stage == Stage::kStoring) stopStoring(*task, end);
+      if (task->stage == Stage::kStoring) storing.push_back(task.get());
+    }
+    for (Task* task : storing) cancelUnlessBegun(*task);
+    const auto end = Clock::now() + kLongestCancel;
+    for (Task* task : storing) waitForEnd(*task, end);
+    const bool isAnyCancelled = std::any_of(storing.begin(), storing.end(),
+                                            [](const Task* task) { return task->isCancelled; });
+    if (isAnyCancelled) std::this_thread::sleep_for(kEndOfProcesses);
+    for (Task* task : storing) readBackInterrupted(*task);
+  }
+
+  void cancelUnlessBegun(Task& task) {
+    const JobState state = task.server->jobState(task.job);
+    if (state != JobState::kWaiting && state != JobState::kStopped) return;
+    task.server->cancel(task.queue.name, task.job);
+    task.isCancelled = true;
+  }
+
+  static void waitForEnd(Task& task, Clock::time_point end) {
+    const auto isUnderWay = [](JobState state) {
+      return state == JobState::kWaiting || state == JobState::kPrinting;
+    };
+    task.isEnding = isUnderWay(task.server->jobState(task.job));
+    while (task.isEnding && Clock::now() < end) {
+      std::this_thread::sleep_for(kTurn);
+      task.isEnding = isUnderWay(task.server->jobState(task.job));
     }
   }
 
-  void stopStoring(Task& task, Clock::time_point end) {
-    JobState state = task.server->jobState(task.job);
-    if (state == JobState::kWaiting || state == JobState::kStopped) {
-      task.server->cancel(task.queue.name, task.job);
-      return finish(task);
-    }
-    while (state == JobState::kPrinting && Clock::now() < end) {
-      std::this_thread::sleep_for(kTurn);
-      state = task.server->jobState(task.job);
-    }
-    readBack(task,
-             state == JobState::kPrinting ? jobName(task) + " was still being processed" : "");
+  void readBackInterrupted(Task& task) {
+    std::string problem;
+    if (task.isEnding) problem = jobName(task) + " is still being processed";
+    if (task.isCancelled) problem = jobName(task) + " is cancelled";
+    readBack(task, problem, SyncStatus::kInterrupted);
   }
 
   const SyncRequest& request_;

@@ -139,6 +139,9 @@ Json jsonOf(const SyncResult& result, bool dryRun) {
   Json changes = Json::object();
   for (const auto& [before, after] : changesOf(result)) {
     changes[after->member] = {{"before", valueOf(*before)}, {"after", valueOf(*after)}};
+    if (after->numbersMember != nullptr) {
+      changes[after->numbersMember] = {{"before", before->numbers}, {"after", after->numbers}};
+    }
   }
   Json object{{"server", result.server},
               {"queue", result.queue},

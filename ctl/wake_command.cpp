@@ -1,10 +1,8 @@
 // kelmctl wake: asks the wake-up service to wake printers, as the filter does before a job, and the
 // printers whether they are awake.
 // SPDX-License-Identifier: Apache-2.0
-#include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <functional>
 #include <memory>
 #include <nlohmann/json.hpp>
 #include <optional>
@@ -21,13 +19,12 @@
 #include "ctl/safe_text.hpp"
 #include "ctl/server_options.hpp"
 #include "ctl/terminal.hpp"
+#include "ctl/wake_plan.hpp"
 #include "ctl/worker_pool.hpp"
 #include "platform/platform.hpp"
 #include "snmp/bracketed_address.hpp"
 #include "snmp/qv_snmp_helper.hpp"
 #include "wakeup/wake_up_settings.hpp"
-#include "wakeup/xpc_call_object.hpp"
-#include "wolservice/wake_up_order.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -41,6 +38,7 @@ constexpr std::chrono::seconds kPauseOfLines{10};  // where there is no progress
 constexpr unsigned kMostAtATime = 64;  // as many printers as the service wakes at a time
 constexpr char kWoken[] = "woken";
 constexpr char kNotWoken[] = "not woken";
+constexpr char kInterrupted[] = "interrupted";
 
 struct Arguments {
   std::vector<std::string> queues;
@@ -54,120 +52,23 @@ struct Arguments {
   bool quiet = false;
 };
 
-// What to ask for, or, when `problem` is not empty, why nothing is asked and what to do.
-struct Plan {
-  std::string name;  // of the printer or its queue, for messages
-  platform::WakeUpRequest request;
-  std::string problem;
-};
-
-Plan planOfArguments(const Arguments& arguments) {
-  const std::string address = snmp::unbracketed(arguments.address.value_or(""));
-  const wakeup::WakeUpSettings settings{.snmpCommunity = arguments.community,
-                                        .macAddress = arguments.macAddress.value_or(""),
-                                        .isWakeOnLan = true,
-                                        .isOverRouter = arguments.overRouter};
-  return {address, wakeup::requestFor(settings, address), {}};
-}
-
-std::string problemOf(const wakeup::WakeUpSettings& settings, const std::string& queue) {
-  const std::string name = "the queue \"" + queue + "\"";
-  if (!settings.isWakeOnLan) {
-    return name +
-           " has its wake-up switched off; switch it on in the print dialog, or give --mac and "
-           "--address";
-  }
-  if (settings.macAddress.empty()) {
-    return name + " does not know its printer's MAC address; store it: kelmctl sync " + queue;
-  }
-  return {};
-}
-
-Plan planOfQueue(PrintServer& server, const std::string& queue) {
-  Plan plan{queue, {}, {}};
-  const OpenedPpd opened = server.openPpd(queue);
-  plan.problem = opened.problem;
-  if (opened.ppd == nullptr) return plan;
-  const wakeup::WakeUpSettings settings = wakeup::wakeUpSettingsOf(opened.ppd.get());
-  plan.problem = problemOf(settings, queue);
-  const Queues found = server.queue(queue);
-  if (plan.problem.empty()) plan.problem = found.problem;
-  if (plan.problem.empty() && found.queues.front().isClass) plan.problem = classProblem(queue);
-  if (!plan.problem.empty()) return plan;
-  const std::string& uri = found.queues.front().deviceUri;
-  plan.request = wakeup::requestFor(settings, wakeup::XPCCallObject::addressOf(uri));
-  return plan;
-}
-
-// The service calls back at once for arguments that it refuses, so they are checked here, with
-// messages.
-void checkRequest(Plan& plan) {
-  if (!plan.problem.empty()) return;
-  const platform::WakeUpRequest& request = plan.request;
-  std::string problem;
-  if (wolservice::checkedOrder({request.address.value_or(""), request.macAddress,
-                                request.snmpCommunity, request.isWakeOnLan, request.isOverRouter},
-                               problem)) {
-    return;
-  }
-  plan.problem = "the printer \"" + request.address.value_or("") + "\" with the MAC address \"" +
-                 request.macAddress + "\" cannot be woken: " + problem +
-                 "; correct it, or see kelmctl address for the queue's device URI";
-}
-
-std::vector<Plan> plansOf(const Arguments& arguments, const Console& console) {
-  std::vector<Plan> plans;
-  if (arguments.queues.empty()) {
-    plans.push_back(planOfArguments(arguments));
-  } else {
-    PrintServer server(serversOf(arguments.server).front(), console);
-    for (const std::string& queue : arguments.queues) plans.push_back(planOfQueue(server, queue));
-  }
-  for (Plan& plan : plans) checkRequest(plan);
-  return plans;
-}
-
-std::string secondsOf(std::chrono::milliseconds time) {
-  return std::to_string(std::chrono::duration_cast<std::chrono::seconds>(time).count()) + " s";
-}
-
 std::string dump(const Json& value) {
   return value.dump(-1, ' ', false, Json::error_handler_t::replace);
 }
 
-class Report {
- public:
-  explicit Report(const Console& console) : console_(console), line_(console) {}
-
-  void waiting(std::chrono::milliseconds time) {
-    const std::string text = "waiting for the wake-up service: " + secondsOf(time);
-    if (console_.errIsTerminal) {
-      line_.show(text);
-    } else if (time % kPauseOfLines == 0ms) {
-      console_.out << text << std::endl;
-    }
-  }
-
- private:
-  const Console& console_;
-  ProgressLine line_;
-};
-
 using Clock = std::chrono::steady_clock;
-using Waiting = std::function<void(std::chrono::milliseconds)>;
+std::chrono::seconds secondsSince(Clock::time_point start) {
+  return std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start);
+}
 
 // How long it took until the service called back or no call-back can come any more.
 std::chrono::seconds waitForCallBack(const std::atomic<bool>& finished,
-                                     const platform::WakeUpConnection& connection,
-                                     const Waiting& waiting) {
+                                     const platform::WakeUpConnection& connection) {
   const auto start = Clock::now();
-  std::chrono::seconds told{-1};
   while (!finished && connection.isOpen() && Clock::now() - start < kLongestWait) {
-    const auto seconds = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start);
-    if (seconds > told) waiting(told = seconds);
     std::this_thread::sleep_for(kStep);
   }
-  return std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start);
+  return secondsSince(start);
 }
 
 bool isAwake(const platform::WakeUpRequest& request) {
@@ -177,18 +78,18 @@ bool isAwake(const platform::WakeUpRequest& request) {
 }
 
 struct Outcome {
-  std::string result;  // "woken", "silent", "refused" or "not woken"
+  std::string result;  // "woken", "silent", "refused", "not woken" or "interrupted"
   std::chrono::seconds time{0};
   std::string reason;  // empty: woken
 
   bool isWoken() const { return result == kWoken; }
 };
 
-Outcome wake(const platform::WakeUpRequest& request, const Waiting& waiting) {
+Outcome wake(const platform::WakeUpRequest& request) {
   std::atomic<bool> finished = false;
   const auto connection =
       platform::platform().wakeUpBus->send(request, [&finished] { finished = true; });
-  const std::chrono::seconds time = waitForCallBack(finished, *connection, waiting);
+  const std::chrono::seconds time = waitForCallBack(finished, *connection);
   if (finished && isAwake(request)) return {kWoken, time, {}};
   if (finished) {
     return {"silent", time,
@@ -214,94 +115,149 @@ Outcome unpacked(const std::optional<std::string>& bytes) {
   return {values[0], std::chrono::seconds(values[1]), values[2]};
 }
 
-void tellJson(const Plan& plan, const Outcome& outcome, const Console& console) {
-  console.out << dump({{"name", plan.name},
-                       {"address", plan.request.address ? Json(*plan.request.address) : Json()},
-                       {"result", outcome.result},
-                       {"seconds", outcome.time.count()},
-                       {"message", outcome.reason}})
-              << std::endl;
-}
+struct Task {
+  std::string name;  // of the queue, or the printer's address
+  WakePlan plan;
+  bool isOver = false;
+  std::optional<Clock::time_point> start;  // absent: the service was not asked
+};
 
-// Reports one outcome.
-void tell(const Arguments& arguments, const Plan& plan, const Outcome& outcome,
-          const Console& console) {
-  if (arguments.json) tellJson(plan, outcome, console);
-  const std::string after =
-      plan.problem.empty() ? " after " + std::to_string(outcome.time.count()) + " s" : "";
-  const std::string text = plan.name + ": " + outcome.result + after;
-  if (!outcome.isWoken()) {
-    if (arguments.quiet || !arguments.json) complain(console, text + ": " + outcome.reason);
-  } else if (!arguments.quiet && !arguments.json) {
-    console.out << safeText(text) << std::endl;
-  }
-}
-
-Outcome outcomeOf(const Plan& plan, const Waiting& waiting) {
-  return plan.problem.empty() ? wake(plan.request, waiting) : Outcome{kNotWoken, {}, plan.problem};
-}
-
-int wakeOne(const Arguments& arguments, const Plan& plan, const Console& console) {
-  if (!plan.problem.empty() && !arguments.json) return fail(console, plan.problem);
-  Outcome outcome;
-  {
-    Report report(console);
-    const bool isSilent = arguments.json || arguments.quiet;
-    outcome = outcomeOf(plan, [&](std::chrono::milliseconds time) {
-      if (!isSilent) report.waiting(time);
-    });
-  }
-  tell(arguments, plan, outcome, console);
-  return outcome.isWoken() ? kExitDone : kExitFailed;
-}
-
-// All printers at the same time, each in a process of its own.
-int wakeMany(const Arguments& arguments, const std::vector<Plan>& plans, const Console& console) {
-  const Interruption interruption;
-  WorkerPool pool(arguments.jobs);
-  ProgressLine progress(console);
-  std::size_t woken = 0;
-  std::size_t over = 0;
-  auto next = plans.begin();
-  while ((next != plans.end() || !pool.isIdle()) && !Interruption::isWanted()) {
-    for (; next != plans.end() && !pool.isFull(); ++next) {
-      const Plan& plan = *next;
-      const auto work = [&plan] {
-        return packed(outcomeOf(plan, [](std::chrono::milliseconds) {}));
-      };
-      pool.start(work, [&](const std::optional<std::string>& bytes) {
-        const Outcome outcome = unpacked(bytes);
-        progress.show("");
-        tell(arguments, plan, outcome, console);
-        if (outcome.isWoken()) ++woken;
-        ++over;
-      });
+// Wakes all printers at the same time, each in a process of its own, while queues are still being
+// asked for theirs.
+class Waking {
+ public:
+  Waking(const Arguments& arguments, const Console& console)
+      : arguments_(arguments), console_(console), pool_(arguments.jobs), progress_(console) {
+    if (arguments.queues.empty()) {
+      tasks_.push_back({arguments.address.value_or(""), {}, false, std::nullopt});
+    } else {
+      server_.emplace(serversOf(arguments.server).front(), console, PrintServer::kPatience);
     }
-    if (!arguments.quiet) {
-      progress.show(std::to_string(over) + " of " + std::to_string(plans.size()) +
-                    " printers finished");
+    for (const std::string& queue : arguments.queues) {
+      tasks_.push_back({queue, {}, false, std::nullopt});
     }
-    pool.wait(kStep);
+    next_ = tasks_.begin();
   }
-  if (over < plans.size()) {
-    complain(console, "interrupted; " + std::to_string(plans.size() - over) +
-                          " printers were not waited for");
+
+  int run() {
+    while (over_ < tasks_.size() && !Interruption::isWanted()) turn();
+    progress_.show("");
+    for (const Task& task : tasks_) {
+      if (!task.isOver) tell(task, interrupted(task));
+    }
+    if (!isSingle() && !arguments_.quiet && !arguments_.json) {
+      console_.out << woken_ << " of " << tasks_.size() << " printers are awake\n";
+    }
+    if (woken_ == tasks_.size()) return kExitDone;
+    return woken_ == 0 ? kExitFailed : kExitPartly;
   }
-  if (!arguments.quiet && !arguments.json) {
-    console.out << woken << " of " << plans.size() << " printers are awake\n";
+
+ private:
+  bool isSingle() const { return tasks_.size() == 1; }
+
+  void turn() {
+    const bool canStart = next_ != tasks_.end() && !pool_.isFull();
+    if (canStart) prepare(*next_++);
+    pool_.wait(canStart ? 0ms : kStep);
+    showProgress();
   }
-  if (woken == plans.size()) return kExitDone;
-  return woken == 0 ? kExitFailed : kExitPartly;
-}
+
+  void prepare(Task& task) {
+    task.plan = server_ ? wakePlanOf(*server_, task.name) : planOfArguments();
+    if (task.plan.problem.empty()) return start(task);
+    // An interruption also ends the attempts to reach a print server.
+    if (!Interruption::isWanted()) end(task, {kNotWoken, {}, task.plan.problem});
+  }
+
+  WakePlan planOfArguments() const {
+    const wakeup::WakeUpSettings settings{.snmpCommunity = arguments_.community,
+                                          .macAddress = arguments_.macAddress.value_or(""),
+                                          .isWakeOnLan = true,
+                                          .isOverRouter = arguments_.overRouter};
+    return wakePlanOf(settings, arguments_.address.value_or(""));
+  }
+
+  void start(Task& task) {
+    task.start = Clock::now();
+    pool_.start([&task] { return packed(wake(task.plan.request)); },
+                [this, &task](const std::optional<std::string>& bytes) {
+                  progress_.show("");
+                  end(task, unpacked(bytes));
+                });
+  }
+
+  void end(Task& task, const Outcome& outcome) {
+    task.isOver = true;
+    ++over_;
+    if (outcome.isWoken()) ++woken_;
+    tell(task, outcome);
+  }
+
+  static Outcome interrupted(const Task& task) {
+    if (!task.start) return {kInterrupted, {}, "the wake-up service was not asked"};
+    return {kInterrupted, secondsSince(*task.start), "the printer was not waited for"};
+  }
+
+  void showProgress() {
+    if (arguments_.quiet || over_ == tasks_.size()) return;
+    if (isSingle()) return showSingle();
+    progress_.show(std::to_string(over_) + " of " + std::to_string(tasks_.size()) +
+                   " printers finished");
+  }
+
+  void showSingle() {
+    const Task& task = tasks_.front();
+    if (arguments_.json || !task.start) return;
+    const std::chrono::seconds time = secondsSince(*task.start);
+    if (time == told_) return;
+    told_ = time;
+    const std::string text =
+        "waiting for the wake-up service: " + std::to_string(time.count()) + " s";
+    if (console_.errIsTerminal) return progress_.show(text);
+    if (time % kPauseOfLines == 0s) console_.out << text << std::endl;
+  }
+
+  void tell(const Task& task, const Outcome& outcome) const {
+    if (arguments_.json) tellJson(task, outcome);
+    // The message about a single queue names it.
+    if (isSingle() && !task.plan.problem.empty() && !arguments_.json) {
+      return complain(console_, task.plan.problem);
+    }
+    const std::string after =
+        task.start ? " after " + std::to_string(outcome.time.count()) + " s" : "";
+    const std::string text = task.name + ": " + outcome.result + after;
+    if (!outcome.isWoken()) {
+      if (arguments_.quiet || !arguments_.json) complain(console_, text + ": " + outcome.reason);
+    } else if (!arguments_.quiet && !arguments_.json) {
+      console_.out << safeText(text) << std::endl;
+    }
+  }
+
+  void tellJson(const Task& task, const Outcome& outcome) const {
+    const auto& address = task.plan.request.address;
+    console_.out << dump({{"name", task.name},
+                          {"address", address ? Json(*address) : Json()},
+                          {"result", outcome.result},
+                          {"seconds", outcome.time.count()},
+                          {"message", outcome.reason}})
+                 << std::endl;
+  }
+
+  const Arguments& arguments_;
+  const Console& console_;
+  Interruption interruption_;
+  std::optional<PrintServer> server_;
+  std::vector<Task> tasks_;
+  std::vector<Task>::iterator next_;
+  std::size_t over_ = 0;
+  std::size_t woken_ = 0;
+  WorkerPool pool_;
+  ProgressLine progress_;
+  std::chrono::seconds told_{-1};
+};
 
 bool namesPrinter(const Arguments& arguments) {
   return !arguments.queues.empty() || (arguments.macAddress && arguments.address);
-}
-
-int wakePrinters(const Arguments& arguments, const Console& console) {
-  const std::vector<Plan> plans = plansOf(arguments, console);
-  if (plans.size() == 1) return wakeOne(arguments, plans.front(), console);
-  return wakeMany(arguments, plans, console);
 }
 
 }  // namespace
@@ -324,7 +280,7 @@ Action declareWake(ArgumentList& list) {
   list.addFlag("--quiet", arguments->quiet, "Show only the printers that are not woken");
   declareServer(list, arguments->server);
   list.require("QUEUE, or --mac and --address,", [arguments] { return namesPrinter(*arguments); });
-  return [arguments](const Console& console) { return wakePrinters(*arguments, console); };
+  return [arguments](const Console& console) { return Waking(*arguments, console).run(); };
 }
 
 }  // namespace kelm::ctl

@@ -148,6 +148,11 @@ std::optional<sockaddr_storage> numericAddress(const std::string& address) {
   return addressOf(address, AI_NUMERICHOST);
 }
 
+bool mayBeAPrinter(const std::string& address) {
+  const auto numeric = numericAddress(address.substr(0, address.find('%')));
+  return !numeric || canBeAPrinter(*numeric);
+}
+
 std::optional<sockaddr_storage> locate(const std::string& host) { return addressOf(host, 0); }
 
 std::string numericText(const sockaddr_storage& address) {

@@ -41,6 +41,10 @@ std::string numericText(const sockaddr_storage& address);
 // loopback, a multicast group, the unspecified address or the limited broadcast, in either family.
 bool canBeAPrinter(const sockaddr_storage& address);
 
+// Whether a printer can have `address`, an address without brackets or a host name. A host name
+// always may: its address is known only after it is looked up.
+bool mayBeAPrinter(const std::string& address);
+
 // Sends the packet to one address. Errors are ignored: another packet follows.
 void sendPacket(const MagicPacket& packet, const sockaddr_storage& printer);
 

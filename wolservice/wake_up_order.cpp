@@ -67,12 +67,6 @@ bool isAddress(const std::string& text) {
   return text.find('\0') == std::string::npos && (isIpv4(text) || isIpv6(text) || isHostName(text));
 }
 
-// A host name always may; its address is checked after it is looked up.
-bool mayBeAPrinter(const std::string& address) {
-  const auto numeric = numericAddress(address.substr(0, address.find('%')));
-  return !numeric || canBeAPrinter(*numeric);
-}
-
 std::optional<bool> switchOf(std::string_view text) {
   if (text == "YES") return true;
   if (text == "NO") return false;

@@ -16,7 +16,9 @@ COUNT=${KELM_FLEET:-40}
 CUPS_START_LIMIT=60
 
 # address NUMBER : of printer NUMBER
-address() { echo "127.1.$(($1 / 200)).$(($1 % 200 + 1))"; }
+address() { echo "10.1.$(($1 / 200)).$(($1 % 200 + 1))"; }
+
+ip route add local 10.1.0.0/16 dev lo
 
 # Queues with odd numbers have printers that answer; the others' keep silent.
 number=0
@@ -96,7 +98,7 @@ expect "output of --quiet" '' "$(cat "$W/out" "$W/err")"
 status=0
 "$KELMCTL" sync q1 q2 --quiet >"$W/out" 2>"$W/err" || status=$?
 expect "status with a silent printer" 3 "$status"
-grep -q '^kelmctl: q2: failed: the printer "127.1.0.3" does not answer' "$W/err" || fail "$(cat "$W/err")"
+grep -q '^kelmctl: q2: failed: the printer "10.1.0.3" does not answer' "$W/err" || fail "$(cat "$W/err")"
 expect "lines of --quiet" 1 "$(cat "$W/out" "$W/err" | wc -l)"
 
 # Several printers are asked side by side, too.
@@ -106,7 +108,7 @@ status=0
   >"$W/out" 2>"$W/err" || status=$?
 expect "status of kelmctl printer" 3 "$status"
 [ $((($(date +%s%N) - begin) / 1000000)) -lt 14000 ] || fail "one after the other"
-expect "the first object" '{"address":"127.1.0.2","sharedBoxCount":30' "$(head -n 1 "$W/out" | cut -c 1-42)"
+expect "the first object" '{"address":"10.1.0.2","sharedBoxCount":30' "$(head -n 1 "$W/out" | cut -c 1-41)"
 expect "objects" 4 "$(wc -l <"$W/out")"
 
 # On a terminal a line counts what is over; in the end there is a line for each, and a summary.
@@ -119,7 +121,7 @@ status=0
 expect "status on a terminal" 3 "$status"
 shown '^^\[K1 of 2 queues finished, 1 printers being asked, 0 queues storing the answers$'
 shown '^^\[Kq1: unchanged$'
-shown '^q2: failed: the printer "127.1.0.3" does not answer'
+shown '^q2: failed: the printer "10.1.0.3" does not answer'
 shown '^2 queues: 1 unchanged, 1 failed, in [0-9.]* s$'
 status=0
 /usr/bin/python3 "$HERE/lib/on_terminal.py" -- "$KELMCTL" printer "$(address 1)" "$(address 2)" \
@@ -133,7 +135,7 @@ status=0
 "$KELMCTL" printer "$(address 1)" "$(address 2)" "$(address 3)" --quiet >"$W/out" 2>"$W/err" || status=$?
 expect "status of printer --quiet" 3 "$status"
 expect "output of printer --quiet" 1 "$(cat "$W/out" "$W/err" | wc -l)"
-grep -q '^kelmctl: the printer "127.1.0.3" does not answer' "$W/err" || fail "$(cat "$W/err")"
+grep -q '^kelmctl: the printer "10.1.0.3" does not answer' "$W/err" || fail "$(cat "$W/err")"
 
 # Interrupted: what was stored is said, nothing is stored in half.
 "$KELMCTL" sync q5 q6 >"$W/out" 2>"$W/err" &

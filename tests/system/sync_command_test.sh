@@ -126,7 +126,8 @@ run 0 sync kelm
 printf 'Shared boxes: 2 -> 2\n  - 17  Müller "intern"\n  + 5  Müller "intern"\n' |
   diff - "$W/out" || fail "a box that moves is shown otherwise"
 play "$P/few_boxes.mib"
-run 0 sync kelm
+run 0 sync kelm --json
+grep -q '"sharedBoxNumbers":{"before":\[1,5\],"after":\[1,17\]}' "$W/out" || fail "$(cat "$W/out")"
 
 # Entries come and go; the longest text that fits takes six parts.
 play "$P/few_boxes.mib" "$P/changed.mib"
@@ -301,8 +302,10 @@ expect_message '"raw" has no PPD (raw or driverless queue)'
 lpadmin -p kelm -c class 2>"$W/lpadmin_log"
 run 1 sync class
 expect_message '"class" is a class; name its queues'
-run 1 wake class
-expect_message '"class" is a class; name its queues'
+for subcommand in wake settings explain; do
+  run 1 $subcommand class
+  expect_message '"class" is a class; name its queues, "lpstat -c class" lists them'
+done
 run 1 wake raw
 expect_message '"raw" has no PPD'
 cups_queue unsynced socket://127.0.0.1 "$HERE/lib/queue.ppd"

@@ -75,16 +75,59 @@ grep -q '^kelmctl: unsynced: not woken: .* store it: kelmctl sync unsynced$' "$W
 wake 1 unsynced off
 expect "the summary" '0 of 2 printers are awake' "$(cat "$W/out")"
 
-# Interrupted: it says what was not waited for.
-"$BUILD/kelmctl" wake here gone >"$W/out" 2>"$W/err" &
-started interrupted $!
-interrupted=$!
-wait_until 10 grep -q '^here: woken' "$W/out" || fail "the printer was not woken"
-kill -INT $interrupted
-status=0
-wait $interrupted || status=$?
+# interrupt WORD ARGUMENT... : kelmctl wake, interrupted when $W/out or $W/err has WORD
+interrupt() {
+  word=$1
+  shift
+  : >"$W/out"
+  "$BUILD/kelmctl" wake "$@" >"$W/out" 2>"$W/err" &
+  started interrupted $!
+  interrupted=$!
+  wait_until 10 grep -q "$word" "$W/out" "$W/err" || fail "no '$word': $(cat "$W/out" "$W/err")"
+  kill -INT $interrupted
+  status=0
+  wait $interrupted || status=$?
+}
+
+# Interrupted: it says which printers were not waited for.
+interrupt '^here: woken' here gone
 expect "status of an interrupted wake-up" 3 "$status"
-grep -q '^kelmctl: interrupted; 1 printers were not waited for$' "$W/err" || fail "$(cat "$W/err")"
+grep -q '^kelmctl: gone: interrupted after [0-9]* s: the printer was not waited for$' "$W/err" ||
+  fail "$(cat "$W/err")"
+expect "the summary" '1 of 2 printers are awake' "$(tail -n 1 "$W/out")"
+interrupt '"here"' here gone --json
+expect "status of an interrupted wake-up" 3 "$status"
+expect "objects" 2 "$(wc -l <"$W/out")"
+grep -q '^{"name":"gone","address":"10.77.0.9","result":"interrupted","seconds":[0-9]*,"message":"the printer was not waited for"}$' \
+  "$W/out" || fail "no object for gone: $(cat "$W/out")"
+interrupt 'waiting for' gone
+expect "status of one interrupted wake-up" 1 "$status"
+grep -q '^kelmctl: gone: interrupted after [0-9]* s: ' "$W/err" || fail "$(cat "$W/err")"
+
+# A server that restarts is waited for. Interrupted there, it says which queues were not asked.
+cups_stop
+"$BUILD/kelmctl" wake here six >"$W/out" 2>"$W/err" &
+waiting=$!
+wait_until 5 grep -q '^kelmctl: the print server 127.0.0.1 does not answer; trying again for 15 s$' "$W/err" ||
+  fail "it does not say that it waits: $(cat "$W/err")"
+cups_start
+wait $waiting || fail "a restart of the server is not waited for: $(cat "$W/err")"
+expect "the summary" '2 of 2 printers are awake' "$(tail -n 1 "$W/out")"
+cups_stop
+interrupt 'trying again' here six --json
+expect "status without a server" 1 "$status"
+for queue in here six; do
+  echo '{"name":"'$queue'","address":null,"result":"interrupted","seconds":0,"message":"the wake-up service was not asked"}'
+done | diff - "$W/out" || fail "other objects"
+interrupt 'trying again' here six
+grep -v 'trying again' "$W/err" >"$W/lines"
+for queue in here six; do
+  echo "kelmctl: $queue: interrupted: the wake-up service was not asked"
+done | diff - "$W/lines" || fail "other messages"
+begin=$(date +%s)
+wake 1 here six
+[ $(($(date +%s) - begin)) -le 25 ] || fail "a server that is gone is waited for once for each queue"
+cups_start
 
 status=0
 wait $terminal || status=$?

@@ -123,9 +123,8 @@ TEST(Settings, OfAQueueFailWhenNoPrintServerAnswers) {
   const Outcome outcome = runKelmctl({"settings", "office"});
   EXPECT_EQ(outcome.status, kExitFailed);
   EXPECT_EQ(outcome.err,
-            "kelmctl: the PPD of the queue \"office\" cannot be read: the print server "
-            "/nonexistent/cups.sock does not answer; start it, or name another one (-h, "
-            "CUPS_SERVER)\n");
+            "kelmctl: the print server /nonexistent/cups.sock does not answer; start it, or name "
+            "another one (-h, CUPS_SERVER)\n");
 }
 
 }  // namespace

@@ -1,0 +1,59 @@
+// What the wake-up service is asked for, for one printer.
+// SPDX-License-Identifier: Apache-2.0
+#include "ctl/wake_plan.hpp"
+
+#include "snmp/bracketed_address.hpp"
+#include "wakeup/xpc_call_object.hpp"
+#include "wolservice/wake_up_order.hpp"
+
+namespace kelm::ctl {
+namespace {
+
+// What the queue lacks; empty when it lacks nothing.
+std::string problemOf(const wakeup::WakeUpSettings& settings, const std::string& queue) {
+  const std::string name = "the queue \"" + queue + "\"";
+  if (!settings.isWakeOnLan) {
+    return name +
+           " has its wake-up switched off; switch it on in the print dialog, or give --mac and "
+           "--address";
+  }
+  if (settings.macAddress.empty()) {
+    return name + " does not know its printer's MAC address; store it: kelmctl sync " + queue;
+  }
+  return {};
+}
+
+// The service calls back at once for arguments that it refuses, so they are checked here, with
+// messages.
+WakePlan checked(const platform::WakeUpRequest& request) {
+  std::string problem;
+  if (wolservice::checkedOrder({request.address.value_or(""), request.macAddress,
+                                request.snmpCommunity, request.isWakeOnLan, request.isOverRouter},
+                               problem)) {
+    return {request, {}};
+  }
+  return {request, "the printer \"" + request.address.value_or("") + "\" with the MAC address \"" +
+                       request.macAddress + "\" cannot be woken: " + problem +
+                       "; correct it, or see kelmctl address for the queue's device URI"};
+}
+
+}  // namespace
+
+WakePlan wakePlanOf(const wakeup::WakeUpSettings& settings, const std::string& address) {
+  return checked(wakeup::requestFor(settings, snmp::unbracketed(address)));
+}
+
+WakePlan wakePlanOf(PrintServer& server, const std::string& queue) {
+  const Queues found = server.queue(queue);
+  if (!found.problem.empty()) return {{}, found.problem};
+  if (found.queues.front().isClass) return {{}, classProblem(queue)};
+  const OpenedPpd opened = server.openPpd(queue);
+  if (opened.ppd == nullptr) return {{}, opened.problem};
+  const wakeup::WakeUpSettings settings = wakeup::wakeUpSettingsOf(opened.ppd.get());
+  const std::string problem = problemOf(settings, queue);
+  if (!problem.empty()) return {{}, problem};
+  return checked(wakeup::requestFor(
+      settings, wakeup::XPCCallObject::addressOf(found.queues.front().deviceUri)));
+}
+
+}  // namespace kelm::ctl
