@@ -111,6 +111,13 @@ TEST(Copies, OfAnotherNumberStay) {
   EXPECT_EQ(copied(kThreeCopies, job), kThreeCopies);
 }
 
+TEST(Copies, GoAfterALineThatIsLongerThanTheBuffer) {
+  TestJob job;
+  job->copiesOfHeader = 3;
+  const std::string comment = "%" + std::string(5000, 'x') + "\n";
+  EXPECT_EQ(copied(comment + "%RBINumCopies: 3\nshowpage\n", job), comment + "showpage\n");
+}
+
 TEST(Copies, OfARequirementAloneLeaveNothing) {
   TestJob job;
   job->copiesOfHeader = 3;

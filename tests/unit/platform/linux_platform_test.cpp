@@ -66,5 +66,16 @@ TEST(LinuxConsoleUser, IsEmptyForAUserWhomNobodyKnows) {
   EXPECT_EQ(consoleUserOf("ACTIVE=1\nACTIVE_UID=3999999999\n"), "[]");
 }
 
+// A place where a service's name cannot end costs no connection to the daemon.
+TEST(LinuxDnsSd, RefusesWhatNoServiceCanHave) {
+  LinuxDnsSd dnsSd;
+  EXPECT_TRUE(dnsSd.create("local", "_ipp._tcp", "My.Printer"));
+  EXPECT_FALSE(dnsSd.create("local", "Printer._ipp", "My"));
+  EXPECT_FALSE(dnsSd.create("local", "_ipp._sctp", "My.Printer"));
+  EXPECT_FALSE(dnsSd.create("local", "_ipp._tcp", std::string(64, 'x')));
+  EXPECT_FALSE(dnsSd.create("local", "_ipp._tcp", ""));
+  EXPECT_FALSE(dnsSd.create(std::string(64, 'x'), "_ipp._tcp", "My.Printer"));
+}
+
 }  // namespace
 }  // namespace kelm::platform::linux_platform
