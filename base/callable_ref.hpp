@@ -33,6 +33,8 @@ class CallableRef<Result(Arguments...)> {
 
   constexpr explicit operator bool() const { return function_ != nullptr || call_ != nullptr; }
 
+  constexpr bool refersTo(Result (*function)(Arguments...)) const { return function_ == function; }
+
   Result operator()(Arguments... arguments) const {
     return function_ != nullptr ? function_(arguments...) : call_(object_, arguments...);
   }

@@ -17,6 +17,7 @@
 #include "job/custom_text.hpp"
 #include "job/ppd_calls.hpp"
 #include "job/text_fields.hpp"
+#include "psrewrite/features.hpp"
 #include "stdoptions/standard_choices.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
@@ -27,6 +28,7 @@ namespace {
 
 constexpr std::size_t kLongestCompared = 128;
 constexpr double kPaperTolerance = 2.0;  // points
+constexpr char kDialogOnly[] = "has an effect only in jobs of the maker's dialog (PrintPDE)";
 
 constexpr const job::TextField* kTextFields[] = {
     &job::kOwnerName,        &job::kJobName,       &job::kSecretNum,   &job::kJobComment,
@@ -174,6 +176,12 @@ bool isReadByTheFilter(const Request& request, const Option& option) {
   });
 }
 
+std::optional<Remark> unlessChoice(const Option& option, std::vector<std::string> choices) {
+  if (std::ranges::find(choices, option.value) != choices.end()) return std::nullopt;
+  std::string nearest = nearestOf(option.value, choices);
+  return Remark{option, "is not a choice of this option", std::move(choices), std::move(nearest)};
+}
+
 std::optional<Remark> remarkOnChoice(const Request& request, const Option& option,
                                      const ppd_option_t& known) {
   if (const job::TextField* field = textField(option.name)) {
@@ -188,10 +196,17 @@ std::optional<Remark> remarkOnChoice(const Request& request, const Option& optio
       isReadByTheFilter(request, option)) {
     return std::nullopt;
   }
-  std::vector<std::string> choices = choicesOf(known);
-  if (std::ranges::find(choices, option.value) != choices.end()) return std::nullopt;
-  std::string nearest = nearestOf(option.value, choices);
-  return Remark{option, "is not a choice of this option", std::move(choices), std::move(nearest)};
+  return unlessChoice(option, choicesOf(known));
+}
+
+// An option that is not in the PPD: the choices are those of the header's table.
+std::optional<Remark> remarkOnTableChoice(const Option& option, const RowFacts& row) {
+  if (!row.table) return std::nullopt;
+  std::vector<std::string> choices;
+  for (const pjl::ValueRow& pair : row.table->rows) {
+    if (pair.key != nullptr) choices.emplace_back(pair.key);
+  }
+  return unlessChoice(option, std::move(choices));
 }
 
 // The maker's dialog sends its values in options of its own, such as QVGutterDistanceValue100.
@@ -200,39 +215,69 @@ bool isDialogOption(const std::string& name) {
 }
 
 std::optional<Remark> remarkOnName(const Request& request, const Option& option) {
-  if (rowOf(option.name, request.isDialogJob()) || isOfCups(option.name)) return std::nullopt;
+  if (const auto row = rowOf(option.name, request.isDialogJob())) {
+    return remarkOnTableChoice(option, *row);
+  }
+  // The print server's defaults are of any name.
+  if (isOfCups(option.name) || option.giver == Giver::kQueue) return std::nullopt;
   if (isDialogOption(option.name)) {
     if (request.isDialogJob()) return std::nullopt;
-    return Remark{option, "has an effect only in jobs of the maker's dialog (PrintPDE)", {}, ""};
+    return Remark{option, kDialogOnly, {}, ""};
   }
   return Remark{
       option, "is not an option of this printer", {}, nearestOf(option.name, keywordsOf(request))};
 }
 
+// Whether an option of the PPD does nothing in this job. Its default asks for nothing anyway.
+bool isIdle(const Request& request, const Option& option, const ppd_option_t& known) {
+  if (request.isDialogJob() || option.value == known.defchoice) return false;
+  if (rowOf(option.name, false)) return false;
+  return std::ranges::any_of(psrewrite::features(), [&](const psrewrite::Feature& feature) {
+    return feature.dialogOnly && option.name == feature.keyword;
+  });
+}
+
 std::optional<Remark> remarkOn(const Request& request, const Option& option) {
-  if (option.giver == Giver::kQueue) return std::nullopt;  // the print server has checked it
   const ppd_option_t* known = ppdOption(request, option.name);
   if (known == nullptr) return remarkOnName(request, option);
   if (option.name != known->keyword) {
     return Remark{option, "is spelled with other capital letters in the PPD", {}, known->keyword};
   }
+  if (isIdle(request, option, *known)) return Remark{option, kDialogOnly, {}, ""};
   return remarkOnChoice(request, option, *known);
 }
 
-// CUPS' own option and the PPD's choose different papers.
+struct PageSize {
+  float width;
+  float length;
+};
+
+// The page size of a job with only this option, in the PPD whose choices are marked so far: a
+// "media" that names no paper changes nothing.
+std::optional<PageSize> markedPage(ppd_file_t* ppd, const char* name, const std::string& value) {
+  cups_option_t option{const_cast<char*>(name), const_cast<char*>(value.c_str())};
+  job::r_cupsMarkOptions(ppd, 1, &option);
+  const ppd_size_t* size = job::r_ppdPageSize(ppd, nullptr);
+  if (size == nullptr) return std::nullopt;
+  return PageSize{size->width, size->length};
+}
+
+// CUPS' own option and the PPD's choose different papers. libcups reads both: "media" has many
+// forms.
 std::optional<Remark> remarkOnPaper(const Request& request) {
   const Option* media = findOption(request.options, "media");
   const Option* page = findOption(request.options, "PageSize");
   if (request.ppd == nullptr || media == nullptr || page == nullptr) return std::nullopt;
-  const ppd_size_t* one = ppdPageSize(request.ppd, media->value.c_str());
-  if (one == nullptr) return std::nullopt;
-  const auto width = static_cast<double>(one->width);
-  const auto length = static_cast<double>(one->length);
-  const ppd_size_t* other = ppdPageSize(request.ppd, page->value.c_str());
-  if (other == nullptr) return std::nullopt;
-  const bool agree = std::abs(width - static_cast<double>(other->width)) <= kPaperTolerance &&
-                     std::abs(length - static_cast<double>(other->length)) <= kPaperTolerance;
-  if (agree) return std::nullopt;
+  if (media->giver != Giver::kJob && page->giver == Giver::kJob) return std::nullopt;
+  job::r_ppdMarkDefaults(request.ppd);
+  const auto one = markedPage(request.ppd, "PageSize", page->value);
+  const auto other = markedPage(request.ppd, "media", media->value);
+  outcomeOf(request);  // marks the request's choices again
+  if (!one || !other) return std::nullopt;
+  const auto agree = [](float a, float b) {
+    return std::abs(static_cast<double>(a) - static_cast<double>(b)) <= kPaperTolerance;
+  };
+  if (agree(one->width, other->width) && agree(one->length, other->length)) return std::nullopt;
   return Remark{*media, "is not the same paper as PageSize=" + page->value, {}, ""};
 }
 

@@ -19,6 +19,23 @@ struct ValueFeature {
   const char* dialogDefault;
   FeatureWriter plain;
 
+  // Whether the option does nothing in a plain job: its section is dropped, or says whether
+  // another option has a text.
+  constexpr bool isDialogOnly() const {
+    constexpr bool (*kIdle[])(JobStream&, LineBuffer&, PrintJobData&) = {
+        drop,
+        dropUnlogged,
+        writeBarcodeSwitch,
+        writeSwitch<job::kOwnerName>,
+        writeSwitch<job::kJobName>,
+        writeSwitch<job::kSecretNum>,
+    };
+    for (const auto& writer : kIdle) {
+      if (plain.refersTo(writer)) return true;
+    }
+    return false;
+  }
+
   bool operator()(JobStream& stream, LineBuffer& buffer, PrintJobData& job) const {
     return job.isPrintPDE
                ? outputFeatureByReplacingValue(stream, buffer, job, dialogKey, dialogDefault)
@@ -31,6 +48,8 @@ struct OwnFeature {
   const char* keyword;
   std::int32_t code;
   FeatureWriter writer;
+
+  constexpr bool isDialogOnly() const { return writer.refersTo(writeTrayRepeat); }
 
   bool operator()(JobStream& stream, LineBuffer& buffer, PrintJobData& job) const {
     return writer(stream, buffer, job);

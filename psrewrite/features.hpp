@@ -17,11 +17,13 @@ struct Feature {
   constexpr Feature(const char* name, std::int32_t number) : keyword(name), code(number) {}
   // A row of feature_writers.hpp.
   template <class Row>
-  constexpr Feature(const Row& row) : keyword(row.keyword), code(row.code), writer(row) {}
+  constexpr Feature(const Row& row)
+      : keyword(row.keyword), code(row.code), writer(row), dialogOnly(row.isDialogOnly()) {}
 
   const char* keyword;
   std::int32_t code;  // by hundreds: stamps and shifts, gutters, colour, paper and trays, identity
   FeatureWriter writer;
+  bool dialogOnly = false;  // the option does nothing in jobs without the maker's dialog
 };
 
 // All features in the order in which a line is searched for them.

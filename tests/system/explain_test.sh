@@ -66,6 +66,20 @@ if grep -q DUPLEX "$W/out"; then fail "the job's own option does not win: $(cat 
 rm "$W/.cups/lpoptions" "$CUPS/etc/lpoptions"
 lpadmin -p office -R QVJobComment-default 2>"$W/lpadmin_log"
 
+# cupsd takes any default of a queue.
+lpadmin -p office -o QVStapleMode-default=Three -o media-default=iso_a4_210x297mm 2>"$W/lpadmin_log"
+explain 1 office -o PageSize=A4
+expect "messages" \
+  "kelmctl: QVStapleMode=Three (the queue's default) is not a choice of this option; the choices are OFF OneStaple TwoStaple" \
+  "$(cat "$W/err")"
+# PageSize counts before media: a job may use it against a default.
+explain 0 office -o PageSize=A3 -o QVStapleMode=OFF
+echo 'Dest office PageSize=A3' >"$W/.cups/lpoptions"
+explain 1 office -o QVStapleMode=OFF -o media=iso_a4_210x297mm
+expect "messages" "kelmctl: media=iso_a4_210x297mm is not the same paper as PageSize=A3" "$(cat "$W/err")"
+rm "$W/.cups/lpoptions"
+lpadmin -p office -R QVStapleMode-default -R media-default 2>"$W/lpadmin_log"
+
 # Choices that the PPD forbids together.
 explain 1 office -o QVStapleMode=TwoStaple -o QVDuplex=ShortEdge
 expect_line "$W/err" \

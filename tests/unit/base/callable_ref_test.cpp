@@ -43,6 +43,13 @@ TEST(CallableRef, CopiesReferToTheSame) {
   EXPECT_EQ(second("a"), "-a");
 }
 
+TEST(CallableRef, KnowsItsFunction) {
+  constexpr Ref kFunction = twice;
+  static_assert(kFunction.refersTo(twice));
+  EXPECT_FALSE(Ref(kDash).refersTo(twice));
+  EXPECT_FALSE(Ref().refersTo(twice));
+}
+
 TEST(CallableRef, TakesNoTemporary) {
   EXPECT_FALSE((std::is_constructible_v<Ref, const Prefix&&>));
   EXPECT_TRUE((std::is_constructible_v<Ref, const Prefix&>));

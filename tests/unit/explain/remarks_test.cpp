@@ -65,10 +65,64 @@ TEST(Remarks, NamePapersThatDisagree) {
   EXPECT_EQ(remarkOn("media=A3 PageSize=A4").problem, "is not the same paper as PageSize=A4");
 }
 
+TEST(Remarks, NamePapersThatDisagreeInAnyForm) {
+  for (const char* media : {"iso_a3_297x420mm", "Tray1,A3", "iso_a3_297x420mm,stationery",
+                            "Custom.20x30cm", "custom_report_200x300mm", "a3"}) {
+    EXPECT_EQ(remarkOn(std::string("media=") + media + " PageSize=A4").problem,
+              "is not the same paper as PageSize=A4")
+        << media;
+  }
+}
+
+TEST(Remarks, PassPapersThatAgreeInAnyForm) {
+  for (const char* media : {"iso_a4_210x297mm", "Tray1,A4", "A4,stationery", "a4",
+                            "Custom.210x297mm", "Tray1", "auto"}) {
+    EXPECT_EQ(remarkOn(std::string("media=") + media + " PageSize=A4").problem, "") << media;
+  }
+}
+
+TEST(Remarks, NameAnUnknownChoiceOfTheMakersDialog) {
+  const Remark remark = remarkOn("PrintPDE=1 QVPageTray=Sometimes");
+  EXPECT_EQ(remark.problem, "is not a choice of this option");
+  EXPECT_FALSE(remark.choices.empty());
+}
+
+std::vector<Remark> remarksOnGiven(const std::vector<Option>& options) {
+  const platform::FakePlatform platform;
+  ppd_file_t* ppd = job::r_ppdOpenFile(KELM_PPDS_DIR "/explain.ppd");
+  std::vector<Remark> remarks = explained({ppd, options, 1, "report"}).remarks;
+  job::r_ppdClose(ppd);
+  return remarks;
+}
+
+// cupsd takes any default of a queue.
+TEST(Remarks, NameAnUnknownChoiceThatIsTheDefaultOfTheQueue) {
+  const std::vector<Remark> remarks = remarksOnGiven(
+      {{"QVStapleMode", "Everywhere", Giver::kQueue}, {"colour-of-ink", "red", Giver::kQueue}});
+  ASSERT_EQ(remarks.size(), 1U);
+  EXPECT_EQ(remarks.front().option.name, "QVStapleMode");
+  EXPECT_EQ(remarks.front().problem, "is not a choice of this option");
+}
+
+// PageSize counts, whoever gave it.
+TEST(Remarks, NameAPaperThatADefaultPageSizeReplaces) {
+  const Option media{"media", "A3"};
+  EXPECT_EQ(remarksOnGiven({media, {"PageSize", "A4", Giver::kUserDefaults}}).size(), 1U);
+  EXPECT_EQ(remarksOnGiven({{"media", "A3", Giver::kQueue}, {"PageSize", "A4"}}).size(), 0U);
+}
+
 TEST(Remarks, NameAnOptionOfTheMakersDialog) {
   EXPECT_EQ(remarkOn("QVGutterDistanceValue100=500").problem,
             "has an effect only in jobs of the maker's dialog (PrintPDE)");
   EXPECT_EQ(remarkOn("PrintPDE=1 QVGutterDistanceValue100=500").problem, "");
+}
+
+// The default asks for nothing: dialogs send it in each job.
+TEST(Remarks, NameAnOptionOfThePpdThatDoesNothingInThisJob) {
+  EXPECT_EQ(remarkOn("QVHideJob=ON").problem,
+            "has an effect only in jobs of the maker's dialog (PrintPDE)");
+  EXPECT_EQ(remarkOn("QVHideJob=OFF").problem, "");
+  EXPECT_EQ(remarkOn("PrintPDE=1 QVHideJob=ON").problem, "");
 }
 
 TEST(Remarks, NameChoicesThatThePpdForbidsTogether) {

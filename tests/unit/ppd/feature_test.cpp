@@ -223,6 +223,23 @@ TEST_F(FeatureSection, OfThisTestAreThoseOfTheProgram) {
   EXPECT_THAT(plain, testing::UnorderedElementsAreArray(program));
 }
 
+// The PPD says so in their names or in that of their group.
+TEST_F(FeatureSection, DoesNothingInAPlainJobWhereThePpdNamesTheDialog) {
+  std::vector<std::string> named;
+  for (const ppd_group_t& group :
+       std::span(description_.ppd()->groups, size_t(description_.ppd()->num_groups))) {
+    for (const ppd_option_t& option : std::span(group.options, size_t(group.num_options))) {
+      const std::string text = std::string(group.text) + option.text;
+      if (text.find("(KELM dialog)") != std::string::npos) named.emplace_back(option.keyword);
+    }
+  }
+  std::vector<std::string> idle;
+  for (const psrewrite::Feature& feature : psrewrite::features()) {
+    if (feature.dialogOnly) idle.emplace_back(feature.keyword);
+  }
+  EXPECT_THAT(idle, testing::UnorderedElementsAreArray(named));
+}
+
 // Keywords are searched anywhere in the line, so a choice's name could be taken for one.
 TEST_F(FeatureSection, IsFoundByItsOwnOpeningLineAndByNoOther) {
   for (const Option& option : description_.options()) {
