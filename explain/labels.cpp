@@ -65,18 +65,31 @@ std::string groupOf(ppd_file_t* ppd, const ppd_option_t* wanted) {
   return {};
 }
 
+// The choice that has the line's value in the table. A value that several choices of the PPD have
+// names none of them.
+std::string choiceWithValue(const pjl::ValueTableView& table, const std::string& value,
+                            const ppd_option_t* option) {
+  const ppd_choice_t* only = nullptr;
+  std::string found = value;
+  for (const pjl::ValueRow& pair : table.rows) {
+    if (pair.key == nullptr || pair.value == nullptr || value != pair.value) continue;
+    const ppd_choice_t* choice = option == nullptr ? nullptr : choiceNamed(*option, pair.key);
+    if (choice == nullptr || choice == only) continue;
+    if (only != nullptr) return value;
+    only = choice;
+    found = pair.key;
+  }
+  return found;
+}
+
 // The choice that the header was written from: the job's, or the one that has the value in the
 // table.
 std::string chosen(const RowFacts& row, const pjl::RecordedLine& line,
-                   const std::vector<Option>& settled) {
+                   const std::vector<Option>& settled, const ppd_option_t* ppdOption) {
   for (const std::string& name : row.options) {
     if (const Option* option = findOption(settled, name)) return option->value;
   }
-  if (!row.table) return line.value;
-  for (const pjl::ValueRow& pair : row.table->rows) {
-    if (pair.value != nullptr && line.value == pair.value) return pair.key;
-  }
-  return line.value;
+  return row.table ? choiceWithValue(*row.table, line.value, ppdOption) : line.value;
 }
 
 // The PPD's option that a variable of the row belongs to; null when the PPD has none.
@@ -119,6 +132,17 @@ std::optional<Named> standardName(ppd_file_t* ppd, const ppd_option_t& own,
   return std::nullopt;
 }
 
+// The standard option of the PPD that stands for an own option; the own one when there is none.
+const ppd_option_t* standardOption(ppd_file_t* ppd, const ppd_option_t& own) {
+  for (const stdoptions::StandardOption& row : stdoptions::kStandardOptions) {
+    if (row.source != stdoptions::Source::kMarked || row.own != std::string_view(own.keyword)) {
+      continue;
+    }
+    if (const ppd_option_t* option = job::r_ppdFindOption(ppd, row.keyword)) return option;
+  }
+  return &own;
+}
+
 bool isLength(std::string_view variable, std::string_view value) {
   const bool named = variable.ends_with("WIDTH") || variable.ends_with("HEIGHT");
   return named && !value.empty() && value.find_first_not_of("0123456789") == std::string::npos;
@@ -149,7 +173,7 @@ Label labelOf(ppd_file_t* ppd, const RowFacts& row, const pjl::RecordedLine& lin
   Label label{line.variable, line.value};
   if (const char* name = plainName(line.variable)) label.name = name;
   const ppd_option_t* option = ppdOptionOf(ppd, row, factsOf(*line.step, false), line.variable);
-  const std::string choice = chosen(row, line, settled);
+  const std::string choice = chosen(row, line, settled, option);
   const ppd_choice_t* named = nullptr;
   if (option != nullptr) {
     named = choiceNamed(*option, choice);
@@ -158,6 +182,8 @@ Label labelOf(ppd_file_t* ppd, const RowFacts& row, const pjl::RecordedLine& lin
     if (const auto standard = standardName(ppd, *option, choice)) {
       option = standard->option;
       named = standard->choice;
+    } else if (named == nullptr) {
+      option = standardOption(ppd, *option);
     }
     label.name = option->text;
     label.group = groupOf(ppd, option);

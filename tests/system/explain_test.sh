@@ -41,6 +41,17 @@ grep -qF 'kelmctl: QVJobComment=Custom.a:b has the character ":", which the prin
 explain 0 --ppd "$BUILD/ppd/kelm-ij.ppd" -o InputSlot=FeedTray2 --changed
 grep -q '@PJL SET MEDIASOURCE=TRAY2 ' "$W/out" || fail "no line about the tray: $(cat "$W/out")"
 
+# A stream does not say whether the standard option or the own one was used.
+printf '%%!PS-Adobe-3.0\nshowpage\n' >"$W/page.ps"
+PPD=$BUILD/ppd/kelm-ij.ppd "$BUILD/kelmfilter" 1 miller report 1 'Duplex=DuplexNoTumble InputSlot=Tray2' \
+  "$W/page.ps" >"$W/standard.prn"
+explain 0 --stream "$W/standard.prn" --ppd "$BUILD/ppd/kelm-ij.ppd"
+for line in 'Two-sided printing: ON .*DUPLEX=ON' 'Two-sided printing: Long edge .*BINDING=LONGEDGE' \
+  'Paper source: OFF .*AUTOSELECT=OFF' 'Paper source: Tray 2 .*MEDIASOURCE=TRAY2'; do
+  grep -q "^$line\$" "$W/out" || fail "no line $line: $(cat "$W/out")"
+done
+if grep -q override "$W/out"; then fail "$(grep override "$W/out")"; fi
+
 # The defaults that lp would add count, and are named: the user's, those of all users and the queue's.
 CUPS_SERVERROOT=$CUPS/etc
 export CUPS_SERVERROOT

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
+#include <string>
+
 #include "tests/unit/explain/explained_job.hpp"
 
 namespace kelm::explain {
@@ -109,6 +112,36 @@ TEST(Request, TakesDefaultsThatTheJobDoesNotName) {
   EXPECT_EQ(request.copiesGiver, Giver::kQueue);
   addDefaults(request, {{"copies", "5"}}, true);
   EXPECT_EQ(request.copies, 3);
+}
+
+// The names of the variables in the stream of a job with these options.
+std::map<std::string, std::string> namesInStream(const std::string& options) {
+  const platform::FakePlatform platform;
+  ppd_file_t* ppd = job::r_ppdOpenFile(KELM_PPDS_DIR "/explain.ppd");
+  StreamReport report;
+  report.header = outcomeOf({ppd, parsedOptions({options}), 1, "report"}).header;
+  std::map<std::string, std::string> names;
+  for (const Line& line : linesOf(report, ppd)) {
+    names[line.variable] = line.label.name + ": " + line.label.choice;
+  }
+  job::r_ppdClose(ppd);
+  return names;
+}
+
+// A stream does not say whether the standard option or the own one was used.
+TEST(LinesOfAStream, HaveTheNamesOfStandardOptions) {
+  EXPECT_EQ(namesInStream("QVInputSlot=FeedTray2")["MEDIASOURCE"], "Paper source: Tray 2");
+  EXPECT_EQ(namesInStream("")["MEDIASOURCE"], "Paper source: Automatic");
+}
+
+// The standard option of this PPD lacks the tray.
+TEST(LinesOfAStream, HaveTheNameOfAnOwnOptionThatAloneHasTheChoice) {
+  EXPECT_EQ(namesInStream("QVInputSlot=StandardTray")["MEDIASOURCE"],
+            "Paper source (override): Standard tray");
+}
+
+TEST(LinesOfAStream, NameNoChoiceWhereSeveralHaveTheValue) {
+  EXPECT_EQ(namesInStream("QVInputSlot=FeedTray2")["AUTOSELECT"], "Paper source: OFF");
 }
 
 TEST(Explanation, HasEveryLineOfTheHeader) {
