@@ -90,6 +90,10 @@ bool wrotePage(const Arguments& arguments, const Page& page, const Console& cons
   return false;
 }
 
+bool showsChangedOnly(const Arguments& arguments, const Console& console) {
+  return arguments.changed || (console.outIsTerminal && !arguments.all);
+}
+
 int explainJob(const Arguments& arguments, const Console& console) {
   const PpdHandle ppd = localisedPpd(arguments, console);
   if (ppd == nullptr) return kExitFailed;
@@ -110,8 +114,7 @@ int explainJob(const Arguments& arguments, const Console& console) {
   if (arguments.json) {
     printExplanationJson(console.out, explanation);
   } else {
-    const bool changedOnly = arguments.changed || (console.outIsTerminal && !arguments.all);
-    printExplanation(console.out, explanation, changedOnly);
+    printExplanation(console.out, explanation, showsChangedOnly(arguments, console));
   }
   return explanation.remarks.empty() ? kExitDone : kExitFailed;
 }
@@ -152,7 +155,7 @@ int explainStream(const Arguments& arguments, const Console& console) {
   if (arguments.json) {
     printStreamJson(console.out, report, ppd.get());
   } else {
-    printStream(console.out, report, ppd.get());
+    printStream(console.out, report, ppd.get(), showsChangedOnly(arguments, console));
   }
   return report.findings.empty() ? kExitDone : kExitFailed;
 }
@@ -186,7 +189,8 @@ Action declareExplain(ArgumentList& list) {
       .excludes(options.valueName("NAME=VALUE"))
       .excludes(copies.valueName("COPIES").check(copiesProblem))
       .excludes(title.valueName("TITLE"));
-  const Argument all = list.addFlag("--all", arguments->all, "Every line of the header");
+  const Argument all = list.addFlag("--all", arguments->all,
+                                    "Every line of the header, and every section of a stream");
   list.addFlag("--changed", arguments->changed,
                "Only what differs from a job without options (default on a terminal)")
       .excludes(all);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <set>
 #include <sstream>
 
 #include "ctl/explain_text.hpp"
@@ -110,13 +111,18 @@ void writeSetting(std::ostream& out, const Page& page, const explain::Line& line
   out << "</dd>\n";
 }
 
-// In the header's order.
-std::vector<std::string> groupsOf(const std::vector<explain::Line>& lines) {
+// In the header's order, those without changes last.
+std::vector<std::string> groupsOf(const Page& page) {
   std::vector<std::string> groups;
-  for (const explain::Line& line : lines) {
+  std::set<std::string> changed;
+  for (const explain::Line& line : page.lines) {
+    if (line.variable.empty()) continue;
     const bool known = std::ranges::find(groups, line.label.group) != groups.end();
-    if (!line.variable.empty() && !known) groups.push_back(line.label.group);
+    if (!known) groups.push_back(line.label.group);
+    if (kindOf(page, line) != Kind::kSame) changed.insert(line.label.group);
   }
+  std::ranges::stable_partition(groups,
+                                [&](const std::string& group) { return changed.contains(group); });
   return groups;
 }
 
@@ -182,7 +188,7 @@ void writePage(std::ostream& out, const Page& page) {
   writeSummary(out, page);
   writePictures(out, page.pictures);
   writeProblems(out, page.problems);
-  for (const std::string& group : groupsOf(page.lines)) writeGroup(out, page, group);
+  for (const std::string& group : groupsOf(page)) writeGroup(out, page, group);
   out << "<h2>Header</h2>\n<pre>\n";
   for (const explain::Line& line : page.lines) out << escaped(lineText(line)) << "\n";
   out << "</pre>\n";

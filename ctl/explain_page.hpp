@@ -22,7 +22,7 @@ struct Page {
 };
 
 // Writes one HTML document that needs no other file: pictures of the pages, the problems, the
-// settings in the groups of the PPD (changed ones first), and the whole header.
+// settings in the groups of the PPD (changed groups and settings first), and the whole header.
 void writePage(std::ostream& out, const Page& page);
 
 }  // namespace kelm::ctl

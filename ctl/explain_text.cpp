@@ -209,15 +209,26 @@ void printExplanationJson(std::ostream& out, const explain::Explanation& explana
   out << object.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
 }
 
-void printStream(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd) {
+void printStream(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd,
+                 bool changedOnly) {
   for (const std::string& problem : problemTexts(report)) out << "WRONG " << problem << '\n';
+  std::size_t hidden = 0;
   for (const explain::Line& line : explain::linesOf(report, ppd)) {
+    if (changedOnly && !line.changed) {
+      ++hidden;
+      continue;
+    }
     out << padded(meaningText(line), kMeaningWidth) << lineText(line) << '\n';
   }
   for (const explain::Section& section : report.sections) {
+    if (changedOnly) break;
     const std::string& value = section.value.empty() ? section.choice : section.value;
     out << padded("PostScript at byte " + std::to_string(section.offset), kMeaningWidth)
         << shownText(section.keyword + "=" + value) << '\n';
+  }
+  if (hidden > 0) {
+    out << "(" << hidden
+        << " more lines are as in a job without options; --all shows them and the sections)\n";
   }
   out << report.header.size() << " lines of header, " << report.sections.size() << " sections, "
       << report.size << " bytes, " << report.findings.size() + report.moreFindings << " wrong\n";

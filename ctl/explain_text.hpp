@@ -39,9 +39,10 @@ void printExplanation(std::ostream& out, const explain::Explanation& explanation
 // One JSON object, with every line.
 void printExplanationJson(std::ostream& out, const explain::Explanation& explanation);
 
-// The findings, then one line for each line of the stream's header, and its sections. With a PPD,
-// the names are the PPD's.
-void printStream(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd);
+// The findings, then one line for each line of the stream's header, and its sections; or only for
+// those lines that differ from a job without options. With a PPD, the names are the PPD's.
+void printStream(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd,
+                 bool changedOnly);
 
 // One JSON object with all that the report has.
 void printStreamJson(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd);

@@ -111,6 +111,9 @@ diff "$W/sent" "$W/variables" || fail "explain and the filter name other variabl
 } >"$W/good.prn"
 explain 0 --stream "$W/good.prn"
 explain 0 --stream - <"$W/good.prn"
+explain 0 --stream "$W/good.prn" --ppd "$PPD" --changed
+grep -q '@PJL SET DUPLEX=ON$' "$W/out" || fail "no changed line: $(cat "$W/out")"
+if grep -q -e QVJOG -e '^PostScript' "$W/out"; then fail "lines without changes: $(cat "$W/out")"; fi
 sed 's/(LongEdge) userdict/(OFF) userdict/' "$W/good.prn" >"$W/bad.prn"
 explain 1 --stream "$W/bad.prn"
 grep -qF 'the PostScript says QVDuplex is "OFF", and the header says DUPLEX=ON' "$W/out" ||

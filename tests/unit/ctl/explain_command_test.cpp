@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -10,6 +11,7 @@
 #include "ctl/explain_page.hpp"
 #include "ctl/explain_text.hpp"
 #include "platform/fake/fake_platform.hpp"
+#include "tests/support/temporary_folder.hpp"
 #include "tests/unit/ctl/command_runner.hpp"
 
 namespace kelm::ctl {
@@ -80,6 +82,40 @@ TEST_F(ExplainCommand, RefusesArgumentsThatMakeNoSense) {
   EXPECT_EQ(runKelmctl({"explain", "--stream", "x", "-o", "a=b"}).status, 2);
 }
 
+// What the filter writes for a stapled job, with one section.
+std::string stapledStream(const tests::TemporaryFolder& folder) {
+  const auto json = nlohmann::json::parse(
+      runKelmctl({"explain", "--ppd", kPpd, "--json", "-o", "QVStapleMode=OneStaple"}).out);
+  std::string stream;
+  for (const auto& line : json["lines"]) {
+    const bool isFixed = line["variable"].is_null();
+    if (!isFixed) stream += "@PJL SET " + std::string(line["variable"]) + "=";
+    stream += std::string(line["value"]) + "\n";
+  }
+  stream +=
+      "%!PS-Adobe-3.0\n%%BeginFeature: *QVStapleMode OneStaple\n"
+      "(OneStaple) userdict exch /QVStapleMode exch put\n%%EndFeature\n";
+  const std::string path = folder.path() / "stream.prn";
+  tests::writeFile(path, stream);
+  return path;
+}
+
+TEST_F(ExplainCommand, ShowsOfAStreamOnlyWhatHasChanged) {
+  const tests::TemporaryFolder folder;
+  const std::string path = stapledStream(folder);
+  const Outcome every = runKelmctl({"explain", "--ppd", kPpd, "--stream", path.c_str(), "--all"});
+  EXPECT_EQ(every.status, 0) << every.out;
+  EXPECT_THAT(every.out, HasSubstr("@PJL SET QVJOG=OFF\n"));
+  EXPECT_THAT(every.out, HasSubstr("QVStapleMode=OneStaple\n"));
+  EXPECT_EQ(runKelmctl({"explain", "--ppd", kPpd, "--stream", path.c_str()}).out, every.out);
+  const Outcome changed =
+      runKelmctl({"explain", "--ppd", kPpd, "--stream", path.c_str(), "--changed"});
+  EXPECT_EQ(changed.status, 0);
+  EXPECT_THAT(changed.out, testing::StartsWith("Staple: One, top left                       "
+                                               "@PJL SET QVSTAPLEMODE=1STAPLE\n("));
+  EXPECT_EQ(std::count(changed.out.begin(), changed.out.end(), '\n'), 3) << changed.out;
+}
+
 TEST_F(ExplainCommand, FailsForAStreamThatCannotBeRead) {
   const Outcome outcome = runKelmctl({"explain", "--stream", "/nonexistent/stream"});
   EXPECT_EQ(outcome.status, 1);
@@ -126,6 +162,30 @@ TEST(ExplainPage, IsWholeAndQuotesWhatItShows) {
     EXPECT_THAT(out.str(), HasSubstr("src=\"data:image/png;base64," + std::string(picture) + "\""));
   }
   EXPECT_THAT(out.str(), Not(HasSubstr("http")));
+}
+
+TEST(ExplainPage, HasGroupsWithoutChangesAfterTheOthers) {
+  const auto line = [](const char* variable, const char* group, bool changed) {
+    explain::Line made;
+    made.variable = variable;
+    made.label = {variable, "On", group};
+    made.changed = changed;
+    return made;
+  };
+  Page page{"Title",
+            {},
+            {line("A", "First", false), line("B", "Second", true), line("C", "Third", false),
+             line("D", "Fourth", false)},
+            false};
+  page.wrong["D"] = "wrong";
+  std::ostringstream out;
+  writePage(out, page);
+  std::vector<std::size_t> places;
+  for (const char* group : {"Second", "Fourth", "First", "Third"}) {
+    places.push_back(out.str().find("<h2>" + std::string(group)));
+  }
+  EXPECT_TRUE(std::ranges::is_sorted(places));
+  EXPECT_NE(places.back(), std::string::npos);
 }
 
 TEST(ShownText, ShowsBytesThatAreNoUtf8) {
