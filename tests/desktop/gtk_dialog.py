@@ -13,6 +13,11 @@ from gi.repository import GLib, GObject, Gtk  # noqa: E402
 # The tab for what has no other place.
 ADVANCED = ["PIN", "Wait after proof copy", "Output method", "Folder", "Job name", "Owner name",
             "Job comment", "Collate copies (override)"]
+# GTK's own controls, with any printer.
+OF_GTK = ["Pages per side", "Page ordering", "Priority", "Billing info", "Before", "After",
+          "Printer Profile"]
+# The most controls of the printer that a person has to look through on each tab.
+MOST = {"Page Setup": 4, "Finishing": 41, "Image Quality": 23, "Color": 14, "Advanced": len(ADVANCED)}
 failures = []
 
 
@@ -83,7 +88,11 @@ def tabs(dialog):
 def check_tabs(dialog):
     shown = tabs(dialog)
     for name, controls in shown.items():
-        print(name, len(controls), [label_of(each) for each in controls])
+        labels = [label_of(each) for each in controls]
+        print(name, len(labels), labels)
+        own = len([each for each in labels if each not in OF_GTK])
+        if own > MOST.get(name, 0):
+            failures.append(f"the tab {name!r} has {own} controls, not {MOST.get(name, 0)} at most")
     for name in ("Finishing", "Image Quality", "Color"):
         if not shown.get(name):
             failures.append(f"the tab {name!r} is empty")

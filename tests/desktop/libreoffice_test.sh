@@ -36,9 +36,12 @@ started soffice $!
 timeout 200 /usr/bin/python3 "$SOURCE/tests/desktop/libreoffice_dialog.py" kelm "$W/report.fodt" "kelm$$" \
   >"$W/print_log" 2>&1 || fail "LibreOffice: $(cat "$W/print_log")"
 expect_job DUPLEX=ON BINDING=LONGEDGE COPIES=3 MEDIASOURCE=TRAY2
+expect_stored QVDuplex=LongEdge QVInputSlot=FeedTray2 QVCollate=False
 stop soffice
 
 : >"$W/printer.out"
 timeout 100 soffice --headless --norestore "-env:UserInstallation=file://$W/profile" \
   --pt kelm "$W/report.fodt" >"$W/print_log" 2>&1 || fail "LibreOffice: $(cat "$W/print_log")"
-expect_job DUPLEX=OFF QTY=1 QVPAGESIZE=A5
+expect_job DUPLEX=OFF QTY=1 QVPAGESIZE=A5 QVPAGESIZEWIDTH=14800 QVPAGESIZEHEIGHT=21000
+expect_stored QVDuplex=OFF QVInputSlot=Auto QVCollate=True
+expect_line "$W/printed" '%%BeginFeature: *PageSize A5'
