@@ -1,4 +1,5 @@
-// make bench: throughput, start-up and memory of kelmfilter beside cat, pstops and a bare program.
+// make bench: throughput, start-up and memory of kelmfilter beside cat, pstops and a bare program,
+// and how fast kelmctl explain reads a printer stream.
 // SPDX-License-Identifier: Apache-2.0
 
 #include <cstdio>
@@ -26,6 +27,7 @@ constexpr int kGrowthRuns = 5;
 
 const Command kCat{"/bin/cat"};
 const Command kFilter{KELM_FILTER, "1", "user", "title", "1", ""};
+const Command kExplain{KELM_CTL, "explain", "--stream", "-"};
 const Command kBare{KELM_BARE};
 const Command kBareWithPpd{KELM_BARE, KELM_PPD};
 
@@ -49,6 +51,22 @@ void throughput(const char* name, const std::string& content) {
   std::printf("%-12s %8.0f %12.0f %8.0f %14.2f %14.1f\n", name, rate(times[0]), rate(times[1]),
               rate(times[2]), times[0] / times[1], times[2] / times[1]);
   std::filesystem::remove(file);
+}
+
+void explain(const char* name, const std::string& content) {
+  const std::string job = writeJob(name, content);
+  const std::string stream = job + ".prn";
+  const Command print{"/bin/sh",   "-c", "exec \"$0\" 1 user title 1 \"\" \"$1\" >\"$2\"",
+                      KELM_FILTER, job,  stream};
+  secondsToExit(print, job);
+  const auto size = static_cast<double>(std::filesystem::file_size(stream));
+  const auto times = kelm::bench::mediansInTurns({[&] { return secondsIntoPipe(kCat, stream); },
+                                                  [&] { return secondsToExit(kExplain, stream); }},
+                                                 kThroughputRuns);
+  std::printf("%-12s %8.0f %12.0f %14.2f\n", name, size / kMegabyte / times[0],
+              size / kMegabyte / times[1], times[0] / times[1]);
+  std::filesystem::remove(job);
+  std::filesystem::remove(stream);
 }
 
 void startUp() {
@@ -110,6 +128,11 @@ int main() {
               "filter/pstops");
   throughput("line-art", kelm::bench::lineArt(kJobBytes));
   throughput("binary", kelm::bench::binaryImage(kJobBytes));
+  std::printf("\nkelmctl explain --stream, MB/s, medians of %d runs in turns, streams of 256 MB\n",
+              kThroughputRuns);
+  std::printf("%-12s %8s %12s %14s\n", "", "cat", "explain", "explain/cat");
+  explain("line-art", kelm::bench::lineArt(kJobBytes));
+  explain("binary", kelm::bench::binaryImage(kJobBytes));
   startUp();
   growth();
   return 0;
