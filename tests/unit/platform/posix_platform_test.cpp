@@ -6,8 +6,10 @@
 #include <fcntl.h>
 #include <gmock/gmock.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <syslog.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -15,6 +17,7 @@
 #include <ctime>
 #include <string_view>
 
+#include "platform/standard_streams.hpp"
 #include "tests/support/child.hpp"
 #include "tests/support/own_computer.hpp"
 
@@ -113,6 +116,24 @@ TEST(PosixSystemLog, LosesTheMessageWhereThereIsNone) {
               return "alive";
             }),
             "alive");
+}
+
+bool isDevNull(int descriptor) {
+  struct stat is {};
+  struct stat null {};
+  return fstat(descriptor, &is) == 0 && stat("/dev/null", &null) == 0 && is.st_rdev == null.st_rdev;
+}
+
+TEST(StandardStreams, ThatAreClosedBecomeDevNull) {
+  for (const int closed : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    EXPECT_EQ(inChild([closed] {
+                close(closed);
+                openStandardStreams();
+                return isDevNull(closed) ? "empty" : "closed";
+              }),
+              "empty")
+        << closed;
+  }
 }
 
 }  // namespace

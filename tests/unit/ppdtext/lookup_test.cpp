@@ -58,6 +58,7 @@ TEST(FindAttr, ComparesTheSpecExactly) {
   EXPECT_EQ(KelmPPD::ppdFindAttr_attrName_attrSpcec_(&file, "Foo", "A4"), &second);
   EXPECT_EQ(KelmPPD::ppdFindAttr_attrName_attrSpcec_(&file, "Foo", "a4"), nullptr);
   EXPECT_EQ(KelmPPD::ppdFindAttr_attrName_attrSpcec_(&file, "Foo", nullptr), &second);
+  EXPECT_EQ(KelmPPD::ppdFindAttr_attrName_attrSpcec_(&file, "Foo", ""), &second);
 }
 
 TEST_F(Lookup, FindsNoAttributeWithoutANameOrARecord) {

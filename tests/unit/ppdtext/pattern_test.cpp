@@ -94,6 +94,9 @@ TEST(Pattern, ThatNeedsTooMuchMemoryExceedsTheBudget) {
   SearchBudget budget(text);
   EXPECT_FALSE(Pattern(u"(a|b)*c").firstMatch(text, budget));
   EXPECT_TRUE(budget.isExceeded());
+  SearchBudget ofAll(text);
+  EXPECT_THAT(Pattern(u"(a|b)*c").allMatches(text, ofAll), ElementsAre());
+  EXPECT_TRUE(ofAll.isExceeded());
 }
 
 TEST(Pattern, GivesNoRangeToAGroupThatTookNoPart) {
