@@ -101,17 +101,21 @@ TEST(StandardOptions, MayBeWordsOfMedia) {
   EXPECT_EQ(Settled(Options{{"media", "cardstock"}}).option("QVMediaType"), "CardIJ");
 }
 
-// The shipped PPD with another default, as lpadmin -o writes it.
+// The shipped PPD with other defaults, as lpadmin -o writes them.
 class Queue {
  public:
-  Queue(const std::string& option, const std::string& choice) {
+  explicit Queue(const Options& defaults) {
     std::ifstream shipped(KELM_PPD);
     std::ofstream changed(path());
-    const std::string begin = "*Default" + option + ": ";
     for (std::string line; std::getline(shipped, line);) {
-      changed << (line.starts_with(begin) ? begin + choice : line) << '\n';
+      for (const auto& [option, choice] : defaults) {
+        const std::string begin = "*Default" + option + ": ";
+        if (line.starts_with(begin)) line = begin + choice;
+      }
+      changed << line << '\n';
     }
   }
+  Queue(const std::string& option, const std::string& choice) : Queue(Options{{option, choice}}) {}
 
   Settled settled(const Options& options) const { return Settled(options, 1, path().c_str()); }
 
@@ -154,6 +158,13 @@ TEST(DefaultOfTheQueue, IsTakenBackByTheJob) {
     Settled settled = Queue(each.option, each.choice).settled({{each.option, each.other}});
     EXPECT_EQ(settled.option(each.own), each.settled) << each.option;
   }
+}
+
+TEST(DefaultOfTheQueue, IsTakenBackWithTheDefaultOfTheOwnOption) {
+  const Queue queue(Options{{"Duplex", "DuplexTumble"}, {"QVDuplex", "LongEdge"}});
+  Settled settled = queue.settled({{"Duplex", "None"}});
+  EXPECT_EQ(settled.option("QVDuplex"), "OFF");
+  EXPECT_THAT(settled.changes(), Contains(Pair("QVDuplex", "OFF")));
 }
 
 TEST(DefaultOfTheQueue, LosesAgainstTheOwnOptionOfTheJob) {
@@ -264,6 +275,9 @@ TEST(PageSize, ReplacesAMappedPaperThatIsAnother) {
   constexpr char kMapped[] = "com.apple.print.PageToPaperMappingMediaName";
   EXPECT_EQ(Settled(Options{{kMapped, "B5"}}).option(kMapped), "absent");
   EXPECT_EQ(Settled(Options{{kMapped, "A4"}}).option(kMapped), "A4");
+  EXPECT_EQ(Settled(Options{{kMapped, "Custom.595x842"}}).option(kMapped), "Custom.595x842");
+  EXPECT_EQ(Settled(Options{{kMapped, "Custom.595x700"}}).option(kMapped), "absent");
+  EXPECT_EQ(Settled(Options{{kMapped, "Custom.500x842"}}).option(kMapped), "absent");
 }
 
 TEST(Orientation, FollowsAWideCustomPaperUnlessTheJobAsksForTheOther) {
@@ -303,6 +317,14 @@ TEST(Copies, ThatCupsMakesAreNotAskedForAgain) {
   Settled settled(Options{{"Collate", "False"},
                           {"multiple-document-handling", "separate-documents-collated-copies"}},
                   3);
+  EXPECT_EQ(settled.option(kCopies), "1");
+  EXPECT_EQ(settled.job().copiesOfHeader, 0);
+}
+
+// pstops does not ask a printer for more than 9999 copies.
+TEST(Copies, AboveTheLargestNumberAreMadeByCups) {
+  EXPECT_EQ(Settled({}, 9999).job().copiesOfHeader, 9999);
+  Settled settled({}, 10000);
   EXPECT_EQ(settled.option(kCopies), "1");
   EXPECT_EQ(settled.job().copiesOfHeader, 0);
 }
