@@ -245,6 +245,9 @@ TEST(OwnOptions, OfABookletFlipOnTheShortEdge) {
 
 TEST(JobPassword, IsThePin) {
   EXPECT_EQ(Settled(Options{{"job-password", "1234"}}).option("QVSecretNumInfo"), "1234");
+  EXPECT_EQ(Settled(Options{{"job-password", "1234"}, {"QVSecretNumInfo", "77"}})
+                .option("QVSecretNumInfo"),
+            "77");
   EXPECT_EQ(Settled(Options{{"job-password", "12a4"}}).option("QVSecretNumInfo"), "OFF");
   EXPECT_EQ(Settled(Options{{"job-password", "123456789"}}).option("QVSecretNumInfo"), "OFF");
   EXPECT_EQ(Settled(Options{{"job-password", "31"}, {"job-password-encryption", "sha2-256"}})

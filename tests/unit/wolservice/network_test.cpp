@@ -68,5 +68,14 @@ TEST(NumericText, KeepsTheZone) {
 
 TEST(Locate, GivesNothingForWhatIsNoHost) { EXPECT_FALSE(locate("..")); }
 
+// A name may take long to look up, and where it leads is checked later.
+TEST(NumericAddress, IsThatOfANumberAlone) {
+  EXPECT_TRUE(numericAddress("10.0.0.5"));
+  EXPECT_TRUE(numericAddress("fe80::1"));
+  EXPECT_FALSE(numericAddress("localhost"));
+  EXPECT_TRUE(mayBeAPrinter("localhost"));
+  EXPECT_FALSE(mayBeAPrinter("127.0.0.1"));
+}
+
 }  // namespace
 }  // namespace kelm::wolservice
