@@ -129,13 +129,21 @@ std::string classProblem(const std::string& name) {
 
 PrintServer::PrintServer(const std::string& name, const Console& console,
                          std::chrono::seconds patience)
-    : console_(console), patience_(patience) {
-  cupsSetServer(name.empty() ? nullptr : name.c_str());
+    : console_(console), patience_(patience), argument_(name) {
+  makeCurrent();
   host_ = cupsServer();
   port_ = ippPort();
   name_ = name.empty() ? host_ : name;
   const bool isOwnPort = port_ != IPP_PORT && !host_.starts_with('/');
   if (name.empty() && isOwnPort) name_ += ":" + std::to_string(port_);
+}
+
+// Some calls of libcups make the names of queues from its current server, even over a connection to
+// another one. A name without a port would keep the port of the server before.
+void PrintServer::makeCurrent() {
+  cupsSetServer(nullptr);
+  if (!argument_.empty()) cupsSetServer(argument_.c_str());
+  cupsSetPasswordCB2(passwordFor, this);
 }
 
 // The question of libcups itself would go to standard output, among the results, and it calls every
@@ -168,7 +176,7 @@ bool PrintServer::attempt(const std::function<bool()>& request) {
   isSilent_ = false;
   unreachable_ = !connect();
   if (unreachable_) return false;
-  cupsSetPasswordCB2(passwordFor, this);
+  makeCurrent();
   const auto start = Clock::now();
   if (request() || !isWorthAnotherAttempt()) return true;
   isSilent_ = Clock::now() - start >= std::chrono::seconds(kAnswerLimit);
@@ -425,6 +433,7 @@ JobState PrintServer::jobState(int job) {
 }
 
 void PrintServer::cancel(const std::string& queue, int job) {
+  makeCurrent();
   if (connect()) cupsCancelJob2(http_.get(), queue.c_str(), job, 0);
 }
 

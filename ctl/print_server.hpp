@@ -109,6 +109,7 @@ class PrintServer {
   static const char* passwordFor(const char* prompt, http_t* http, const char* method,
                                  const char* resource, void* server);
   const char* askForPassword();
+  void makeCurrent();
   bool connect();
   bool attempt(const std::function<bool()>& request);
   bool perform(const std::function<bool()>& request);
@@ -122,6 +123,7 @@ class PrintServer {
 
   const Console& console_;
   std::chrono::seconds patience_;
+  std::string argument_;  // the name as it was given
   std::string name_;
   std::string host_;
   int port_ = 0;

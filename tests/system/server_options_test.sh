@@ -37,7 +37,7 @@ printer_mib "$HERE/printers/few_boxes.mib" | agent_start second 127.0.0.2
 cups_queue other socket://127.0.0.1 "$HERE/lib/queue.ppd"
 
 # The password is read from the terminal, once for all queues of a server, and not shown.
-on_terminal 'Password for clerk on' 'open sesame' -- "$KELMCTL" sync kelm other -U clerk
+on_terminal 'Password for clerk on 127.0.0.1? ' 'open sesame' -- "$KELMCTL" sync kelm other -U clerk
 expect "status with the password" 0 "$status"
 expect "questions" 1 "$(grep -c 'Password for clerk' "$W/terminal")"
 ! grep -q sesame "$W/terminal" || fail "the password is shown"
@@ -63,9 +63,30 @@ grep -q 'the print server refuses the update job for the queue "kelm": ' "$W/ter
 on_terminal 'Password for' '' -- "$KELMCTL" sync kelm -U clerk --address 127.0.0.2
 expect "status without a password" 1 "$status"
 
+# Two servers on one computer: the password for each is asked for by name, and counted by itself.
+cp -a "$CUPS" "$W/second_server"
+sed -i "s|$CUPS|$W/second_server|g; s/127.0.0.1:631/127.0.0.1:632/" "$W/second_server/etc/cupsd.conf" \
+  "$W/second_server/etc/cups-files.conf"
+/usr/sbin/cupsd -f -c "$W/second_server/etc/cupsd.conf" -s "$W/second_server/etc/cups-files.conf" \
+  >"$W/second_log" 2>&1 </dev/null &
+started second_server $!
+wait_until 5 printer_listens 632 || fail "no second server"
+two_servers='--jobs 1 -U clerk --address 127.0.0.2 -h 127.0.0.1:631 -h 127.0.0.1:632'
+# shellcheck disable=SC2086
+on_terminal 'for clerk on 127.0.0.1:631? ' wrong 'on 127.0.0.1:631? ' wrong 'on 127.0.0.1:631? ' wrong \
+  'Password for clerk on 127.0.0.1:632? ' 'open sesame' -- "$KELMCTL" sync kelm $two_servers
+expect "status with one password of two" 3 "$status"
+grep -q '127.0.0.1:631/kelm: failed: the print server refuses' "$W/terminal" || fail "$(cat "$W/terminal")"
+grep -q '127.0.0.1:632/kelm: done, ' "$W/terminal" || fail "$(cat "$W/terminal")"
+# shellcheck disable=SC2086
+on_terminal 'on 127.0.0.1:631? ' 'open sesame' -- "$KELMCTL" sync kelm $two_servers
+expect "status with the other password" 0 "$status"
+expect "questions" 1 "$(grep -c 'Password for' "$W/terminal")"
+stop second_server
+
 # Without a terminal nothing is asked.
 status=0
-setsid -w "$KELMCTL" sync kelm --address 127.0.0.2 -U clerk >"$W/out" 2>"$W/err" </dev/null || status=$?
+setsid -w "$KELMCTL" sync other --address 127.0.0.2 -U clerk >"$W/out" 2>"$W/err" </dev/null || status=$?
 expect "status without a terminal" 1 "$status"
 grep -q 'refuses the update job' "$W/err" || fail "no word about it: $(cat "$W/err")"
 expect "jobs left" '' "$(lpstat -W not-completed -o)"
