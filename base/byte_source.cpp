@@ -20,6 +20,19 @@ bool waitToRepeat(int descriptor, short events, int error) {
   return poll(&ready, 1, -1) >= 0 || errno == EINTR;
 }
 
+// As writeAll; `bytes` are afterwards those that are not written.
+int writeFront(int descriptor, std::span<const char>& bytes) {
+  while (!bytes.empty()) {
+    const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
+    if (count >= 0) {
+      bytes = bytes.subspan(static_cast<std::size_t>(count));
+    } else if (const int error = errno; !waitToRepeat(descriptor, POLLOUT, error)) {
+      return error;
+    }
+  }
+  return 0;
+}
+
 }  // namespace
 
 std::size_t DescriptorSource::read(std::span<char> room) {
@@ -33,28 +46,17 @@ std::size_t DescriptorSource::read(std::span<char> room) {
   }
 }
 
-int writeAll(int descriptor, std::span<const char> bytes) {
-  while (!bytes.empty()) {
-    const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());
-    if (count >= 0) {
-      bytes = bytes.subspan(static_cast<std::size_t>(count));
-    } else if (const int error = errno; !waitToRepeat(descriptor, POLLOUT, error)) {
-      return error;
-    }
-  }
-  return 0;
-}
+int writeAll(int descriptor, std::span<const char> bytes) { return writeFront(descriptor, bytes); }
 
 DescriptorSink::DescriptorSink(int descriptor, OnFailure onFailure)
     : descriptor_(descriptor), onFailure_(std::move(onFailure)) {}
 
 void DescriptorSink::write(std::span<const char> bytes) {
-  const int error = writeAll(descriptor_, bytes);
-  if (error == 0) {
-    written_ += bytes.size();
-  } else if (const OnFailure report = std::exchange(onFailure_, nullptr)) {
-    report(error, written_);
-  }
+  const std::size_t size = bytes.size();
+  const int error = writeFront(descriptor_, bytes);
+  written_ += size - bytes.size();
+  if (error == 0) return;
+  if (const OnFailure report = std::exchange(onFailure_, nullptr)) report(error, written_);
 }
 
 }  // namespace kelm::base

@@ -6,11 +6,13 @@
 #include <gtest/gtest.h>
 #include <pthread.h>
 #include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <cstdio>
 #include <string>
 #include <thread>
 
@@ -182,6 +184,26 @@ TEST(DescriptorSink, ReportsTheFirstFailedWriteOnly) {
   sink.write(std::string_view("lost too"));
   signal(SIGPIPE, before);
   EXPECT_EQ(reports, std::to_string(EPIPE) + " after 5;");
+}
+
+// A file of 6 bytes at most: of the second write, half arrives.
+TEST(DescriptorSink, CountsWhatWasWrittenOfAFailedWrite) {
+  const auto before = signal(SIGXFSZ, SIG_IGN);
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  const rlimit small{6, limit.rlim_max};
+  std::FILE* const file = std::tmpfile();
+  std::string reports;
+  DescriptorSink sink(fileno(file), [&](int error, std::uint64_t written) {
+    reports += std::to_string(error) + " after " + std::to_string(written) + ";";
+  });
+  setrlimit(RLIMIT_FSIZE, &small);
+  sink.write(std::string_view("abcd"));
+  sink.write(std::string_view("efgh"));
+  setrlimit(RLIMIT_FSIZE, &limit);
+  signal(SIGXFSZ, before);
+  std::fclose(file);
+  EXPECT_EQ(reports, std::to_string(EFBIG) + " after 6;");
 }
 
 }  // namespace

@@ -155,6 +155,20 @@ TEST_F(Pipeline, SaysInTheSystemLogWhyAFileCannotBeOpened) {
             "|[Driver] cannot open the job's file /nonexistent.ps: No such file or directory");
 }
 
+TEST_F(Pipeline, EndsWellWhereNothingCanBeWritten) {
+  const std::string file = fileOf(std::string(1U << 20U, 'x'));
+  EXPECT_EQ(tests::inChild([&] {
+              platform::FakePlatform platform;
+              std::vector<std::string> arguments = jobOf("", file);
+              std::vector<char*> argv;
+              for (std::string& argument : arguments) argv.push_back(argument.data());
+              argv.push_back(nullptr);
+              std::FILE* const full = std::fopen("/dev/full", "w");
+              return std::to_string(runFilter(7, argv.data(), full));
+            }),
+            "0");
+}
+
 void shortly() { std::this_thread::sleep_for(std::chrono::milliseconds(10)); }
 
 bool terminationIsCaught() {
