@@ -1,0 +1,73 @@
+#!/bin/sh
+# kelmctl and the wake-up service without some of the streams 0, 1 and 2: they do their work, nothing hangs,
+# and no file or socket of theirs becomes a standard stream. The filter's part is in streams_test.sh.
+# Time limit: 120 s
+# SPDX-License-Identifier: Apache-2.0
+# shellcheck source=tests/system/lib/common.sh
+. "${0%/*}/lib/common.sh"
+# shellcheck source=tests/system/lib/cups.sh
+. "$HERE/lib/cups.sh"
+# shellcheck source=tests/system/lib/bus.sh
+. "$HERE/lib/bus.sh"
+# shellcheck source=tests/system/lib/printer_host.sh
+. "$HERE/lib/printer_host.sh"
+
+KELMCTL=$BUILD/kelmctl
+
+# closed REDIRECTIONS COMMAND... : runs the command without these streams, within 20 seconds; $status, and
+# its output in $W/out and $W/err where it has these streams
+closed() {
+  redirections=$1
+  shift
+  : >"$W/out"
+  : >"$W/err"
+  status=0
+  timeout -k 1 20 sh -c "exec \"\$@\" $redirections" sh "$@" </dev/null >"$W/out" 2>"$W/err" || status=$?
+}
+
+printer_host_start
+printer_agent_start
+bus_start
+bus_wake_service
+cups_setup
+cups_start
+cups_queue kelm socket://10.77.0.2 "$HERE/lib/queue.ppd"
+"$KELMCTL" settings kelm >"$W/settings"
+
+for streams in '<&-' '>&-' '2>&-' '<&- >&-' '<&- 2>&-' '>&- 2>&-' '<&- >&- 2>&-'; do
+  # A queue's settings come over a socket, which must not become the output.
+  closed "$streams" "$KELMCTL" settings kelm
+  expect "status of settings without $streams" 0 "$status"
+  case $streams in
+    *'>&-'*'2>&-'* | '>&-' | '<&- >&-') expect "output without $streams" '' "$(cat "$W/out")" ;;
+    *) cmp "$W/settings" "$W/out" || fail "other settings without $streams" ;;
+  esac
+  # A printer is asked in processes of its own, whose pipes must not become standard streams either.
+  closed "$streams" "$KELMCTL" wake --mac 00:80:92:12:34:56 --address 10.77.0.2
+  expect "status of wake without $streams" 0 "$status"
+  # Standard input without a stream is an empty one.
+  closed "$streams" "$KELMCTL" explain --stream -
+  expect "status of explain without $streams" 1 "$status"
+  # Messages go nowhere else.
+  closed "$streams" "$KELMCTL" settings nothere
+  expect "status of a failure without $streams" 1 "$status"
+  expect "output of a failure without $streams" '' "$(cat "$W/out")"
+  closed "$streams" "$BUILD/KelmWoLServices" usage
+  expect "status of the service without $streams" 2 "$status"
+  expect "output of the service without $streams" '' "$(cat "$W/out")"
+done
+wait_until 15 service_is_gone || fail "the service stays without work"
+
+# The service without any standard stream serves as ever: it holds the null device in their places.
+cat >"$W/wake_service" <<END
+#!/bin/sh
+echo \$\$ >>"$W/service_pid"
+exec setpriv --reuid=kelmwol --regid=nogroup --clear-groups --no-new-privs --bounding-set=-all \
+  --inh-caps=-all "$BUILD/KelmWoLServices" <&- >&- 2>&-
+END
+wake 0 --mac 00:80:92:12:34:56 --address 10.77.0.2
+pid=$(tail -n 1 "$W/service_pid")
+for stream in 0 1 2; do
+  expect "stream $stream of the service" /dev/null "$(readlink "/proc/$pid/fd/$stream")"
+done
+wait_until 15 service_is_gone || fail "the service stays without work"
