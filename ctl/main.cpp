@@ -5,7 +5,11 @@
 #include <iostream>
 
 #include "ctl/command_line.hpp"
+#include "platform/out_of_memory.hpp"
 #include "platform/standard_streams.hpp"
+
+const std::string_view kelm::platform::kOutOfMemory =
+    "kelmctl: out of memory; what was not reported was not finished\n";
 
 int main(int argc, char* argv[]) {
   kelm::platform::openStandardStreams();

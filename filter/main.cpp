@@ -5,8 +5,13 @@
 #include "filter/pipeline.hpp"
 #include "filter/printer_output.hpp"
 #include "filter/termination.hpp"
+#include "platform/out_of_memory.hpp"
 #include "platform/pipe.hpp"
 #include "platform/standard_streams.hpp"
+
+// In CUPS' own form.
+const std::string_view kelm::platform::kOutOfMemory =
+    "ERROR: Unable to print the job - out of memory\n";
 
 int main(int argc, char* argv[]) {
   kelm::filter::catchTermination();

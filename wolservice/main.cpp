@@ -4,10 +4,13 @@
 #include <cstdint>
 #include <cstdio>
 
+#include "platform/out_of_memory.hpp"
 #include "platform/standard_streams.hpp"
 #include "snmp/bracketed_address.hpp"
 #include "snmp/qv_snmp_helper.hpp"
 #include "wolservice/service.hpp"
+
+const std::string_view kelm::platform::kOutOfMemory = "KelmWoLServices: out of memory\n";
 
 namespace {
 

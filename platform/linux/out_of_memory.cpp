@@ -1,11 +1,12 @@
-// An allocation that fails ends the filter with exit status 1 and one line for CUPS on standard
-// error. The libraries that libcups uses do not check all of their allocations, so this replaces
-// the C library's allocators, which those of C++ use too.
+// An allocation that fails ends the program with exit status 1 and one line on standard error. The
+// libraries that libcups uses do not check all of their allocations, so this replaces the C
+// library's allocators, which those of C++ use too.
 // SPDX-License-Identifier: Apache-2.0
+#include "platform/out_of_memory.hpp"
+
 #include <unistd.h>
 
 #include <cstddef>
-#include <string_view>
 
 #include "base/byte_source.hpp"
 
@@ -24,8 +25,7 @@ namespace {
 // Without stdio and atexit, which may need memory.
 void* checked(void* memory, std::size_t size) {
   if (memory != nullptr || size == 0) return memory;
-  constexpr std::string_view kMessage = "ERROR: Unable to print the job - out of memory\n";
-  kelm::base::writeAll(STDERR_FILENO, kMessage);
+  kelm::base::writeAll(STDERR_FILENO, kelm::platform::kOutOfMemory);
   _exit(1);
 }
 

@@ -109,8 +109,8 @@ TEST(Layers, ADirectoryLinksWhatItIncludes) {
   }
 }
 
-// It links two small libraries of the platform, and nothing else of it.
-TEST(Layers, TheWakeUpServiceTakesTwoHeadersOfThePlatform) {
+// It links small libraries of the platform, and nothing else of it.
+TEST(Layers, TheWakeUpServiceTakesThreeHeadersOfThePlatform) {
   Names headers;
   for (const auto& entry : fs::directory_iterator(fs::path(KELM_SOURCE_FOLDER) / "wolservice")) {
     std::ifstream file(entry.path());
@@ -118,7 +118,8 @@ TEST(Layers, TheWakeUpServiceTakesTwoHeadersOfThePlatform) {
       if (line.starts_with("#include \"platform/")) headers.insert(line);
     }
   }
-  EXPECT_EQ(headers, (Names{"#include \"platform/standard_streams.hpp\"",
+  EXPECT_EQ(headers, (Names{"#include \"platform/out_of_memory.hpp\"",
+                            "#include \"platform/standard_streams.hpp\"",
                             "#include \"platform/wake_up_names.hpp\""}));
 }
 
