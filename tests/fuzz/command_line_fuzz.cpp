@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ctl/command_line.hpp"
@@ -21,11 +22,36 @@ void expect(bool truth) {
   if (!truth) std::abort();
 }
 
+bool isControlByte(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return (byte < 0x20 && c != '\n') || byte == 0x7F;
+}
+
+// The first two bytes of C1 controls, line separators and bidirectional controls in UTF-8, and the
+// range of the last byte. The bytes of other characters never contain them.
+struct ControlRange {
+  std::string_view front;
+  unsigned char first;
+  unsigned char last;
+};
+constexpr ControlRange kControls[] = {
+    {"\xC2", 0x80, 0x9F}, {"\xE2\x80", 0xA8, 0xAE}, {"\xE2\x81", 0xA6, 0xA9}};
+
+bool hasControlCharacter(std::string_view text) {
+  for (const ControlRange& range : kControls) {
+    for (std::size_t at = text.find(range.front); at != std::string_view::npos;
+         at = text.find(range.front, at + 1)) {
+      const std::size_t last = at + range.front.size();
+      if (last >= text.size()) continue;
+      const auto byte = static_cast<unsigned char>(text[last]);
+      if (byte >= range.first && byte <= range.last) return true;
+    }
+  }
+  return false;
+}
+
 bool steersNoTerminal(const std::string& text) {
-  return std::none_of(text.begin(), text.end(), [](char c) {
-    const auto byte = static_cast<unsigned char>(c);
-    return (byte < 0x20 && c != '\n') || byte == 0x7F;
-  });
+  return std::none_of(text.begin(), text.end(), isControlByte) && !hasControlCharacter(text);
 }
 
 }  // namespace

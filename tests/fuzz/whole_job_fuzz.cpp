@@ -1,5 +1,6 @@
-// Any command line, environment, PPD and PostScript of one job: it gets a whole header and its
-// PostScript, or, being an update job, nothing on standard output.
+// Any command line, environment, PPD and PostScript of one job, with standard options where the PPD
+// asks for them: it gets a whole header and its PostScript, or, being an update job, nothing on
+// standard output.
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <array>
@@ -17,6 +18,7 @@
 #include "platform/fake/fake_platform.hpp"
 #include "ppdsettings/update_job.hpp"
 #include "psrewrite/job_stream.hpp"
+#include "stdoptions/standard_options.hpp"
 #include "tests/support/memory_file.hpp"
 #include "tests/support/memory_job.hpp"
 
@@ -46,7 +48,8 @@ void update(const kelm::job::PrintJobData& job) {
   stderr = own;
 }
 
-void print(kelm::job::PrintJobData& job, std::string_view postScript) {
+void print(kelm::job::PrintJobData& job, int copies, std::string_view postScript) {
+  kelm::stdoptions::settleOptions(job, copies);
   kelm::job::decideCustomPaper(job);
   kelm::job::decideOutputFace(job);
   kelm::tests::MemorySource source(postScript);
@@ -79,10 +82,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                                id.data(),   options.data(), nullptr};
   kelm::job::PrintJobData job;
   if (!kelm::job::InitializePrintJobData(6, argv.data(), &job)) std::abort();
+  if (job.ppd != nullptr) kelm::job::r_ppdLocalize(job.ppd);
   if (kelm::ppdsettings::ShouldUpdatePPD(&job)) {
     update(job);
   } else {
-    print(job, rest);
+    print(job, static_cast<int>(title.size() % 4), rest);
   }
   freeJob(job);
   return 0;

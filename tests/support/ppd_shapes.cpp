@@ -84,6 +84,17 @@ std::string marksInALine(int n) {
   return text;
 }
 
+// Keywords that are patterns, and as such find themselves: each is searched for in the whole text,
+// within a budget that grows with the text.
+std::string patternKeywords(int n) {
+  std::string text;
+  for (const std::string name : {"QV.Set", "QV.+Tray", "QV.*Colour"}) {
+    text +=
+        "*OpenUI *" + name + "/Odd: PickOne\n*" + name + " On/On: \"\"\n*CloseUI: *" + name + "\n";
+  }
+  return text + options(n);
+}
+
 constexpr PpdShape kShapes[] = {
     {"options", 2000, options},
     {"options without close", 2000, unclosedOptions},
@@ -94,6 +105,7 @@ constexpr PpdShape kShapes[] = {
     {"translations", 20000, translations},
     {"asterisks in a run", 50000, stars},
     {"marks in one line", 5000, marksInALine},
+    {"keywords with patterns", 1000, patternKeywords},
 };
 
 }  // namespace
