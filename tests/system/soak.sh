@@ -99,7 +99,8 @@ while [ $number -lt "$JOBS" ]; do
     cancel "$id" 2>"$W/cancel_err" || :
   fi
   echo "$id $kind $fate" >>"$W/submitted"
-  wait_until 60 few_wait || fail "the jobs do not go on: $(waiting) wait"
+  # Each question takes as long as a job.
+  [ $((number % 5)) != 0 ] || wait_until 60 few_wait || fail "the jobs do not go on: $(waiting) wait"
   if [ $((number % 250)) = 0 ]; then
     echo "$number jobs, $(memory) KB in cupsd, $(descriptors) descriptors"
     [ "$memory_before" != 0 ] || memory_before=$(memory)
@@ -113,18 +114,20 @@ wait_until 120 none_wait || fail "$(waiting) jobs do not end"
 echo "$number jobs in $(($(date +%s) - start)) seconds"
 
 wrong=0
+cut=0
 while read -r id kind fate; do
   case $fate in
     kept) cmp -s "$W/right.$kind" "$W/jobs/$id" || { echo "job $id ($kind) is wrong" >&2; wrong=$((wrong + 1)); } ;;
-    cancelled) [ ! -e "$W/jobs/$id" ] || cmp -s "$W/right.$kind" "$W/jobs/$id" || [ "$kind" = update ] ||
-      echo "job $id ($kind) was cut by its cancel" ;;
+    cancelled) [ "$kind" = update ] || cmp -s "$W/right.$kind" "$W/jobs/$id" || cut=$((cut + 1)) ;;
   esac
 done <"$W/submitted"
 expect "wrong jobs" 0 $wrong
+echo "$(grep -c ' cancelled$' "$W/submitted") jobs cancelled, $cut of them cut or not printed"
 wait_until 5 sh -c "[ \$(find /proc -maxdepth 2 -name exe -lname '$CUPS/bin/filter/kelmfilter' 2>/dev/null | wc -l) = 0 ]" ||
   fail "$(filters) filters still run"
 expect "temporary files" "" "$(find "$CUPS/spool/tmp" -mindepth 1 -type f)"
 sleep 1
 [ "$(descriptors)" -le $((descriptors_before + 2)) ] || fail "$(descriptors) descriptors, $descriptors_before before"
-[ "${memory_after:-0}" -le $((memory_before * 2)) ] || fail "cupsd grew from $memory_before to $memory_after KB"
+[ $((${memory_after:-0} * 100)) -le $((memory_before * 120)) ] ||
+  fail "cupsd grew from $memory_before to $memory_after KB"
 echo "all right: every job's bytes, no process, file or descriptor left"
