@@ -19,6 +19,7 @@
 #include "job/text_fields.hpp"
 #include "psrewrite/features.hpp"
 #include "stdoptions/standard_choices.hpp"
+#include "stdoptions/standard_options.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -214,6 +215,147 @@ bool isDialogOption(const std::string& name) {
   return rowOf(name, true) || (name.starts_with("QV") && name.find("Value") != std::string::npos);
 }
 
+struct PageSize {
+  float width;
+  float length;
+};
+
+// The page size of a job with only this option, in the PPD whose choices are marked so far: a
+// "media" that names no paper changes nothing.
+std::optional<PageSize> markedPage(ppd_file_t* ppd, const char* name, const std::string& value) {
+  cups_option_t option{const_cast<char*>(name), const_cast<char*>(value.c_str())};
+  job::r_cupsMarkOptions(ppd, 1, &option);
+  const ppd_size_t* size = job::r_ppdPageSize(ppd, nullptr);
+  if (size == nullptr) return std::nullopt;
+  return PageSize{size->width, size->length};
+}
+
+// Whether the filter turns standard options into own ones in this job.
+bool hasStandardOptions(const Request& request) {
+  return request.ppd != nullptr && !request.isDialogJob() &&
+         job::r_ppdFindAttr(request.ppd, stdoptions::kAttribute, nullptr) != nullptr;
+}
+
+// Finishings have numbers; 3 is none.
+std::vector<std::string> finishingsOf(ppd_file_t* ppd) {
+  std::vector<std::string> numbers = {"3"};
+  for (const ppd_attr_t* attribute = ppdFindAttr(ppd, "cupsIPPFinishings", nullptr);
+       attribute != nullptr; attribute = ppdFindNextAttr(ppd, "cupsIPPFinishings", nullptr)) {
+    numbers.emplace_back(attribute->spec);
+  }
+  return numbers;
+}
+
+// The IPP name that CUPS gives a choice of the PPD: "face-down" for FaceDown.
+std::string ippName(std::string_view choice) {
+  std::string name;
+  for (const char c : choice) {
+    const bool isUpper = std::isupper(static_cast<unsigned char>(c)) != 0;
+    if (isUpper && !name.empty()) name += '-';
+    name += static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  }
+  return name;
+}
+
+std::vector<std::string> outputBinsOf(const Request& request) {
+  std::vector<std::string> bins;
+  const ppd_option_t* option = ppdOption(request, "OutputBin");
+  if (option == nullptr) return bins;
+  for (const std::string& choice : choicesOf(*option)) bins.push_back(ippName(choice));
+  return bins;
+}
+
+// The keywords of an IPP attribute that CUPS or the filter turns into options of the PPD; none for
+// any other option.
+std::vector<std::string> keywordsOfIpp(const Request& request, std::string_view name) {
+  if (name == "sides") return {"one-sided", "two-sided-long-edge", "two-sided-short-edge"};
+  if (name == "finishings") return finishingsOf(request.ppd);
+  if (name == "output-bin") return outputBinsOf(request);
+  std::vector<std::string> keywords;
+  for (const stdoptions::StandardOption& standard : stdoptions::kStandardOptions) {
+    if (standard.source != stdoptions::Source::kJob || name != standard.keyword) continue;
+    for (const auto& row : standard.choices) {
+      if (std::ranges::find(keywords, row.choice) == keywords.end())
+        keywords.emplace_back(row.choice);
+    }
+  }
+  return keywords;
+}
+
+bool sameWord(std::string_view one, std::string_view other) {
+  return editDistance(one, other) == 0;
+}
+
+bool isAmong(std::string_view word, const std::vector<std::string>& words) {
+  return std::ranges::any_of(words, [&](const std::string& one) { return sameWord(word, one); });
+}
+
+std::vector<std::string> wordsOf(std::string_view list) {
+  std::vector<std::string> words;
+  while (!list.empty()) {
+    const std::size_t end = std::min(list.find(','), list.size());
+    words.emplace_back(list.substr(0, end));
+    list.remove_prefix(std::min(end + 1, list.size()));
+  }
+  return words;
+}
+
+// Whether libcups finds a paper in a word of "media": the page size is then the same, whatever it
+// was before.
+bool namesAPaper(ppd_file_t* ppd, const std::string& word) {
+  if (ppd->num_sizes < 2) return true;
+  const auto after = [&](const ppd_size_t& before) {
+    markedPage(ppd, "PageSize", before.name);
+    return markedPage(ppd, "media", word);
+  };
+  const auto one = after(ppd->sizes[0]);
+  const auto other = after(ppd->sizes[1]);
+  return one && other && one->width == other->width && one->length == other->length;
+}
+
+// A word of "media" that is no paper, tray or paper type; empty when each is one.
+std::string strangeMedia(const Request& request, const std::string& value) {
+  const std::vector<std::string> known = keywordsOfIpp(request, "media");
+  std::string strange;
+  for (const std::string& word : wordsOf(value)) {
+    if (strange.empty() && !isAmong(word, known) && !namesAPaper(request.ppd, word)) strange = word;
+  }
+  outcomeOf(request);  // marks the request's choices again
+  return strange;
+}
+
+std::optional<Remark> remarkOnMedia(const Request& request, const Option& option) {
+  const std::string strange = strangeMedia(request, option.value);
+  if (strange.empty()) return std::nullopt;
+  return Remark{
+      option,
+      "has the word \"" + strange + "\", which is no paper, tray or paper type of this printer",
+      {},
+      ""};
+}
+
+// What CUPS and the filter do not understand, they take for nothing asked.
+std::optional<Remark> remarkOnStandard(const Request& request, const Option& option) {
+  if (!hasStandardOptions(request)) return std::nullopt;
+  if (option.name == "media") return remarkOnMedia(request, option);
+  if (option.name == "job-password") {
+    if (job::isValidateSecretNumString(option.value.c_str(), 1, job::kSecretNum.max)) {
+      return std::nullopt;
+    }
+    return Remark{option,
+                  "is no PIN: a PIN has 1 to " + std::to_string(job::kSecretNum.max) + " digits",
+                  {},
+                  ""};
+  }
+  const std::vector<std::string> keywords = keywordsOfIpp(request, option.name);
+  for (const std::string& word : wordsOf(option.value)) {
+    if (keywords.empty() || isAmong(word, keywords)) continue;
+    std::string nearest = isNumber(word) ? "" : nearestOf(word, keywords);
+    return Remark{option, "is not a choice of this option", keywords, std::move(nearest)};
+  }
+  return std::nullopt;
+}
+
 std::optional<Remark> remarkOnName(const Request& request, const Option& option) {
   if (const auto row = rowOf(option.name, request.isDialogJob())) {
     return remarkOnTableChoice(option, *row);
@@ -239,27 +381,15 @@ bool isIdle(const Request& request, const Option& option, const ppd_option_t& kn
 
 std::optional<Remark> remarkOn(const Request& request, const Option& option) {
   const ppd_option_t* known = ppdOption(request, option.name);
-  if (known == nullptr) return remarkOnName(request, option);
+  if (known == nullptr) {
+    auto remark = remarkOnStandard(request, option);
+    return remark ? std::move(remark) : remarkOnName(request, option);
+  }
   if (option.name != known->keyword) {
     return Remark{option, "is spelled with other capital letters in the PPD", {}, known->keyword};
   }
   if (isIdle(request, option, *known)) return Remark{option, kDialogOnly, {}, ""};
   return remarkOnChoice(request, option, *known);
-}
-
-struct PageSize {
-  float width;
-  float length;
-};
-
-// The page size of a job with only this option, in the PPD whose choices are marked so far: a
-// "media" that names no paper changes nothing.
-std::optional<PageSize> markedPage(ppd_file_t* ppd, const char* name, const std::string& value) {
-  cups_option_t option{const_cast<char*>(name), const_cast<char*>(value.c_str())};
-  job::r_cupsMarkOptions(ppd, 1, &option);
-  const ppd_size_t* size = job::r_ppdPageSize(ppd, nullptr);
-  if (size == nullptr) return std::nullopt;
-  return PageSize{size->width, size->length};
 }
 
 // CUPS' own option and the PPD's choose different papers. libcups reads both: "media" has many

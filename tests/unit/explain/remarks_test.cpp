@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/temporary_folder.hpp"
 #include "tests/unit/explain/explained_job.hpp"
 
 namespace kelm::explain {
@@ -131,6 +132,65 @@ TEST(Remarks, NameChoicesThatThePpdForbidsTogether) {
   EXPECT_EQ(remark.problem,
             "cannot be used together with QVStapleMode=TwoStaple (a constraint of the PPD)");
   EXPECT_EQ(remarkOn("QVStapleMode=TwoStaple QVDuplex=LongEdge").problem, "");
+}
+
+// The same with a PPD that asks the filter for standard options.
+Remark standardRemarkOn(const std::string& options) {
+  const platform::FakePlatform platform;
+  const tests::TemporaryFolder folder;
+  const std::string path = folder.path() / "standard.ppd";
+  tests::writeFile(
+      path, tests::readFile(KELM_PPDS_DIR "/explain.ppd").value() + "*KelmStandardOptions: True\n");
+  ppd_file_t* ppd = job::r_ppdOpenFile(path.c_str());
+  const std::vector<Remark> remarks =
+      explained({ppd, parsedOptions({options}), 1, "report"}).remarks;
+  job::r_ppdClose(ppd);
+  EXPECT_LE(remarks.size(), 1U) << options;
+  return remarks.empty() ? Remark{} : remarks.front();
+}
+
+TEST(Remarks, NameAnUnknownChoiceOfAStandardOption) {
+  const Remark remark = standardRemarkOn("sides=two-sided-longedge");
+  EXPECT_EQ(remark.problem, "is not a choice of this option");
+  EXPECT_EQ(remark.choices,
+            (std::vector<std::string>{"one-sided", "two-sided-long-edge", "two-sided-short-edge"}));
+  EXPECT_EQ(remark.nearest, "two-sided-long-edge");
+  for (const char* option :
+       {"print-color-mode=purple", "print-quality=9", "print-quality=draft", "finishings=staple",
+        "media-source=tray-9", "media-type=wood", "output-bin=face-dwn", "finishings=99",
+        "finishings=4,99", "cupsPrintQuality=Best"}) {
+    EXPECT_EQ(standardRemarkOn(option).problem, "is not a choice of this option") << option;
+  }
+  EXPECT_EQ(standardRemarkOn("output-bin=face-dwn").nearest, "face-down");
+  EXPECT_EQ(standardRemarkOn("print-quality=9").nearest, "");
+}
+
+TEST(Remarks, PassChoicesOfStandardOptions) {
+  for (const char* option :
+       {"sides=one-sided", "print-color-mode=bi-level", "print-color-mode=color", "print-quality=5",
+        "media-source=tray-1", "media-source=feed-tray-2", "media-type=stationery",
+        "output-bin=face-down", "finishings=3", "finishings=4", "cupsPrintQuality=High",
+        "job-password=1234", "media=A4,Tray1,stationery", "media=iso_a3_297x420mm,feed-tray-2",
+        "media=StandardTray"}) {
+    EXPECT_EQ(standardRemarkOn(option).problem, "") << option;
+  }
+}
+
+// The job has another value by then: the dialog's are final.
+TEST(Remarks, PassStandardOptionsInJobsOfTheDialog) {
+  EXPECT_EQ(standardRemarkOn("PrintPDE=1 sides=sideways").problem, "");
+}
+
+TEST(Remarks, NameAWordOfMediaThatMeansNothing) {
+  EXPECT_EQ(standardRemarkOn("media=A4,Tray9").problem,
+            "has the word \"Tray9\", which is no paper, tray or paper type of this printer");
+  EXPECT_EQ(standardRemarkOn("media=A99").option.value, "A99");
+}
+
+TEST(Remarks, NameAPasswordThatIsNoPin) {
+  EXPECT_EQ(standardRemarkOn("job-password=12ab").problem, "is no PIN: a PIN has 1 to 8 digits");
+  EXPECT_EQ(standardRemarkOn("job-password=123456789").problem,
+            "is no PIN: a PIN has 1 to 8 digits");
 }
 
 TEST(EditDistance, CountsCharactersButForCase) {
