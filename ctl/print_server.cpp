@@ -104,7 +104,7 @@ JobState stateOf(int state) {
   }
 }
 
-std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+std::string inQuotes(const std::string& text) { return "\"" + text + "\""; }
 
 // The name of the PPD of exactly this make and model in an answer to CUPS-Get-PPDs, which also
 // lists models whose names begin with it. Empty when there is none.
@@ -124,7 +124,7 @@ std::string nameOfPpd(ipp_t* response, std::string_view makeAndModel) {
 }  // namespace
 
 std::string classProblem(const std::string& name) {
-  return quoted(name) + " is a class; name its queues, \"lpstat -c " + name + "\" lists them";
+  return inQuotes(name) + " is a class; name its queues, \"lpstat -c " + name + "\" lists them";
 }
 
 PrintServer::PrintServer(const std::string& name, const Console& console,
@@ -269,7 +269,7 @@ Queues PrintServer::queue(const std::string& name) {
   if (!queues.empty()) return {queues, {}};
   if (!unreachable_ && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
     return {{},
-            "the queue " + quoted(name) + " is not known to the print server " + name_ +
+            "the queue " + inQuotes(name) + " is not known to the print server " + name_ +
                 "; \"lpstat -v\" lists the queues"};
   }
   return {{}, lastProblemAndAdvice()};
@@ -285,7 +285,7 @@ OpenedPpd PrintServer::openPpdOfQueue(const std::string& name) {
 OpenedPpd PrintServer::openPpd(const std::string& queue) {
   const PpdCopy copy = copyPpd(queue);
   if (!copy.problem.empty()) return {nullptr, copy.problem, copy.isAbsent};
-  OpenedPpd opened = openPpdAt(copy.path, "the PPD of the queue " + quoted(queue),
+  OpenedPpd opened = openPpdAt(copy.path, "the PPD of the queue " + inQuotes(queue),
                                "give the queue a valid one: lpadmin -p " + queue + " -P FILE");
   unlink(copy.path.c_str());
   return opened;
@@ -323,7 +323,7 @@ PrintServer::PpdCopy PrintServer::copyOnce(
 // Not cupsGetPPD2, which makes a connection of its own for each PPD.
 PrintServer::PpdCopy PrintServer::copyPpd(const std::string& queue) {
   PpdCopy copy =
-      copyOnce("the PPD of the queue " + quoted(queue), [&]() -> std::optional<std::string> {
+      copyOnce("the PPD of the queue " + inQuotes(queue), [&]() -> std::optional<std::string> {
         char path[HTTP_MAX_URI];
         const int file = cupsTempFd(path, sizeof path);
         if (file < 0) return std::nullopt;
@@ -340,7 +340,7 @@ PrintServer::PpdCopy PrintServer::copyPpd(const std::string& queue) {
   if (!found.problem.empty()) {
     copy.problem = found.problem;
   } else {
-    copy.problem = "the queue " + quoted(queue) + " has no PPD (raw or driverless queue)";
+    copy.problem = "the queue " + inQuotes(queue) + " has no PPD (raw or driverless queue)";
     copy.isAbsent = true;
   }
   return copy;
@@ -361,10 +361,10 @@ PrintServer::PpdCopy PrintServer::copyInstalledPpd(const std::string& makeAndMod
   const std::string ppdName = nameOfPpd(response.get(), makeAndModel);
   if (ppdName.empty()) {
     return {{},
-            "the print server " + name_ + " has no PPD for " + quoted(makeAndModel) +
+            "the print server " + name_ + " has no PPD for " + inQuotes(makeAndModel) +
                 " installed; give one with --ppd"};
   }
-  return copyOnce("the installed PPD " + quoted(ppdName), [&]() -> std::optional<std::string> {
+  return copyOnce("the installed PPD " + inQuotes(ppdName), [&]() -> std::optional<std::string> {
     const char* path = cupsGetServerPPD(http_.get(), ppdName.c_str());
     if (path == nullptr) return std::nullopt;
     return path;
@@ -379,7 +379,7 @@ std::string PrintServer::setPpd(const std::string& queue, const std::string& pat
   });
   if (asked && cupsLastError() < IPP_STATUS_REDIRECTION_OTHER_SITE) return {};
   if (!asked) return lastProblem();
-  return "the print server " + name_ + " does not accept the PPD for the queue " + quoted(queue) +
+  return "the print server " + name_ + " does not accept the PPD for the queue " + inQuotes(queue) +
          ": " + cupsLastErrorString();
 }
 
@@ -408,7 +408,7 @@ SentJob PrintServer::sendUpdate(const std::string& queue, const std::vector<Upda
   });
   if (sent.job != 0) return {sent.job, {}};
   if (!asked) return {0, lastProblem()};
-  return {0, "the print server refuses the update job for the queue " + quoted(queue) + ": " +
+  return {0, "the print server refuses the update job for the queue " + inQuotes(queue) + ": " +
                  (sent.problem.empty() ? cupsLastErrorString() : sent.problem) +
                  "; its policy or error log says why"};
 }

@@ -106,7 +106,7 @@ std::string attributeOf(ppd_file_t* ppd, const char* name) {
   return attribute != nullptr && attribute->value != nullptr ? attribute->value : "";
 }
 
-std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+std::string inQuotes(const std::string& text) { return "\"" + text + "\""; }
 
 class Refresh {
  public:
@@ -249,7 +249,7 @@ class Refresh {
   Ppd queuePpd(PrintServer& server, const std::string& queue) const {
     const PrintServer::PpdCopy copy = server.copyPpd(queue);
     if (!copy.problem.empty()) return {{}, nullptr, copy.problem, copy.isAbsent};
-    Ppd ppd = readPpd(copy.path, "the PPD of the queue " + quoted(queue),
+    Ppd ppd = readPpd(copy.path, "the PPD of the queue " + inQuotes(queue),
                       "give the queue a valid one: lpadmin -p " + queue + " -P FILE");
     unlink(copy.path.c_str());
     return ppd;
@@ -261,12 +261,12 @@ class Refresh {
     if (known != installed_.end()) return known->second;
     if (arguments_.ppd) {
       return installed_[nickName] =
-                 readPpd(*arguments_.ppd, "the PPD file " + quoted(*arguments_.ppd),
+                 readPpd(*arguments_.ppd, "the PPD file " + inQuotes(*arguments_.ppd),
                          "give the path of a readable PPD file");
     }
     const PrintServer::PpdCopy copy = server.copyInstalledPpd(nickName);
     if (!copy.problem.empty()) return installed_[nickName] = {{}, nullptr, copy.problem};
-    Ppd& ppd = installed_[nickName] = readPpd(copy.path, "the installed PPD " + quoted(nickName),
+    Ppd& ppd = installed_[nickName] = readPpd(copy.path, "the installed PPD " + inQuotes(nickName),
                                               "install a valid one; nothing was changed");
     unlink(copy.path.c_str());
     return ppd;

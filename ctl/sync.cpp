@@ -52,7 +52,7 @@ struct Task {
   std::chrono::milliseconds pause = kFirstLook;
 };
 
-std::string quoted(const std::string& text) { return "\"" + text + "\""; }
+std::string inQuotes(const std::string& text) { return "\"" + text + "\""; }
 
 class Sync {
  public:
@@ -159,7 +159,7 @@ class Sync {
     task.lockHolder = locks_.tryLock(task.server->name(), task.queue.name);
     if (task.lockHolder == 0) return true;
     const std::string holder = "process " + std::to_string(task.lockHolder) +
-                               " is updating the queue " + quoted(task.queue.name);
+                               " is updating the queue " + inQuotes(task.queue.name);
     if (isFirst) {
       complain(console_, holder + "; waiting for it");
       task.limit = Clock::now() + request_.wait;
@@ -184,10 +184,11 @@ class Sync {
     task.before = storedStateOf(opened.ppd.get());
     task.result.before = task.before.settings;
     if (!task.before.isOurs) {
-      return fail(task, "the queue " + quoted(task.queue.name) + " does not print with kelmfilter");
+      return fail(task,
+                  "the queue " + inQuotes(task.queue.name) + " does not print with kelmfilter");
     }
     if (task.queue.isStopped && !request_.dryRun) {
-      return fail(task, "the queue " + quoted(task.queue.name) +
+      return fail(task, "the queue " + inQuotes(task.queue.name) +
                             " is stopped; start it: cupsenable " + task.queue.name);
     }
     startAsking(task);
@@ -224,14 +225,16 @@ class Sync {
 
   static std::string problemOf(const Task& task, const AskedPrinter& printer) {
     if (printer.address.empty()) {
-      return "no address of a printer is found in the device URI " + quoted(task.queue.deviceUri) +
-             " of the queue " + quoted(task.queue.name) + "; give it with --address";
+      return "no address of a printer is found in the device URI " +
+             inQuotes(task.queue.deviceUri) + " of the queue " + inQuotes(task.queue.name) +
+             "; give it with --address";
     }
     if (!printer.facts.answered) {
       return noAnswerMessage(printer.facts, printer.address, task.community);
     }
     if (!printer.facts.knowsAnything()) {
-      return quoted(printer.address) + " answers, but not as a KELM IJ printer; check the address";
+      return inQuotes(printer.address) +
+             " answers, but not as a KELM IJ printer; check the address";
     }
     return {};
   }
