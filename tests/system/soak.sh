@@ -49,7 +49,8 @@ memory() { sed -n 's/^VmRSS:[[:space:]]*\([0-9]*\).*/\1/p' "/proc/$(cupsd_pid)/s
 descriptors() { find "/proc/$(cupsd_pid)/fd" -mindepth 1 | wc -l; }
 
 cups_setup
-sed -i 's/^LogLevel.*/LogLevel warn/; s/^MaxJobs.*/MaxJobs 0/' "$CUPS/etc/cupsd.conf"
+# A short history of jobs: the server keeps it in memory.
+sed -i 's/^LogLevel.*/LogLevel warn/; s/^MaxJobs.*/MaxJobs 200/' "$CUPS/etc/cupsd.conf"
 write_device
 install -d -o lp -g lp -m 755 "$W/jobs"
 printf '%%!PS-Adobe-3.0\n%%%%Pages: 1\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n%%%%EOF\n' >"$W/page.ps"
