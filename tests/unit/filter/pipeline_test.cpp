@@ -155,18 +155,23 @@ TEST_F(Pipeline, SaysInTheSystemLogWhyAFileCannotBeOpened) {
             "|[Driver] cannot open the job's file /nonexistent.ps: No such file or directory");
 }
 
+// The small job is written when it is complete, the large one before.
 TEST_F(Pipeline, EndsWellWhereNothingCanBeWritten) {
-  const std::string file = fileOf("%!PS\n");  // the stream's buffer holds it to the end
-  EXPECT_EQ(tests::inChild([&] {
-              platform::FakePlatform platform;
-              std::vector<std::string> arguments = jobOf("", file);
-              std::vector<char*> argv;
-              for (std::string& argument : arguments) argv.push_back(argument.data());
-              argv.push_back(nullptr);
-              std::FILE* const full = std::fopen("/dev/full", "w");
-              return std::to_string(runFilter(7, argv.data(), full));
-            }),
-            "0");
+  for (const std::size_t size : {1U, 1U << 20U}) {
+    const std::string file = fileOf(std::string(size, 'x'));
+    EXPECT_EQ(tests::inChild([&] {
+                platform::FakePlatform platform;
+                std::vector<std::string> arguments = jobOf("", file);
+                std::vector<char*> argv;
+                for (std::string& argument : arguments) argv.push_back(argument.data());
+                argv.push_back(nullptr);
+                std::FILE* const full = std::fopen("/dev/full", "w");
+                std::setvbuf(full, nullptr, _IOFBF, 1U << 16U);
+                return std::to_string(runFilter(7, argv.data(), full));
+              }),
+              "0")
+        << size;
+  }
 }
 
 void shortly() { std::this_thread::sleep_for(std::chrono::milliseconds(10)); }
