@@ -10,7 +10,8 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
 endif()
-set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g")
+# Functions and lines for backtraces; the preset "debug" has the variables, too.
+set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g1")
 set(CMAKE_CXX_FLAGS_DEBUG "-O0 -g")
 
 set(KELM_SANITIZE "" CACHE STRING "sanitizers, as -fsanitize= takes them")
@@ -25,6 +26,9 @@ endif()
 
 add_library(kelm_settings INTERFACE)
 target_include_directories(kelm_settings INTERFACE ${PROJECT_SOURCE_DIR})
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(kelm_settings INTERFACE -fpch-preprocess)  # ccache needs it
+endif()
 
 # kelm_compile_option(FLAG...), kelm_link_option(FLAG...): for every target, if this compiler and this
 # linker know the flags.
@@ -92,6 +96,3 @@ add_library(kelm_test_settings INTERFACE)
 target_compile_options(kelm_test_settings INTERFACE "SHELL:-O0 -g1 -U_FORTIFY_SOURCE")
 # Avahi's users have this macro: with it everywhere, one precompiled header fits all tests.
 target_compile_definitions(kelm_test_settings INTERFACE _REENTRANT)
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  target_compile_options(kelm_test_settings INTERFACE -fpch-preprocess)  # ccache needs it
-endif()

@@ -1,28 +1,25 @@
 # Each directory is a static library, and links exactly what it may use.
 # SPDX-License-Identifier: Apache-2.0
 
+# All libraries share one precompiled header: most of the time goes into reading the same headers again.
+# The preset "clang" compiles without it, so that each file is seen to include what it uses. Avahi's users
+# have the macro, so all have it.
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/shared_headers.cpp CONTENT "// Only its headers count.\n")
+add_library(kelm_shared_headers STATIC ${PROJECT_BINARY_DIR}/shared_headers.cpp)
+target_link_libraries(kelm_shared_headers PRIVATE kelm_settings kelm_warnings)
+target_compile_definitions(kelm_shared_headers PRIVATE _REENTRANT)
+target_precompile_headers(kelm_shared_headers PRIVATE
+  <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <ostream> <set> <span> <string>
+  <string_view> <utility> <variant> <vector> <cups/cups.h> <cups/ppd.h>)
+
 # kelm_library(NAME SOURCES file... [LINKS target...])
 function(kelm_library NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_library(${NAME} STATIC ${ARG_SOURCES})
   target_link_libraries(${NAME} PUBLIC kelm_settings ${ARG_LINKS} PRIVATE kelm_warnings)
-  if(KELM_DEMO)
-    target_compile_definitions(${NAME} PRIVATE _REENTRANT)
-    target_precompile_headers(${NAME} REUSE_FROM kelm_demo_headers)
-  endif()
+  target_compile_definitions(${NAME} PRIVATE _REENTRANT)
+  target_precompile_headers(${NAME} REUSE_FROM kelm_shared_headers)
 endfunction()
-
-# For make demo, all libraries share one precompiled header: most of the time goes into reading the
-# same headers again. Avahi's users have the macro.
-if(KELM_DEMO)
-  file(WRITE ${PROJECT_BINARY_DIR}/demo_headers.cpp "// Only its headers count.\n")
-  add_library(kelm_demo_headers STATIC ${PROJECT_BINARY_DIR}/demo_headers.cpp)
-  target_link_libraries(kelm_demo_headers PRIVATE kelm_settings kelm_warnings)
-  target_compile_definitions(kelm_demo_headers PRIVATE _REENTRANT)
-  target_precompile_headers(kelm_demo_headers PRIVATE
-    <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <ostream> <set> <span> <string>
-    <string_view> <utility> <variant> <vector> <cups/cups.h> <cups/ppd.h>)
-endif()
 
 # kelm_program(NAME SOURCES file... [LINKS target...]): left in the top of the build directory; its
 # hardening is tested.

@@ -58,8 +58,9 @@ struct flock lockFor(short type, const std::string& server, const std::string& q
 
 QueueLocks::QueueLocks() : file_(openLockFile()) {
   if (file_ >= 0) return;
-  problem_ = std::string("the lock file ") + kFile + " cannot be opened: " + std::strerror(errno) +
-             "; without it two updates of one queue could mix";
+  problem_ = "the lock file ";
+  problem_.append(kFile).append(" cannot be opened: ").append(std::strerror(errno));
+  problem_ += "; without it two updates of one queue could mix";
 }
 
 QueueLocks::~QueueLocks() {

@@ -1,7 +1,6 @@
 #!/bin/sh
 # kelmctl explain says where each line of a header comes from, in the person's language, and what a
 # printer was sent.
-# Time limit: 120 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

@@ -1,7 +1,7 @@
 #!/bin/sh
 # Many queues at once: kelmctl sync --all, half of the printers silent; time, memory, places at cupsd.
 # KELM_FLEET is the number of queues, 40 when not given; the figure that counts is that of 500.
-# Time limit: 120 s
+# Time limit: 240 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

@@ -1,6 +1,5 @@
 #!/bin/sh
 # The options that name print servers and users: -h, -U, -E, and a server that asks for a password.
-# Time limit: 120 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

@@ -1,6 +1,6 @@
 #!/bin/sh
 # kelmctl wake with several queues: woken, silent and not woken, for people and for programs.
-# Time limit: 120 s
+# Time limit: 240 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

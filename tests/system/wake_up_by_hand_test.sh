@@ -1,6 +1,6 @@
 #!/bin/sh
 # kelmctl wake without a queue: a printer that stays silent, one beyond a router, bad arguments.
-# Time limit: 120 s
+# Time limit: 240 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
