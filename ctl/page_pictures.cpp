@@ -37,7 +37,7 @@ void limit(int resource, rlim_t most) {
 }
 
 // Between fork and exec: only calls that are safe there.
-[[noreturn]] void becomePainter(int input, const char* folder) {
+[[noreturn]] void becomePainter(int input, const char* directory) {
   const int null = open("/dev/null", O_RDWR);
   dup2(input, STDIN_FILENO);
   dup2(null, STDOUT_FILENO);
@@ -46,7 +46,7 @@ void limit(int resource, rlim_t most) {
   limit(RLIMIT_AS, kMostMemory);
   limit(RLIMIT_FSIZE, kLargestPicture);
   limit(RLIMIT_CORE, 0);
-  if (chdir(folder) == 0) {
+  if (chdir(directory) == 0) {
     execlp("gs", "gs", "-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-sDEVICE=png16m", "-r40",
            "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4", "-dFirstPage=1", "-dLastPage=4",
            "-sOutputFile=%d.png", "-_", nullptr);
@@ -60,7 +60,7 @@ PagePictures::PagePictures() : end_(Clock::now() + kLimit) {
   const char* temporary = std::getenv("TMPDIR");
   std::string name = std::string(temporary == nullptr ? "/tmp" : temporary) + "/kelmctl.XXXXXX";
   if (mkdtemp(name.data()) == nullptr) return;
-  folder_ = name;
+  directory_ = name;
   start();
 }
 
@@ -68,23 +68,23 @@ PagePictures::~PagePictures() {
   stopSending();
   end_ = Clock::now();
   waitForEnd();
-  if (folder_.empty()) return;
+  if (directory_.empty()) return;
   for (int page = 1; page <= kMostPages; ++page) unlink(pathOf(page).c_str());
-  rmdir(folder_.c_str());
+  rmdir(directory_.c_str());
 }
 
 void PagePictures::start() {
   int pair[2];
   if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, pair) != 0) return;
   painter_ = fork();
-  if (painter_ == 0) becomePainter(pair[1], folder_.c_str());
+  if (painter_ == 0) becomePainter(pair[1], directory_.c_str());
   close(pair[1]);
   socket_ = pair[0];
   if (painter_ < 0) stopSending();
 }
 
 std::string PagePictures::pathOf(int page) const {
-  return folder_ + "/" + std::to_string(page) + ".png";
+  return directory_ + "/" + std::to_string(page) + ".png";
 }
 
 bool PagePictures::isPainted(int page) const { return access(pathOf(page).c_str(), F_OK) == 0; }

@@ -40,7 +40,7 @@ class PagePictures {
   std::string pathOf(int page) const;
   void waitForEnd();
 
-  std::string folder_;  // empty when there is none
+  std::string directory_;  // empty when there is none
   pid_t painter_ = -1;
   int socket_ = -1;   // Ghostscript's standard input
   std::string head_;  // of the stream, until its PostScript begins

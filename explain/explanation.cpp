@@ -145,7 +145,7 @@ std::vector<Option> becameOf(const RowFacts& row, const Job& job) {
     const bool isAsked = std::ranges::any_of(job.request.options, [&](const Option& asked) {
       return asked.name == option->name && isSettled(asked, {*option});
     });
-    // The number of copies has an option that nobody types.
+    // The option of the number of copies is not one that users type.
     if (!isAsked && !name.starts_with("com.apple.")) became.push_back(*option);
   }
   return became;

@@ -26,7 +26,7 @@ struct Option {
   std::string value;
   Giver giver = Giver::kJob;
 
-  // The same choice, whoever made it.
+  // The same choice, from any source.
   bool operator==(const Option& other) const { return name == other.name && value == other.value; }
 };
 

@@ -7,7 +7,7 @@
 #include "platform/destinations.hpp"
 #include "platform/dns_sd.hpp"
 #include "platform/file_root.hpp"
-#include "platform/home_folder.hpp"
+#include "platform/home_directory.hpp"
 #include "platform/job_language.hpp"
 #include "platform/name_lookup.hpp"
 #include "platform/preferred_languages.hpp"
@@ -28,7 +28,7 @@ struct Platform {
   ComputerName* computerName;
   ConsoleUser* consoleUser;
   PreferredLanguages* preferredLanguages;
-  HomeFolder* homeFolder;
+  HomeDirectory* homeDirectory;
   SteadyClock* steadyClock;
   Termination* termination;
   NameLookup* nameLookup;

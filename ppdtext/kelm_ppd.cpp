@@ -190,8 +190,8 @@ std::vector<std::string> KelmPPD::getLanguageArrayFromGlobalPreference() {
   const platform::Platform& system = platform::platform();
   std::vector<std::string> languages;
   if (systemVersion().isAtLeast10(kLanguagesInFile)) {
-    languages =
-        platform::propertyTexts(system.homeFolder->path() + kPreferencesInHome, "AppleLanguages");
+    languages = platform::propertyTexts(system.homeDirectory->path() + kPreferencesInHome,
+                                        "AppleLanguages");
   }
   return languages.empty() ? system.preferredLanguages->tags() : languages;
 }

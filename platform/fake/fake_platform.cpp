@@ -13,7 +13,7 @@ FakePlatform::FakePlatform()
           .computerName = &computerName,
           .consoleUser = &consoleUser,
           .preferredLanguages = &preferredLanguages,
-          .homeFolder = &homeFolder,
+          .homeDirectory = &homeDirectory,
           .steadyClock = &steadyClock,
           .termination = &termination,
           .nameLookup = &nameLookup,

@@ -60,7 +60,7 @@ class FakePreferredLanguages final : public PreferredLanguages {
   std::vector<std::string> preferred = {"en"};
 };
 
-class FakeHomeFolder final : public HomeFolder {
+class FakeHomeDirectory final : public HomeDirectory {
  public:
   std::string path() override { return home; }
   std::string home = "/home/tester";
@@ -78,7 +78,7 @@ class FakePlatform {
   FakeComputerName computerName;
   FakeConsoleUser consoleUser;
   FakePreferredLanguages preferredLanguages;
-  FakeHomeFolder homeFolder;
+  FakeHomeDirectory homeDirectory;
   FakeSteadyClock steadyClock;
   FakeTermination termination;
   FakeNameLookup nameLookup;

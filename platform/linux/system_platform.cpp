@@ -15,7 +15,7 @@ const Platform& systemPlatform() {
   static linux_platform::LinuxComputerName computerName;
   static linux_platform::LinuxConsoleUser consoleUser;
   static posix_platform::PosixPreferredLanguages preferredLanguages;
-  static posix_platform::PosixHomeFolder homeFolder;
+  static posix_platform::PosixHomeDirectory homeDirectory;
   static linux_platform::LinuxSteadyClock steadyClock;
   static posix_platform::PosixTermination termination;
   static linux_platform::LinuxNameLookup nameLookup;
@@ -30,7 +30,7 @@ const Platform& systemPlatform() {
       .computerName = &computerName,
       .consoleUser = &consoleUser,
       .preferredLanguages = &preferredLanguages,
-      .homeFolder = &homeFolder,
+      .homeDirectory = &homeDirectory,
       .steadyClock = &steadyClock,
       .termination = &termination,
       .nameLookup = &nameLookup,

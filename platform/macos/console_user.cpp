@@ -1,4 +1,4 @@
-// The console user on macOS: the owner of the console device. It is root's while nobody is logged
+// The console user on macOS: the owner of the console device, which is root while no user is logged
 // in.
 // SPDX-License-Identifier: Apache-2.0
 #include <sys/stat.h>

@@ -15,7 +15,7 @@ const Platform& systemPlatform() {
   static macos_platform::MacosComputerName computerName;
   static macos_platform::MacosConsoleUser consoleUser;
   static posix_platform::PosixPreferredLanguages preferredLanguages;
-  static posix_platform::PosixHomeFolder homeFolder;
+  static posix_platform::PosixHomeDirectory homeDirectory;
   static macos_platform::MacosSteadyClock steadyClock;
   static posix_platform::PosixTermination termination;
   static macos_platform::MacosNameLookup nameLookup;
@@ -30,7 +30,7 @@ const Platform& systemPlatform() {
       .computerName = &computerName,
       .consoleUser = &consoleUser,
       .preferredLanguages = &preferredLanguages,
-      .homeFolder = &homeFolder,
+      .homeDirectory = &homeDirectory,
       .steadyClock = &steadyClock,
       .termination = &termination,
       .nameLookup = &nameLookup,

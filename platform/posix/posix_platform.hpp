@@ -29,7 +29,7 @@ class PosixPreferredLanguages final : public PreferredLanguages {
   std::vector<std::string> tags() override;
 };
 
-class PosixHomeFolder final : public HomeFolder {
+class PosixHomeDirectory final : public HomeDirectory {
  public:
   std::string path() override;
 };

@@ -1,5 +1,5 @@
 // Any arguments of kelmctl, read and checked without asking a server: one subcommand, or help, or
-// a usage error of two lines. `kelmctl address` also runs, with names that nobody knows. Whatever
+// a usage error of two lines. `kelmctl address` also runs, with unknown names. Whatever
 // is written to a terminal is without control characters.
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>

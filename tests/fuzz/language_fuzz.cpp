@@ -20,7 +20,7 @@
 #include "ppdtext/record.hpp"
 #include "ppdtext/record_parts.hpp"
 #include "ppdtext/unicode_text.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 #include "tests/unit/ppdtext/plain_reader.hpp"
 
 namespace {
@@ -88,11 +88,11 @@ void stateFacts(const std::filesystem::path& root, const std::string& version,
                    propertyList("AppleLanguages", "<array>" + array + "</array>"));
 }
 
-const std::filesystem::path& factsFolder() {
-  static const auto& folder = *new tests::TemporaryFolder;
-  std::filesystem::create_directories(folder.path() / "System/Library/CoreServices");
-  std::filesystem::create_directories(folder.path() / "home/Library/Preferences");
-  return folder.path();
+const std::filesystem::path& factsDirectory() {
+  static const auto& directory = *new tests::TemporaryDirectory;
+  std::filesystem::create_directories(directory.path() / "System/Library/CoreServices");
+  std::filesystem::create_directories(directory.path() / "home/Library/Preferences");
+  return directory.path();
 }
 
 std::vector<std::string> tagsOfLocale(const std::string& locale, const std::string& list) {
@@ -152,10 +152,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   expect(!tags.empty() && std::ranges::none_of(tags, &std::string::empty));
 
   platform::FakePlatform platform;
-  platform.fileRoot.root = factsFolder();
-  platform.homeFolder.home = "/home";
+  platform.fileRoot.root = factsDirectory();
+  platform.homeDirectory.home = "/home";
   platform.preferredLanguages.preferred = tags;
-  stateFacts(factsFolder(), version, languages);
+  stateFacts(factsDirectory(), version, languages);
 
   const auto known = KelmPPD::getLanguageArrayFromGlobalPreference();
   expect(!known.empty());

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "platform/fake/fake_platform.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::tests {
 
@@ -32,7 +32,7 @@ class DiagnosticsOn {
   platform::FakePlatform platform;
 
  private:
-  TemporaryFolder root_;
+  TemporaryDirectory root_;
 };
 
 }  // namespace kelm::tests

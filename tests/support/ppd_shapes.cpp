@@ -67,7 +67,7 @@ std::string unclosedGroups(int n) {
 
 std::string choices(int n) { return option(0, n); }
 
-// Of one option and its choices, in languages that nobody asks for, and at last in German.
+// Of one option and its choices, in languages that are not asked for, and at last in German.
 std::string translations(int n) {
   std::string text = option(0, 1);
   for (int i = 0; i < n; ++i) {

@@ -1,6 +1,6 @@
 #!/bin/sh
 # What the wake-up service does for one caller with many requests, and for names whose address no
-# printer can have: nobody takes all places, and nothing is sent where no printer is.
+# printer can have: no caller takes all places, and nothing is sent where no printer is.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

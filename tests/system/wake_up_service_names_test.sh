@@ -67,7 +67,7 @@ expect "address with a dot at the end" '{"ipv6":false,"address":"10.77.0.2"}' "$
 
 # One place where the name may end, and two.
 address 1 dnssd://Nobody._pdl-datastream._tcp.local/
-expect "address of nobody" '{"ipv6":false,"address":null}' "$result"
+expect "address of an unknown service" '{"ipv6":false,"address":null}' "$result"
 expect_time "one split point" 3000 3900
 address 1 dnssd://Nobody._ipp._tcp.local._pdl-datastream._tcp.local/
 expect_time "two split points" 6000 6900

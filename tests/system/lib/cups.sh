@@ -17,8 +17,8 @@ cups_setup() {
     "$CUPS/bin" "$CUPS/bin/filter" "$CUPS/bin/backend"
   install -d -m 710 -g lp "$CUPS/spool"
   install -d -m 1770 -g lp "$CUPS/spool/tmp"
-  for folder in cgi-bin daemon driver monitor notifier; do
-    ln -sfn "/usr/lib/cups/$folder" "$CUPS/bin/$folder"
+  for directory in cgi-bin daemon driver monitor notifier; do
+    ln -sfn "/usr/lib/cups/$directory" "$CUPS/bin/$directory"
   done
   for file in /usr/lib/cups/filter/*; do ln -sfn "$file" "$CUPS/bin/filter/"; done
   ln -sfn /usr/lib/cups/backend/socket "$CUPS/bin/backend/socket"

@@ -79,13 +79,13 @@ TEST(DescriptorSource, GivesNothingAtTheEnd) {
 }
 
 TEST(DescriptorSource, EndsAtAReadError) {
-  const int folder = open("/", O_RDONLY | O_CLOEXEC);
+  const int directory = open("/", O_RDONLY | O_CLOEXEC);
   std::array<char, 2> room{};
-  DescriptorSource source(folder);
+  DescriptorSource source(directory);
   EXPECT_EQ(source.error(), 0);
   EXPECT_EQ(source.read(room), 0U);
   EXPECT_EQ(source.error(), EISDIR);
-  close(folder);
+  close(directory);
 }
 
 TEST(DescriptorSource, WaitsForAWriterOfANonBlockingPipe) {
@@ -140,7 +140,7 @@ TEST(WriteAll, WritesMoreThanAPipeHolds) {
   EXPECT_EQ(received, text);
 }
 
-TEST(WriteAll, GivesUpWhereNobodyReads) {
+TEST(WriteAll, GivesUpWithoutAReader) {
   const auto before = signal(SIGPIPE, SIG_IGN);
   Pipe pipe;
   pipe.closeReader();

@@ -9,7 +9,7 @@ namespace {
 
 TEST(HexText, IsTwoUpperCaseDigitsPerByte) { EXPECT_EQ(hexText("ArialMT"), "417269616C4D54"); }
 
-TEST(HexText, PadsBytesBelowSixteenWithABlank) { EXPECT_EQ(hexText("A\tB"), "41 942"); }
+TEST(HexText, PadsBytesBelowSixteenWithASpace) { EXPECT_EQ(hexText("A\tB"), "41 942"); }
 
 TEST(HexText, TakesBytesAsUnsigned) { EXPECT_EQ(hexText("ü"), "C3BC"); }
 

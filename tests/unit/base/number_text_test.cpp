@@ -9,7 +9,7 @@
 #include <limits>
 #include <string>
 
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::base {
 namespace {
@@ -19,7 +19,7 @@ TEST(LeadingInteger, ReadsDigitsUpToAnythingElse) {
   EXPECT_EQ(leadingInteger("12.9"), 12);
 }
 
-TEST(LeadingInteger, TakesBlanksAndASign) {
+TEST(LeadingInteger, TakesSpacesAndASign) {
   EXPECT_EQ(leadingInteger(" \t-7"), -7);
   EXPECT_EQ(leadingInteger("+7"), 7);
 }
@@ -61,10 +61,10 @@ TEST(LeadingReal, EndsAtAComma) { EXPECT_EQ(leadingReal("1,5"), 1); }
 
 // A locale with a decimal comma, made for the test.
 TEST(LeadingReal, HasAPointInEveryLanguage) {
-  const tests::TemporaryFolder folder;
-  const std::string locale = folder.path() / "comma";
+  const tests::TemporaryDirectory directory;
+  const std::string locale = directory.path() / "comma";
   ASSERT_EQ(std::system(("localedef -i de_DE -f ISO-8859-1 " + locale + " >/dev/null").c_str()), 0);
-  setenv("LOCPATH", folder.path().c_str(), 1);
+  setenv("LOCPATH", directory.path().c_str(), 1);
   ASSERT_NE(std::setlocale(LC_ALL, "comma"), nullptr);
   EXPECT_EQ(std::strtod("1,5", nullptr), 1.5);
   EXPECT_EQ(leadingReal("1.5"), 1.5);

@@ -130,7 +130,7 @@ std::vector<std::string> productCommands() {
   std::vector<std::string> result;
   for (const auto& each : nlohmann::json::parse(file)) {
     const std::string source = each["file"];
-    if (!source.starts_with(KELM_SOURCE_FOLDER "/tests/")) result.push_back(each["command"]);
+    if (!source.starts_with(KELM_SOURCE_DIRECTORY "/tests/")) result.push_back(each["command"]);
   }
   return result;
 }

@@ -26,7 +26,7 @@ std::string contentOf(const fs::path& path) {
 // The directories of the product: the source root's that have a library of their own.
 Names productDirectories() {
   Names result;
-  for (const auto& entry : fs::directory_iterator(KELM_SOURCE_FOLDER)) {
+  for (const auto& entry : fs::directory_iterator(KELM_SOURCE_DIRECTORY)) {
     const fs::path recipe = entry.path() / "CMakeLists.txt";
     if (fs::exists(recipe) && contentOf(recipe).find("kelm_library(") != std::string::npos) {
       result.insert(entry.path().filename());
@@ -44,7 +44,7 @@ std::string directoryOfLibrary(const std::string& target) {
 
 // The directories whose libraries the libraries of `directory` link.
 Names linkedBy(const std::string& directory, const Names& directories) {
-  std::string recipe = contentOf(fs::path(KELM_SOURCE_FOLDER) / directory / "CMakeLists.txt");
+  std::string recipe = contentOf(fs::path(KELM_SOURCE_DIRECTORY) / directory / "CMakeLists.txt");
   for (char& c : recipe) {
     if (c == ')' || c == '(') c = ' ';
   }
@@ -83,7 +83,7 @@ std::string includedDirectory(const std::string& line) {
 template <class Visitor>
 void forEachInclude(const std::string& directory, const Visitor& visit) {
   for (const auto& entry :
-       fs::recursive_directory_iterator(fs::path(KELM_SOURCE_FOLDER) / directory)) {
+       fs::recursive_directory_iterator(fs::path(KELM_SOURCE_DIRECTORY) / directory)) {
     const fs::path& path = entry.path();
     if (path.extension() != ".cpp" && path.extension() != ".hpp") continue;
     std::ifstream file(path);
@@ -112,7 +112,7 @@ TEST(Layers, ADirectoryLinksWhatItIncludes) {
 // It links small libraries of the platform, and nothing else of it.
 TEST(Layers, TheWakeUpServiceTakesThreeHeadersOfThePlatform) {
   Names headers;
-  for (const auto& entry : fs::directory_iterator(fs::path(KELM_SOURCE_FOLDER) / "wolservice")) {
+  for (const auto& entry : fs::directory_iterator(fs::path(KELM_SOURCE_DIRECTORY) / "wolservice")) {
     std::ifstream file(entry.path());
     for (std::string line; std::getline(file, line);) {
       if (line.starts_with("#include \"platform/")) headers.insert(line);

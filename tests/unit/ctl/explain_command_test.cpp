@@ -11,7 +11,7 @@
 #include "ctl/explain_page.hpp"
 #include "ctl/explain_text.hpp"
 #include "platform/fake/fake_platform.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 #include "tests/unit/ctl/command_runner.hpp"
 
 namespace kelm::ctl {
@@ -83,7 +83,7 @@ TEST_F(ExplainCommand, RefusesArgumentsThatMakeNoSense) {
 }
 
 // What the filter writes for a stapled job, with one section.
-std::string stapledStream(const tests::TemporaryFolder& folder) {
+std::string stapledStream(const tests::TemporaryDirectory& directory) {
   const auto json = nlohmann::json::parse(
       runKelmctl({"explain", "--ppd", kPpd, "--json", "-o", "QVStapleMode=OneStaple"}).out);
   std::string stream;
@@ -95,14 +95,14 @@ std::string stapledStream(const tests::TemporaryFolder& folder) {
   stream +=
       "%!PS-Adobe-3.0\n%%BeginFeature: *QVStapleMode OneStaple\n"
       "(OneStaple) userdict exch /QVStapleMode exch put\n%%EndFeature\n";
-  const std::string path = folder.path() / "stream.prn";
+  const std::string path = directory.path() / "stream.prn";
   tests::writeFile(path, stream);
   return path;
 }
 
 TEST_F(ExplainCommand, ShowsOfAStreamOnlyWhatHasChanged) {
-  const tests::TemporaryFolder folder;
-  const std::string path = stapledStream(folder);
+  const tests::TemporaryDirectory directory;
+  const std::string path = stapledStream(directory);
   const Outcome every = runKelmctl({"explain", "--ppd", kPpd, "--stream", path.c_str(), "--all"});
   EXPECT_EQ(every.status, 0) << every.out;
   EXPECT_THAT(every.out, HasSubstr("@PJL SET QVJOG=OFF\n"));

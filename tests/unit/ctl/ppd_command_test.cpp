@@ -29,8 +29,8 @@ constexpr const char* kText =
 class PpdCommand : public testing::Test {
  protected:
   platform::FakePlatform system;
-  ppdtext::TestFolder folder;
-  const std::string path = folder.write("a.ppd", kText);
+  ppdtext::TestDirectory directory;
+  const std::string path = directory.write("a.ppd", kText);
 };
 
 TEST_F(PpdCommand, ShowsOptionsAndChoicesWithTheDefaultMarked) {
@@ -83,7 +83,7 @@ TEST_F(PpdCommand, WritesOneJsonObject) {
 TEST_F(PpdCommand, LeavesOutWhatIsLeftOfACharacter) {
   const std::string begin(79, 'a');
   const std::string file =
-      folder.write("long.ppd", kText + ("*de.PageSize A3/" + begin + "ä: \"\"\n"));
+      directory.write("long.ppd", kText + ("*de.PageSize A3/" + begin + "ä: \"\"\n"));
   const Outcome json = runKelmctl({"ppd", file.c_str(), "--language", "de", "--json"});
   EXPECT_EQ(nlohmann::json::parse(json.out)["groups"][1]["options"][0]["choices"][0]["text"],
             begin);
@@ -93,13 +93,13 @@ TEST_F(PpdCommand, LeavesOutWhatIsLeftOfACharacter) {
 
 TEST_F(PpdCommand, DoesNotLetATextSteerTheTerminal) {
   const std::string file =
-      folder.write("bell.ppd", "*OpenUI *F/\x1B[2J: PickOne\n*F O/O: \"1\"\n*CloseUI: *F\n");
+      directory.write("bell.ppd", "*OpenUI *F/\x1B[2J: PickOne\n*F O/O: \"1\"\n*CloseUI: *F\n");
   EXPECT_THAT(runKelmctl({"ppd", file.c_str()}).out, testing::Not(HasSubstr("\x1B")));
 }
 
 // Such as the output of another program: ... | kelmctl ppd /dev/stdin
 TEST_F(PpdCommand, ReadsAPipeOnce) {
-  const std::string pipe = folder.path() + "/pipe";
+  const std::string pipe = directory.path() + "/pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   std::thread writer([&] { std::ofstream(pipe) << kText; });
   EXPECT_THAT(runKelmctl({"ppd", pipe.c_str(), "--language", "de"}).out,
@@ -115,8 +115,8 @@ TEST_F(PpdCommand, NamesAFileThatCannotBeRead) {
 }
 
 TEST_F(PpdCommand, NamesTheOptionWithoutAChoiceAndItsLine) {
-  const std::string file =
-      folder.write("bare.ppd", "*PPD-Adobe: \"4.3\"\n*OpenUI *Bare/b: PickOne\n*CloseUI: *Bare\n");
+  const std::string file = directory.write(
+      "bare.ppd", "*PPD-Adobe: \"4.3\"\n*OpenUI *Bare/b: PickOne\n*CloseUI: *Bare\n");
   const Outcome outcome = runKelmctl({"ppd", file.c_str()});
   EXPECT_EQ(outcome.status, kExitFailed);
   EXPECT_THAT(outcome.err,
@@ -124,7 +124,7 @@ TEST_F(PpdCommand, NamesTheOptionWithoutAChoiceAndItsLine) {
 }
 
 TEST_F(PpdCommand, NamesAFileWithoutOptions) {
-  const std::string file = folder.write("empty.ppd", "*PPD-Adobe: \"4.3\"\n");
+  const std::string file = directory.write("empty.ppd", "*PPD-Adobe: \"4.3\"\n");
   const Outcome outcome = runKelmctl({"ppd", file.c_str()});
   EXPECT_EQ(outcome.status, kExitFailed);
   EXPECT_THAT(outcome.err, HasSubstr("kelmctl: " + file + ": no option with a text"));
@@ -133,13 +133,13 @@ TEST_F(PpdCommand, NamesAFileWithoutOptions) {
 TEST_F(PpdCommand, RefusesKeywordsThatTakeTooLong) {
   const std::string letters(200, 'a');
   const std::string reading =
-      folder.write("slow.ppd", "*" + letters + " On/On: \"\"\n*OpenUI *(a+)+b/b: PickOne\n");
+      directory.write("slow.ppd", "*" + letters + " On/On: \"\"\n*OpenUI *(a+)+b/b: PickOne\n");
   EXPECT_THAT(runKelmctl({"ppd", reading.c_str()}).err, HasSubstr("takes too long"));
   const std::string showing =
-      folder.write("odd.ppd",
-                   "*cupsLanguages: \"de\"\n*OpenUI *Fold/F: PickOne\n*Fold (a+)+b/On: \"\"\n"
-                   "*CloseUI: *Fold\n*de.Fold " +
-                       letters + "/An: \"\"\n");
+      directory.write("odd.ppd",
+                      "*cupsLanguages: \"de\"\n*OpenUI *Fold/F: PickOne\n*Fold (a+)+b/On: \"\"\n"
+                      "*CloseUI: *Fold\n*de.Fold " +
+                          letters + "/An: \"\"\n");
   const Outcome outcome = runKelmctl({"ppd", showing.c_str(), "--language", "de"});
   EXPECT_EQ(outcome.status, kExitFailed);
   EXPECT_THAT(outcome.out, IsEmpty());

@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "ctl/exit_status.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 #include "tests/unit/ctl/command_runner.hpp"
 
 namespace kelm::ctl {
@@ -22,13 +22,13 @@ using testing::IsEmpty;
 // A PPD of this text, as long as the object lives.
 class PpdFile {
  public:
-  explicit PpdFile(std::string_view text) : path_(folder_.path() / "queue.ppd") {
+  explicit PpdFile(std::string_view text) : path_(directory_.path() / "queue.ppd") {
     tests::writeFile(path_, text);
   }
   const char* path() const { return path_.c_str(); }
 
  private:
-  tests::TemporaryFolder folder_;
+  tests::TemporaryDirectory directory_;
   std::filesystem::path path_;
 };
 

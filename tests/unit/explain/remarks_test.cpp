@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 #include "tests/unit/explain/explained_job.hpp"
 
 namespace kelm::explain {
@@ -105,7 +105,7 @@ TEST(Remarks, NameAnUnknownChoiceThatIsTheDefaultOfTheQueue) {
   EXPECT_EQ(remarks.front().problem, "is not a choice of this option");
 }
 
-// PageSize counts, whoever gave it.
+// PageSize counts, from any source.
 TEST(Remarks, NameAPaperThatADefaultPageSizeReplaces) {
   const Option media{"media", "A3"};
   EXPECT_EQ(remarksOnGiven({media, {"PageSize", "A4", Giver::kUserDefaults}}).size(), 1U);
@@ -137,8 +137,8 @@ TEST(Remarks, NameChoicesThatThePpdForbidsTogether) {
 // The same with a PPD that asks the filter for standard options.
 Remark standardRemarkOn(const std::string& options) {
   const platform::FakePlatform platform;
-  const tests::TemporaryFolder folder;
-  const std::string path = folder.path() / "standard.ppd";
+  const tests::TemporaryDirectory directory;
+  const std::string path = directory.path() / "standard.ppd";
   tests::writeFile(
       path, tests::readFile(KELM_PPDS_DIR "/explain.ppd").value() + "*KelmStandardOptions: True\n");
   ppd_file_t* ppd = job::r_ppdOpenFile(path.c_str());

@@ -158,7 +158,7 @@ TEST_F(Stream, WithTexts) {
             "QVJOBCOMMENT=48656C6C6F\n");
 }
 
-TEST_F(Stream, WithASectionThatNobodyFilled) {
+TEST_F(Stream, WithASectionLeftUnfilled) {
   EXPECT_EQ(problems(of({}, "%!PS\n" + section("QVJobComment", "XXX"))),
             "the section of QVJobComment still has XXX for a value\n");
 }

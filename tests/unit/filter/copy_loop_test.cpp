@@ -52,13 +52,13 @@ TEST_F(CopyLoop, PassesEverythingElseUnchanged) {
   EXPECT_EQ(copied(bytes), bytes);
 }
 
-TEST_F(CopyLoop, RewritesTheLineBehindAnOpeningLine) {
+TEST_F(CopyLoop, RewritesTheLineAfterAnOpeningLine) {
   EXPECT_EQ(
       copied("a\n%%BeginFeature: *QVPageNumStartNum 1\n(1) set\n%%EndFeature\nb", kStartNumberFive),
       "a\n%%BeginFeature: *QVPageNumStartNum 1\n(5) set\n%%EndFeature\nb");
 }
 
-TEST_F(CopyLoop, LooksBehindAnyPerCentSign) {
+TEST_F(CopyLoop, LooksAfterAnyPerCentSign) {
   EXPECT_EQ(copied("x % BeginFeature QVPageNumStartNum\n(1) set\n", kStartNumberFive),
             "x % BeginFeature QVPageNumStartNum\n(5) set\n");
 }
@@ -88,14 +88,14 @@ TEST_F(CopyLoop, TakesALineOfMoreThan4096BytesInPieces) {
   EXPECT_EQ(copied(job), job);
 }
 
-TEST_F(CopyLoop, LooksAgainBehindAPerCentSignInTheRestOfALongLine) {
+TEST_F(CopyLoop, LooksAgainAfterAPerCentSignInTheRestOfALongLine) {
   const std::string longLine = "%" + std::string(4096, '-') + "rest ";
   EXPECT_EQ(copied(longLine + "%BeginFeature QVHideJob\n(1) goes\n(2) stays\n"),
             longLine + "%BeginFeature QVHideJob\n(2) stays\n");
 }
 
 // The section's opening line is cut by the end of the block in which the long line is.
-TEST_F(CopyLoop, SeesASectionBehindALongLineThatTheBlockCuts) {
+TEST_F(CopyLoop, SeesASectionAfterALongLineThatTheBlockCuts) {
   const std::string before = "%" + std::string(5000, '-') + "\n%BeginFeature QVHi";
   EXPECT_EQ(copied(before + "deJob\n(1) goes\n(2) stays\n", {}, before.size()),
             before + "deJob\n(2) stays\n");

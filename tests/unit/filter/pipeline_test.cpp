@@ -47,7 +47,7 @@ std::vector<std::string> jobOf(const std::string& options, const std::string& fi
 class Pipeline : public testing::Test {
  protected:
   std::string fileOf(std::string_view content) {
-    const std::string path = folder_.path() / "in.ps";
+    const std::string path = directory_.path() / "in.ps";
     tests::writeFile(path, content);
     return path;
   }
@@ -59,7 +59,7 @@ class Pipeline : public testing::Test {
       return run(jobOf(options, file));
     });
   }
-  tests::TemporaryFolder folder_;
+  tests::TemporaryDirectory directory_;
 };
 
 constexpr char kLastHeaderLine[] = "\n@PJL ENTER LANGUAGE=POSTSCRIPT\n";
@@ -84,7 +84,7 @@ TEST_F(Pipeline, DecidesCustomPaperAndOutputFaceBeforeTheHeader) {
 
 TEST_F(Pipeline, SettlesStandardOptionsBeforeTheHeader) {
   const std::string file = fileOf("");
-  const std::string ppd = folder_.path() / "standard.ppd";
+  const std::string ppd = directory_.path() / "standard.ppd";
   tests::writeFile(ppd, "*PPD-Adobe: \"4.3\"\n*KelmStandardOptions: True\n");
   EXPECT_THAT(tests::inChild([&] {
                 platform::FakePlatform platform;
@@ -96,7 +96,7 @@ TEST_F(Pipeline, SettlesStandardOptionsBeforeTheHeader) {
 // The PPD names the printer 00:1B:A9:00:00:01.
 TEST_F(Pipeline, WakesThePrinter) {
   const std::string file = fileOf("");
-  const std::string ppd = folder_.path() / "waking.ppd";
+  const std::string ppd = directory_.path() / "waking.ppd";
   tests::writeFile(ppd,
                    "*PPD-Adobe: \"4.3\"\n*IsWakeOnLan: \"1\"\n"
                    "*PrinterMacAddress: \"MDA6MUI6QTk6MDA6MDA6MDE=\"\n");

@@ -10,7 +10,7 @@
 #include <string>
 
 #include "platform/fake/fake_platform.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::filter {
 namespace {
@@ -31,8 +31,8 @@ class OpenFile {
 
 class PrinterStream : public testing::Test {
  protected:
-  tests::TemporaryFolder folder_;
-  std::string path_ = folder_.path() / "printer";
+  tests::TemporaryDirectory directory_;
+  std::string path_ = directory_.path() / "printer";
   platform::FakePlatform platform_;
 };
 

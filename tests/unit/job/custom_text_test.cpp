@@ -86,7 +86,7 @@ TEST(GetCustomTextHexValue, WritesTheTextInHex) {
   EXPECT_EQ(hexOf({{"QVJobComment", "Hello"}}), "48656C6C6F");
 }
 
-TEST(GetCustomTextHexValue, WritesATabAsABlankAndNine) {
+TEST(GetCustomTextHexValue, WritesATabAsASpaceAndNine) {
   EXPECT_EQ(hexOf({{"QVJobComment", "Custom.a\tb"}}), "61 962");
 }
 

@@ -34,7 +34,7 @@ void writeToEveryFile() {
 }
 
 TEST(DiagnosticSwitch, IsOffWithoutItsFileAndWritesNothing) {
-  const tests::TemporaryFolder root;
+  const tests::TemporaryDirectory root;
   fs::create_directories(root.path() / "Library/Caches");
   platform::FakePlatform platform;
   platform.fileRoot.root = root.path().string();
@@ -260,7 +260,7 @@ TEST_F(DiagnosticFiles, AreLeftOutWhereTheyCannotBeOpened) {
   EXPECT_FALSE(fs::exists(diagnostics_.caches()));
 }
 
-TEST_F(DiagnosticFiles, AreNotWrittenIntoAFileThatSomebodyElsePlanted) {
+TEST_F(DiagnosticFiles, AreNotWrittenIntoAFileOfAnotherUser) {
   tests::writeFile(pathOf(1), "planted");
   ASSERT_EQ(chown(pathOf(1).c_str(), 65534, 65534), 0) << "run the tests as root";
   LogFile1Message("text", true);

@@ -11,7 +11,7 @@
 #include "job/print_job.hpp"
 #include "platform/fake/fake_platform.hpp"
 #include "tests/support/child.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::job {
 namespace {
@@ -73,8 +73,8 @@ TEST(SetupLocale, LeavesTheCLocaleWithoutALanguage) {
 }
 
 TEST(SetupLocale, MakesStandardErrorUnbuffered) {
-  const tests::TemporaryFolder folder;
-  const std::string path = folder.path() / "error";
+  const tests::TemporaryDirectory directory;
+  const std::string path = directory.path() / "error";
   inChild([&] {
     static char buffer[4096];
     if (std::freopen(path.c_str(), "w", stderr) == nullptr) return "no file";

@@ -180,7 +180,7 @@ TEST(GetCustomPaperSize, LeavesBothWithoutFullStopOrX) {
   expectCustom("", -7, -7);
 }
 
-TEST(GetCustomPaperSize, LeavesTheHeightWithNothingBehindTheX) {
+TEST(GetCustomPaperSize, LeavesTheHeightWithNothingAfterTheX) {
   expectCustom("Custom.100x", 35, -7);
 }
 
@@ -204,7 +204,7 @@ TEST(GetCustomPaperSize, IsMinusOneWithoutAnArgument) {
   EXPECT_EQ(number, 3);
 }
 
-TEST(HasCustomPaperSize, NeedsAFullStopAnXAndSomethingBehindIt) {
+TEST(HasCustomPaperSize, NeedsAFullStopAnXAndSomethingAfterIt) {
   EXPECT_TRUE(hasCustomPaperSize("Custom.595x842"));
   EXPECT_TRUE(hasCustomPaperSize("Custom.xa"));
   EXPECT_FALSE(hasCustomPaperSize("Custom595x842"));

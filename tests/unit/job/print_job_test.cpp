@@ -14,7 +14,7 @@
 #include "job/ppd_calls.hpp"
 #include "platform/fake/fake_platform.hpp"
 #include "tests/support/memory_job.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::job {
 namespace {
@@ -192,8 +192,8 @@ std::string markedChoice(const PrintJobData& job, const char* option) {
 
 // To open a FIFO would wait for a program that writes to it.
 TEST(InitializePrintJobData, DoesNotWaitForAPpdThatIsAFifo) {
-  const tests::TemporaryFolder folder;
-  const std::string path = folder.path() / "queue.ppd";
+  const tests::TemporaryDirectory directory;
+  const std::string path = directory.path() / "queue.ppd";
   ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
   alarm(20);
   const StartedJob job(StartedJob::usual(""), path.c_str());
@@ -219,7 +219,7 @@ TEST(JobName, IsTheTitleInHex) {
   EXPECT_EQ(jobNameFor("", "\xC3\xA9"), "C3A9");
 }
 
-TEST(JobName, WritesATabOfTheTitleAsABlankAndNine) { EXPECT_EQ(jobNameFor("", "A\tB"), "41 942"); }
+TEST(JobName, WritesATabOfTheTitleAsASpaceAndNine) { EXPECT_EQ(jobNameFor("", "A\tB"), "41 942"); }
 
 TEST(JobName, OfAnEmptyTitleIsEmpty) { EXPECT_EQ(jobNameFor("", ""), ""); }
 

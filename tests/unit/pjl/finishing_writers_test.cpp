@@ -162,7 +162,7 @@ TEST_F(Owner, OfADialogJobWithoutATextIsTheConsoleUser) {
             "@PJL SET USERNAME=616E6E61\n");
 }
 
-TEST_F(Owner, IsEmptyWhenNobodyIsThere) {
+TEST_F(Owner, IsEmptyWithoutAConsoleUser) {
   platform_.consoleUser.user = "";
   EXPECT_EQ(plainLines({}), lines("OFF", ""));
   EXPECT_EQ(dialog(Output_USERNAME), "@PJL SET USERNAME=\n");
@@ -174,7 +174,7 @@ TEST_F(Owner, IsNotTheUserOfTheCommandLine) {
   EXPECT_EQ(written(Output_USERNAME, job), "@PJL SET USERNAME=616E6E61\n");
 }
 
-TEST_F(Owner, WhoseNameDoesNotFit512BytesCountsAsNobody) {
+TEST_F(Owner, WhoseNameDoesNotFit512BytesIsEmpty) {
   std::string hex;
   for (int i = 0; i < 511; ++i) hex += "61";
   platform_.consoleUser.user = std::string(511, 'a');
@@ -199,7 +199,7 @@ class JobName : public testing::Test {
   platform::FakePlatform platform_;
 };
 
-TEST_F(JobName, OfAPlainJobIsTheTypedNameInHexWithoutBlanks) {
+TEST_F(JobName, OfAPlainJobIsTheTypedNameInHexWithoutSpaces) {
   EXPECT_EQ(plainLines({{"QVJobNameInfo", "Custom.Report"}}), lines("ON", "5265706F7274"));
 }
 

@@ -11,7 +11,7 @@
 
 #include "job/custom_paper.hpp"
 #include "tests/support/memory_job.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::pjl {
 namespace {
@@ -52,7 +52,7 @@ std::string mappedText(const char* choice, std::span<const ValueRow> rows, bool 
   return output.text();
 }
 
-TEST(Value, IsWrittenBehindItsNameWithoutQuotesOrBlanks) {
+TEST(Value, IsWrittenAfterItsNameWithoutQuotesOrSpaces) {
   TestJob job;
   MemoryOutput output;
   Output_Value(output.stream(), *job, "NAME", "a b");
@@ -108,10 +108,10 @@ TEST(CopyValueWithUpperCase, GoesByteByByte) {
 
 // A locale in which 0xFC is a small letter, made for the test.
 TEST(CopyValueWithUpperCase, DoesNotFollowTheJobsLanguage) {
-  const tests::TemporaryFolder folder;
-  const std::string locale = folder.path() / "latin";
+  const tests::TemporaryDirectory directory;
+  const std::string locale = directory.path() / "latin";
   ASSERT_EQ(std::system(("localedef -i de_DE -f ISO-8859-1 " + locale + " >/dev/null").c_str()), 0);
-  setenv("LOCPATH", folder.path().c_str(), 1);
+  setenv("LOCPATH", directory.path().c_str(), 1);
   ASSERT_NE(std::setlocale(LC_ALL, "latin"), nullptr);
   EXPECT_NE(std::toupper(0xFC), 0xFC);
   EXPECT_EQ(inUpperCase({{"QVText", "istanbul\xFC"}}, ""), "@PJL SET TEXT=ISTANBUL\xFC\n");
@@ -221,7 +221,7 @@ TEST(ValueWithArray, IsTheFirstOfTwoRowsWithTheSameKey) {
   EXPECT_EQ(mappedText("Red", kTwice, false), "@PJL SET COLOUR=1\n");
 }
 
-TEST(ValueWithArray, IsHexTextWhenAskedForPaddedWithABlank) {
+TEST(ValueWithArray, IsHexTextWhenAskedForPaddedWithASpace) {
   constexpr ValueRow kTabbed[] = {{"Tabbed", "A\tB"}};
   EXPECT_EQ(mappedText("Tabbed", kTabbed, true), "@PJL SET COLOUR=41 942\n");
 }

@@ -9,7 +9,7 @@
 
 #include "platform/linux/linux_platform.hpp"
 #include "tests/support/child.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::platform::linux_platform {
 namespace {

@@ -44,7 +44,7 @@ TEST(FakePlatform, KeepsTheSystemLogInOrder) {
   EXPECT_THAT(fake.systemLog.messages, testing::ElementsAre("one", "two"));
 }
 
-TEST(FakePlatform, HasNobodyAndNoNameAtFirst) {
+TEST(FakePlatform, HasNoUserAndNoNameAtFirst) {
   FakePlatform fake;
   EXPECT_EQ(platform().computerName->get(), "");
   EXPECT_EQ(platform().consoleUser->name(), "");

@@ -8,7 +8,7 @@
 #include <filesystem>
 
 #include "tests/support/child.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::platform::linux_platform {
 namespace {
@@ -62,7 +62,7 @@ TEST(LinuxConsoleUser, IsEmptyWithoutAnActiveSession) {
   EXPECT_EQ(consoleUserOf("IS_SEAT0=1\n"), "[]");
 }
 
-TEST(LinuxConsoleUser, IsEmptyForAUserWhomNobodyKnows) {
+TEST(LinuxConsoleUser, IsEmptyForAnUnknownUser) {
   EXPECT_EQ(consoleUserOf("ACTIVE=1\nACTIVE_UID=3999999999\n"), "[]");
 }
 

@@ -11,7 +11,7 @@
 
 #include "platform/fake/fake_platform.hpp"
 #include "tests/support/child.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::platform::macos_platform {
 namespace {
@@ -34,7 +34,7 @@ class Console {
 
  private:
   FakePlatform system_;
-  tests::TemporaryFolder root_;
+  tests::TemporaryDirectory root_;
   bool owned_ = false;
 };
 
@@ -65,7 +65,7 @@ TEST(MacosConsoleOfRoot, IsNobodys) {
   EXPECT_EQ(MacosConsoleUser().name(), "");
 }
 
-TEST(MacosConsoleOfRoot, MayBeOfAUserWhomNobodyKnows) {
+TEST(MacosConsoleOfRoot, MayBeOfAnUnknownUser) {
   const Console console(3999999999);
   ASSERT_TRUE(console.owned());
   EXPECT_EQ(MacosConsoleUser().name(), "");

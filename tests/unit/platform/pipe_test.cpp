@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::platform {
 namespace {
@@ -41,8 +41,8 @@ TEST_F(WidenPipe, LeavesAWiderPipe) {
 }
 
 TEST(WidenPipeOfAFile, DoesNothing) {
-  const tests::TemporaryFolder folder;
-  const int file = open((folder.path() / "file").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  const tests::TemporaryDirectory directory;
+  const int file = open((directory.path() / "file").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
   widenPipe(file);
   EXPECT_EQ(write(file, "a", 1), 1);
   close(file);

@@ -64,7 +64,7 @@ TEST(CodeLine, SaysItsChoiceUnlessTheFilterFillsIt) {
 }
 
 // A longer line makes CUPS ignore the whole file, and so does a longer keyword.
-TEST(PpdText, KeepsTheLimitsOfThePrintSystem) {
+TEST(PpdText, KeepsTheLimitsOfCups) {
   std::ifstream file(kDialogModel);
   std::string line;
   std::size_t number = 0;

@@ -157,7 +157,7 @@ TEST_P(Translation, IsNoEnglishText) {
   EXPECT_EQ(GetParam().asInEnglish, same);
 }
 
-TEST_P(Translation, ReachesDialogsThroughThePrintSystem) {
+TEST_P(Translation, ReachesDialogsThroughCups) {
   inLanguage([&](const Description& description) {
     ppdLocalize(description.ppd());
     const auto label = [&](const char* keyword, const char* choice) {

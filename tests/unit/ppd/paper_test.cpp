@@ -59,7 +59,7 @@ TEST_P(Papers, SetThePageToTheSizeOfTheTable) {
 }
 
 // What CUPS works with, back in 1/100 mm: 3 mm of each edge are not printed on.
-TEST(PaperDimension, ReachesThePrintSystemWithMarginsOfThreeMillimetres) {
+TEST(PaperDimension, ReachesCupsWithMarginsOfThreeMillimetres) {
   const Description description;
   for (const job::Paper& paper : kPapers) {
     const ppd_size_t* size = ppdPageSize(description.ppd(), paper.name);

@@ -62,7 +62,7 @@ TEST(PlainValue, IsThatOfTheFirstAttributeOfTheKeyword) {
   EXPECT_EQ(Helper::getPPDAttributeValueForName_ppdFile_("Twice", ppd), "first");
 }
 
-TEST(DecodedValue, IsTheTextBehindTheBase64) {
+TEST(DecodedValue, IsTheTextAfterTheBase64) {
   const MemoryPpd ppd(
       attribute("Name", "R3LDvMOfZSDmjqXntpo="));  // 47 72 C3BC C39F 65 20 E68EA5 E7B69A
   EXPECT_EQ(Helper::getDecodedPPDAttributeValueForName_ppdFile_("Name", ppd), "Grüße 接続");
@@ -108,7 +108,7 @@ TEST(MultiPartValue, IsJoinedInTheOrderOfThePartsAndDecodedOnce) {
   EXPECT_EQ(Helper::getDecodedPPDAttributeMaltiPartValueForName_ppdFile_("Box", ppd), "Fach 1");
 }
 
-TEST(MultiPartValue, GoesOnBehindAMissingPart) {
+TEST(MultiPartValue, GoesOnAfterAMissingPart) {
   const MemoryPpd ppd(attribute("SharedBoxName0_Part1", "QUJD") +
                       attribute("SharedBoxName0_Part3", "REVG"));
   EXPECT_EQ(Helper::getDecodedPPDAttributeMaltiPartValueForName_ppdFile_("SharedBoxName0", ppd),

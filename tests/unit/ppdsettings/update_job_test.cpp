@@ -155,7 +155,7 @@ TEST_P(Family, WritesEveryMatch) {
             "yes PPD: " + name(0, 1) + "=A\nPPD: " + name(0, 1) + "=B\n");
 }
 
-TEST_P(Family, WritesNothingBehindItsLastIndexOrPart) {
+TEST_P(Family, WritesNothingAfterItsLastIndexOrPart) {
   const int last = GetParam().lastIndex;
   EXPECT_EQ(update(GetParam().updater, jobOf({{name(last, 6), "A"}})),
             "yes PPD: " + name(last, 6) + "=A\n");

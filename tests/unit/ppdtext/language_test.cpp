@@ -122,11 +122,11 @@ TEST(SupportLanguage, IsNoneInAListThatIsNotAscii) {
 class SystemLanguage : public testing::Test {
  protected:
   SystemLanguage() {
-    system.fileRoot.root = folder.path();
+    system.fileRoot.root = directory.path();
     system.preferredLanguages.preferred = {"fr-FR", "en-GB"};
   }
   void write(const std::string& path, const std::string& content) const {
-    folder.write(
+    directory.write(
         path, "<?xml version=\"1.0\"?><plist version=\"1.0\"><dict>" + content + "</dict></plist>");
   }
   void writeVersion(const std::string& version) const {
@@ -139,7 +139,7 @@ class SystemLanguage : public testing::Test {
   }
 
   platform::FakePlatform system;
-  TestFolder folder;
+  TestDirectory directory;
 };
 
 TEST_F(SystemLanguage, VersionStaysUntouchedWithoutItsFile) {

@@ -67,7 +67,7 @@ void expectSameChoices(const ppd_option_t& ours, const ppd_option_t& theirs) {
 }
 
 TEST(OwnPpd, IsTheSameToBothOptionByOption) {
-  const Both both(KELM_SOURCE_FOLDER "/ppd/kelm-ij-dialog.ppd");
+  const Both both(KELM_SOURCE_DIRECTORY "/ppd/kelm-ij-dialog.ppd");
   ASSERT_NE(both.text, nullptr);
   ASSERT_NE(both.libcups, nullptr);
   const auto ours = Both::optionsOfRecord(*both.text);
@@ -82,7 +82,7 @@ TEST(OwnPpd, IsTheSameToBothOptionByOption) {
 }
 
 TEST(OwnPpd, HasTheSameGroupsInTheSameOrder) {
-  const Both both(KELM_SOURCE_FOLDER "/ppd/kelm-ij-dialog.ppd");
+  const Both both(KELM_SOURCE_DIRECTORY "/ppd/kelm-ij-dialog.ppd");
   ASSERT_NE(both.text, nullptr);
   const auto keywordsOf = [](const ppd_group_t& group) {
     std::multiset<std::string> keywords;
@@ -216,9 +216,9 @@ constexpr Counts kGeneric[] = {
 };
 
 TEST(GenericPpds, DifferOnlyInWhatIsExplained) {
-  const TestFolder folder;
+  const TestDirectory directory;
   for (const Counts& counts : kGeneric) {
-    expectCounts(Both(folder.write(counts.name, archived(counts.name))), counts);
+    expectCounts(Both(directory.write(counts.name, archived(counts.name))), counts);
   }
 }
 

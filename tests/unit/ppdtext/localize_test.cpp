@@ -139,7 +139,7 @@ TEST(Localize, EmptiesATextWhoseTranslationIsEmpty) {
   EXPECT_THAT(shown("*de.Translation Fold/: \"\"\n*de.Fold One/: \"\"\n"), ElementsAre("", ""));
 }
 
-TEST(Localize, EmptiesATextWhoseLineStandsBehindTheLanguagesLastOne) {
+TEST(Localize, EmptiesATextWhoseLineStandsAfterTheLanguagesLastOne) {
   EXPECT_THAT(shown("*de.Fold One/Eins: \"\"\n-de.Translation Fold/Falten: \"\"\n"),
               ElementsAre("", "Eins"));
 }
@@ -173,8 +173,8 @@ constexpr const char* kFrench =
 class LocalizeFile : public testing::Test {
  protected:
   platform::FakePlatform system;
-  TestFolder folder;
-  const std::string path = folder.write("a.ppd", kFrench);
+  TestDirectory directory;
+  const std::string path = directory.write("a.ppd", kFrench);
   const Record record{KelmPPD::ppdOpenFile_(path.c_str())};
 };
 

@@ -26,11 +26,11 @@ std::string plainOption(const std::string& keyword) {
 class OpenFile : public testing::Test {
  protected:
   platform::FakePlatform system;
-  TestFolder folder;
+  TestDirectory directory;
 };
 
 TEST_F(OpenFile, GivesTheRecordOfAFile) {
-  const std::string path = folder.write("a.ppd", plainOption("Fold"));
+  const std::string path = directory.write("a.ppd", plainOption("Fold"));
   const Record record(KelmPPD::ppdOpenFile_(path.c_str()));
   ASSERT_NE(record, nullptr);
   EXPECT_THAT(optionsByGroup(record), ElementsAre("Fold"));
@@ -43,19 +43,19 @@ TEST_F(OpenFile, TellsTheSystemLogOfAMissingPath) {
 }
 
 TEST_F(OpenFile, TellsTheSystemLogOfAMissingFile) {
-  const std::string path = folder.path() + "/missing.ppd";
+  const std::string path = directory.path() + "/missing.ppd";
   EXPECT_EQ(KelmPPD::ppdOpenFile_(path.c_str()), nullptr);
   EXPECT_THAT(system.systemLog.messages, ElementsAre("[Driver] PPD file open Error!!! - " + path));
 }
 
 TEST_F(OpenFile, TellsTheSystemLogOfAFileThatIsNotUtf8) {
-  const std::string path = folder.write("latin.ppd", plainOption("Fold") + "*% Gr\xF6\xDF\n");
+  const std::string path = directory.write("latin.ppd", plainOption("Fold") + "*% Gr\xF6\xDF\n");
   EXPECT_EQ(KelmPPD::ppdOpenFile_(path.c_str()), nullptr);
   EXPECT_THAT(system.systemLog.messages, ElementsAre("[Driver] PPD file open Error!!! - " + path));
 }
 
-TEST_F(OpenFile, TellsTheSystemLogOfAFolder) {
-  EXPECT_EQ(KelmPPD::ppdOpenFile_(folder.path().c_str()), nullptr);
+TEST_F(OpenFile, TellsTheSystemLogOfADirectory) {
+  EXPECT_EQ(KelmPPD::ppdOpenFile_(directory.path().c_str()), nullptr);
   EXPECT_EQ(system.systemLog.messages.size(), 1U);
 }
 
@@ -67,30 +67,30 @@ TEST_F(OpenFile, TellsTheSystemLogOfAFileWhoseReadingFails) {
 
 TEST_F(OpenFile, SaysNothingOfAFileWithLinesThatEndInCrLf) {
   const std::string text = "*OpenUI *Fold/F: PickOne\r\n*Fold One/1: \"\"\r\n*CloseUI: *Fold\r\n";
-  EXPECT_EQ(KelmPPD::ppdOpenFile_(folder.write("crlf.ppd", text).c_str()), nullptr);
+  EXPECT_EQ(KelmPPD::ppdOpenFile_(directory.write("crlf.ppd", text).c_str()), nullptr);
   EXPECT_THAT(system.systemLog.messages, IsEmpty());
 }
 
 TEST_F(OpenFile, SaysNothingOfAFileWithoutOptions) {
-  EXPECT_EQ(KelmPPD::ppdOpenFile_(folder.write("empty.ppd", "").c_str()), nullptr);
+  EXPECT_EQ(KelmPPD::ppdOpenFile_(directory.write("empty.ppd", "").c_str()), nullptr);
   EXPECT_THAT(system.systemLog.messages, IsEmpty());
 }
 
 TEST_F(OpenFile, SaysNothingOfAnOptionWithoutChoices) {
   const std::string text = plainOption("Fold") + "*OpenUI *Bare/b: PickOne\n*CloseUI: *Bare\n";
-  EXPECT_EQ(KelmPPD::ppdOpenFile_(folder.write("bare.ppd", text).c_str()), nullptr);
+  EXPECT_EQ(KelmPPD::ppdOpenFile_(directory.write("bare.ppd", text).c_str()), nullptr);
   EXPECT_THAT(system.systemLog.messages, IsEmpty());
 }
 
 TEST(ClosePpd, TakesNoRecord) { KelmPPD::ppdClose_(nullptr); }
 
-TEST(Record, HoldsNoOptionBehindTheEndOfTheAdvancedGroup) {
+TEST(Record, HoldsNoOptionAfterTheEndOfTheAdvancedGroup) {
   const Record record =
       recordOf(plainOption("Seen") + "*CloseGroup: Advanced\n" + plainOption("Unseen"));
   EXPECT_THAT(optionsByGroup(record), ElementsAre("Seen"));
 }
 
-TEST(Record, HoldsNoAttributeBehindTheEndOfTheAdvancedGroup) {
+TEST(Record, HoldsNoAttributeAfterTheEndOfTheAdvancedGroup) {
   const Record record =
       recordOf(plainOption("Seen") + "*Here: 1\n*CloseGroup: Advanced 2\n*There: 3\n");
   EXPECT_THAT(attributesIn(record), Contains("Here=1"));
@@ -200,7 +200,7 @@ TEST(CustomChoice, OfTheWholeTextFollowsTheOnesOfTheSection) {
   EXPECT_THAT(choicesIn(record, "Fold"), ElementsAre("One/First=1", "Custom/Custom=c"));
 }
 
-TEST(CustomChoice, MayHaveBlanksAndSeveralQuotedPieces) {
+TEST(CustomChoice, MayHaveSpacesAndSeveralQuotedPieces) {
   const Record record = recordOf(plainOption("Fold") + "*CustomFold   True: \"a\" \"b\"\n");
   EXPECT_THAT(choicesIn(record, "Fold"), ElementsAre("One/First=1", "Custom/Custom=b"));
 }
@@ -262,7 +262,7 @@ TEST(Attribute, KeepsAQuoteThatStandsAlone) {
               Contains("Foo=\"bar"));
 }
 
-TEST(Attribute, MayHaveAnyNumberOfBlanksBeforeItsValue) {
+TEST(Attribute, MayHaveAnyNumberOfSpacesBeforeItsValue) {
   EXPECT_THAT(attributesIn(recordOf("*Foo:bar\n*Baz:   1 2\n" + plainOption("Fold"))),
               testing::IsSupersetOf({"Foo=bar", "Baz=1 2"}));
 }

@@ -45,7 +45,7 @@ TEST(GroupRange, GoesFromTheOpenLineToTheClosingKeyword) {
   EXPECT_EQ(groupPiece(text, u"Tray"), u"*OpenGroup: Tray/Trays\nin\n*CloseGroup: Tray");
 }
 
-TEST(GroupRange, NeedsNeitherTheLastCharacterNorBlanks) {
+TEST(GroupRange, NeedsNeitherTheLastCharacterNorSpaces) {
   const std::u16string_view text = u"*OpenGroup:Tra/Trays\n*CloseGroup:Tray\n";
   EXPECT_EQ(groupPiece(text, u"Tray"), u"*OpenGroup:Tra/Trays\n*CloseGroup:Tray");
 }

@@ -91,18 +91,18 @@ TEST_F(LocaleEnvironment, PrefersThePriorityListOutsideTheStandardLocale) {
   EXPECT_THAT(tagsOf("it_IT.UTF-8"), ElementsAre("de-AT", "fr", "it-IT"));
 }
 
-TEST_F(LocaleEnvironment, HasTheHomeFolderWithoutASlashAtItsEnd) {
-  EXPECT_EQ(systemPlatform().homeFolder->path(), "");
+TEST_F(LocaleEnvironment, HasTheHomeDirectoryWithoutASlashAtItsEnd) {
+  EXPECT_EQ(systemPlatform().homeDirectory->path(), "");
   setenv("HOME", "/home/someone/", 1);
-  EXPECT_EQ(systemPlatform().homeFolder->path(), "/home/someone");
+  EXPECT_EQ(systemPlatform().homeDirectory->path(), "/home/someone");
 }
 
 class PropertyFile : public testing::Test {
  protected:
-  PropertyFile() { system.fileRoot.root = folder.path(); }
+  PropertyFile() { system.fileRoot.root = directory.path(); }
 
   FakePlatform system;
-  ppdtext::TestFolder folder;
+  ppdtext::TestDirectory directory;
 };
 
 constexpr const char* kList =
@@ -110,7 +110,7 @@ constexpr const char* kList =
     "<key>Texts</key><array><string>a</string><true/><string>b</string></array></dict></plist>";
 
 TEST_F(PropertyFile, HasTextsUnderKeys) {
-  folder.write("a/list.plist", kList);
+  directory.write("a/list.plist", kList);
   EXPECT_EQ(propertyText("/a/list.plist", "Text"), "Wert");
   EXPECT_THAT(propertyTexts("/a/list.plist", "Texts"), ElementsAre("a", "b"));
 }
@@ -121,7 +121,7 @@ TEST_F(PropertyFile, MayBeBinary) {
       'b', 'p', 'l', 'i', 's', 't', '0', '0', 0xD1, 1, 2, 0x51, 'K', 0x51, 'V', 8, 11,
       13,  0,   0,   0,   0,   0,   0,   1,   1,    0, 0, 0,    0,   0,    0,   0, 3,
       0,   0,   0,   0,   0,   0,   0,   0,   0,    0, 0, 0,    0,   0,    0,   15};
-  folder.write("b.plist", {reinterpret_cast<const char*>(kBinary), sizeof kBinary});
+  directory.write("b.plist", {reinterpret_cast<const char*>(kBinary), sizeof kBinary});
   EXPECT_EQ(propertyText("/b.plist", "K"), "V");
 }
 
@@ -131,20 +131,20 @@ TEST_F(PropertyFile, MayHaveATextWithAZeroByte) {
       'b', 'p', 'l', 'i', 's', 't', '0', '0', 0xD1, 1, 2, 0x51, 'K', 0x53, 'V', 0, 'W', 8,
       11,  13,  0,   0,   0,   0,   0,   0,   1,    1, 0, 0,    0,   0,    0,   0, 0,   3,
       0,   0,   0,   0,   0,   0,   0,   0,   0,    0, 0, 0,    0,   0,    0,   17};
-  folder.write("b.plist", {reinterpret_cast<const char*>(kBinary), sizeof kBinary});
+  directory.write("b.plist", {reinterpret_cast<const char*>(kBinary), sizeof kBinary});
   EXPECT_EQ(propertyText("/b.plist", "K"), "V");
 }
 
 TEST_F(PropertyFile, HasNothingUnderOtherKeysOrOfOtherKinds) {
-  folder.write("list.plist", kList);
+  directory.write("list.plist", kList);
   EXPECT_FALSE(propertyText("/list.plist", "Other"));
   EXPECT_FALSE(propertyText("/list.plist", "Texts"));
   EXPECT_THAT(propertyTexts("/list.plist", "Text"), IsEmpty());
 }
 
 TEST_F(PropertyFile, HasNothingWhenItIsMissingOrNoList) {
-  folder.write("text.plist", "no list");
-  folder.write("array.plist", "<plist version=\"1.0\"><array/></plist>");
+  directory.write("text.plist", "no list");
+  directory.write("array.plist", "<plist version=\"1.0\"><array/></plist>");
   EXPECT_FALSE(propertyText("/missing.plist", "Text"));
   EXPECT_FALSE(propertyText("/text.plist", "Text"));
   EXPECT_FALSE(propertyText("/array.plist", "Text"));

@@ -11,15 +11,15 @@
 
 namespace kelm::ppdtext {
 
-class TestFolder {
+class TestDirectory {
  public:
-  TestFolder() {
+  TestDirectory() {
     std::string path = std::filesystem::temp_directory_path() / "ppdtext.XXXXXX";
     path_ = mkdtemp(path.data());
   }
-  ~TestFolder() { std::filesystem::remove_all(path_); }
-  TestFolder(const TestFolder&) = delete;
-  TestFolder& operator=(const TestFolder&) = delete;
+  ~TestDirectory() { std::filesystem::remove_all(path_); }
+  TestDirectory(const TestDirectory&) = delete;
+  TestDirectory& operator=(const TestDirectory&) = delete;
 
   const std::string& path() const { return path_; }
 

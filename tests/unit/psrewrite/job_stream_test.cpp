@@ -37,7 +37,7 @@ TEST(LineBuffer, IsEmptyAtFirstAndAfterClearing) {
   EXPECT_EQ(std::string(line.text(), LineBuffer::kSize), std::string(LineBuffer::kSize, '\0'));
 }
 
-TEST(LineBuffer, HasRoomForATerminatorBehindAFullLine) {
+TEST(LineBuffer, HasRoomForATerminatorAfterAFullLine) {
   LineBuffer line;
   std::memset(line.data(), 'x', LineBuffer::kSize);
   line.terminate(LineBuffer::kSize);

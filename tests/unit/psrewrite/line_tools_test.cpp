@@ -26,7 +26,7 @@ TEST(ReplaceStr, TakesTextsOfAnyLength) {
   EXPECT_EQ(replace_str("-XXX-", "XXX", ""), "--");
 }
 
-TEST(ReplaceStr, ResumesBehindAMatch) {
+TEST(ReplaceStr, ResumesAfterAMatch) {
   EXPECT_EQ(replace_str("aaa", "aa", "b"), "ba");
   EXPECT_EQ(replace_str("XXXXXXX", "XXX", "1"), "11X");
 }
@@ -53,7 +53,7 @@ TEST(EraseStr, PutsTheValueIntoTheBracketsAndLeavesTheLine) {
   EXPECT_EQ(left, "(5) setstart\n");
 }
 
-TEST(EraseStr, LosesEverythingBehindASecondBracket) {
+TEST(EraseStr, LosesEverythingAfterASecondBracket) {
   std::string left;
   EXPECT_EQ(erased("(5) (x) y", "7", &left), "(7) (x");
   EXPECT_EQ(left, "(5) (x");

@@ -46,7 +46,7 @@ TEST_F(SpecialWriters, CommentWithASlashOrAColonIsEmpty) {
   EXPECT_EQ(of(408, {{"QVJobComment", "Custom.a:b"}}, kCustomLines), filled(""));
 }
 
-TEST_F(SpecialWriters, CommentWithATabHasABlankAndNine) {
+TEST_F(SpecialWriters, CommentWithATabHasASpaceAndNine) {
   EXPECT_EQ(of(408, {{"QVJobComment", "Custom.a\tb"}}, kCustomLines), filled("61 962"));
 }
 

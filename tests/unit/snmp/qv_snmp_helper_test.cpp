@@ -9,7 +9,7 @@ namespace {
 
 using testing::IsEmpty;
 
-constexpr char kNobody[] = "..:";  // has a colon and is no IPv6 address: never opened
+constexpr char kNoPrinter[] = "..:";  // has a colon and is no IPv6 address: never opened
 constexpr char kCommunity[] = "public";
 
 std::string converted(const char* address) {
@@ -35,9 +35,9 @@ TEST(SharedBoxes, RefuseCountsThatTheTableDoesNotHave) {
     QVSNMPHelper::sharedBoxStateArray = {"1"};
     QVSNMPHelper::sharedBoxNameArray = {"old"};
     EXPECT_FALSE(QVSNMPHelper::snmpGetSharedBoxStateForIPAddress_community_totalCount_(
-        kNobody, kCommunity, count));
+        kNoPrinter, kCommunity, count));
     EXPECT_FALSE(QVSNMPHelper::snmpGetSharedBoxNameForIPAddress_community_totalCount_(
-        kNobody, kCommunity, count));
+        kNoPrinter, kCommunity, count));
     EXPECT_THAT(QVSNMPHelper::sharedBoxStateArray, IsEmpty());
     EXPECT_THAT(QVSNMPHelper::sharedBoxNameArray, IsEmpty());
   }
@@ -45,35 +45,35 @@ TEST(SharedBoxes, RefuseCountsThatTheTableDoesNotHave) {
 
 TEST(FailedOpen, LeavesNothingOfTheLastAnswer) {
   QVSNMPHelper::formStateArray = {"1"};
-  EXPECT_FALSE(QVSNMPHelper::snmpGetFormStateForIPAddress_community_(kNobody, kCommunity));
+  EXPECT_FALSE(QVSNMPHelper::snmpGetFormStateForIPAddress_community_(kNoPrinter, kCommunity));
   EXPECT_THAT(QVSNMPHelper::formStateArray, IsEmpty());
 }
 
 TEST(FailedOpen, MeansNoLists) {
-  EXPECT_EQ(QVSNMPHelper::getValidatedFormNameArrayForIPAddress_community_(kNobody, kCommunity),
+  EXPECT_EQ(QVSNMPHelper::getValidatedFormNameArrayForIPAddress_community_(kNoPrinter, kCommunity),
             std::nullopt);
   EXPECT_EQ(
-      QVSNMPHelper::getValidatedBarcodeAreaNameArrayForIPAddress_community_(kNobody, kCommunity),
+      QVSNMPHelper::getValidatedBarcodeAreaNameArrayForIPAddress_community_(kNoPrinter, kCommunity),
       std::nullopt);
-  EXPECT_EQ(QVSNMPHelper::getValidatedColorProfileForIPAddress_community_(kNobody, kCommunity),
+  EXPECT_EQ(QVSNMPHelper::getValidatedColorProfileForIPAddress_community_(kNoPrinter, kCommunity),
             std::nullopt);
   EXPECT_EQ(QVSNMPHelper::getValidatedSharedBoxNameArrayForIPAddress_community_totalCount_(
-                kNobody, kCommunity, 30),
+                kNoPrinter, kCommunity, 30),
             std::nullopt);
   EXPECT_EQ(QVSNMPHelper::getValidatedSharedBoxStateArrayForIPAddress_community_totalCount_(
-                kNobody, kCommunity, 100),
+                kNoPrinter, kCommunity, 100),
             std::nullopt);
 }
 
 TEST(FailedOpen, MeansThirtySharedBoxesNoLogInAndNoMacAddress) {
-  EXPECT_EQ(QVSNMPHelper::snmpGetSharedBoxEntryForIPAddress_community_(kNobody, kCommunity), 30);
-  EXPECT_FALSE(QVSNMPHelper::getAdminLoginModeEnabled_community_(kNobody, kCommunity));
-  EXPECT_EQ(QVSNMPHelper::getMacAddress_community_(kNobody, kCommunity), std::nullopt);
+  EXPECT_EQ(QVSNMPHelper::snmpGetSharedBoxEntryForIPAddress_community_(kNoPrinter, kCommunity), 30);
+  EXPECT_FALSE(QVSNMPHelper::getAdminLoginModeEnabled_community_(kNoPrinter, kCommunity));
+  EXPECT_EQ(QVSNMPHelper::getMacAddress_community_(kNoPrinter, kCommunity), std::nullopt);
 }
 
 TEST(FailedOpen, IsStatusOneOfTheSleepModeQuery) {
   std::int32_t mode = 5;
-  EXPECT_EQ(QVSNMPHelper::getSleepMode_community_sleepMode_(kNobody, kCommunity, &mode), 1);
+  EXPECT_EQ(QVSNMPHelper::getSleepMode_community_sleepMode_(kNoPrinter, kCommunity, &mode), 1);
   EXPECT_EQ(mode, -1);
 }
 

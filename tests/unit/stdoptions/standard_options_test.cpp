@@ -12,7 +12,7 @@
 
 #include "job/ppd_calls.hpp"
 #include "tests/support/memory_job.hpp"
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::stdoptions {
 namespace {
@@ -120,9 +120,9 @@ class Queue {
   Settled settled(const Options& options) const { return Settled(options, 1, path().c_str()); }
 
  private:
-  std::string path() const { return folder_.path() / "queue.ppd"; }
+  std::string path() const { return directory_.path() / "queue.ppd"; }
 
-  tests::TemporaryFolder folder_;
+  tests::TemporaryDirectory directory_;
 };
 
 struct QueueDefault {

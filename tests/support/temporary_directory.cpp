@@ -1,6 +1,6 @@
 // A directory of a test's own, and what is in its files.
 // SPDX-License-Identifier: Apache-2.0
-#include "tests/support/temporary_folder.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 #include <algorithm>
 #include <cstdlib>
@@ -9,20 +9,20 @@
 
 namespace kelm::tests {
 
-TemporaryFolder::TemporaryFolder() {
+TemporaryDirectory::TemporaryDirectory() {
   std::string name = (std::filesystem::temp_directory_path() / "kelm-test-XXXXXX").string();
   if (mkdtemp(name.data()) == nullptr) std::abort();
   path_ = name;
 }
 
-TemporaryFolder::~TemporaryFolder() {
+TemporaryDirectory::~TemporaryDirectory() {
   std::error_code ignored;
   std::filesystem::remove_all(path_, ignored);
 }
 
-std::vector<std::string> TemporaryFolder::names(const std::filesystem::path& folder) const {
+std::vector<std::string> TemporaryDirectory::names(const std::filesystem::path& directory) const {
   std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(path_ / folder)) {
+  for (const auto& entry : std::filesystem::directory_iterator(path_ / directory)) {
     names.push_back(entry.path().filename().string());
   }
   std::sort(names.begin(), names.end());

@@ -6,7 +6,7 @@
 
 namespace kelm::platform::posix_platform {
 
-std::string PosixHomeFolder::path() {
+std::string PosixHomeDirectory::path() {
   const char* home = std::getenv("HOME");
   std::string path = home != nullptr ? home : "";
   while (path.ends_with('/')) path.pop_back();

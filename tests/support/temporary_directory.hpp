@@ -11,17 +11,17 @@
 namespace kelm::tests {
 
 // Made with the object in the system's directory for temporary files, removed with it.
-class TemporaryFolder {
+class TemporaryDirectory {
  public:
-  TemporaryFolder();
-  ~TemporaryFolder();
-  TemporaryFolder(const TemporaryFolder&) = delete;
-  TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+  TemporaryDirectory();
+  ~TemporaryDirectory();
+  TemporaryDirectory(const TemporaryDirectory&) = delete;
+  TemporaryDirectory& operator=(const TemporaryDirectory&) = delete;
 
   const std::filesystem::path& path() const { return path_; }
 
-  // The names in `folder` (below this one), sorted.
-  std::vector<std::string> names(const std::filesystem::path& folder = "") const;
+  // The names in `directory` (below this one), sorted.
+  std::vector<std::string> names(const std::filesystem::path& directory = "") const;
 
  private:
   std::filesystem::path path_;

@@ -6,9 +6,9 @@
 
 namespace kelm::platform {
 
-class HomeFolder {
+class HomeDirectory {
  public:
-  virtual ~HomeFolder() = default;
+  virtual ~HomeDirectory() = default;
 
   // An absolute path without a trailing slash; empty when the user has none.
   virtual std::string path() = 0;
