@@ -121,8 +121,9 @@ std::vector<std::string> groupsOf(const Page& page) {
     if (!known) groups.push_back(line.label.group);
     if (kindOf(page, line) != Kind::kSame) changed.insert(line.label.group);
   }
-  std::ranges::stable_partition(groups,
-                                [&](const std::string& group) { return changed.contains(group); });
+  // Not std::ranges::stable_partition: clang 14 cannot compile it with the library of g++ 12.
+  std::stable_partition(groups.begin(), groups.end(),
+                        [&](const std::string& group) { return changed.contains(group); });
   return groups;
 }
 
