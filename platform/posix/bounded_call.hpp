@@ -49,6 +49,8 @@ bool readyBefore(std::chrono::steady_clock::time_point end, const std::future<Re
 // The result of `call`; nothing when it does not return before `end` or before the process is asked
 // to end, or when no thread can be started. A late call goes on until the process ends: it must own
 // everything it uses, and must not throw, because nothing would catch the exception in its thread.
+// The thread of a call that is not late has ended: at its end it takes locks of the C library, and
+// a process that is forked meanwhile would find them locked for ever.
 template <class Call>
 std::optional<std::invoke_result_t<Call&>> resultBefore(std::chrono::steady_clock::time_point end,
                                                         Call call) {
@@ -60,8 +62,11 @@ std::optional<std::invoke_result_t<Call&>> resultBefore(std::chrono::steady_cloc
         promise.set_value(std::invoke(call));
       });
   if (!thread.joinable()) return std::nullopt;
-  thread.detach();
-  if (!readyBefore(end, result)) return std::nullopt;
+  if (!readyBefore(end, result)) {
+    thread.detach();
+    return std::nullopt;
+  }
+  thread.join();
   return result.get();
 }
 

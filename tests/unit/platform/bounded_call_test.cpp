@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <csignal>
 #include <memory>
 
@@ -69,6 +70,26 @@ TEST(ResultBefore, IsNothingOnceTheProcessIsAskedToEnd) {
               return std::string(late ? "result " : "") + (sleeps ? "waits " : "") +
                      (sleepsOn ? "sleeps" : "");
             }));
+}
+
+std::atomic<bool> threadHasEnded = false;
+
+struct SlowEnd {
+  bool isUsed = false;
+  ~SlowEnd() {
+    std::this_thread::sleep_for(milliseconds(100));
+    threadHasEnded = true;
+  }
+};
+
+// A process that is forked while a thread ends would find the locks that the thread takes at its
+// end locked for ever, the resolver's among them.
+TEST(ResultBefore, ComesWhenTheThreadHasEnded) {
+  EXPECT_TRUE(resultBefore(Clock::now() + seconds(30), [] {
+    thread_local SlowEnd end;
+    return end.isUsed = true;
+  }));
+  EXPECT_TRUE(threadHasEnded);
 }
 
 TEST(ResultBefore, LeavesSignalsToTheOtherThreads) {
