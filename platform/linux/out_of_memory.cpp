@@ -6,6 +6,8 @@
 
 #include <unistd.h>
 
+#include <bit>
+#include <cerrno>
 #include <cstddef>
 
 #include "base/byte_source.hpp"
@@ -46,6 +48,13 @@ void* realloc(void* memory, std::size_t size) noexcept {
 
 void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
   return checked(__libc_memalign(alignment, size), size);
+}
+
+// What the C++ library of g++ 14 takes for aligned memory.
+int posix_memalign(void** memory, std::size_t alignment, std::size_t size) noexcept {
+  if (alignment % sizeof(void*) != 0 || !std::has_single_bit(alignment)) return EINVAL;
+  *memory = checked(__libc_memalign(alignment, size), size);
+  return 0;
 }
 
 }  // extern "C"

@@ -95,7 +95,7 @@ serve() {
     --dest=com.kelm.KelmWoLServices /com/kelm/KelmWoLServices \
     com.kelm.KelmWoLServiceProtocol.XpcSnmpWakeUpOnLan "$@" >"$W/reply" 2>&1 || :
   if ! wait_until 1 has_ended; then
-    kill "$(cat "$W/service_pid")"
+    kill "$(cat "$W/service_pid")" 2>"$W/kill_log" || :  # it may have ended just now
     wait_until 5 has_ended || fail "the service does not end"
   fi
   status=$(cat "$W/service_status")
