@@ -14,6 +14,7 @@ struct AskedPrinter {
   std::string address;  // of the printer that was asked; empty when none was found
   std::string advice;   // about the device URI; empty when it needs none (wakeUpAdvice)
   PrinterFacts facts;
+  std::string refusal = {};  // why it was not asked; does not go from one process to another
 };
 
 std::string packed(const AskedPrinter& printer);

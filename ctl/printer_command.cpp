@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "ctl/commands.hpp"
+#include "ctl/device_address.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/facts_transfer.hpp"
 #include "ctl/interruption.hpp"
@@ -21,7 +22,6 @@
 #include "ctl/safe_text.hpp"
 #include "ctl/terminal.hpp"
 #include "snmp/bracketed_address.hpp"
-#include "wolservice/network.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -118,15 +118,20 @@ void writeTable(std::ostream& out, const PrinterFacts& facts) {
   writeNames(out, "Colour profiles", facts.colorProfiles);
 }
 
-// The addresses that no printer can have are those that the wake-up service refuses.
+// The addresses that no printer can have are those that the wake-up service refuses. A host name is
+// looked up later.
 std::string problemOf(const std::string& address) {
   const std::string problem = addressProblem(address);
-  if (!problem.empty() || wolservice::mayBeAPrinter(snmp::unbracketed(address))) return problem;
-  return "no printer can have the address \"" + address + "\"";
+  if (!problem.empty()) return problem;
+  return impossibleAddressProblem(address, snmp::unbracketed(address), Loopback::kRefused);
 }
 
 int showOne(const Arguments& arguments, const Console& console) {
   const std::string& address = arguments.addresses.front();
+  const std::string host = snmp::unbracketed(address);
+  const std::string problem =
+      impossibleAddressProblem(host, addressOfHost(host), Loopback::kRefused);
+  if (!problem.empty()) return fail(console, problem);
   const PrinterFacts facts = askPrinter(address, arguments.community, Incomplete::kAbsent, console);
   if (arguments.json) {
     console.out << jsonOf(facts).dump(2) << '\n';
@@ -149,11 +154,12 @@ std::vector<std::optional<AskedPrinter>> askMany(const Arguments& arguments,
   std::size_t over = 0;
   while ((next < addresses.size() || !printers.isIdle()) && !Interruption::isWanted()) {
     for (; next < addresses.size() && !printers.isFull(); ++next) {
-      printers.start({{}, addresses[next], arguments.community, Incomplete::kAbsent},
-                     [&answers, &over, index = next](std::optional<AskedPrinter> printer) {
-                       answers[index] = std::move(printer);
-                       ++over;
-                     });
+      printers.start(
+          {{}, addresses[next], arguments.community, Incomplete::kAbsent, Loopback::kRefused},
+          [&answers, &over, index = next](std::optional<AskedPrinter> printer) {
+            answers[index] = std::move(printer);
+            ++over;
+          });
     }
     progress.show(std::to_string(over) + " of " + std::to_string(addresses.size()) +
                   " printers finished");
@@ -180,7 +186,9 @@ int showMany(const Arguments& arguments, const Console& console) {
     if (printer->facts.answered) ++answered;
     if (arguments.json) writeJsonLine(*printer, console.out);
     if (!printer->facts.answered) {
-      complain(console, noAnswerMessage(printer->facts, address, arguments.community));
+      complain(console, printer->refusal.empty()
+                            ? noAnswerMessage(printer->facts, address, arguments.community)
+                            : printer->refusal);
     } else if (!arguments.json && !arguments.quiet) {
       console.out << address << '\n';
       writeTable(console.out, printer->facts);

@@ -11,6 +11,7 @@
 #include "snmp/query.hpp"
 #include "snmp/qv_snmp_helper.hpp"
 #include "snmp/stepwise.hpp"
+#include "wolservice/network.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -185,6 +186,14 @@ std::string addressProblem(const std::string& address) {
   const bool sound = !snmp::unbracketed(address).empty() &&
                      address.find_first_not_of(kLettersOfAddresses) == std::string::npos;
   return sound ? "" : "\"" + address + "\" is neither an IP address nor a host name";
+}
+
+std::string impossibleAddressProblem(const std::string& host, const std::string& address,
+                                     Loopback loopback) {
+  if (wolservice::mayBeAPrinter(address)) return {};
+  if (loopback == Loopback::kAccepted && wolservice::isLoopback(address)) return {};
+  const std::string problem = "no printer can have the address \"" + address + "\"";
+  return host == address ? problem : problem + " of the host \"" + host + "\"";
 }
 
 std::string noAnswerMessage(const PrinterFacts& facts, const std::string& address,

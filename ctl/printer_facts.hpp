@@ -80,6 +80,14 @@ PrinterFacts askPrinter(const std::string& address, const std::string& community
 // some texts as transports other than UDP.
 std::string addressProblem(const std::string& address);
 
+// This computer's own addresses: no printer has them, but a printer's port may be forwarded to one.
+enum class Loopback { kRefused, kAccepted };
+
+// Why no printer is asked at the numeric address that `host` (a host name or an address) leads to;
+// empty when one may be.
+std::string impossibleAddressProblem(const std::string& host, const std::string& address,
+                                     Loopback loopback);
+
 // Why a printer whose `answered` is false gave nothing, and what to do: one sentence.
 std::string noAnswerMessage(const PrinterFacts& facts, const std::string& address,
                             const std::string& community);

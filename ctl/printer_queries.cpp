@@ -75,7 +75,12 @@ void PrinterQueries::lookUp(Item item) {
 }
 
 // Where nothing can be sent, the question for everything finds out why.
-void PrinterQueries::find(const Item& item, const std::string& address) {
+void PrinterQueries::find(Item item, const std::string& address) {
+  item.refusal = impossibleAddressProblem(item.address, address, item.query.loopback);
+  if (!item.refusal.empty()) {
+    waiting_.emplace_back(&PrinterQueries::refuse, std::move(item));
+    return;
+  }
   const auto found = [this, item](bool isThere) {
     if (isThere) return askLater(item);
     AskedPrinter printer{item.address, {}, {}};
@@ -84,6 +89,10 @@ void PrinterQueries::find(const Item& item, const std::string& address) {
   };
   const std::string peer = snmp::bracketed(address);
   if (address.empty() || !presence_.ask(peer, item.query.community, found)) askLater(item);
+}
+
+void PrinterQueries::refuse(Item item) {
+  end(item, AskedPrinter{item.address, {}, {}, item.refusal});
 }
 
 void PrinterQueries::askLater(const Item& item) {

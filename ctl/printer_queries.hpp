@@ -23,12 +23,13 @@ struct PrinterQuery {
   std::optional<std::string> address;  // instead of the device URI's
   std::string community;
   Incomplete incomplete = Incomplete::kAbsent;
+  Loopback loopback = Loopback::kAccepted;
 };
 
-// Three steps for each printer: its host name is looked up, then it is found out whether it is
-// there, then it is asked for everything. The first and the last one wait for strangers in a
-// process each, and there are never many of these. The second one, in which a printer that is off
-// takes seconds, needs none.
+// A printer at an address that none can have is not asked. Three steps for each printer: its host
+// name is looked up, then it is found out whether it is there, then it is asked for everything. The
+// first and the last one wait for strangers in a process each, and there are never many of these.
+// The second one, in which a printer that is off takes seconds, needs none.
 class PrinterQueries {
  public:
   // Nothing: the process that asked died.
@@ -53,12 +54,14 @@ class PrinterQueries {
     PrinterQuery query;
     std::string address;  // as it was given, or the device URI's in numbers
     Done done;
+    std::string refusal = {};  // why it is not asked
   };
   using Step = void (PrinterQueries::*)(Item item);
 
   void startSteps();
   void lookUp(Item item);
-  void find(const Item& item, const std::string& address);
+  void find(Item item, const std::string& address);
+  void refuse(Item item);
   void askLater(const Item& item);
   void askAll(Item item);
   void end(const Item& item, std::optional<AskedPrinter> printer);

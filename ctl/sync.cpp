@@ -229,6 +229,7 @@ class Sync {
              inQuotes(task.queue.deviceUri) + " of the queue " + inQuotes(task.queue.name) +
              "; give it with --address";
     }
+    if (!printer.refusal.empty()) return printer.refusal;
     if (!printer.facts.answered) {
       return noAnswerMessage(printer.facts, printer.address, task.community);
     }

@@ -71,21 +71,38 @@ void sendOn(int socket, MagicPacket packet, const Broadcast& to) {
   sendmsg(socket, &message, 0);
 }
 
+bool isLoopback(in_addr ipv4) { return ntohl(ipv4.s_addr) >> 24 == IN_LOOPBACKNET; }
+
 bool canBeAPrinter(in_addr ipv4) {
   const in_addr_t address = ntohl(ipv4.s_addr);
   constexpr in_addr_t kThisNetwork = 0x00;
-  return address >> 24 != kThisNetwork && address >> 24 != IN_LOOPBACKNET &&
-         !IN_MULTICAST(address) && address != INADDR_BROADCAST;
+  return address >> 24 != kThisNetwork && !isLoopback(ipv4) && !IN_MULTICAST(address) &&
+         address != INADDR_BROADCAST;
+}
+
+bool holdsIpv4(const in6_addr& address) {
+  return IN6_IS_ADDR_V4MAPPED(&address) || IN6_IS_ADDR_V4COMPAT(&address);
+}
+
+in_addr heldIpv4(const in6_addr& address) {
+  in_addr ipv4{};
+  std::memcpy(&ipv4, &address.s6_addr[12], sizeof ipv4);
+  return ipv4;
+}
+
+bool isLoopback(const in6_addr& address) {
+  return holdsIpv4(address) ? isLoopback(heldIpv4(address)) : IN6_IS_ADDR_LOOPBACK(&address);
 }
 
 bool canBeAPrinter(const in6_addr& address) {
-  if (IN6_IS_ADDR_V4MAPPED(&address) || IN6_IS_ADDR_V4COMPAT(&address)) {
-    in_addr ipv4{};
-    std::memcpy(&ipv4, &address.s6_addr[12], sizeof ipv4);
-    return canBeAPrinter(ipv4);
-  }
-  return !IN6_IS_ADDR_UNSPECIFIED(&address) && !IN6_IS_ADDR_LOOPBACK(&address) &&
+  if (holdsIpv4(address)) return canBeAPrinter(heldIpv4(address));
+  return !IN6_IS_ADDR_UNSPECIFIED(&address) && !isLoopback(address) &&
          !IN6_IS_ADDR_MULTICAST(&address);
+}
+
+// Without its zone, which need not be one of this machine's.
+std::optional<sockaddr_storage> numericAddressWithoutZone(const std::string& address) {
+  return numericAddress(address.substr(0, address.find('%')));
 }
 
 // The first IPv4 address that getaddrinfo finds with these flags, else the first one.
@@ -149,8 +166,18 @@ std::optional<sockaddr_storage> numericAddress(const std::string& address) {
 }
 
 bool mayBeAPrinter(const std::string& address) {
-  const auto numeric = numericAddress(address.substr(0, address.find('%')));
+  const auto numeric = numericAddressWithoutZone(address);
   return !numeric || canBeAPrinter(*numeric);
+}
+
+bool isLoopback(const std::string& address) {
+  const auto numeric = numericAddressWithoutZone(address);
+  if (!numeric) return false;
+  sockaddr_in ipv4{};
+  sockaddr_in6 ipv6{};
+  std::memcpy(&ipv4, &*numeric, sizeof ipv4);
+  std::memcpy(&ipv6, &*numeric, sizeof ipv6);
+  return numeric->ss_family == AF_INET ? isLoopback(ipv4.sin_addr) : isLoopback(ipv6.sin6_addr);
 }
 
 std::optional<sockaddr_storage> locate(const std::string& host) { return addressOf(host, 0); }

@@ -45,6 +45,9 @@ bool canBeAPrinter(const sockaddr_storage& address);
 // always may: its address is known only after it is looked up.
 bool mayBeAPrinter(const std::string& address);
 
+// Whether `address`, an address without brackets, is one of this machine's own loopback.
+bool isLoopback(const std::string& address);
+
 // Sends the packet to one address. Errors are ignored: another packet follows.
 void sendPacket(const MagicPacket& packet, const sockaddr_storage& printer);
 

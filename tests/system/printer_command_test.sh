@@ -136,3 +136,16 @@ for address in 127.0.0.1 127.8.9.10 ::1 ::ffff:127.0.0.1 224.0.0.1 ff02::1%lo 25
   grep -qF "no printer can have the address \"$address\"" "$W/err" || fail "$address: $(cat "$W/err")"
   expect "the output for $address" '' "$(cat "$W/out")"
 done
+
+# A host name that leads to such an address.
+cp /etc/hosts "$W/hosts"
+printf '224.0.0.1 group\n127.0.0.9 myself\n10.77.0.1 printer\n' >>"$W/hosts"
+mount --bind "$W/hosts" /etc/hosts
+expect "the status for a name of a group" 1 "$(status_of "$KELMCTL" printer group)"
+expect "the output for a name of a group" '' "$(cat "$W/out")"
+expect "the message" 'kelmctl: no printer can have the address "224.0.0.1" of the host "group"' "$(cat "$W/err")"
+expect "the status for a name of this computer" 1 "$(status_of "$KELMCTL" printer myself)"
+expect "the message" 'kelmctl: no printer can have the address "127.0.0.9" of the host "myself"' "$(cat "$W/err")"
+expect "the status for several" 3 "$(status_of "$KELMCTL" printer group printer myself --quiet)"
+expect "the messages" 2 "$(grep -c '^kelmctl: no printer can have the address "[0-9.]*" of the host "[a-z]*"$' "$W/err")"
+expect "lines" 2 "$(cat "$W/out" "$W/err" | wc -l)"

@@ -282,6 +282,20 @@ mount --bind "$W/hosts" /etc/hosts
 lpadmin -p kelm -v socket://six.example 2>"$W/lpadmin_log"
 run 0 sync kelm
 expect "a host name with an IPv6 address" 'IP address: ::1 -> fd77::9' "$(cat "$W/out")"
+
+# Addresses that no printer can have are not asked, nor is a name that leads to one.
+printf '224.0.0.1 group.example\n127.0.0.1 forwarded.example\n' >>"$W/hosts"
+for address in 224.0.0.1 ff02::1 255.255.255.255 0.0.0.0 ::; do
+  run 1 sync kelm --address $address
+  expect_message "no printer can have the address \"$address\"\$"
+done
+run 1 sync kelm --address group.example
+expect_message 'no printer can have the address "224.0.0.1" of the host "group.example"'
+lpadmin -p kelm -v socket://group.example 2>"$W/lpadmin_log"
+run 1 sync kelm
+expect_message 'no printer can have the address "224.0.0.1"'
+# This computer's own addresses are asked: a printer's port may be forwarded to one.
+run 0 sync kelm --address forwarded.example --dry-run
 lpadmin -p kelm -v socket://127.0.0.1 2>"$W/lpadmin_log"
 
 # What can be wrong: the printer, the queue, the print server.

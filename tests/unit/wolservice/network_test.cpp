@@ -77,5 +77,15 @@ TEST(NumericAddress, IsThatOfANumberAlone) {
   EXPECT_FALSE(mayBeAPrinter("127.0.0.1"));
 }
 
+TEST(IsLoopback, IsSoForBothFamilies) {
+  for (const char* address : {"127.0.0.1", "127.8.9.10", "::1", "::ffff:127.0.0.1"}) {
+    EXPECT_TRUE(isLoopback(address)) << address;
+  }
+  for (const char* address :
+       {"128.0.0.1", "224.0.0.1", "fd77::1", "fe80::1%lo", "::", "localhost"}) {
+    EXPECT_FALSE(isLoopback(address)) << address;
+  }
+}
+
 }  // namespace
 }  // namespace kelm::wolservice
