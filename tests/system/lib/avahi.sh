@@ -35,5 +35,6 @@ avahi_start() {
 }
 
 avahi_answers() {
-  busctl --address="$DBUS_SYSTEM_BUS_ADDRESS" status org.freedesktop.Avahi >"$W/busctl_out" 2>&1
+  busctl --address="$DBUS_SYSTEM_BUS_ADDRESS" call org.freedesktop.DBus /org/freedesktop/DBus org.freedesktop.DBus \
+    NameHasOwner s org.freedesktop.Avahi 2>"$W/busctl_err" | grep -qx 'b true'
 }
