@@ -90,6 +90,12 @@ bool wrotePage(const Arguments& arguments, const Page& page, const Console& cons
   return false;
 }
 
+std::string copiesProblem(const std::string& text) {
+  const bool isNumber = !text.empty() && text.size() <= 4 &&
+                        text.find_first_not_of("0123456789") == std::string::npos;
+  return isNumber && std::atoi(text.c_str()) > 0 ? "" : "must be a number from 1 to 9999";
+}
+
 bool showsChangedOnly(const Arguments& arguments, const Console& console) {
   return arguments.changed || (console.outIsTerminal && !arguments.all);
 }
@@ -99,7 +105,13 @@ int explainJob(const Arguments& arguments, const Console& console) {
   if (ppd == nullptr) return kExitFailed;
   explain::Request request{ppd.get(), explain::parsedOptions(arguments.options),
                            std::atoi(arguments.copies.value_or("1").c_str()), arguments.title};
-  explain::addDefaults(request, defaultsOf(arguments, console), arguments.copies.has_value());
+  if (const explain::Option* copies = explain::findOption(request.options, "copies")) {
+    const std::string problem = copiesProblem(copies->value);
+    if (!problem.empty())
+      return fail(console, shownText("copies=" + copies->value + " " + problem));
+  }
+  const bool hasCopies = explain::takeCopies(request, arguments.copies.has_value());
+  explain::addDefaults(request, defaultsOf(arguments, console), hasCopies);
   const explain::Explanation explanation = explain::explained(request);
   Page page{
       arguments.title.empty() ? "What the job says" : arguments.title, {}, explanation.lines, true};
@@ -158,12 +170,6 @@ int explainStream(const Arguments& arguments, const Console& console) {
     printStream(console.out, report, ppd.get(), showsChangedOnly(arguments, console));
   }
   return report.findings.empty() ? kExitDone : kExitFailed;
-}
-
-std::string copiesProblem(const std::string& text) {
-  const bool isNumber = !text.empty() && text.size() <= 4 &&
-                        text.find_first_not_of("0123456789") == std::string::npos;
-  return isNumber && std::atoi(text.c_str()) > 0 ? "" : "must be a number from 1 to 9999";
 }
 
 int runExplain(const Arguments& arguments, const Console& console) {

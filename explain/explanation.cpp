@@ -18,8 +18,6 @@ namespace {
 using Place = std::pair<const pjl::HeaderStep*, int>;
 using Values = std::map<Place, std::pair<std::string, std::string>>;  // variable and value
 
-constexpr char kCopies[] = "-n";
-
 template <class Visitor>
 void forEachLine(const std::vector<pjl::RecordedLine>& header, Visitor visitor) {
   Place place{nullptr, -1};
@@ -73,7 +71,7 @@ std::vector<Trial> trialsOf(const Request& request) {
   if (request.copies > 1) {
     const auto every = [](const Option&) { return true; };
     const auto none = [](const Option&) { return false; };
-    trials.push_back({{kCopies, std::to_string(request.copies), request.copiesGiver},
+    trials.push_back({{request.copiesName, std::to_string(request.copies), request.copiesGiver},
                       valuesOf(outcomeOf(reduced(request, 1, every)).header),
                       valuesOf(outcomeOf(reduced(request, request.copies, none)).header)});
   }

@@ -5,11 +5,15 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <cstdlib>
+#include <initializer_list>
 #include <optional>
+#include <sstream>
 #include <utility>
 
 #include "job/job_setup.hpp"
+#include "job/ppd_calls.hpp"
 #include "platform/platform.hpp"
 #include "stdoptions/standard_options.hpp"
 
@@ -34,6 +38,104 @@ std::vector<Option> listed(int count, const cups_option_t* options) {
     list.push_back({options[i].name, options[i].value == nullptr ? "" : options[i].value});
   }
   return list;
+}
+
+constexpr char kCopies[] = "copies";
+constexpr char kMediaCol[] = "media-col";
+
+void setCopies(Request& request, const Option& option) {
+  request.copies = std::max(std::atoi(option.value.c_str()), 1);
+  request.copiesGiver = option.giver;
+  request.copiesName = option.name;
+}
+
+void add(CupsOptions& options, const char* name, const std::string& value) {
+  options.count = cupsAddOption(name, value.c_str(), options.count, &options.first);
+}
+
+bool hasAnyOf(const CupsOptions& options, std::initializer_list<const char*> names) {
+  return std::ranges::any_of(names, [&](const char* name) {
+    return cupsGetOption(name, options.count, options.first) != nullptr;
+  });
+}
+
+// Has libcups mark a word of "media" in a PPD that has only its defaults marked.
+void markMedium(ppd_file_t* ppd, const std::string& word) {
+  CupsOptions medium;
+  add(medium, "media", word);
+  job::r_ppdMarkDefaults(ppd);
+  job::r_cupsMarkOptions(ppd, medium.count, medium.first);
+}
+
+// A member of a collection as lp(1) reads it; empty when it is not there.
+std::string memberOf(const std::string& collection, const char* name) {
+  const std::vector<Option> members = parsedOptions({collection});
+  const Option* member = findOption(members, name);
+  return member == nullptr ? std::string() : member->value;
+}
+
+// The paper for a size in 1/100 mm, as cupsd names it; empty when there is none.
+std::string paperOfSize(ppd_file_t* ppd, const std::string& size) {
+  const int width = std::atoi(memberOf(size, "x-dimension").c_str());
+  const int height = std::atoi(memberOf(size, "y-dimension").c_str());
+  if (width <= 0 || height <= 0) return {};
+  char name[80];
+  std::snprintf(name, sizeof name, "custom_size_%d.%02dx%d.%02dmm", width / 100, width % 100,
+                height / 100, height % 100);
+  markMedium(ppd, name);
+  const ppd_size_t* page = job::r_ppdPageSize(ppd, nullptr);
+  if (page == nullptr) return {};
+  if (std::string_view(page->name) != "Custom") return page->name;
+  return "Custom." + std::to_string(static_cast<int>(page->width)) + "x" +
+         std::to_string(static_cast<int>(page->length));
+}
+
+// The choice of the PPD's option for an IPP name of a tray or a paper type; empty when there is
+// none.
+std::string choiceOfMedium(ppd_file_t* ppd, const char* keyword, const std::string& name) {
+  if (name.empty()) return {};
+  markMedium(ppd, name);
+  const ppd_choice_t* choice = job::r_ppdFindMarkedChoice(ppd, keyword);
+  return choice == nullptr ? "" : choice->choice;
+}
+
+// The filter does not see "media-col": cupsd makes options of the PPD from its size, its tray and
+// its paper type, unless the job has these options.
+void addMediaCol(const Request& request, CupsOptions& options) {
+  const Option* mediaCol = findOption(request.options, kMediaCol);
+  if (request.ppd == nullptr || mediaCol == nullptr) return;
+  const std::string& members = mediaCol->value;
+  if (!hasAnyOf(options, {"PageSize", "PageRegion", "media"})) {
+    const std::string paper = paperOfSize(request.ppd, memberOf(members, "media-size"));
+    if (!paper.empty()) {
+      add(options, "PageSize", paper);
+      add(options, "media", paper);
+    }
+  }
+  for (const auto& [keyword, member] :
+       {std::pair{"InputSlot", "media-source"}, std::pair{"MediaType", "media-type"}}) {
+    if (hasAnyOf(options, {keyword})) continue;
+    const std::string choice = choiceOfMedium(request.ppd, keyword, memberOf(members, member));
+    if (!choice.empty()) add(options, keyword, choice);
+  }
+}
+
+// cupsd gives the filter the choices that the PPD names for the job's finishings, instead of the
+// job's own ones.
+void addFinishings(const Request& request, CupsOptions& options) {
+  const Option* finishings = findOption(request.options, "finishings");
+  if (request.ppd == nullptr || finishings == nullptr) return;
+  std::istringstream numbers(finishings->value);
+  for (std::string number; std::getline(numbers, number, ',');) {
+    const ppd_attr_t* choices =
+        job::r_ppdFindAttr(request.ppd, "cupsIPPFinishings", number.c_str());
+    if (choices == nullptr || choices->value == nullptr) continue;
+    std::istringstream words(choices->value);
+    for (std::string keyword, choice; words >> keyword >> choice;) {
+      if (keyword.starts_with('*')) keyword.erase(0, 1);
+      add(options, keyword.c_str(), choice);
+    }
+  }
 }
 
 class KnownComputer final : public platform::ComputerName {
@@ -75,15 +177,21 @@ std::vector<Option> parsedOptions(const std::vector<std::string>& words) {
   return listed(parsed.count, parsed.first);
 }
 
+bool takeCopies(Request& request, bool hasCopies) {
+  const Option* option = findOption(request.options, kCopies);
+  if (option == nullptr) return hasCopies;
+  if (!hasCopies) setCopies(request, *option);
+  std::erase_if(request.options, [](const Option& one) { return one.name == kCopies; });
+  return true;
+}
+
 void addDefaults(Request& request, const std::vector<Option>& defaults, bool hasCopies) {
   for (const Option& option : defaults) {
     const auto isSame = [&](const Option& own) {
       return strcasecmp(own.name.c_str(), option.name.c_str()) == 0;
     };
-    if (option.name == "copies") {
-      if (hasCopies) continue;
-      request.copies = std::max(std::atoi(option.value.c_str()), 1);
-      request.copiesGiver = option.giver;
+    if (option.name == kCopies) {
+      if (!hasCopies) setCopies(request, option);
     } else if (std::ranges::none_of(request.options, isSame)) {
       request.options.push_back(option);
     }
@@ -93,9 +201,10 @@ void addDefaults(Request& request, const std::vector<Option>& defaults, bool has
 Outcome outcomeOf(const Request& request, const pjl::HeaderStep* step) {
   CupsOptions options;
   for (const Option& option : request.options) {
-    options.count =
-        cupsAddOption(option.name.c_str(), option.value.c_str(), options.count, &options.first);
+    if (option.name != kMediaCol) add(options, option.name.c_str(), option.value);
   }
+  addMediaCol(request, options);
+  addFinishings(request, options);
   job::PrintJobData job;
   job.title = request.title.c_str();
   job.ppd = request.ppd;

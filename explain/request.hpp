@@ -39,9 +39,14 @@ struct Request {
   int copies = 1;
   std::string title;
   Giver copiesGiver = Giver::kJob;
+  std::string copiesName = "-n";  // what asks for the copies, as typed
 
   bool isDialogJob() const { return findOption(options, "PrintPDE") != nullptr; }
 };
+
+// Makes an option "copies" the number of copies, which CUPS keeps apart from the options. It does
+// not count if `hasCopies`. Returns whether the job has a number of copies.
+bool takeCopies(Request& request, bool hasCopies);
 
 // Adds the defaults that the job's own options do not name, as lp(1) does. A default number of
 // copies counts unless `hasCopies`.

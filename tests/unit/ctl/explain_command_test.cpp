@@ -21,6 +21,7 @@ using testing::HasSubstr;
 using testing::Not;
 
 constexpr char kPpd[] = KELM_PPDS_DIR "/explain.ppd";
+constexpr char kStandardPpd[] = KELM_DIALOG_PPD;
 
 class ExplainCommand : public testing::Test {
   platform::FakePlatform platform_;
@@ -64,6 +65,24 @@ TEST_F(ExplainCommand, TakesSeveralOptionsBeforeTheQueue) {
   int changed = 0;
   for (const auto& line : object["lines"]) changed += line["changed"] == true ? 1 : 0;
   EXPECT_EQ(changed, 3);  // QVSTAPLEMODE, DUPLEX, BINDING
+}
+
+TEST_F(ExplainCommand, TakesTheCopiesAsAnOption) {
+  const Outcome outcome =
+      runKelmctl({"explain", "--ppd", kStandardPpd, "--changed", "-o", "copies=3"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.out, HasSubstr("@PJL SET QTY=3                    from copies=3\n"));
+  EXPECT_THAT(runKelmctl({"explain", "--ppd", kStandardPpd, "-o", "copies=3", "-n", "2"}).out,
+              HasSubstr("@PJL SET QTY=2                    from -n 2\n"));
+}
+
+TEST_F(ExplainCommand, RefusesCopiesThatAreNoNumber) {
+  for (const char* copies : {"copies=0", "copies=-1", "copies=abc", "copies=12345", "copies="}) {
+    const Outcome outcome = runKelmctl({"explain", "--ppd", kPpd, "-o", copies});
+    EXPECT_EQ(outcome.status, 1) << copies;
+    EXPECT_EQ(outcome.err,
+              "kelmctl: " + std::string(copies) + " must be a number from 1 to 9999\n");
+  }
 }
 
 TEST_F(ExplainCommand, FailsForAWrongOption) {
