@@ -134,19 +134,99 @@ TEST(Remarks, NameChoicesThatThePpdForbidsTogether) {
   EXPECT_EQ(remarkOn("QVStapleMode=TwoStaple QVDuplex=LongEdge").problem, "");
 }
 
-// The same with a PPD that asks the filter for standard options.
-Remark standardRemarkOn(const std::string& options) {
+TEST(Remarks, NameNoOptionThatIsInNoConflict) {
+  const Remark remark = remarkOn(
+      "OutputBin=FaceDown QVStapleMode=TwoStaple QVDuplex=ShortEdge QVJobComment=Custom.Hi "
+      "media=A4");
+  EXPECT_EQ(remark.option.name, "QVDuplex");
+  EXPECT_EQ(remark.problem,
+            "cannot be used together with QVStapleMode=TwoStaple (a constraint of the PPD)");
+}
+
+// The remarks on a job with the PPD of the tests, and lines of its own in it.
+std::vector<Remark> remarksWith(const std::string& lines, const std::string& options) {
   const platform::FakePlatform platform;
   const tests::TemporaryDirectory directory;
-  const std::string path = directory.path() / "standard.ppd";
-  tests::writeFile(
-      path, tests::readFile(KELM_PPDS_DIR "/explain.ppd").value() + "*KelmStandardOptions: True\n");
+  const std::string path = directory.path() / "changed.ppd";
+  tests::writeFile(path, tests::readFile(KELM_PPDS_DIR "/explain.ppd").value() + lines);
   ppd_file_t* ppd = job::r_ppdOpenFile(path.c_str());
-  const std::vector<Remark> remarks =
-      explained({ppd, parsedOptions({options}), 1, "report"}).remarks;
+  std::vector<Remark> remarks = explained({ppd, parsedOptions({options}), 1, "report"}).remarks;
   job::r_ppdClose(ppd);
+  return remarks;
+}
+
+Remark theRemarkWith(const std::string& lines, const std::string& options) {
+  const std::vector<Remark> remarks = remarksWith(lines, options);
   EXPECT_LE(remarks.size(), 1U) << options;
   return remarks.empty() ? Remark{} : remarks.front();
+}
+
+constexpr char kStandard[] = "*KelmStandardOptions: True\n";
+
+// The same with a PPD that asks the filter for standard options.
+Remark standardRemarkOn(const std::string& options) { return theRemarkWith(kStandard, options); }
+
+std::string conflictOf(const std::string& constraint, const std::string& options) {
+  const Remark remark =
+      theRemarkWith(kStandard + ("*cupsUIConstraints: \"" + constraint + "\"\n"), options);
+  return remark.option.name + "=" + remark.option.value + " " + remark.problem;
+}
+
+TEST(Remarks, NameTheStandardOptionsThatThePpdForbidsTogether) {
+  EXPECT_EQ(conflictOf("*QVStapleMode OneStaple *PageSize A3",
+                       "OutputBin=FaceDown finishings=4 media=A3"),
+            "finishings=4 cannot be used together with media=A3 (a constraint of the PPD)");
+  EXPECT_EQ(
+      conflictOf("*OutputBin FaceDown *QVStapleMode OneStaple",
+                 "output-bin=face-down QVStapleMode=OneStaple finishings=4"),
+      "output-bin=face-down cannot be used together with QVStapleMode=OneStaple (a constraint "
+      "of the PPD)");
+}
+
+TEST(Remarks, NameAnOptionThatAsksForChoicesThatThePpdForbidsTogether) {
+  EXPECT_EQ(theRemarkWith("*cupsIPPFinishings 93/fold-half: \"*QVDuplex LongEdge\"\n"
+                          "*cupsUIConstraints: \"*QVStapleMode OneStaple *QVDuplex LongEdge\"\n",
+                          "finishings=4,93")
+                .problem,
+            "asks for QVDuplex=LongEdge and QVStapleMode=OneStaple, which cannot be used together "
+            "(a constraint of the PPD)");
+}
+
+TEST(Remarks, NameAConflictWithTheDefaultOfThePpd) {
+  EXPECT_EQ(
+      conflictOf("*QVStapleMode OneStaple *PageSize A4", "finishings=4"),
+      "finishings=4 cannot be used together with PageSize=A4, the PPD's default (a constraint "
+      "of the PPD)");
+  EXPECT_EQ(conflictOf("*QVDuplex OFF *PageSize A4", "finishings=4"), "= ");
+}
+
+TEST(Remarks, NameNoOptionsThatOnlyThePaperForbids) {
+  const std::vector<Remark> remarks = remarksWith(
+      "*cupsUIConstraints: \"*PageSize A3 *QVStapleMode\"\n"
+      "*cupsUIConstraints: \"*PageSize A3 *QVDuplex\"\n",
+      "PageSize=A3 QVStapleMode=OneStaple QVDuplex=LongEdge");
+  ASSERT_EQ(remarks.size(), 2U);
+  EXPECT_EQ(remarks[0].problem,
+            "cannot be used together with QVDuplex=LongEdge (a constraint of the PPD)");
+  EXPECT_EQ(remarks[1].problem,
+            "cannot be used together with QVStapleMode=OneStaple (a constraint of the PPD)");
+}
+
+TEST(Remarks, NameTwoOptionsOnceThatExcludeEachOtherTwice) {
+  EXPECT_EQ(theRemarkWith("*cupsIPPFinishings 93/fold-half: \"*QVDuplex LongEdge\"\n"
+                          "*cupsUIConstraints: \"*PageSize A3 *QVStapleMode\"\n"
+                          "*cupsUIConstraints: \"*PageSize A3 *QVDuplex\"\n",
+                          "finishings=4,93 PageSize=A3")
+                .problem,
+            "cannot be used together with PageSize=A3 (a constraint of the PPD)");
+}
+
+TEST(Remarks, NameThreeChoicesThatThePpdForbidsTogether) {
+  EXPECT_EQ(
+      conflictOf("*QVStapleMode OneStaple *OutputBin FaceDown *PageSize A3",
+                 "PageSize=A3 QVStapleMode=OneStaple OutputBin=FaceDown QVDuplex=LongEdge"),
+      "OutputBin=FaceDown cannot be used together with PageSize=A3 and QVStapleMode=OneStaple "
+      "(a constraint of the PPD)");
 }
 
 TEST(Remarks, NameAnUnknownChoiceOfAStandardOption) {
