@@ -6,6 +6,7 @@
 #include <optional>
 #include <utility>
 
+#include "explain/header_values.hpp"
 #include "explain/row_facts.hpp"
 
 namespace kelm::explain {
@@ -32,12 +33,6 @@ std::optional<KnownVariable> knownVariable(std::string_view variable) {
 
 std::string frameText(const pjl::RecordedLine& line) {
   return line.variable.empty() ? line.value : "@PJL SET " + line.variable + "=" + line.value;
-}
-
-bool isValueOf(const pjl::ValueTableView& table, std::string_view value) {
-  return std::ranges::any_of(table.rows, [&](const pjl::ValueRow& row) {
-    return row.value != nullptr && value == row.value;
-  });
 }
 
 }  // namespace
@@ -90,7 +85,7 @@ void HeaderCheck::takeVariable(std::uint64_t offset, pjl::RecordedLine& line) {
   if (lacksChoice(row, line.variable, line.value)) {
     note_({offset, line.variable + " is empty: the printer does not have the job's choice",
            line.variable});
-  } else if (row.table && !isValueOf(*row.table, line.value)) {
+  } else if (!isPossibleValue(row, line.variable, line.value)) {
     note_({offset, line.variable + " cannot be \"" + line.value + "\"", line.variable});
   }
 }

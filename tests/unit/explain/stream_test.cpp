@@ -40,6 +40,9 @@ class Stream : public testing::Test {
     return text.replace(place, from.size(), to);
   }
 
+  // Of a job without options, on one side.
+  static std::string plain() { return of({{"QVDuplex", "OFF"}}); }
+
   static std::string section(const std::string& keyword, const std::string& value) {
     return "%%BeginFeature: *" + keyword + " " + value + "\n(" + value + ") userdict exch /" +
            keyword + " exch put\n%%EndFeature\n";
@@ -107,6 +110,67 @@ TEST_F(Stream, WithValuesThatThePrinterDoesNotHave) {
   EXPECT_EQ(problems(of({{"QVJog", "Sideways"}})),
             "QVJOG is empty: the printer does not have the job's choice\n");
   EXPECT_EQ(problems(replaced(of({}), "QVJOG=OFF", "QVJOG=UP")), "QVJOG cannot be \"UP\"\n");
+}
+
+TEST_F(Stream, WithValuesThatNoTableHas) {
+  struct Wrong {
+    const char* line;
+    const char* value;
+  };
+  for (const auto& [line, value] :
+       std::initializer_list<Wrong>{{"QTY=1", "-3"},
+                                    {"QTY=1", "0"},
+                                    {"QTY=1", "abc"},
+                                    {"DUPLEX=OFF", "YES"},
+                                    {"BINDING=OFF", "ON"},
+                                    {"QVPAGESIZE=A4", "A99"},
+                                    {"QVPAGESIZE=A4", "AUTO"},
+                                    {"PAPER=AUTO", "a4"},
+                                    {"QVPAGESIZEWIDTH=21000", "abc"},
+                                    {"QVPAGESIZEWIDTH=21000", "-1"},
+                                    {"ORIENTATION=PORTRAIT", "SIDEWAYS"},
+                                    {"QVZOOMRATE=100", "100%"},
+                                    {"QVIMAGESHIFTFRONTV=0", "1."},
+                                    {"QVGCCYAN=100", "-"},
+                                    {"QVOUTPUTFACE=FACEDOWN", "UP"},
+                                    {"QVSECRETNUM=OFF", "off"},
+                                    {"QVJOBCOMMENT=", "ZZ"},
+                                    {"QVJOBCOMMENT=", "414"},
+                                    {"QVOUTPUTPROFILESELECTION=AUTO", "no"},
+                                    {"PASSWORD=", "12x4"},
+                                    {"PASSWORD=", "123456789"}}) {
+    const std::string text(line);
+    const std::string variable = text.substr(0, text.find('='));
+    const std::string sent =
+        replaced(plain(), "SET " + text + "\n", "SET " + variable + "=" + value + "\n");
+    EXPECT_EQ(problems(sent), variable + " cannot be \"" + value + "\"\n");
+  }
+}
+
+TEST_F(Stream, WithOtherValuesThatNoTableHas) {
+  struct Right {
+    const char* line;
+    const char* other;
+  };
+  for (const auto& [line, other] : std::initializer_list<Right>{
+           {"QTY=1", "COPIES=9999"},
+           {"QVPAGESIZE=A4", "QVPAGESIZE=ENVNO.10"},
+           {"QVPAGESIZE=A4", "QVPAGESIZE=CUSTOMSIZE"},
+           {"PAPER=AUTO", "PAPER=SRA3"},
+           {"QVPAGESIZEWIDTH=21000", "QVPAGESIZEWIDTH=0"},
+           {"ORIENTATION=PORTRAIT", "ORIENTATION=LANDSCAPE"},
+           {"QVZOOMRATE=100", "QVZOOMRATE=141.4"},
+           {"QVIMAGESHIFTFRONTV=0", "QVIMAGESHIFTFRONTV=-150"},
+           {"QVOUTPUTFACE=FACEDOWN", "QVOUTPUTFACE=FACEUP"},
+           {"QVJOBCOMMENT=", "QVJOBCOMMENT=7265706F7274"},
+           {"QVOUTPUTPROFILESELECTION=AUTO", "QVOUTPUTPROFILESELECTION=NOTUSE"},
+           {"QVOUTPUTPROFILESELECTION=AUTO", "QVOUTPUTPROFILESELECTION=4142"},
+           {"PASSWORD=", "PASSWORD=12345678"}}) {
+    EXPECT_EQ(problems(replaced(plain(), std::string("SET ") + line + "\n",
+                                std::string("SET ") + other + "\n")),
+              "")
+        << other;
+  }
 }
 
 TEST_F(Stream, WhoseSectionsAgree) {
