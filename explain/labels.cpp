@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <iterator>
 #include <optional>
 #include <span>
 
@@ -17,6 +18,7 @@ namespace kelm::explain {
 namespace {
 
 constexpr double kHundredthsPerMillimetre = 100.0;
+constexpr std::string_view kCustomSize = "CUSTOMSIZE";
 
 struct PlainName {
   const char* variable;
@@ -80,6 +82,20 @@ std::string choiceWithValue(const pjl::ValueTableView& table, const std::string&
     found = pair.key;
   }
   return found;
+}
+
+// Switches that the text of an ordinary job turns on: the text's option gives them their name. The
+// switches of the same name are the maker's dialog's.
+constexpr std::string_view kTextSwitches[] = {"QVBARCODEAREA", "QVOWNERNAME", "QVJOBNAME",
+                                              "QVSECRETNUM"};
+
+// The option that names the line: the variable's own one, or that of the text.
+const ppd_option_t* namingOption(ppd_file_t* ppd, const RowFacts& row, std::string_view variable,
+                                 const ppd_option_t* own) {
+  if (std::ranges::find(kTextSwitches, variable) == std::end(kTextSwitches)) return own;
+  if (row.hasOption(own->keyword) || row.options.empty()) return own;
+  const ppd_option_t* text = job::r_ppdFindOption(ppd, row.options.front().c_str());
+  return text == nullptr ? own : text;
 }
 
 // The choice that the header was written from: the job's, or the one that has the value in the
@@ -179,12 +195,14 @@ Label labelOf(ppd_file_t* ppd, const RowFacts& row, const pjl::RecordedLine& lin
     named = choiceNamed(*option, choice);
     // The value may be a choice of another option than the one that it comes from.
     if (named == nullptr) named = choiceNamed(*option, line.value);
+    if (named == nullptr && line.value == kCustomSize) named = choiceNamed(*option, "Custom");
     if (const auto standard = standardName(ppd, *option, choice)) {
       option = standard->option;
       named = standard->choice;
     } else if (named == nullptr) {
       option = standardOption(ppd, *option);
     }
+    option = namingOption(ppd, row, line.variable, option);
     label.name = option->text;
     label.group = groupOf(ppd, option);
   }
