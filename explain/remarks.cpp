@@ -16,6 +16,7 @@
 
 #include "base/utf.hpp"
 #include "explain/row_facts.hpp"
+#include "explain/standard_names.hpp"
 #include "job/custom_text.hpp"
 #include "job/ppd_calls.hpp"
 #include "job/text_fields.hpp"
@@ -30,6 +31,7 @@ namespace kelm::explain {
 namespace {
 
 constexpr std::size_t kLongestCompared = 128;
+constexpr std::size_t kLeastFront = 4;   // of a name that is cut off
 constexpr double kPaperTolerance = 2.0;  // points
 constexpr char kDialogOnly[] = "has an effect only in jobs of the maker's dialog (PrintPDE)";
 
@@ -64,16 +66,22 @@ bool startsWithAny(std::string_view name, std::span<const std::string_view> fron
                              [&](std::string_view front) { return name.starts_with(front); });
 }
 
+// The standard name that this is in any letter case; null if it is none.
+const std::string_view* standardName(std::string_view name) {
+  const auto found = std::ranges::find_if(kStandardNames, [&](std::string_view standard) {
+    return standard.size() == name.size() &&
+           strncasecmp(standard.data(), name.data(), name.size()) == 0;
+  });
+  return found == std::end(kStandardNames) ? nullptr : &*found;
+}
+
 // CUPS' filters and clients add options of their own to a job.
 bool isOfCups(const std::string& name) {
-  constexpr std::string_view kFronts[] = {
-      "com.apple.", "AP_",    "job-",   "document-", "cups", "date-time-", "time-",
-      "page-",      "media-", "print-", "output-",   "ipp-", "Destination"};
-  constexpr std::string_view kNames[] = {
-      "Collate",    "collate",     "PrintPDE", "UpdatePPDOptions",
-      "copies",     "outputorder", "page-set", "multiple-document-handling",
-      "finishings", "fit-to-page"};
-  if (startsWithAny(name, kFronts) || std::ranges::find(kNames, name) != std::end(kNames)) {
+  constexpr std::string_view kFronts[] = {"com.apple.", "AP_", "date-time-at-", "time-at-",
+                                          "Destination"};
+  constexpr std::string_view kNames[] = {"PrintPDE", "UpdatePPDOptions"};
+  if (startsWithAny(name, kFronts) || standardName(name) != nullptr ||
+      std::ranges::find(kNames, name) != std::end(kNames)) {
     return true;
   }
   // An option that libcups knows has a type of its own; any other one becomes a name.
@@ -85,11 +93,18 @@ bool isOfCups(const std::string& name) {
   return known;
 }
 
+bool sameWord(std::string_view one, std::string_view other) {
+  return editDistance(one, other) == 0;
+}
+
 std::string nearestOf(std::string_view text, const std::vector<std::string>& candidates) {
   const std::string* nearest = nullptr;
   std::size_t least = std::max<std::size_t>(text.size() / 3, 1) + 1;
   for (const std::string& candidate : candidates) {
-    const std::size_t distance = editDistance(text, candidate);
+    std::size_t distance = editDistance(text, candidate);
+    const bool isCutOff = text.size() >= kLeastFront && candidate.size() > text.size() &&
+                          sameWord(text, std::string_view(candidate).substr(0, text.size()));
+    if (isCutOff) distance = std::min<std::size_t>(distance, 1);
     if (distance >= least) continue;
     least = distance;
     nearest = &candidate;
@@ -97,8 +112,9 @@ std::string nearestOf(std::string_view text, const std::vector<std::string>& can
   return nearest == nullptr ? "" : *nearest;
 }
 
-std::vector<std::string> keywordsOf(const Request& request) {
-  std::vector<std::string> keywords;
+// The PPD's names of options, and the standard ones.
+std::vector<std::string> knownNames(const Request& request) {
+  std::vector<std::string> keywords(std::begin(kStandardNames), std::end(kStandardNames));
   if (request.ppd == nullptr) return keywords;
   for (const ppd_group_t& group :
        std::span(request.ppd->groups, static_cast<std::size_t>(request.ppd->num_groups))) {
@@ -179,8 +195,28 @@ bool isReadByTheFilter(const Request& request, const Option& option) {
   });
 }
 
-std::optional<Remark> unlessChoice(const Option& option, std::vector<std::string> choices) {
-  if (std::ranges::find(choices, option.value) != choices.end()) return std::nullopt;
+// Whether the job's header is the same with the option in another spelling. Marks the request's
+// choices again.
+bool hasSameEffect(const Request& request, const Option& option, const Option& spelled) {
+  Request other = request;
+  std::ranges::replace(other.options, option, spelled);
+  const Outcome one = outcomeOf(other);
+  const Outcome two = outcomeOf(request);
+  return std::ranges::equal(one.header, two.header, [](const auto& a, const auto& b) {
+    return a.variable == b.variable && a.value == b.value;
+  });
+}
+
+// In another letter case, a choice counts where CUPS and the filter take it.
+std::optional<Remark> unlessChoice(const Request& request, const Option& option,
+                                   std::vector<std::string> choices) {
+  for (const std::string& choice : choices) {
+    if (choice == option.value) return std::nullopt;
+    if (sameWord(choice, option.value) &&
+        hasSameEffect(request, option, {option.name, choice, option.giver})) {
+      return std::nullopt;
+    }
+  }
   std::string nearest = nearestOf(option.value, choices);
   return Remark{option, "is not a choice of this option", std::move(choices), std::move(nearest)};
 }
@@ -199,17 +235,18 @@ std::optional<Remark> remarkOnChoice(const Request& request, const Option& optio
       isReadByTheFilter(request, option)) {
     return std::nullopt;
   }
-  return unlessChoice(option, choicesOf(known));
+  return unlessChoice(request, option, choicesOf(known));
 }
 
 // An option that is not in the PPD: the choices are those of the header's table.
-std::optional<Remark> remarkOnTableChoice(const Option& option, const RowFacts& row) {
+std::optional<Remark> remarkOnTableChoice(const Request& request, const Option& option,
+                                          const RowFacts& row) {
   if (!row.table) return std::nullopt;
   std::vector<std::string> choices;
   for (const pjl::ValueRow& pair : row.table->rows) {
     if (pair.key != nullptr) choices.emplace_back(pair.key);
   }
-  return unlessChoice(option, std::move(choices));
+  return unlessChoice(request, option, std::move(choices));
 }
 
 // The maker's dialog sends its values in options of its own, such as QVGutterDistanceValue100.
@@ -284,10 +321,6 @@ std::vector<std::string> keywordsOfIpp(const Request& request, std::string_view 
   return keywords;
 }
 
-bool sameWord(std::string_view one, std::string_view other) {
-  return editDistance(one, other) == 0;
-}
-
 bool isAmong(std::string_view word, const std::vector<std::string>& words) {
   return std::ranges::any_of(words, [&](const std::string& one) { return sameWord(word, one); });
 }
@@ -360,7 +393,7 @@ std::optional<Remark> remarkOnStandard(const Request& request, const Option& opt
 
 std::optional<Remark> remarkOnName(const Request& request, const Option& option) {
   if (const auto row = rowOf(option.name, request.isDialogJob())) {
-    return remarkOnTableChoice(option, *row);
+    return remarkOnTableChoice(request, option, *row);
   }
   // The print server's defaults are of any name.
   if (isOfCups(option.name) || option.giver == Giver::kQueue) return std::nullopt;
@@ -369,7 +402,7 @@ std::optional<Remark> remarkOnName(const Request& request, const Option& option)
     return Remark{option, kDialogOnly, {}, ""};
   }
   return Remark{
-      option, "is not an option of this printer", {}, nearestOf(option.name, keywordsOf(request))};
+      option, "is not an option of this printer", {}, nearestOf(option.name, knownNames(request))};
 }
 
 // Whether an option of the PPD does nothing in this job. Its default asks for nothing anyway.
@@ -381,17 +414,44 @@ bool isIdle(const Request& request, const Option& option, const ppd_option_t& kn
   });
 }
 
-std::optional<Remark> remarkOn(const Request& request, const Option& option) {
+std::optional<Remark> remarkOnSpelled(const Request& request, const Option& option) {
   const ppd_option_t* known = ppdOption(request, option.name);
   if (known == nullptr) {
     auto remark = remarkOnStandard(request, option);
     return remark ? std::move(remark) : remarkOnName(request, option);
   }
-  if (option.name != known->keyword) {
-    return Remark{option, "is spelled with other capital letters in the PPD", {}, known->keyword};
-  }
   if (isIdle(request, option, *known)) return Remark{option, kDialogOnly, {}, ""};
   return remarkOnChoice(request, option, *known);
+}
+
+// lp(1) and cupsd read these, and know them only in their own letters.
+bool needsItsLetters(std::string_view standard) {
+  return standard.starts_with("job-") || standard == "copies" || standard == "media-col";
+}
+
+std::optional<Remark> remarkOn(const Request& request, const Option& option) {
+  Option spelled = option;
+  const ppd_option_t* known = ppdOption(request, option.name);
+  const std::string_view* standard = standardName(option.name);
+  if (known != nullptr) {
+    spelled.name = known->keyword;
+  } else if (standard != nullptr) {
+    spelled.name = *standard;
+  }
+  if (spelled.name == option.name) return remarkOnSpelled(request, option);
+  const bool isInPpd = known != nullptr;
+  if ((!isInPpd && needsItsLetters(spelled.name)) || !hasSameEffect(request, option, spelled)) {
+    return Remark{
+        option,
+        std::string("is spelled with other capital letters in ") + (isInPpd ? "the PPD" : "CUPS"),
+        {},
+        spelled.name};
+  }
+  Request other = request;
+  std::ranges::replace(other.options, option, spelled);
+  auto remark = remarkOnSpelled(other, spelled);
+  if (remark) remark->option = option;
+  return remark;
 }
 
 // CUPS' own option and the PPD's choose different papers. libcups reads both: "media" has many
@@ -599,15 +659,22 @@ std::size_t editDistance(std::string_view one, std::string_view other) {
     return std::max(one.size(), other.size());
   }
   const auto lower = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
-  std::array<std::size_t, kLongestCompared + 1> row{};
+  using Row = std::array<std::size_t, kLongestCompared + 1>;
+  Row row{};
+  Row last{};
+  Row beforeLast{};
   std::iota(row.begin(), row.end(), std::size_t{0});
   for (std::size_t i = 0; i < one.size(); ++i) {
-    std::size_t diagonal = row[0];
+    beforeLast = last;
+    last = row;
     row[0] = i + 1;
     for (std::size_t j = 0; j < other.size(); ++j) {
-      const std::size_t replaced = diagonal + (lower(one[i]) == lower(other[j]) ? 0 : 1);
-      diagonal = row[j + 1];
-      row[j + 1] = std::min({replaced, row[j] + 1, row[j + 1] + 1});
+      const auto same = [&](std::size_t a, std::size_t b) {
+        return lower(one[a]) == lower(other[b]);
+      };
+      row[j + 1] = std::min({last[j] + (same(i, j) ? 0 : 1), row[j] + 1, last[j + 1] + 1});
+      const bool swapped = i > 0 && j > 0 && same(i, j - 1) && same(i - 1, j);
+      if (swapped) row[j + 1] = std::min(row[j + 1], beforeLast[j - 1] + 1);
     }
   }
   return row[other.size()];

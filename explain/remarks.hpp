@@ -20,8 +20,9 @@ struct Remark {
 // In the order of the options. The request's choices must be marked in its PPD (outcomeOf).
 std::vector<Remark> remarksOn(const Request& request);
 
-// The number of characters to insert, remove or replace to turn one text into the other, without
-// regard to case. For texts longer than 128 bytes, the length of the longer one.
+// The number of characters to insert, remove or replace, and of neighbours to swap, to turn one
+// text into the other, without regard to case. For texts longer than 128 bytes, the length of the
+// longer one.
 std::size_t editDistance(std::string_view one, std::string_view other);
 
 }  // namespace kelm::explain

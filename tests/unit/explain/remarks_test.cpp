@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "tests/support/temporary_directory.hpp"
 #include "tests/unit/explain/explained_job.hpp"
 
@@ -256,6 +258,56 @@ TEST(Remarks, PassChoicesOfStandardOptions) {
   }
 }
 
+TEST(Remarks, PassOtherLettersWhereTheyCount) {
+  for (const char* option :
+       {"qvduplex=longedge", "QVStapleMode=onestaple", "pagesize=a3", "MEDIA=A3",
+        "Sides=two-sided-long-edge", "Finishings=4", "Print-Quality=5", "QVDUPLEX=OFF"}) {
+    EXPECT_EQ(standardRemarkOn(option).problem, "") << option;
+  }
+  EXPECT_EQ(remarkOn("PrintPDE=1 QVStapleMode=onestaple").problem,
+            "is not a choice of this option");
+  EXPECT_EQ(remarkOn("PrintPDE=1 QVStapleMode=onestaple").nearest, "OneStaple");
+}
+
+TEST(Remarks, NameOtherLettersWhereTheyDoNotCount) {
+  for (const char* name : {"job-priority", "job-password", "copies"}) {
+    std::string large = name;
+    large.front() = static_cast<char>(large.front() - 'a' + 'A');
+    const Remark remark = standardRemarkOn(large + "=3");
+    EXPECT_EQ(remark.problem, "is spelled with other capital letters in CUPS");
+    EXPECT_EQ(remark.nearest, name);
+    EXPECT_EQ(remark.option.name, large);
+  }
+}
+
+TEST(Remarks, NameWrongChoicesInOtherLetters) {
+  const Remark remark = standardRemarkOn("SIDES=sideways");
+  EXPECT_EQ(remark.problem, "is not a choice of this option");
+  EXPECT_EQ(remark.option.name, "SIDES");
+}
+
+TEST(Remarks, NameTheStandardOptionThatWasMeant) {
+  const std::pair<const char*, const char*> kMeant[] = {
+      {"print-qualty=5", "print-quality"},
+      {"media-sorce=tray-2", "media-source"},
+      {"job-pasword=1234", "job-password"},
+      {"output-bim=stacker", "output-bin"},
+      {"cupsPrintQualty=High", "cupsPrintQuality"},
+      {"side=one-sided", "sides"},
+      {"medai=A5", "media"},
+      {"finishing=4", "finishings"},
+      {"number-upp=2", "number-up"},
+      {"multiple-document=single-document", "multiple-document-handling"},
+  };
+  for (const auto& [option, meant] : kMeant) {
+    const Remark remark = standardRemarkOn(option);
+    EXPECT_EQ(remark.problem, "is not an option of this printer") << option;
+    EXPECT_EQ(remark.nearest, meant) << option;
+  }
+  EXPECT_EQ(standardRemarkOn("sides=two-sided").nearest, "two-sided-long-edge");
+  EXPECT_EQ(standardRemarkOn("job=1").nearest, "");
+}
+
 // The job has another value by then: the dialog's are final.
 TEST(Remarks, PassStandardOptionsInJobsOfTheDialog) {
   EXPECT_EQ(standardRemarkOn("PrintPDE=1 sides=sideways").problem, "");
@@ -278,6 +330,8 @@ TEST(EditDistance, CountsCharactersButForCase) {
   EXPECT_EQ(editDistance("abc", "ABC"), 0U);
   EXPECT_EQ(editDistance("kitten", "sitting"), 3U);
   EXPECT_EQ(editDistance("", "abc"), 3U);
+  EXPECT_EQ(editDistance("medai", "media"), 1U);
+  EXPECT_EQ(editDistance("abcd", "badc"), 2U);
   EXPECT_EQ(editDistance(std::string(200, 'a'), "b"), 200U);
 }
 
