@@ -11,6 +11,8 @@
 #include <span>
 #include <utility>
 
+#include "job/ppd_calls.hpp"
+
 namespace kelm::explain {
 namespace {
 
@@ -168,6 +170,49 @@ Line strangeLine(const pjl::RecordedLine& line) {
   return strange;
 }
 
+constexpr std::size_t kMostLinesOfOption = 8;  // a stream may have a variable hundreds of times
+
+// The lines of a header that belong to one option of the PPD.
+std::vector<const pjl::RecordedLine*> linesOfOption(const StreamReport& report,
+                                                    const std::string& option) {
+  std::vector<const pjl::RecordedLine*> lines;
+  for (const pjl::RecordedLine& line : report.header) {
+    if (line.step == nullptr) continue;
+    const RowFacts row = factsOf(*line.step, report.isDialogJob);
+    if (!row.options.empty() && row.options.front() == option) lines.push_back(&line);
+  }
+  return lines;
+}
+
+// Whether the filter writes these lines for this choice alone.
+bool isWrittenFor(Request request, const Option& choice,
+                  const std::vector<const pjl::RecordedLine*>& lines) {
+  request.options.push_back(choice);
+  return std::ranges::all_of(lines, [&](const pjl::RecordedLine* line) {
+    const std::vector<pjl::RecordedLine> written = outcomeOf(request, line->step).header;
+    return written.size() == 1 && written.front().variable == line->variable &&
+           written.front().value == line->value;
+  });
+}
+
+// A value of several choices (AUTOSELECT=OFF) means one of them if another line of the same option
+// says which (MEDIASOURCE=TRAY2). Nothing if none does.
+std::vector<Option> choiceOfLines(const StreamReport& report, const Request& none,
+                                  const RowFacts& row) {
+  if (none.ppd == nullptr || row.options.empty()) return {};
+  const std::string& name = row.options.front();
+  const ppd_option_t* option = job::r_ppdFindOption(none.ppd, name.c_str());
+  const auto lines = linesOfOption(report, name);
+  if (option == nullptr || lines.size() < 2 || lines.size() > kMostLinesOfOption) return {};
+  std::vector<Option> found;
+  for (const ppd_choice_t& choice :
+       std::span(option->choices, static_cast<std::size_t>(option->num_choices))) {
+    const Option candidate{name, choice.choice};
+    if (isWrittenFor(none, candidate, lines)) found.push_back(candidate);
+  }
+  return found.size() == 1 ? found : std::vector<Option>();
+}
+
 Line explainedLine(const Job& job, const Place& place, const pjl::RecordedLine& line,
                    bool changed) {
   if (line.step == nullptr) return strangeLine(line);
@@ -235,6 +280,9 @@ std::vector<Line> linesOf(const StreamReport& report, ppd_file_t* ppd) {
     }
     const RowFacts row = factsOf(*line.step, report.isDialogJob);
     lines.push_back(plainLine(ppd, row, line, {}));
+    if (lines.back().label.choice == line.value) {
+      lines.back() = plainLine(ppd, row, line, choiceOfLines(report, none, row));
+    }
     const bool isEveryJobs =
         row.fallback == pjl::Fallback::kComputer || row.fallback == pjl::Fallback::kJobTitle;
     lines.back().changed = !isEveryJobs && !holds(base, place, line);

@@ -45,11 +45,19 @@ printf '%%!PS-Adobe-3.0\nshowpage\n' >"$W/page.ps"
 PPD=$BUILD/ppd/kelm-ij.ppd "$BUILD/kelmfilter" 1 miller report 1 'Duplex=DuplexNoTumble InputSlot=Tray2' \
   "$W/page.ps" >"$W/standard.prn"
 explain 0 --stream "$W/standard.prn" --ppd "$BUILD/ppd/kelm-ij.ppd"
-for line in 'Two-sided printing: ON .*DUPLEX=ON' 'Two-sided printing: Long edge .*BINDING=LONGEDGE' \
-  'Paper source: OFF .*AUTOSELECT=OFF' 'Paper source: Tray 2 .*MEDIASOURCE=TRAY2'; do
+for line in 'Two-sided printing: Long edge .*DUPLEX=ON' 'Two-sided printing: Long edge .*BINDING=LONGEDGE' \
+  'Paper source: Tray 2 .*AUTOSELECT=OFF' 'Paper source: Tray 2 .*MEDIASOURCE=TRAY2'; do
   grep -q "^$line\$" "$W/out" || fail "no line $line: $(cat "$W/out")"
 done
 if grep -q override "$W/out"; then fail "$(grep override "$W/out")"; fi
+
+# Lines that no choice gives together are shown as they are.
+sed -e 's/SET BINDING=LONGEDGE/SET BINDING=OFF/' -e 's/SET MEDIASOURCE=TRAY2/SET MEDIASOURCE=AUTO/' \
+  "$W/standard.prn" >"$W/contrary.prn"
+explain 0 --stream "$W/contrary.prn" --ppd "$BUILD/ppd/kelm-ij.ppd"
+for line in 'Two-sided printing: ON .*DUPLEX=ON' 'Paper source: OFF .*AUTOSELECT=OFF'; do
+  grep -q "^$line\$" "$W/out" || fail "no line $line: $(cat "$W/out")"
+done
 
 # The defaults that lp would add count, and are named: the user's, those of all users and the queue's.
 CUPS_SERVERROOT=$CUPS/etc

@@ -114,12 +114,18 @@ TEST(Request, TakesDefaultsThatTheJobDoesNotName) {
   EXPECT_EQ(request.copies, 3);
 }
 
-// The names of the variables in the stream of a job with these options.
-std::map<std::string, std::string> namesInStream(const std::string& options) {
+// The names of the variables in the stream of a job with these options, in which one variable may
+// have another value.
+std::map<std::string, std::string> namesInStream(const std::string& options,
+                                                 const std::string& variable = "",
+                                                 const std::string& value = "") {
   const platform::FakePlatform platform;
   ppd_file_t* ppd = job::r_ppdOpenFile(KELM_PPDS_DIR "/explain.ppd");
   StreamReport report;
   report.header = outcomeOf({ppd, parsedOptions({options}), 1, "report"}).header;
+  for (pjl::RecordedLine& line : report.header) {
+    if (!variable.empty() && line.variable == variable) line.value = value;
+  }
   std::map<std::string, std::string> names;
   for (const Line& line : linesOf(report, ppd)) {
     names[line.variable] = line.label.name + ": " + line.label.choice;
@@ -140,8 +146,16 @@ TEST(LinesOfAStream, HaveTheNameOfAnOwnOptionThatAloneHasTheChoice) {
             "Paper source (override): Standard tray");
 }
 
-TEST(LinesOfAStream, NameNoChoiceWhereSeveralHaveTheValue) {
-  EXPECT_EQ(namesInStream("QVInputSlot=FeedTray2")["AUTOSELECT"], "Paper source: OFF");
+TEST(LinesOfAStream, NameTheChoiceThatAnotherLineOfTheOptionHas) {
+  EXPECT_EQ(namesInStream("QVInputSlot=FeedTray2")["AUTOSELECT"], "Paper source: Tray 2");
+  EXPECT_EQ(namesInStream("QVDuplex=ShortEdge")["DUPLEX"], "Two-sided printing: Short edge");
+}
+
+TEST(LinesOfAStream, NameNoChoiceThatTheLinesDoNotHaveTogether) {
+  EXPECT_EQ(namesInStream("QVInputSlot=FeedTray2", "MEDIASOURCE", "AUTO")["AUTOSELECT"],
+            "Paper source: OFF");
+  EXPECT_EQ(namesInStream("QVDuplex=ShortEdge", "BINDING", "OFF")["DUPLEX"],
+            "Two-sided printing: ON");
 }
 
 TEST(Explanation, HasEveryLineOfTheHeader) {
