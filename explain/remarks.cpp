@@ -369,11 +369,32 @@ std::optional<Remark> remarkOnMedia(const Request& request, const Option& option
       ""};
 }
 
+// Only finishings can be several.
+std::optional<Remark> unlessKeywords(const Option& option,
+                                     const std::vector<std::string>& keywords) {
+  if (keywords.empty()) return std::nullopt;
+  const std::vector<std::string> words = wordsOf(option.value);
+  if (words.empty()) return Remark{option, "has no value", keywords, ""};
+  for (const std::string& word : words) {
+    if (isAmong(word, keywords)) continue;
+    std::string nearest = isNumber(word) ? "" : nearestOf(word, keywords);
+    return Remark{option, "is not a choice of this option", keywords, std::move(nearest)};
+  }
+  if (words.size() > 1 && option.name != "finishings") {
+    return Remark{option, "has several values, and the option takes one", keywords, ""};
+  }
+  return std::nullopt;
+}
+
 // What CUPS and the filter do not understand, they take for nothing asked.
 std::optional<Remark> remarkOnStandard(const Request& request, const Option& option) {
   if (!hasStandardOptions(request)) return std::nullopt;
   if (option.name == "media") return remarkOnMedia(request, option);
   if (option.name == "job-password") {
+    const Option* encryption = findOption(request.options, "job-password-encryption");
+    if (encryption != nullptr && encryption->value != "none") {
+      return Remark{option, "is encrypted, and the printer needs the digits", {}, ""};
+    }
     if (job::isValidateSecretNumString(option.value.c_str(), 1, job::kSecretNum.max)) {
       return std::nullopt;
     }
@@ -382,11 +403,17 @@ std::optional<Remark> remarkOnStandard(const Request& request, const Option& opt
                   {},
                   ""};
   }
-  const std::vector<std::string> keywords = keywordsOfIpp(request, option.name);
-  for (const std::string& word : wordsOf(option.value)) {
-    if (keywords.empty() || isAmong(word, keywords)) continue;
-    std::string nearest = isNumber(word) ? "" : nearestOf(word, keywords);
-    return Remark{option, "is not a choice of this option", keywords, std::move(nearest)};
+  return unlessKeywords(option, keywordsOfIpp(request, option.name));
+}
+
+// What CUPS' filters do before this printer's, with any PPD.
+std::optional<Remark> remarkOnFilters(const Option& option) {
+  if (option.name == "number-up") return unlessKeywords(option, {"1", "2", "4", "6", "9", "16"});
+  if (option.name == "print-scaling") {
+    return unlessKeywords(option, {"auto", "auto-fit", "fill", "fit", "none"});
+  }
+  if (option.name == "raw" && !sameWord(option.value, "false")) {
+    return Remark{option, "prints without the filter: the printer gets no header", {}, ""};
   }
   return std::nullopt;
 }
@@ -417,7 +444,8 @@ bool isIdle(const Request& request, const Option& option, const ppd_option_t& kn
 std::optional<Remark> remarkOnSpelled(const Request& request, const Option& option) {
   const ppd_option_t* known = ppdOption(request, option.name);
   if (known == nullptr) {
-    auto remark = remarkOnStandard(request, option);
+    auto remark = remarkOnFilters(option);
+    if (!remark) remark = remarkOnStandard(request, option);
     return remark ? std::move(remark) : remarkOnName(request, option);
   }
   if (isIdle(request, option, *known)) return Remark{option, kDialogOnly, {}, ""};
@@ -459,10 +487,11 @@ std::optional<Remark> remarkOn(const Request& request, const Option& option) {
 std::optional<Remark> remarkOnPaper(const Request& request) {
   const Option* media = findOption(request.options, "media");
   const Option* page = findOption(request.options, "PageSize");
+  if (page == nullptr) page = findOption(request.options, "PageRegion");
   if (request.ppd == nullptr || media == nullptr || page == nullptr) return std::nullopt;
   if (media->giver != Giver::kJob && page->giver == Giver::kJob) return std::nullopt;
   job::r_ppdMarkDefaults(request.ppd);
-  const auto one = markedPage(request.ppd, "PageSize", page->value);
+  const auto one = markedPage(request.ppd, page->name.c_str(), page->value);
   const auto other = markedPage(request.ppd, "media", media->value);
   outcomeOf(request);  // marks the request's choices again
   if (!one || !other) return std::nullopt;
@@ -470,7 +499,32 @@ std::optional<Remark> remarkOnPaper(const Request& request) {
     return std::abs(static_cast<double>(a) - static_cast<double>(b)) <= kPaperTolerance;
   };
   if (agree(one->width, other->width) && agree(one->length, other->length)) return std::nullopt;
-  return Remark{*media, "is not the same paper as PageSize=" + page->value, {}, ""};
+  return Remark{*media, "is not the same paper as " + page->name + "=" + page->value, {}, ""};
+}
+
+// Dialogs refuse custom papers that the printer cannot have, and lp(1) does not.
+std::optional<Remark> remarkOnCustomPaper(const Request& request, const Option& option) {
+  const bool isPaper = option.name == "media" || option.name == "PageSize";
+  if (!isPaper || request.ppd == nullptr || request.ppd->variable_sizes == 0) return std::nullopt;
+  job::r_ppdMarkDefaults(request.ppd);
+  const auto page = markedPage(request.ppd, option.name.c_str(), option.value);
+  const ppd_choice_t* choice = job::r_ppdFindMarkedChoice(request.ppd, "PageSize");
+  const bool isCustom = choice != nullptr && std::string_view(choice->choice) == "Custom";
+  outcomeOf(request);  // marks the request's choices again
+  if (!page || !isCustom) return std::nullopt;
+  const float* least = request.ppd->custom_min;
+  const float* most = request.ppd->custom_max;
+  const auto isWithin = [&](float length, int i) {
+    return length >= least[i] && length <= most[i];
+  };
+  if (isWithin(page->width, 0) && isWithin(page->length, 1)) return std::nullopt;
+  const auto points = [](float length) { return std::to_string(std::lround(length)); };
+  return Remark{option,
+                "is no paper that the printer can have: its width is " + points(least[0]) + " to " +
+                    points(most[0]) + " points, its height " + points(least[1]) + " to " +
+                    points(most[1]),
+                {},
+                ""};
 }
 
 struct Choice {
@@ -642,7 +696,9 @@ void addConflicts(const Request& request, std::vector<Remark>& remarks) {
 std::vector<Remark> remarksOn(const Request& request) {
   std::vector<Remark> remarks;
   for (const Option& option : request.options) {
-    if (auto remark = remarkOn(request, option)) remarks.push_back(std::move(*remark));
+    auto remark = remarkOn(request, option);
+    if (!remark) remark = remarkOnCustomPaper(request, option);
+    if (remark) remarks.push_back(std::move(*remark));
   }
   if (auto remark = remarkOnPaper(request)) remarks.push_back(std::move(*remark));
   addConflicts(request, remarks);

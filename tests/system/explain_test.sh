@@ -40,6 +40,18 @@ grep -qF 'kelmctl: QVJobComment=Custom.a:b has the character ":", which the prin
 explain 0 --ppd "$BUILD/ppd/kelm-ij.ppd" -o InputSlot=FeedTray2 --changed
 grep -q '@PJL SET MEDIASOURCE=TRAY2 ' "$W/out" || fail "no line about the tray: $(cat "$W/out")"
 
+# Standard options in any letter case are right; what CUPS would pass over without a word is named.
+explain 0 --ppd "$BUILD/ppd/kelm-ij.ppd" -n 3 -o collate=false -o MEDIA=A5 -o Duplex=duplexnotumble --changed
+for line in COPIES=3 QVPAGESIZE=A5 DUPLEX=ON; do
+  grep -q "@PJL SET $line " "$W/out" || fail "no line $line: $(cat "$W/out")"
+done
+explain 1 --ppd "$BUILD/ppd/kelm-ij.ppd" -o print-qualty=5
+expect "messages" \
+  "kelmctl: print-qualty=5 is not an option of this printer; did you mean print-quality?" "$(cat "$W/err")"
+explain 1 --ppd "$BUILD/ppd/kelm-ij.ppd" -o finishings=5 -o media=C5 -o MediaType=Plain
+expect "messages" \
+  "kelmctl: finishings=5 cannot be used together with media=C5 (a constraint of the PPD)" "$(cat "$W/err")"
+
 # A stream does not say whether the standard option or the own one was used.
 printf '%%!PS-Adobe-3.0\nshowpage\n' >"$W/page.ps"
 PPD=$BUILD/ppd/kelm-ij.ppd "$BUILD/kelmfilter" 1 miller report 1 'Duplex=DuplexNoTumble InputSlot=Tray2' \

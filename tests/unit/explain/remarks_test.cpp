@@ -319,6 +319,44 @@ TEST(Remarks, NameAWordOfMediaThatMeansNothing) {
   EXPECT_EQ(standardRemarkOn("media=A99").option.value, "A99");
 }
 
+TEST(Remarks, NameAPaperThatThePrinterCannotHave) {
+  constexpr char kProblem[] =
+      "is no paper that the printer can have: its width is 255 to 1000 points, its height 255 to "
+      "1500";
+  for (const char* option :
+       {"media=Custom.1000x1000mm", "PageSize=Custom.5x5cm", "media=Custom.1001x300"}) {
+    EXPECT_EQ(standardRemarkOn(option).problem, kProblem) << option;
+  }
+  for (const char* option : {"media=Custom.255x1500", "PageSize=Custom.1000x255", "media=A3"}) {
+    EXPECT_EQ(standardRemarkOn(option).problem, "") << option;
+  }
+}
+
+TEST(Remarks, NamePageRegionsThatDisagreeWithMedia) {
+  EXPECT_EQ(standardRemarkOn("PageRegion=A4 media=A3").problem,
+            "is not the same paper as PageRegion=A4");
+  EXPECT_EQ(standardRemarkOn("PageRegion=A3 media=A3").problem, "");
+}
+
+TEST(Remarks, NameWhatCupsDoesNotDoToThePages) {
+  EXPECT_EQ(remarkOn("number-up=5").problem, "is not a choice of this option");
+  EXPECT_EQ(remarkOn("print-scaling=fil").nearest, "fill");
+  EXPECT_EQ(remarkOn("raw").problem, "prints without the filter: the printer gets no header");
+  EXPECT_EQ(remarkOn("noraw number-up=16 print-scaling=auto-fit").problem, "");
+}
+
+TEST(Remarks, NameStandardOptionsWithoutOneValue) {
+  EXPECT_EQ(standardRemarkOn("print-quality=5,4").problem,
+            "has several values, and the option takes one");
+  EXPECT_EQ(standardRemarkOn("sides=").problem, "has no value");
+}
+
+TEST(Remarks, NameAPasswordThatIsEncrypted) {
+  EXPECT_EQ(standardRemarkOn("job-password=1234 job-password-encryption=sha2-256").problem,
+            "is encrypted, and the printer needs the digits");
+  EXPECT_EQ(standardRemarkOn("job-password=1234 job-password-encryption=none").problem, "");
+}
+
 TEST(Remarks, NameAPasswordThatIsNoPin) {
   EXPECT_EQ(standardRemarkOn("job-password=12ab").problem, "is no PIN: a PIN has 1 to 8 digits");
   EXPECT_EQ(standardRemarkOn("job-password=123456789").problem,
