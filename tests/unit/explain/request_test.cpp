@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "explain/media_col.hpp"
 #include "job/ppd_calls.hpp"
 #include "platform/fake/fake_platform.hpp"
 
@@ -80,6 +81,22 @@ TEST_F(RequestOptions, MediaColNamesTheTrayAndThePaperType) {
   EXPECT_EQ(header({mediaCol, "InputSlot=Tray3"}, variables), "TRAY3 STANDARD");
   EXPECT_EQ(header({mediaCol, "MediaType=IJPaper"}, variables), "TRAY2 HC");
   EXPECT_EQ(header({"media-col={media-source=tray-99}"}, variables), "AUTO AUTO");
+}
+
+TEST_F(RequestOptions, MembersOfMediaColThatAskForNothing) {
+  const auto problem = [](const char* mediaCol) {
+    const auto remark = remarkOnMediaCol({nullptr, {{"media-col", mediaCol}}, 1, "report"});
+    return remark ? remark->problem : "";
+  };
+  EXPECT_EQ(problem("{media-size={x-dimension=14800 y-dimension=21000} media-source=tray-2}"), "");
+  EXPECT_EQ(problem("{media-type=stationery media-top-margin=0}"), "");
+  EXPECT_EQ(problem("{media-size-name=iso_a5_148x210mm}"),
+            "has the member \"media-size-name\", which CUPS drops");
+  EXPECT_EQ(problem("A5"), "has the member \"A5\", which CUPS drops");
+  EXPECT_EQ(problem("{media-size={x-dimension=14800}}"),
+            "has a media-size without x-dimension and y-dimension");
+  EXPECT_EQ(problem("{}"), "has no media-size, media-source or media-type");
+  EXPECT_FALSE(remarkOnMediaCol({nullptr, {}, 1, "report"}).has_value());
 }
 
 TEST_F(RequestOptions, CopiesAreNoOption) {
