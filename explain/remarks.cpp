@@ -9,7 +9,6 @@
 #include <array>
 #include <cctype>
 #include <cmath>
-#include <initializer_list>
 #include <numeric>
 #include <optional>
 #include <span>
@@ -539,8 +538,12 @@ std::span<ppd_choice_t> spanOf(const ppd_option_t& option) {
   return {option.choices, static_cast<std::size_t>(option.num_choices)};
 }
 
+// libcups looks for the page size in the list of sizes.
 void unmarkAll(ppd_file_t* ppd) {
   cupsArrayClear(ppd->marked);
+  for (ppd_size_t& size : std::span(ppd->sizes, static_cast<std::size_t>(ppd->num_sizes))) {
+    size.marked = 0;
+  }
   for (ppd_option_t* option = ppdFirstOption(ppd); option != nullptr; option = ppdNextOption(ppd)) {
     for (ppd_choice_t& choice : spanOf(*option)) choice.marked = 0;
   }
@@ -559,25 +562,12 @@ std::vector<Choice> conflictedChoices(ppd_file_t* ppd) {
   return conflicted;
 }
 
-bool isConflict(ppd_file_t* ppd, std::initializer_list<Choice> choices) {
+bool exclude(ppd_file_t* ppd, const Choice& one, const Choice& other) {
   unmarkAll(ppd);
-  for (const Choice& choice : choices) {
-    job::r_ppdMarkOption(ppd, choice.keyword.c_str(), choice.choice.c_str());
+  for (const Choice* choice : {&one, &other}) {
+    job::r_ppdMarkOption(ppd, choice->keyword.c_str(), choice->choice.c_str());
   }
   return ppdConflicts(ppd) != 0;
-}
-
-// To libcups, a job without a page size has every one: the choices are judged with a page size that
-// each of them goes with.
-bool exclude(ppd_file_t* ppd, const Choice& one, const Choice& other) {
-  constexpr char kPageSize[] = "PageSize";
-  if (one.keyword == kPageSize || other.keyword == kPageSize) return isConflict(ppd, {one, other});
-  for (const ppd_size_t& size : std::span(ppd->sizes, static_cast<std::size_t>(ppd->num_sizes))) {
-    const Choice page{kPageSize, size.name};
-    if (isConflict(ppd, {page, one}) || isConflict(ppd, {page, other})) continue;
-    return isConflict(ppd, {page, one, other});
-  }
-  return false;
 }
 
 // Choices that a constraint forbids together: pairs, and what is left of constraints on more than
