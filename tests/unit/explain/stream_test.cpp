@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "job/custom_paper.hpp"
 #include "platform/fake/fake_platform.hpp"
 #include "tests/support/memory_job.hpp"
 
@@ -17,6 +18,9 @@ class Stream : public testing::Test {
   // The stream of a job with this PostScript after its header.
   static std::string of(const TestJob::Options& options, const std::string& postScript = "%!PS\n") {
     TestJob job(options);
+    job::customSizeFlg = false;  // forgets the job before
+    job::widthLength = 0;
+    job::heighLength = 0;
     tests::MemoryOutput output;
     pjl::OutputPJL(output.stream(), *job);
     return output.text() + postScript;
