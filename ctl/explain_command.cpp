@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "base/byte_source.hpp"
+#include "base/number_text.hpp"
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/explain_page.hpp"
@@ -93,7 +94,8 @@ bool wrotePage(const Arguments& arguments, const Page& page, const Console& cons
 std::string copiesProblem(const std::string& text) {
   const bool isNumber = !text.empty() && text.size() <= 4 &&
                         text.find_first_not_of("0123456789") == std::string::npos;
-  return isNumber && std::atoi(text.c_str()) > 0 ? "" : "must be a number from 1 to 9999";
+  return isNumber && base::leadingInteger(text.c_str()) > 0 ? ""
+                                                            : "must be a number from 1 to 9999";
 }
 
 bool showsChangedOnly(const Arguments& arguments, const Console& console) {
@@ -104,7 +106,8 @@ int explainJob(const Arguments& arguments, const Console& console) {
   const PpdHandle ppd = localisedPpd(arguments, console);
   if (ppd == nullptr) return kExitFailed;
   explain::Request request{ppd.get(), explain::parsedOptions(arguments.options),
-                           std::atoi(arguments.copies.value_or("1").c_str()), arguments.title};
+                           base::leadingInteger(arguments.copies.value_or("1").c_str()),
+                           arguments.title};
   if (const explain::Option* copies = explain::findOption(request.options, "copies")) {
     const std::string problem = copiesProblem(copies->value);
     if (!problem.empty())

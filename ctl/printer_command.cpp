@@ -121,7 +121,7 @@ void writeTable(std::ostream& out, const PrinterFacts& facts) {
 // The addresses that no printer can have are those that the wake-up service refuses. A host name is
 // looked up later.
 std::string problemOf(const std::string& address) {
-  const std::string problem = addressProblem(address);
+  std::string problem = addressProblem(address);
   if (!problem.empty()) return problem;
   return impossibleAddressProblem(address, snmp::unbracketed(address), Loopback::kRefused);
 }
