@@ -4,7 +4,7 @@
 
 #include <optional>
 
-#include "explain/remarks.hpp"
+#include "explain/remark.hpp"
 #include "explain/request.hpp"
 
 namespace kelm::explain {

@@ -3,6 +3,9 @@
 #include "explain/row_facts.hpp"
 
 #include <algorithm>
+#include <utility>
+
+#include "pjl/sequence.hpp"
 
 namespace kelm::explain {
 namespace {
@@ -102,6 +105,15 @@ bool lacksChoice(const RowFacts& row, std::string_view variable, std::string_vie
 
 RowFacts factsOf(const pjl::HeaderStep& step, bool isDialogJob) {
   return std::visit([&](const auto* row) { return facts(*row, isDialogJob); }, step);
+}
+
+std::optional<RowFacts> rowOf(std::string_view option, bool isDialogJob) {
+  std::optional<RowFacts> found;
+  pjl::forEachStep(isDialogJob, [&](const pjl::HeaderStep& step) {
+    RowFacts row = factsOf(step, isDialogJob);
+    if (!found && row.hasOption(option)) found = std::move(row);
+  });
+  return found;
 }
 
 }  // namespace kelm::explain

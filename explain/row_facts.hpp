@@ -34,4 +34,7 @@ bool lacksChoice(const RowFacts& row, std::string_view variable, std::string_vie
 
 RowFacts factsOf(const pjl::HeaderStep& step, bool isDialogJob);
 
+// The option's row of the header, for a kind of job.
+std::optional<RowFacts> rowOf(std::string_view option, bool isDialogJob);
+
 }  // namespace kelm::explain

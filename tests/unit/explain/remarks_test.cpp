@@ -363,15 +363,5 @@ TEST(Remarks, NameAPasswordThatIsNoPin) {
             "is no PIN: a PIN has 1 to 8 digits");
 }
 
-TEST(EditDistance, CountsCharactersButForCase) {
-  EXPECT_EQ(editDistance("", ""), 0U);
-  EXPECT_EQ(editDistance("abc", "ABC"), 0U);
-  EXPECT_EQ(editDistance("kitten", "sitting"), 3U);
-  EXPECT_EQ(editDistance("", "abc"), 3U);
-  EXPECT_EQ(editDistance("medai", "media"), 1U);
-  EXPECT_EQ(editDistance("abcd", "badc"), 2U);
-  EXPECT_EQ(editDistance(std::string(200, 'a'), "b"), 200U);
-}
-
 }  // namespace
 }  // namespace kelm::explain
