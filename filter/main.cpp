@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <unistd.h>
 
+#include <csignal>
+
 #include "filter/pipeline.hpp"
 #include "filter/printer_output.hpp"
 #include "filter/termination.hpp"
@@ -15,6 +17,7 @@ const std::string_view kelm::platform::kOutOfMemory =
 
 int main(int argc, char* argv[]) {
   kelm::filter::catchTermination();
+  std::signal(SIGPIPE, SIG_IGN);  // a reader that is gone is a failed write
   kelm::platform::openStandardStreams();
   kelm::platform::widenPipe(STDIN_FILENO);
   kelm::platform::widenPipe(STDOUT_FILENO);

@@ -81,6 +81,35 @@ wait_until 2 full >"$W/count" || fail "no word about the full device"
 sleep 0.2
 expect "messages about the full device" 1 "$(full)"
 
+# A device that becomes full in the middle of the job: how much it took.
+mkdir "$W/small"
+mount -t tmpfs -o size=256k none "$W/small"
+: >"$W/syslog"
+job "$FILTER '' <'$W/large.ps' >'$W/small/out'"
+expect "status with a device that becomes full" 0 "$status"
+head -c 262144 "$W/whole.prn" | cmp - "$W/small/out" >&2 || fail "not the beginning of the job on the full device"
+failed() { grep -ca '\[Driver\] cannot write the job: ' "$W/syslog"; }
+wait_until 2 failed >"$W/count" || fail "no word about the device that became full"
+sleep 0.2
+expect "messages about the device that became full" 1 "$(failed)"
+grep -qa 'cannot write the job: No space left on device after 262144 bytes' "$W/syslog" ||
+  fail "other words about the device that became full: $(cat "$W/syslog")"
+umount "$W/small"
+
+# A reader that goes away in the middle of the job: the same, and the job is read to its end.
+: >"$W/syslog"
+job "{ cat '$W/large.ps'; echo \$? >'$W/writer'; } | { $FILTER ''; echo \$? >'$W/filter'; } | head -c 100000 >'$W/out'"
+expect "status without a reader" 0 "$(cat "$W/filter")"
+expect "status of the program before the filter" 0 "$(cat "$W/writer")"
+head -c 100000 "$W/whole.prn" | cmp - "$W/out" >&2 || fail "not the beginning of the job at the reader that goes away"
+wait_until 2 failed >"$W/count" || fail "no word about the reader that went away"
+sleep 0.2
+expect "messages about the reader that went away" 1 "$(failed)"
+written=$(sed -n 's/.*\[Driver\] cannot write the job: Broken pipe after \([0-9]*\) bytes.*/\1/p' "$W/syslog")
+if [ "${written:-0}" -lt 100000 ] || [ "$written" -ge "$(stat -c %s "$W/whole.prn")" ]; then
+  fail "a wrong number of bytes for the reader that went away: $(cat "$W/syslog")"
+fi
+
 # A read error in the middle of a job: a directory and a connection that is reset.
 job "$FILTER '' /tmp >'$W/out'"
 expect "status for a directory" 1 "$status"

@@ -101,6 +101,79 @@ job_ends "bus stopped" 14900 17000
 job_is_cancelled "bus stopped"
 thaw bus
 
+# A bus that takes 4 seconds to let a program in, and never says anything again: 5 seconds for its answer
+# after the request, which it got. libcups, too, waits for this bus.
+cat >"$W/slow_bus.py" <<'END'
+"""slow_bus.py SOCKET REQUESTS : greets each program after 4 s; appends to REQUESTS what they say then"""
+import socket, struct, sys, threading, time
+
+def padded(text, to):
+    return text + b"\0" * (-len(text) % to)
+
+def string(text):
+    return struct.pack("<I", len(text)) + text + b"\0"
+
+def welcome(serial):
+    fields = b"\5\1u\0" + struct.pack("<I", serial)
+    for code, value in ((6, b":1.7"), (7, b"org.freedesktop.DBus")):
+        fields = padded(fields, 8) + bytes([code]) + b"\1s\0" + string(value)
+    fields = padded(fields, 8) + b"\x08\1g\0\1s\0"
+    body = string(b":1.7")
+    header = struct.pack("<4sIII", b"l\2\1\1", len(body), 1, len(fields)) + fields
+    return padded(header, 8) + body
+
+def serve(peer):
+    said = b""
+    while b"BEGIN\r\n" not in said:
+        data = peer.recv(4096)
+        if not data:
+            return
+        for line in data.replace(b"\0", b"").split(b"\r\n"):
+            if line == b"AUTH EXTERNAL":
+                peer.send(b"DATA\r\n")
+            elif line.startswith((b"AUTH EXTERNAL ", b"DATA")):
+                peer.send(b"OK 0123456789abcdef0123456789abcdef\r\n")
+            elif line.startswith(b"NEGOTIATE"):
+                peer.send(b"AGREE_UNIX_FD\r\n")
+        said += data
+    hello = said.partition(b"BEGIN\r\n")[2]
+    while len(hello) < 16:
+        hello += peer.recv(4096)
+    time.sleep(4)
+    peer.send(welcome(struct.unpack_from("<I", hello, 8)[0]))
+    while data := peer.recv(4096):
+        with open(sys.argv[2], "ab") as requests:
+            requests.write(data)
+
+server = socket.socket(socket.AF_UNIX)
+server.bind(sys.argv[1])
+server.listen(20)
+while True:
+    threading.Thread(target=serve, args=(server.accept()[0],), daemon=True).start()
+END
+: >"$W/requests"
+python3 "$W/slow_bus.py" "$W/slow_bus" "$W/requests" &
+started slow_bus $!
+wait_until 5 test -S "$W/slow_bus" || fail "no slow bus"
+job_start "DBUS_SYSTEM_BUS_ADDRESS=unix:path=$W/slow_bus"
+job_ends "slow bus" 18900 21000
+grep -qa XpcSnmpWakeUpOnLan "$W/requests" || fail "the slow bus got no request"
+stop slow_bus
+
+# A job that is cancelled before the wait, here while its file is opened, does not wait at all.
+freeze cupsd
+mkfifo "$W/fifo"
+env PPD="$W/wol.ppd" PATH="$W/programs:$PATH" kelm 1 user title 1 '' "$W/fifo" >"$W/out" 2>"$W/filter_log" &
+started job $!
+job=$!
+catches_term() { grep -q '^SigCgt:.*[4-7c-f]...$' "/proc/$job/status"; }
+wait_until 10 catches_term || fail "the job does not catch SIGTERM"
+kill -TERM "$job"
+started_at=$(milliseconds)
+cat "$W/page.ps" >"$W/fifo"
+job_ends "cancelled before the wait" 0 3000
+thaw cupsd
+
 # The call-back: cancelled while the service asks a silent printer.
 bus_wake_service
 waking() { grep -q 'waking 10.77.0.2' "$W/service_log" 2>/dev/null; }
