@@ -19,7 +19,7 @@ constexpr char kTop[] = R"(# The PJL header
 
 Every job that the filter sends begins with a header in the Printer Job Language (PJL), followed by
 the job's PostScript. This page is the reference for the header. It is generated from the tables that
-write it: run `scripts/update-docs` after a change; a test fails when the page is out of date.
+write the header. Run `scripts/update-docs` after a change; a test fails if the page is out of date.
 
 Every line ends with a bare line feed (0x0A). A setting is `@PJL SET NAME=VALUE`, without quotation
 marks and without spaces around the `=`; a value may be empty. Nothing is sent after the PostScript.
@@ -35,9 +35,11 @@ constexpr char kVariables[] = R"(
 
 The lines are in this order in every header. A *dialog job* has the option `PrintPDE` (with any
 value): it comes from the maker's print dialog. Every other job is a *plain job*. A line marked
-"dialog" is written for dialog jobs only. Options are the job's own: the PPD's defaults and marked
-choices have no effect, except where this table names the PPD. (In queues that map standard options,
-the job has every own option of the PPD by then: queue.md.)
+"dialog" is written for dialog jobs only.
+
+The values come from the options of the job. The PPD's defaults and marked choices have no effect,
+except where this table names the PPD. In queues that map standard options, however, the filter first
+gives a plain job every option of the printer that the PPD has ([queue.md](queue.md)).
 
 "Choice: VALUE" means that this choice gives this value; upper and lower case differ. A choice that
 is not listed, or an empty one, gives an empty value, not the default.
@@ -50,8 +52,8 @@ constexpr char kPapersTop[] = R"(
 ## Papers
 
 These are the names for QVPAGESIZE and PAPER, and the sizes for the four width and height variables.
-Sizes are upright and in 1/100 mm. They are the printer's own, not those of any published table. The choice `tabloid`
-works only for QVPAGESIZE and in `media`.
+The sizes are those of upright paper, in 1/100 mm. They are the printer's own, and some differ from the
+standards. The choice `tabloid` works only for QVPAGESIZE and in `media`.
 
 | Choice | Name | Width | Height |
 |---|---|---|---|
@@ -63,9 +65,10 @@ side is rounded to whole millimetres (p / 72 × 25.4) and sent in 1/100 mm: 595 
 
 ## Forms
 
-These are the values of QVFORMSELECT1 and QVFORMSELECT2 in a plain job, for a choice of the PPD's
-option or for its label in the job's language. The text is sent in hex. A choice that is not in this
-table gives an empty value. Any other text is a custom value.
+These are the values of QVFORMSELECT1 and QVFORMSELECT2 in a plain job. The job can name a choice of
+the PPD's option, or the choice's label in the job's language. The text is sent in hex. A choice of the
+PPD that is not in this table gives an empty value. A text that is neither a choice nor a label is a
+custom value.
 
 | Choice | Text |
 |---|---|
@@ -75,9 +78,9 @@ constexpr char kCustomValuesTop[] = R"(
 ## Custom values
 
 In a plain job, a custom value is `Custom.` and the text, which ends at its first full stop. A value
-without `Custom.` is the text itself. The text is valid when its length in UTF-16 code units is
+without `Custom.` is the text itself. The text is valid if its length in UTF-16 code units is
 within the limits and all its characters are allowed. An invalid text has the same effect as no
-option, and so does the option's "off" choice.
+option. So has the option's "off" choice.
 
 | Option | Off | Length | Characters |
 |---|---|---|---|
@@ -91,20 +94,24 @@ constexpr char kEnd[] = R"(.
 ## Notes
 
 - *Hex text.* Free texts are sent in hex: each byte of the UTF-8 text as two characters, in upper
-  case. A byte below 0x10 is a space and one digit: a tab is ` 9`. The dialog sends its texts
-  (options that end in `StringValueUTF8` or `TextValueUTF8`) already in this form, and the filter
-  copies them. `417269616C4D54` is the font ArialMT. The host name and the title of a dialog job are
-  cut after 2047 bytes; the title of a plain job is sent whole.
+  case. A byte below 0x10 is a space and one digit: a tab is ` 9`. `417269616C4D54` is the font ArialMT.
+  The dialog sends its texts (options that end in `StringValueUTF8` or `TextValueUTF8`) already in this
+  form, and the filter copies them. The host name and the title of a dialog job are cut after 2047 bytes.
+  The title of a plain job is sent whole.
 - *The PIN* (PASSWORD) is the only free text that is sent in clear.
-- *Absent page sizes.* QVPAGESIZE without its option follows the job's `media`. PAPER without its
+- *Absent page sizes.* QVPAGESIZE without its option is the paper of the job's `media`. PAPER without its
   option is always AUTO.
 - *Orientation.* Without an option, ORIENTATION is LANDSCAPE only for a custom `media` that is wider
-  than high, in a job of 1 to 99 options. In every other case it is PORTRAIT.
-- *Booklets.* A booklet binding changes the job's own QVDuplex: everything that reads the job later
-  sees the short edge.
-- *Intended, although it looks like mistakes:* two choices of QVOUTPUTMODE give DUAL; OfficeDoc of
-  QVDITHERTYPE gives PHOTO, and PhotoDoc gives PHOTODOC; only HIGH_SPEED has an underscore; the
-  default of QVFORMSURFACE is BACK; the order of QVGCGRAY and QVGCRED depends on the kind of job.
+  than high, in a job of at most 99 options (of any number in queues that map standard options). In
+  every other case it is PORTRAIT.
+- *Booklets.* A booklet binding changes the job's QVDuplex to ShortEdge, also for what the filter writes
+  later.
+- These values are intended, although they look like mistakes:
+  - Two choices of QVOUTPUTMODE give DUAL.
+  - OfficeDoc of QVDITHERTYPE gives PHOTO, and PhotoDoc gives PHOTODOC.
+  - Only HIGH_SPEED has an underscore.
+  - The default of QVFORMSURFACE is BACK.
+  - The order of QVGCGRAY and QVGCRED depends on the kind of job.
 )";
 
 std::string frameLines(const std::vector<void (*)(std::FILE*)>& writers) {
