@@ -27,7 +27,7 @@ std::vector<Row> rowsOf(const char* page) {
   std::vector<Row> rows;
   bool isInTable = false;
   for (std::string line; std::getline(file, line);) {
-    if (line.starts_with('#')) isInTable = line == "### What comes out of a device URI";
+    if (line.starts_with('#')) isInTable = line == "### Addresses of device URIs";
     std::smatch cells;
     if (isInTable && std::regex_match(line, cells, row)) rows.push_back({cells[1], cells[2]});
   }
