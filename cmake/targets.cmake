@@ -8,9 +8,10 @@ file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/shared_headers.cpp CONTENT "// Only 
 add_library(kelm_shared_headers STATIC ${PROJECT_BINARY_DIR}/shared_headers.cpp)
 target_link_libraries(kelm_shared_headers PRIVATE kelm_settings kelm_warnings)
 target_compile_definitions(kelm_shared_headers PRIVATE _REENTRANT)
-target_precompile_headers(kelm_shared_headers PRIVATE
+set(KELM_SHARED_HEADERS
   <algorithm> <array> <chrono> <functional> <map> <memory> <optional> <ostream> <set> <span> <string>
   <string_view> <utility> <variant> <vector> <cups/cups.h> <cups/ppd.h>)
+target_precompile_headers(kelm_shared_headers PRIVATE ${KELM_SHARED_HEADERS})
 
 # kelm_library(NAME SOURCES file... [LINKS target...])
 function(kelm_library NAME)
@@ -33,13 +34,17 @@ function(kelm_program NAME)
 endfunction()
 
 # kelm_test_program(NAME SOURCES file... LINKS target...): a program of the tests. All share one
-# precompiled header, that of the test support library.
+# precompiled header, that of the test support library, and several files are compiled as one: each file
+# would instantiate the same templates again. Names in unnamed namespaces differ within a directory.
 function(kelm_test_program NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${NAME} ${ARG_SOURCES})
   target_link_libraries(${NAME}
     PRIVATE ${ARG_LINKS} GTest::gmock kelm_settings kelm_test_settings kelm_warnings)
   target_precompile_headers(${NAME} REUSE_FROM kelm_test_support)
+  if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+    set_target_properties(${NAME} PROPERTIES UNITY_BUILD ON)
+  endif()
 endfunction()
 
 # kelm_unit_tests(DIRECTORY SOURCES file... LINKS target... [NAMESPACES filter]): its tests, as one

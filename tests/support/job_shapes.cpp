@@ -42,7 +42,7 @@ std::string sections(int n) {
 
 std::string fiveSectionsEach(int n) { return sections(5 * n); }
 
-constexpr JobShape kShapes[] = {
+constexpr JobShape kJobShapes[] = {
     {"lines", 500000, none, lines},
     {"sections", 25000, none, sections},
     {"options", 5000, options, page},
@@ -51,6 +51,6 @@ constexpr JobShape kShapes[] = {
 
 }  // namespace
 
-std::span<const JobShape> jobShapes() { return kShapes; }
+std::span<const JobShape> jobShapes() { return kJobShapes; }
 
 }  // namespace kelm::tests

@@ -28,7 +28,7 @@ std::string option(int i, int choices, bool isClosed = true) {
          (isClosed ? "*CloseUI: *" + name + "\n\n" : "\n");
 }
 
-std::string options(int n) {
+std::string ppdOptions(int n) {
   std::string text;
   for (int i = 0; i < n; ++i) text += option(i, 6);
   return text;
@@ -92,11 +92,11 @@ std::string patternKeywords(int n) {
     text +=
         "*OpenUI *" + name + "/Odd: PickOne\n*" + name + " On/On: \"\"\n*CloseUI: *" + name + "\n";
   }
-  return text + options(n);
+  return text + ppdOptions(n);
 }
 
-constexpr PpdShape kShapes[] = {
-    {"options", 2000, options},
+constexpr PpdShape kPpdShapes[] = {
+    {"options", 2000, ppdOptions},
     {"options without close", 2000, unclosedOptions},
     {"nested options", 2000, nestedOptions},
     {"groups", 2000, groups},
@@ -110,7 +110,7 @@ constexpr PpdShape kShapes[] = {
 
 }  // namespace
 
-std::span<const PpdShape> ppdShapes() { return kShapes; }
+std::span<const PpdShape> ppdShapes() { return kPpdShapes; }
 
 std::string ppdOf(const PpdShape& shape, int size) {
   return "*PPD-Adobe: \"4.3\"\n*cupsLanguages: \"en de\"\n" + shape.text(size);

@@ -15,13 +15,13 @@ namespace {
 
 using tests::TestJob;
 
-struct Paper {
+struct DecidedPaper {
   bool custom;
   std::int32_t width;
   std::int32_t height;
 
-  bool operator==(const Paper&) const = default;
-  friend std::ostream& operator<<(std::ostream& out, const Paper& paper) {
+  bool operator==(const DecidedPaper&) const = default;
+  friend std::ostream& operator<<(std::ostream& out, const DecidedPaper& paper) {
     return out << (paper.custom ? "custom " : "standard ") << paper.width << " by " << paper.height;
   }
 };
@@ -35,17 +35,17 @@ class CustomPaper : public testing::Test {
     job::widthLength = 0;
     job::heighLength = 0;
   }
-  static Paper decidedFor(const TestJob::Options& options) {
+  static DecidedPaper decidedFor(const TestJob::Options& options) {
     TestJob job(options);
     decideCustomPaper(*job);
     return {job::customSizeFlg, job::widthLength, job::heighLength};
   }
-  static Paper of(const std::string& media) {
+  static DecidedPaper of(const std::string& media) {
     forget();
     return decidedFor({{"media", media}});
   }
   // A job with `count` options, one of which is a custom medium.
-  static Paper among(int count) {
+  static DecidedPaper among(int count) {
     forget();
     TestJob::Options options{{"media", "Custom.595x842"}};
     for (int i = 1; i < count; ++i) options.emplace_back("option" + std::to_string(i), "x");
@@ -54,68 +54,68 @@ class CustomPaper : public testing::Test {
 };
 
 TEST_F(CustomPaper, OfA4InPointsIsUpright) {
-  EXPECT_EQ(of("Custom.595x842"), (Paper{true, 21000, 29700}));
+  EXPECT_EQ(of("Custom.595x842"), (DecidedPaper{true, 21000, 29700}));
 }
 
 TEST_F(CustomPaper, OfA4OnItsSideIsWide) {
-  EXPECT_EQ(of("Custom.842x595"), (Paper{true, 29700, 21000}));
+  EXPECT_EQ(of("Custom.842x595"), (DecidedPaper{true, 29700, 21000}));
 }
 
 TEST_F(CustomPaper, WithoutFullStopOrXHasNoSize) {
-  EXPECT_EQ(of("Custom"), (Paper{true, 0, 0}));
-  EXPECT_EQ(of("Custom.595"), (Paper{true, 0, 0}));
-  EXPECT_EQ(of("Custom595x842"), (Paper{true, 0, 0}));
-  EXPECT_EQ(of("xCustom.595"), (Paper{true, 0, 0}));  // the x comes before the full stop
+  EXPECT_EQ(of("Custom"), (DecidedPaper{true, 0, 0}));
+  EXPECT_EQ(of("Custom.595"), (DecidedPaper{true, 0, 0}));
+  EXPECT_EQ(of("Custom595x842"), (DecidedPaper{true, 0, 0}));
+  EXPECT_EQ(of("xCustom.595"), (DecidedPaper{true, 0, 0}));  // the x comes before the full stop
 }
 
 TEST_F(CustomPaper, IsAnyMediumThatContainsTheWord) {
-  EXPECT_EQ(of("MyCustom.595x842"), (Paper{true, 21000, 29700}));
-  EXPECT_EQ(of("custom.595x842"), (Paper{false, 0, 0}));
-  EXPECT_EQ(of("A4"), (Paper{false, 0, 0}));
-  EXPECT_EQ(of(""), (Paper{false, 0, 0}));
+  EXPECT_EQ(of("MyCustom.595x842"), (DecidedPaper{true, 21000, 29700}));
+  EXPECT_EQ(of("custom.595x842"), (DecidedPaper{false, 0, 0}));
+  EXPECT_EQ(of("A4"), (DecidedPaper{false, 0, 0}));
+  EXPECT_EQ(of(""), (DecidedPaper{false, 0, 0}));
 }
 
 TEST_F(CustomPaper, IsNamedByTheOptionMediaOnly) {
-  EXPECT_EQ(decidedFor({{"PageSize", "Custom.595x842"}}), (Paper{false, 0, 0}));
-  EXPECT_EQ(decidedFor({{"Media", "Custom.595x842"}}), (Paper{false, 0, 0}));
-  EXPECT_EQ(decidedFor({}), (Paper{false, 0, 0}));
+  EXPECT_EQ(decidedFor({{"PageSize", "Custom.595x842"}}), (DecidedPaper{false, 0, 0}));
+  EXPECT_EQ(decidedFor({{"Media", "Custom.595x842"}}), (DecidedPaper{false, 0, 0}));
+  EXPECT_EQ(decidedFor({}), (DecidedPaper{false, 0, 0}));
 }
 
 TEST_F(CustomPaper, IsMeasuredInWholePoints) {
-  EXPECT_EQ(of("Custom.595.9x842.9"), (Paper{true, 21000, 29700}));
-  EXPECT_EQ(of("Custom.595mmx842in"), (Paper{true, 21000, 29700}));
-  EXPECT_EQ(of("Custom.ax"), (Paper{true, 0, 0}));
+  EXPECT_EQ(of("Custom.595.9x842.9"), (DecidedPaper{true, 21000, 29700}));
+  EXPECT_EQ(of("Custom.595mmx842in"), (DecidedPaper{true, 21000, 29700}));
+  EXPECT_EQ(of("Custom.ax"), (DecidedPaper{true, 0, 0}));
 }
 
 TEST_F(CustomPaper, IsRoundedToWholeMillimetres) {
-  EXPECT_EQ(of("Custom.1x2"), (Paper{true, 0, 100}));  // 0.353 and 0.706 mm
-  EXPECT_EQ(of("Custom.72x144"), (Paper{true, 2500, 5100}));
-  EXPECT_EQ(of("Custom.-1x-72"), (Paper{true, 0, -2400}));  // truncated towards zero
+  EXPECT_EQ(of("Custom.1x2"), (DecidedPaper{true, 0, 100}));  // 0.353 and 0.706 mm
+  EXPECT_EQ(of("Custom.72x144"), (DecidedPaper{true, 2500, 5100}));
+  EXPECT_EQ(of("Custom.-1x-72"), (DecidedPaper{true, 0, -2400}));  // truncated towards zero
 }
 
 TEST_F(CustomPaper, IsCutTo32Bits) {
   // 2147483647 points are 757584509 mm: 75758450900 hundredths, of which 18 times 2^32 go.
-  EXPECT_EQ(of("Custom.2147483647x1"), (Paper{true, -1550960428, 0}));
+  EXPECT_EQ(of("Custom.2147483647x1"), (DecidedPaper{true, -1550960428, 0}));
 }
 
 TEST_F(CustomPaper, OfAValueOf4095BytesIsRead) {
   const std::string zeros(4095 - std::string("Custom.595x842").size(), '0');
-  EXPECT_EQ(of("Custom.595x" + zeros + "842"), (Paper{true, 21000, 29700}));
+  EXPECT_EQ(of("Custom.595x" + zeros + "842"), (DecidedPaper{true, 21000, 29700}));
 }
 
 TEST_F(CustomPaper, OfAValueOf4096BytesHasNoSize) {
   const std::string zeros(4096 - std::string("Custom.595x842").size(), '0');
-  EXPECT_EQ(of("Custom.595x" + zeros + "842"), (Paper{true, 0, 0}));
+  EXPECT_EQ(of("Custom.595x" + zeros + "842"), (DecidedPaper{true, 0, 0}));
 }
 
 TEST_F(CustomPaper, IsSeenAmong99Options) {
-  EXPECT_EQ(among(1), (Paper{true, 21000, 29700}));
-  EXPECT_EQ(among(99), (Paper{true, 21000, 29700}));
+  EXPECT_EQ(among(1), (DecidedPaper{true, 21000, 29700}));
+  EXPECT_EQ(among(99), (DecidedPaper{true, 21000, 29700}));
 }
 
 TEST_F(CustomPaper, IsNotSeenAmong100Options) {
-  EXPECT_EQ(among(100), (Paper{false, 0, 0}));
-  EXPECT_EQ(among(150), (Paper{false, 0, 0}));
+  EXPECT_EQ(among(100), (DecidedPaper{false, 0, 0}));
+  EXPECT_EQ(among(150), (DecidedPaper{false, 0, 0}));
 }
 
 // The standard options' stage states every own option, so such a job always has many.
@@ -125,14 +125,14 @@ TEST_F(CustomPaper, OfSettledOptionsIsSeenAmongAnyNumber) {
   TestJob job(options);
   job->optionsSettled = true;
   decideCustomPaper(*job);
-  EXPECT_EQ((Paper{job::customSizeFlg, job::widthLength, job::heighLength}),
-            (Paper{true, 21000, 29700}));
+  EXPECT_EQ((DecidedPaper{job::customSizeFlg, job::widthLength, job::heighLength}),
+            (DecidedPaper{true, 21000, 29700}));
 }
 
 TEST_F(CustomPaper, FlagIsTakenBackAndSizesStay) {
   decidedFor({{"media", "Custom.595x842"}});
-  EXPECT_EQ(decidedFor({{"media", "Custom"}}), (Paper{true, 21000, 29700}));
-  EXPECT_EQ(decidedFor({{"media", "A4"}}), (Paper{false, 21000, 29700}));
+  EXPECT_EQ(decidedFor({{"media", "Custom"}}), (DecidedPaper{true, 21000, 29700}));
+  EXPECT_EQ(decidedFor({{"media", "A4"}}), (DecidedPaper{false, 21000, 29700}));
 }
 
 TEST_F(CustomPaper, IsTheLastOfSeveral) {
@@ -146,8 +146,8 @@ TEST_F(CustomPaper, IsTheLastOfSeveral) {
   job.numOptions = 3;
   job.options = options.data();
   decideCustomPaper(job);
-  EXPECT_EQ((Paper{job::customSizeFlg, job::widthLength, job::heighLength}),
-            (Paper{true, 2500, 5100}));
+  EXPECT_EQ((DecidedPaper{job::customSizeFlg, job::widthLength, job::heighLength}),
+            (DecidedPaper{true, 2500, 5100}));
 }
 
 std::int32_t keepsFace(const TestJob::Options& options) {

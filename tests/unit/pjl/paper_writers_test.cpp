@@ -16,7 +16,7 @@ namespace kelm::pjl {
 namespace {
 
 const std::string kPaper = "com.apple.print.PageToPaperMappingMediaName";
-const std::string kCopies = "com.apple.print.PrintSettings.PMCopies..n.";
+const std::string kPMCopies = "com.apple.print.PrintSettings.PMCopies..n.";
 
 std::string ppd(const std::string& name) { return std::string(KELM_PPDS_DIR) + "/" + name; }
 
@@ -98,26 +98,27 @@ TEST(ZoomRate, OfAPlainJobIsCopiedWhole) {
 }
 
 TEST(Copies, OfACollatedPlainJobAreAQuantity) {
-  EXPECT_EQ(plain(Output_QTY, {{kCopies, "3"}}), "@PJL SET QTY=3\n");
-  EXPECT_EQ(plain(Output_QTY, {{kCopies, "3"}, {"QVCollate", "True"}}), "@PJL SET QTY=3\n");
-  EXPECT_EQ(plain(Output_QTY, {{kCopies, "3"}, {"QVCollate", "FALSE"}}), "@PJL SET QTY=3\n");
-  EXPECT_EQ(plain(Output_QTY, {{kCopies, "3"}, {"QVCollate", ""}}), "@PJL SET QTY=3\n");
+  EXPECT_EQ(plain(Output_QTY, {{kPMCopies, "3"}}), "@PJL SET QTY=3\n");
+  EXPECT_EQ(plain(Output_QTY, {{kPMCopies, "3"}, {"QVCollate", "True"}}), "@PJL SET QTY=3\n");
+  EXPECT_EQ(plain(Output_QTY, {{kPMCopies, "3"}, {"QVCollate", "FALSE"}}), "@PJL SET QTY=3\n");
+  EXPECT_EQ(plain(Output_QTY, {{kPMCopies, "3"}, {"QVCollate", ""}}), "@PJL SET QTY=3\n");
 }
 
 TEST(Copies, OfAPlainJobThatIsNotCollatedAreCopies) {
-  EXPECT_EQ(plain(Output_QTY, {{kCopies, "3"}, {"QVCollate", "False"}}), "@PJL SET COPIES=3\n");
-  EXPECT_EQ(plain(Output_QTY, {{kCopies, "3"}, {"QVCollate", "false"}}), "@PJL SET COPIES=3\n");
+  EXPECT_EQ(plain(Output_QTY, {{kPMCopies, "3"}, {"QVCollate", "False"}}), "@PJL SET COPIES=3\n");
+  EXPECT_EQ(plain(Output_QTY, {{kPMCopies, "3"}, {"QVCollate", "false"}}), "@PJL SET COPIES=3\n");
 }
 
 TEST(Copies, OfADialogJobAreAQuantityOnlyForACollateValueOfOne) {
-  EXPECT_EQ(dialog(Output_QTY, {{kCopies, "3"}, {"QVCollateValue", "1"}}), "@PJL SET QTY=3\n");
-  EXPECT_EQ(dialog(Output_QTY, {{kCopies, "3"}, {"QVCollateValue", "0"}}), "@PJL SET COPIES=3\n");
-  EXPECT_EQ(dialog(Output_QTY, {{kCopies, "3"}, {"QVCollateValue", "11"}}), "@PJL SET COPIES=3\n");
-  EXPECT_EQ(dialog(Output_QTY, {{kCopies, "3"}, {"QVCollate", "True"}}), "@PJL SET COPIES=3\n");
+  EXPECT_EQ(dialog(Output_QTY, {{kPMCopies, "3"}, {"QVCollateValue", "1"}}), "@PJL SET QTY=3\n");
+  EXPECT_EQ(dialog(Output_QTY, {{kPMCopies, "3"}, {"QVCollateValue", "0"}}), "@PJL SET COPIES=3\n");
+  EXPECT_EQ(dialog(Output_QTY, {{kPMCopies, "3"}, {"QVCollateValue", "11"}}),
+            "@PJL SET COPIES=3\n");
+  EXPECT_EQ(dialog(Output_QTY, {{kPMCopies, "3"}, {"QVCollate", "True"}}), "@PJL SET COPIES=3\n");
 }
 
 TEST(Copies, OfADialogJobWithoutACollateValueAreCopies) {
-  EXPECT_EQ(dialog(Output_QTY, {{kCopies, "3"}}), "@PJL SET COPIES=3\n");
+  EXPECT_EQ(dialog(Output_QTY, {{kPMCopies, "3"}}), "@PJL SET COPIES=3\n");
 }
 
 TEST(Copies, WithoutANumberAreOne) {

@@ -42,7 +42,7 @@ TEST(LinuxComputerName, MayBeEmpty) {
 }
 
 // The console user of a computer whose first seat logind describes so.
-std::string consoleUserOf(const std::string& seat) {
+std::string consoleUserOfSeat(const std::string& seat) {
   return onOwnComputer([&] {
     std::filesystem::create_directories("/run/systemd/seats");
     tests::writeFile("/run/systemd/seats/seat0", seat);
@@ -51,7 +51,7 @@ std::string consoleUserOf(const std::string& seat) {
 }
 
 TEST(LinuxConsoleUser, IsTheUserOfTheActiveSession) {
-  EXPECT_EQ(consoleUserOf("ACTIVE=1\nACTIVE_UID=0\n"), "[root]");
+  EXPECT_EQ(consoleUserOfSeat("ACTIVE=1\nACTIVE_UID=0\n"), "[root]");
 }
 
 TEST(LinuxConsoleUser, IsEmptyWithoutLogind) {
@@ -59,11 +59,11 @@ TEST(LinuxConsoleUser, IsEmptyWithoutLogind) {
 }
 
 TEST(LinuxConsoleUser, IsEmptyWithoutAnActiveSession) {
-  EXPECT_EQ(consoleUserOf("IS_SEAT0=1\n"), "[]");
+  EXPECT_EQ(consoleUserOfSeat("IS_SEAT0=1\n"), "[]");
 }
 
 TEST(LinuxConsoleUser, IsEmptyForAnUnknownUser) {
-  EXPECT_EQ(consoleUserOf("ACTIVE=1\nACTIVE_UID=3999999999\n"), "[]");
+  EXPECT_EQ(consoleUserOfSeat("ACTIVE=1\nACTIVE_UID=3999999999\n"), "[]");
 }
 
 // A place where a service's name cannot end costs no connection to the daemon.

@@ -10,15 +10,15 @@
 namespace kelm::psrewrite {
 namespace {
 
-struct Row {
+struct KeywordRow {
   const char* keyword;
   int code;
   bool hasWriter = true;
 };
-void PrintTo(const Row& row, std::ostream* out) { *out << row.keyword; }
+void PrintTo(const KeywordRow& row, std::ostream* out) { *out << row.keyword; }
 
 // In the order in which a line is searched.
-constexpr Row kRows[] = {
+constexpr KeywordRow kKeywordRows[] = {
     {"QVOutputBox", 307},
     {"QVPageNumStartNum", 1},
     {"QVPageNumStartPage", 2},
@@ -87,7 +87,7 @@ constexpr Row kRows[] = {
     {"QVHideJob", 407},
 };
 
-class EveryKeyword : public testing::TestWithParam<Row> {};
+class EveryKeyword : public testing::TestWithParam<KeywordRow> {};
 
 TEST_P(EveryKeyword, OpensItsSection) {
   const std::string line = std::string("%BeginFeature: *") + GetParam().keyword + " Choice\n";
@@ -108,15 +108,15 @@ TEST_P(EveryKeyword, HasAWriterOrPassesThrough) {
   EXPECT_EQ(static_cast<bool>(featureWriter(GetParam().code)), GetParam().hasWriter);
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, EveryKeyword, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Table, EveryKeyword, testing::ValuesIn(kKeywordRows),
                          [](const auto& row) { return std::string(row.param.keyword); });
 
 TEST(Features, StandInTheOrderOfTheSearch) {
-  ASSERT_EQ(features().size(), std::size(kRows))
+  ASSERT_EQ(features().size(), std::size(kKeywordRows))
       << "a feature section is a name in psrewrite/features.cpp and a row in this file";
-  for (std::size_t i = 0; i < std::size(kRows); ++i) {
-    EXPECT_STREQ(features()[i].keyword, kRows[i].keyword);
-    EXPECT_EQ(features()[i].code, kRows[i].code);
+  for (std::size_t i = 0; i < std::size(kKeywordRows); ++i) {
+    EXPECT_STREQ(features()[i].keyword, kKeywordRows[i].keyword);
+    EXPECT_EQ(features()[i].code, kKeywordRows[i].code);
   }
 }
 

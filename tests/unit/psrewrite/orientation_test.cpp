@@ -18,15 +18,15 @@ constexpr char kPreset[] = "com.apple.print.preset.Orientation..n.";
 constexpr char kPortraitComment[] = "%BeginFeature: *QVOrientation Portrait\n";
 constexpr char kLandscapeComment[] = "%BeginFeature: *QVOrientation Landscape\n";
 
-struct Row {
+struct OrientationRow {
   TestJob::Options options;
   int orientation;
 };
-void PrintTo(const Row& row, std::ostream* out) {
+void PrintTo(const OrientationRow& row, std::ostream* out) {
   for (const auto& [name, value] : row.options) *out << name << "=" << value << " ";
 }
 
-class PaperOrientation : public testing::TestWithParam<Row> {};
+class PaperOrientation : public testing::TestWithParam<OrientationRow> {};
 
 TEST_P(PaperOrientation, FollowsThePresetThenTheRequestThenTheOption) {
   TestJob job(GetParam().options);
@@ -36,21 +36,27 @@ TEST_P(PaperOrientation, FollowsThePresetThenTheRequestThenTheOption) {
 INSTANTIATE_TEST_SUITE_P(
     Table, PaperOrientation,
     testing::Values(
-        Row{{}, 0},  //
-        Row{{{kPreset, "1"}}, 0}, Row{{{kPreset, "2"}}, 1}, Row{{{kPreset, "3"}}, 0},
-        Row{{{"orientation-requested", "3"}}, 0}, Row{{{"orientation-requested", "4"}}, 1},
-        Row{{{"orientation-requested", "5"}}, 1}, Row{{{"orientation-requested", "6"}}, 0},
-        Row{{{"orientation-requested", "7"}}, 0}, Row{{{"orientation-requested", "44"}}, 0},
-        Row{{{"QVOrientation", "Portrait"}}, 0}, Row{{{"QVOrientation", "Landscape"}}, 1},
-        Row{{{"QVOrientation", "0"}}, -1}, Row{{{"QVOrientation", "1"}}, -1},
-        Row{{{"QVOrientation", ""}}, -1}, Row{{{"QVOrientation", "landscape"}}, -1},
-        Row{{{kPreset, "1"}, {"orientation-requested", "4"}}, 0},
-        Row{{{kPreset, "2"}, {"orientation-requested", "3"}, {"QVOrientation", "Portrait"}}, 1},
-        Row{{{kPreset, "0"}, {"orientation-requested", "4"}}, 1},
-        Row{{{kPreset, "0"}, {"QVOrientation", "Landscape"}}, 1},
-        Row{{{"orientation-requested", "6"}, {"QVOrientation", "Landscape"}}, 0},
-        Row{{{"orientation-requested", "0"}, {"QVOrientation", "Landscape"}}, 1},
-        Row{{{"orientation-requested", "0"}, {"QVOrientation", "other"}}, -1}));
+        OrientationRow{{}, 0},  //
+        OrientationRow{{{kPreset, "1"}}, 0}, OrientationRow{{{kPreset, "2"}}, 1},
+        OrientationRow{{{kPreset, "3"}}, 0}, OrientationRow{{{"orientation-requested", "3"}}, 0},
+        OrientationRow{{{"orientation-requested", "4"}}, 1},
+        OrientationRow{{{"orientation-requested", "5"}}, 1},
+        OrientationRow{{{"orientation-requested", "6"}}, 0},
+        OrientationRow{{{"orientation-requested", "7"}}, 0},
+        OrientationRow{{{"orientation-requested", "44"}}, 0},
+        OrientationRow{{{"QVOrientation", "Portrait"}}, 0},
+        OrientationRow{{{"QVOrientation", "Landscape"}}, 1},
+        OrientationRow{{{"QVOrientation", "0"}}, -1}, OrientationRow{{{"QVOrientation", "1"}}, -1},
+        OrientationRow{{{"QVOrientation", ""}}, -1},
+        OrientationRow{{{"QVOrientation", "landscape"}}, -1},
+        OrientationRow{{{kPreset, "1"}, {"orientation-requested", "4"}}, 0},
+        OrientationRow{
+            {{kPreset, "2"}, {"orientation-requested", "3"}, {"QVOrientation", "Portrait"}}, 1},
+        OrientationRow{{{kPreset, "0"}, {"orientation-requested", "4"}}, 1},
+        OrientationRow{{{kPreset, "0"}, {"QVOrientation", "Landscape"}}, 1},
+        OrientationRow{{{"orientation-requested", "6"}, {"QVOrientation", "Landscape"}}, 0},
+        OrientationRow{{{"orientation-requested", "0"}, {"QVOrientation", "Landscape"}}, 1},
+        OrientationRow{{{"orientation-requested", "0"}, {"QVOrientation", "other"}}, -1}));
 
 TEST(GetPaperOrientation, OfNoRecordIsPortrait) { EXPECT_EQ(getPaperOrientation(nullptr), 0); }
 

@@ -14,13 +14,13 @@ namespace {
 
 using Options = tests::TestJob::Options;
 
-constexpr char kLines[] = "(1) setvalue\n%%EndFeature\n";
+constexpr char kValueLines[] = "(1) setvalue\n%%EndFeature\n";
 constexpr char kAfter[] = "%%EndFeature\n";
 
 enum class Plain { kDrop, kCopy, kLeave, kOwn };
 using enum Plain;
 
-struct Row {
+struct ValueRow {
   const char* name;
   FeatureWriter writer;
   int code;
@@ -28,12 +28,12 @@ struct Row {
   const char* text;  // without the option
   Plain plain;
 };
-void PrintTo(const Row& row, std::ostream* out) { *out << row.name; }
+void PrintTo(const ValueRow& row, std::ostream* out) { *out << row.name; }
 
 constexpr char kArial[] = "417269616C4D54";
 
 #define WRITER(name) #name, name
-const Row kRows[] = {
+const ValueRow kValueRows[] = {
     {WRITER(outputQVPageNumStartNum), 1, "QVPageNumStartNumValue", "1", kDrop},
     {WRITER(outputQVPageNumStartPage), 2, "QVPageNumStartPageValue", "1", kDrop},
     {WRITER(outputQVStampPageFont), 3, "QVStampPageFontNameStringValueUTF8", kArial, kDrop},
@@ -96,32 +96,33 @@ const Row kRows[] = {
 };
 #undef WRITER
 
-// What plain jobs make of kLines, in which there is no placeholder.
+// What plain jobs make of kValueLines, in which there is no placeholder.
 Written plainlyWritten(Plain plain) {
   if (plain == kDrop) return {false, "", kAfter};
-  if (plain == kLeave) return {false, "", kLines};
+  if (plain == kLeave) return {false, "", kValueLines};
   return {true, "(1) setvalue\n", kAfter};
 }
 
-class ValueWriter : public testing::TestWithParam<Row> {
+class ValueWriter : public testing::TestWithParam<ValueRow> {
   platform::FakePlatform platform_;
 };
 
 TEST_P(ValueWriter, PutsTheDialogValueIntoTheBrackets) {
   tests::TestJob job({{"PrintPDE", ""}, {GetParam().key, "from the dialog"}});
   const Written expected{true, "(from the dialog) setvalue\n", kAfter};
-  EXPECT_EQ(written(GetParam().writer, *job, kLines), expected);
+  EXPECT_EQ(written(GetParam().writer, *job, kValueLines), expected);
 }
 
 TEST_P(ValueWriter, PutsItsDefaultIntoTheBracketsOfADialogJob) {
   tests::TestJob job(tests::TestJob::Options{{"PrintPDE", ""}});
   const Written expected{true, std::string("(") + GetParam().text + ") setvalue\n", kAfter};
-  EXPECT_EQ(written(GetParam().writer, *job, kLines), expected);
+  EXPECT_EQ(written(GetParam().writer, *job, kValueLines), expected);
 }
 
 TEST_P(ValueWriter, WritesAnEmptyDialogValue) {
   tests::TestJob job({{"PrintPDE", ""}, {GetParam().key, ""}});
-  EXPECT_EQ(written(GetParam().writer, *job, kLines), (Written{true, "() setvalue\n", kAfter}));
+  EXPECT_EQ(written(GetParam().writer, *job, kValueLines),
+            (Written{true, "() setvalue\n", kAfter}));
 }
 
 TEST_P(ValueWriter, WritesNothingAtTheEndOfADialogJob) {
@@ -131,13 +132,13 @@ TEST_P(ValueWriter, WritesNothingAtTheEndOfADialogJob) {
 
 TEST_P(ValueWriter, IsTheOneOfItsCode) {
   tests::TestJob job({{"PrintPDE", ""}, {GetParam().key, "x"}});
-  EXPECT_EQ(written(featureWriter(GetParam().code), *job, kLines),
+  EXPECT_EQ(written(featureWriter(GetParam().code), *job, kValueLines),
             (Written{true, "(x) setvalue\n", kAfter}));
 }
 
 TEST_P(ValueWriter, DropsCopiesOrLeavesThePlainLine) {
   tests::TestJob job(Options{{GetParam().key, "not for plain jobs"}});
-  EXPECT_EQ(written(GetParam().writer, *job, kLines), plainlyWritten(GetParam().plain));
+  EXPECT_EQ(written(GetParam().writer, *job, kValueLines), plainlyWritten(GetParam().plain));
 }
 
 TEST_P(ValueWriter, WritesNothingAtTheEndOfAPlainJob) {
@@ -145,14 +146,14 @@ TEST_P(ValueWriter, WritesNothingAtTheEndOfAPlainJob) {
   EXPECT_EQ(written(GetParam().writer, *job, ""), (Written{false, "", ""}));
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, ValueWriter, testing::ValuesIn(kRows),
+INSTANTIATE_TEST_SUITE_P(Table, ValueWriter, testing::ValuesIn(kValueRows),
                          [](const auto& row) { return std::string(row.param.name); });
 
 TEST(ValueWriters, AreAllOfTheTableButThoseOfTheirOwn) {
   std::size_t withWriter = 0;
   for (const Feature& feature : features()) withWriter += feature.writer ? 1U : 0U;
   // 308, 313, 317, 402 and 404 handle dialog and plain jobs themselves.
-  EXPECT_EQ(withWriter, std::size(kRows) + 5);
+  EXPECT_EQ(withWriter, std::size(kValueRows) + 5);
 }
 
 TEST(DialogPath, StartNumberFiveKeepsTheTail) {
@@ -183,9 +184,9 @@ TEST(PageSizeWriters, FillTheBracketsOnBothRoads) {
     tests::TestJob job({{option, "1"},
                         {"QVPAGESizeWidthValue100", "12345"},
                         {"QVPAGESizeHeightValue100", "23456"}});
-    EXPECT_EQ(written(outputQVPAGESizeWidth, *job, kLines),
+    EXPECT_EQ(written(outputQVPAGESizeWidth, *job, kValueLines),
               (Written{true, "(12345) setvalue\n", kAfter}));
-    EXPECT_EQ(written(outputQVPAGESizeHeight, *job, kLines),
+    EXPECT_EQ(written(outputQVPAGESizeHeight, *job, kValueLines),
               (Written{true, "(23456) setvalue\n", kAfter}));
   }
 }
@@ -193,9 +194,9 @@ TEST(PageSizeWriters, FillTheBracketsOnBothRoads) {
 TEST(PageSizeWriters, HaveDefaultsOnBothRoads) {
   for (const char* option : {"PrintPDE", "other"}) {
     tests::TestJob job(Options{{option, "1"}});
-    EXPECT_EQ(written(outputQVPAGESizeWidth, *job, kLines),
+    EXPECT_EQ(written(outputQVPAGESizeWidth, *job, kValueLines),
               (Written{true, "(9000) setvalue\n", kAfter}));
-    EXPECT_EQ(written(outputQVPAGESizeHeight, *job, kLines),
+    EXPECT_EQ(written(outputQVPAGESizeHeight, *job, kValueLines),
               (Written{true, "(14800) setvalue\n", kAfter}));
   }
 }
