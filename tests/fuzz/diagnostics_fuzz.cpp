@@ -4,15 +4,13 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <string>
 #include <string_view>
 
-#include "filter/copy_loop.hpp"
 #include "job/diagnostics.hpp"
 #include "job/job_setup.hpp"
-#include "psrewrite/job_stream.hpp"
 #include "tests/support/diagnostics_on.hpp"
+#include "tests/support/logged_job.hpp"
 #include "tests/support/memory_job.hpp"
 #include "tests/support/reference_loop.hpp"
 
@@ -20,20 +18,11 @@ namespace {
 
 using namespace kelm;
 
-std::string loggedCopy(std::string_view input, std::size_t blockSize, job::PrintJobData& job) {
-  tests::MemorySource source(input, blockSize);
-  tests::MemoryOutput output;
-  psrewrite::JobStream stream(source, output.stream());
-  job::LogFileMessageCheck(true);
-  filter::copyPostScript(stream, job);
+// For all inputs: they share a directory.
+tests::DiagnosticsOn& switchedOff() {
+  auto& diagnostics = *new tests::DiagnosticsOn;
   job::LogFileMessageCheck(false);
-  return output.text();
-}
-
-std::string takenContent(const tests::DiagnosticsOn& diagnostics, const char* name) {
-  std::string content = diagnostics.content(name);
-  std::filesystem::remove(diagnostics.platform.fileRoot.root + name);
-  return content == "no file" ? std::string() : content;
+  return diagnostics;
 }
 
 }  // namespace
@@ -41,7 +30,7 @@ std::string takenContent(const tests::DiagnosticsOn& diagnostics, const char* na
 // The input is that of copy_loop_fuzz: block size, options, a zero byte, PostScript.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size == 0) return 0;
-  static const tests::DiagnosticsOn& diagnostics = *new tests::DiagnosticsOn;
+  static tests::DiagnosticsOn& diagnostics = switchedOff();
   const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);
   const std::size_t end = std::min(text.find('\0'), text.size());
   const std::string options(text.substr(0, end));
@@ -51,13 +40,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   job::decideOutputFace(*job);
   tests::settle(*job);
   const std::size_t blockSize = data[0] == 0 ? input.size() + 1 : data[0];
-  const job::PrintJobData nameless;
-  job::LogFileMessageCheck(true);
-  job::ClearLogFileName(&nameless);
-  job::LogFileMessageCheck(false);
   const auto expected = tests::referenceJob(input, *job);
-  if (loggedCopy(input, blockSize, *job) != expected.output) std::abort();
-  if (takenContent(diagnostics, job::file_2_Name) != expected.asRead) std::abort();
-  if (takenContent(diagnostics, job::file_3_Name) != expected.asWritten) std::abort();
+  const auto actual = tests::loggedJob(diagnostics, input, *job, blockSize);
+  if (actual.output != expected.output) std::abort();
+  if (actual.asRead != expected.asRead || actual.asWritten != expected.asWritten) std::abort();
   return 0;
 }

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -20,7 +19,7 @@
 #include "ppdtext/record.hpp"
 #include "ppdtext/record_parts.hpp"
 #include "ppdtext/unicode_text.hpp"
-#include "tests/support/temporary_directory.hpp"
+#include "tests/support/memory_file.hpp"
 #include "tests/unit/ppdtext/plain_reader.hpp"
 
 namespace {
@@ -75,25 +74,32 @@ std::string propertyList(const char* key, const std::string& value) {
          value + "</dict></plist>";
 }
 
-// What the system says of itself and of the user, in files below a directory of this process.
-void stateFacts(const std::filesystem::path& root, const std::string& version,
-                const std::vector<std::string>& languages) {
-  tests::writeFile(root / "System/Library/CoreServices/SystemVersion.plist",
-                   version.empty() ? ""
-                                   : propertyList("ProductVersion",
-                                                  "<string>" + escaped(version) + "</string>"));
-  std::string array;
-  for (const std::string& each : languages) array += "<string>" + escaped(each) + "</string>";
-  tests::writeFile(root / "home/Library/Preferences/.GlobalPreferences.plist",
-                   propertyList("AppleLanguages", "<array>" + array + "</array>"));
-}
+// What the system says of itself and of the user, in memory: a file on a disk takes longer than all
+// that is tested here.
+class Facts final : public platform::FileRoot {
+ public:
+  Facts(const std::string& version, const std::vector<std::string>& languages)
+      : version_(version.empty()
+                     ? ""
+                     : propertyList("ProductVersion", "<string>" + escaped(version) + "</string>")),
+        languages_(propertyList("AppleLanguages", "<array>" + strings(languages) + "</array>")) {}
 
-const std::filesystem::path& factsDirectory() {
-  static const auto& directory = *new tests::TemporaryDirectory;
-  std::filesystem::create_directories(directory.path() / "System/Library/CoreServices");
-  std::filesystem::create_directories(directory.path() / "home/Library/Preferences");
-  return directory.path();
-}
+  std::string locate(std::string_view absolutePath) const override {
+    if (absolutePath.ends_with("/SystemVersion.plist")) return version_.path();
+    if (absolutePath.ends_with("/.GlobalPreferences.plist")) return languages_.path();
+    return "/nonexistent";
+  }
+
+ private:
+  static std::string strings(const std::vector<std::string>& texts) {
+    std::string xml;
+    for (const std::string& each : texts) xml += "<string>" + escaped(each) + "</string>";
+    return xml;
+  }
+
+  tests::MemoryFile version_;
+  tests::MemoryFile languages_;
+};
 
 std::vector<std::string> tagsOfLocale(const std::string& locale, const std::string& list) {
   unsetenv("LC_ALL");
@@ -152,10 +158,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   expect(!tags.empty() && std::ranges::none_of(tags, &std::string::empty));
 
   platform::FakePlatform platform;
-  platform.fileRoot.root = factsDirectory();
   platform.homeDirectory.home = "/home";
   platform.preferredLanguages.preferred = tags;
-  stateFacts(factsDirectory(), version, languages);
+  Facts facts(version, languages);
+  platform::Platform set = platform::platform();
+  set.fileRoot = &facts;
+  const platform::ScopedPlatform scope(set);
 
   const auto known = KelmPPD::getLanguageArrayFromGlobalPreference();
   expect(!known.empty());

@@ -236,52 +236,5 @@ TEST_F(CopyLoop, GivesTheSameOutputWithDiagnostics) {
   EXPECT_NE(diagnostics.content(job::file_2_Name), "no file");
 }
 
-class LoggedJob : public CopyLoop {
- protected:
-  LoggedJob() { diagnostics_.nameFiles(); }
-  std::string asRead() { return diagnostics_.content(job::file_2_Name); }
-  std::string asWritten() { return diagnostics_.content(job::file_3_Name); }
-  tests::DiagnosticsOn diagnostics_;
-};
-
-TEST_F(LoggedJob, IsInItsFilesAsReadAndAsWritten) {
-  const std::string input =
-      "%!PS\nplain 50% of\n%%BeginFeature: *QVPageNumStartNum 1\n(1) set\n%%EndFeature\n"
-      "%%BeginFeature: *QVOutputFace FaceUp\n(FaceUp) set\n%%EndFeature\n"
-      "%%BeginFeature: *QVBarcodeProof On\n(XXX) proof\n%%EndFeature\nthe end";
-  const std::string output =
-      "%!PS\nplain 50% of\n%%BeginFeature: *QVPageNumStartNum 1\n(5) set\n%%EndFeature\n"
-      "%%BeginFeature: *QVOutputFace FaceDown\n(FaceDown) set\n%%EndFeature\n"
-      "%%BeginFeature: *QVBarcodeProof On\n(XXX) proof\n%%EndFeature\nthe end";
-  EXPECT_EQ(copied(input, kStartNumberFive), output);
-  EXPECT_EQ(asRead(), input);
-  EXPECT_EQ(asWritten(), output);
-}
-
-TEST_F(LoggedJob, HasADroppedLineInTheFirstFileOnly) {
-  copied("%%BeginFeature: *QVPageNumStartNum 1\n(1) set\n%%EndFeature\n");
-  EXPECT_EQ(asRead(), "%%BeginFeature: *QVPageNumStartNum 1\n(1) set\n%%EndFeature\n");
-  EXPECT_EQ(asWritten(), "%%BeginFeature: *QVPageNumStartNum 1\n%%EndFeature\n");
-}
-
-TEST_F(LoggedJob, HasACopiedLineInBothFiles) {
-  copied("%%BeginFeature: *QVGCCyan 1\n(100) cyan\n%%EndFeature\n");
-  EXPECT_EQ(asRead(), "%%BeginFeature: *QVGCCyan 1\n(100) cyan\n%%EndFeature\n");
-  EXPECT_EQ(asWritten(), asRead());
-}
-
-TEST_F(LoggedJob, HasItsZeroBytesInNoFile) {
-  const std::string bytes("a\0b%c\0d\n\0", 9);
-  EXPECT_EQ(copied(bytes), bytes);
-  EXPECT_EQ(asRead(), "ab%cd\n");
-  EXPECT_EQ(asWritten(), "ab%cd\n");
-}
-
-TEST_F(LoggedJob, HasTheTurnedCommentInTheSecondFile) {
-  copied("%%BeginFeature: *QVOrientation Portrait\n", {{"QVOrientation", "1"}});
-  EXPECT_EQ(asRead(), "%%BeginFeature: *QVOrientation Portrait\n");
-  EXPECT_EQ(asWritten(), "%%BeginFeature: *QVOrientation Landscape\n");
-}
-
 }  // namespace
 }  // namespace kelm::filter

@@ -8,12 +8,10 @@
 #include <vector>
 
 #include "base/hex_text.hpp"
-#include "filter/copy_loop.hpp"
-#include "job/diagnostics.hpp"
 #include "job/job_setup.hpp"
 #include "job/ppd_calls.hpp"
-#include "psrewrite/job_stream.hpp"
 #include "tests/support/diagnostics_on.hpp"
+#include "tests/support/logged_job.hpp"
 #include "tests/support/memory_job.hpp"
 #include "tests/support/reference_loop.hpp"
 
@@ -28,27 +26,15 @@ std::string textOf(const fs::path& file) {
   return text;
 }
 
-struct JobFiles {
-  std::string output;
-  std::string asRead;
-  std::string asWritten;
-};
-
-JobFiles loggedJob(const std::string& input, job::PrintJobData& job) {
+tests::ReferenceJob loggedJob(const std::string& input, job::PrintJobData& job) {
   tests::DiagnosticsOn diagnostics;
-  diagnostics.nameFiles();
-  tests::MemorySource source(input);
-  tests::MemoryOutput output;
-  psrewrite::JobStream stream(source, output.stream());
-  copyPostScript(stream, job);
-  return {output.text(), diagnostics.content(job::file_2_Name),
-          diagnostics.content(job::file_3_Name)};
+  return tests::loggedJob(diagnostics, input, job);
 }
 
 void expectWholeFiles(const std::string& input, job::PrintJobData& job) {
   decideCustomPaper(job);
   decideOutputFace(job);
-  const JobFiles actual = loggedJob(input, job);
+  const tests::ReferenceJob actual = loggedJob(input, job);
   const platform::FakePlatform platform;
   const auto expected = tests::referenceJob(input, job);
   EXPECT_EQ(actual.output, expected.output);
@@ -85,7 +71,61 @@ TEST(DiagnosticFilesOfEveryCase, HoldInputAndOutput) {
   for (const fs::path& directory : jobs) expectWholeFilesOfCase(directory);
 }
 
-// Written by hand, so that the reference loop is not the only check.
+// Written by hand, so that the reference loop is not the only check: each line of these jobs is in
+// both files, or in one.
+class DiagnosticFilesOfALine : public testing::Test {
+ protected:
+  static tests::ReferenceJob logged(const std::string& input,
+                                    const tests::TestJob::Options& options = {}) {
+    tests::TestJob job(options);
+    decideCustomPaper(*job);
+    decideOutputFace(*job);
+    return loggedJob(input, *job);
+  }
+};
+
+TEST_F(DiagnosticFilesOfALine, HoldItAsReadAndAsWritten) {
+  const std::string input =
+      "%!PS\nplain 50% of\n%%BeginFeature: *QVPageNumStartNum 1\n(1) set\n%%EndFeature\n"
+      "%%BeginFeature: *QVOutputFace FaceUp\n(FaceUp) set\n%%EndFeature\n"
+      "%%BeginFeature: *QVBarcodeProof On\n(XXX) proof\n%%EndFeature\nthe end";
+  const std::string output =
+      "%!PS\nplain 50% of\n%%BeginFeature: *QVPageNumStartNum 1\n(5) set\n%%EndFeature\n"
+      "%%BeginFeature: *QVOutputFace FaceDown\n(FaceDown) set\n%%EndFeature\n"
+      "%%BeginFeature: *QVBarcodeProof On\n(XXX) proof\n%%EndFeature\nthe end";
+  const auto files = logged(input, {{"PrintPDE", ""}, {"QVPageNumStartNumValue", "5"}});
+  EXPECT_EQ(files.output, output);
+  EXPECT_EQ(files.asRead, input);
+  EXPECT_EQ(files.asWritten, output);
+}
+
+TEST_F(DiagnosticFilesOfALine, HoldADroppedOneAsReadOnly) {
+  const auto files = logged("%%BeginFeature: *QVPageNumStartNum 1\n(1) set\n%%EndFeature\n");
+  EXPECT_EQ(files.asRead, "%%BeginFeature: *QVPageNumStartNum 1\n(1) set\n%%EndFeature\n");
+  EXPECT_EQ(files.asWritten, "%%BeginFeature: *QVPageNumStartNum 1\n%%EndFeature\n");
+}
+
+TEST_F(DiagnosticFilesOfALine, HoldACopiedOneTwice) {
+  const auto files = logged("%%BeginFeature: *QVGCCyan 1\n(100) cyan\n%%EndFeature\n");
+  EXPECT_EQ(files.asRead, "%%BeginFeature: *QVGCCyan 1\n(100) cyan\n%%EndFeature\n");
+  EXPECT_EQ(files.asWritten, files.asRead);
+}
+
+TEST_F(DiagnosticFilesOfALine, HoldNoZeroBytes) {
+  const std::string bytes("a\0b%c\0d\n\0", 9);
+  const auto files = logged(bytes);
+  EXPECT_EQ(files.output, bytes);
+  EXPECT_EQ(files.asRead, "ab%cd\n");
+  EXPECT_EQ(files.asWritten, "ab%cd\n");
+}
+
+TEST_F(DiagnosticFilesOfALine, HoldATurnedCommentAsWritten) {
+  const auto files = logged("%%BeginFeature: *QVOrientation Portrait\n", {{"QVOrientation", "1"}});
+  EXPECT_EQ(files.asRead, "%%BeginFeature: *QVOrientation Portrait\n");
+  EXPECT_EQ(files.asWritten, "%%BeginFeature: *QVOrientation Landscape\n");
+}
+
+// By hand, too.
 TEST(DiagnosticFilesOfAPlainJob, HoldTheFilledInValues) {
   constexpr char kInput[] =
       "%%BeginFeature: *QVJobComment Custom.Hello\nHello\n(XXX) comment\n%%EndFeature\n"
@@ -94,7 +134,7 @@ TEST(DiagnosticFilesOfAPlainJob, HoldTheFilledInValues) {
       "%%BeginFeature: *QVGCRed 1\n(5) red\n%%EndFeature\n"
       "%%BeginFeature: *QVTextInfo a\n(a) text\n%%EndFeature\n";
   tests::TestJob job({{"QVJobComment", "Custom.Hello"}, {"QVOrientation", "Landscape"}});
-  const JobFiles files = loggedJob(kInput, *job);
+  const tests::ReferenceJob files = loggedJob(kInput, *job);
   EXPECT_EQ(files.asRead,
             "%%BeginFeature: *QVJobComment Custom.Hello\nHello\n(XXX) comment\n%%EndFeature\n"
             "%%BeginFeature: *QVOrientation Portrait\n(Portrait) turn\n%%EndFeature\n"
@@ -109,7 +149,7 @@ TEST(DiagnosticFilesOfAPlainJob, HoldTheFilledInValues) {
             "%%BeginFeature: *QVTextInfo a\n%%EndFeature\n");
 }
 
-// By hand, too. The first override has code of its own, the others are left to their writers, of
+// By hand as well. The first override has code of its own, the others are left to their writers, of
 // which the text stamp's logs nothing.
 TEST(DiagnosticFilesOfSettledOptions, HoldWhatWasReplacedAndWhatReplacesIt) {
   constexpr char kInput[] =
@@ -120,7 +160,7 @@ TEST(DiagnosticFilesOfSettledOptions, HoldWhatWasReplacedAndWhatReplacesIt) {
   job->overrides = {{"QVDuplex", "LongEdge", "(LongEdge) duplex"},
                     {"QVJobComment", "Hello", ""},
                     {"QVTextInfo", "Hello", ""}};
-  const JobFiles files = loggedJob(kInput, *job);
+  const tests::ReferenceJob files = loggedJob(kInput, *job);
   EXPECT_EQ(files.asRead,
             "%%BeginFeature: *QVDuplex OFF\n(OFF) duplex\n%%second line\n%%EndFeature\n"
             "%%BeginFeature: *CustomQVJobComment True\n(Hello)\n(XXX) comment\n%%EndFeature\n"
@@ -138,7 +178,7 @@ TEST(DiagnosticFilesOfSeveralCopies, HoldTheRequestAsReadAndNotAsWritten) {
       "%%BeginFeature: *QVJobComment Custom.Hello\nHello\n(XXX) comment\n%%EndFeature\nshowpage\n";
   tests::TestJob job(tests::TestJob::Options{{"QVJobComment", "Custom.Hello"}});
   job->copiesOfHeader = 3;
-  const JobFiles files = loggedJob(kInput, *job);
+  const tests::ReferenceJob files = loggedJob(kInput, *job);
   EXPECT_EQ(files.asRead, kInput);
   EXPECT_EQ(files.asWritten,
             "%!PS-Adobe-3.0\n%%Requirements: duplex\n%%Pages: 1\n"
