@@ -8,15 +8,8 @@
 # shellcheck source=tests/system/lib/cups.sh
 . "$HERE/lib/cups.sh"
 
-# Every choice of the standard options and every finishing is printed both ways in.
-choices=$(sed -nE 's/^\*(Duplex|InputSlot|MediaType|ColorModel|OutputBin|Collate) ([A-Za-z0-9]+)\/.*/\1 \2/p
-  s/^\*cupsIPPFinishings ([0-9]+)\/.*/finishings \1/p' "$BUILD/ppd/kelm-ij.ppd")
-[ "$(echo "$choices" | wc -l)" -gt 40 ] || fail "the PPD has no standard options"
-echo "$choices" | while read -r option choice; do
-  for way in "lp .*-o $option=$choice( |\$)" "ipp (name|enum) $option $choice\$"; do
-    grep -qE "^$way" "$HERE/standard/jobs.txt" || fail "no job in standard/jobs.txt has '$way'"
-  done
-done || exit 1
+python3 "$HERE/lib/standard_coverage.py" "$BUILD/ppd/kelm-ij.ppd" "$SOURCE/stdoptions/standard_choices.hpp" \
+  "$HERE/standard/attributes.txt" "$HERE/standard/jobs.txt" || fail "standard/jobs.txt lacks jobs"
 
 hostname office-pc
 mount -t tmpfs none /run
@@ -25,18 +18,24 @@ export CUPS_SERVERROOT
 
 cups_setup
 cups_start
-printer_start 9100 "$W/printer.out"
-for queue in kelm other; do
-  cups_queue "$queue" socket://127.0.0.1:9100 "$BUILD/ppd/kelm-ij.ppd"
+# Two queues print the jobs at the same time, each to a printer of its own.
+printer_start 9100 "$W/kelm.out"
+printer_start 9101 "$W/second.out"
+cups_queue kelm socket://127.0.0.1:9100 "$BUILD/ppd/kelm-ij.ppd"
+cups_queue second socket://127.0.0.1:9101 "$BUILD/ppd/kelm-ij.ppd"
+cups_queue other file:/dev/null "$BUILD/ppd/kelm-ij.ppd"
+
+{ printf '%%!PS-Adobe-3.0\n%%%%Pages: 2\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n'
+  printf '%%%%Page: 2 2\nshowpage\n%%%%EOF\n'; } >"$W/document.ps"
+printf '%%!PS-Adobe-3.0\n%%%%Pages: 1\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n%%%%EOF\n' >"$W/one_page.ps"
+printf 'first page\fsecond page\n' >"$W/document.txt"
+echo 'the only page' >"$W/one_page.txt"
+for name in document one_page; do
+  gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=pdfwrite "-sOutputFile=$W/$name.pdf" "$W/$name.ps"
 done
 
-# Two pages: CUPS prints a single page on one side whatever is asked for.
-printf '%%!PS-Adobe-3.0\n%%%%Pages: 2\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n%%%%Page: 2 2\nshowpage\n%%%%EOF\n' \
-  >"$W/document.ps"
-gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=pdfwrite "-sOutputFile=$W/document.pdf" "$W/document.ps"
-seq 1 100 >"$W/document.txt"
-
-python3 "$HERE/lib/standard_jobs.py" "$HERE/standard/jobs.txt" "$W" kelm "$BUILD/kelmctl" || fail "a job went wrong"
+python3 "$HERE/lib/standard_jobs.py" "$HERE/standard/jobs.txt" "$W" "$BUILD/kelmctl" kelm second ||
+  fail "a job went wrong"
 
 # What the queue tells clients that it can do.
 cat >"$W/attributes.test" <<'END'
@@ -55,7 +54,9 @@ cat >"$W/attributes.test" <<'END'
   DISPLAY print-quality-supported
   DISPLAY print-color-mode-supported
   DISPLAY urf-supported
+  DISPLAY multiple-document-handling-supported
   DISPLAY job-password-supported
+  DISPLAY job-password-encryption-supported
 }
 END
 ipptool -t ipp://127.0.0.1/printers/kelm "$W/attributes.test" >"$W/attributes" || fail "no attributes"
@@ -84,13 +85,13 @@ for choices in 'Duplex None DuplexNoTumble DuplexTumble' \
       fail "the driverless queue lacks $option=$choice: $(cat "$W/everywhere_options")"
   done
 done
-before=$(wc -c <"$W/printer.out")
+before=$(wc -c <"$W/kelm.out")
 lp -d everywhere -t Report -o sides=two-sided-long-edge -o media=A5 -o InputSlot=Tray2 \
   -o MediaType=MattCoated -o Collate=False -n 2 "$W/document.pdf" >"$W/job_id" ||
   fail "the driverless queue refused a job"
-everywhere_printed() { tail -c "+$((before + 1))" "$W/printer.out" | grep -qa '%%EOF'; }
+everywhere_printed() { tail -c "+$((before + 1))" "$W/kelm.out" | grep -qa '%%EOF'; }
 wait_until 60 everywhere_printed || fail "the driverless queue printed nothing"
-tail -c "+$((before + 1))" "$W/printer.out" | tr -d '\004' >"$W/driverless"
+tail -c "+$((before + 1))" "$W/kelm.out" | tr -d '\004' >"$W/driverless"
 for line in DUPLEX=ON BINDING=LONGEDGE QVPAGESIZE=A5 MEDIASOURCE=TRAY2 MEDIATYPE=HCMATTED COPIES=2; do
   expect_line "$W/driverless" "@PJL SET $line"
 done

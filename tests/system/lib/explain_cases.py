@@ -16,40 +16,36 @@
 import os
 import re
 import shlex
-import subprocess
 import sys
 
+from case_files import read_cases, report, run
 
-def read_cases(path):
-    cases = []
-    for line in open(path, encoding="utf-8"):
-        line = line.rstrip("\n")
-        if not line or line.startswith("#"):
-            continue
-        word, _, rest = line.partition(" ")
-        if word == "case":
-            cases.append({"what": rest, "language": "en_US", "arguments": [], "lines": [], "says": []})
-        elif word == "language":
-            cases[-1]["language"] = rest
-        elif word == "title":
-            cases[-1]["arguments"] += ["--title", rest]
-        elif word == "says":
-            cases[-1]["says"].append(rest)
-        elif word.startswith("-"):
-            cases[-1]["arguments"] += shlex.split(line)
-        elif line.count(" | ") == 2:
-            cases[-1]["lines"].append(line)
-        else:
-            sys.exit(f"{path}: what is this? {line}")
-    return cases
+
+def new_case(what):
+    return {"what": what, "language": "en_US", "arguments": [], "lines": [], "says": []}
+
+
+def add_line(case, word, rest, line):
+    if word == "language":
+        case["language"] = rest
+    elif word == "title":
+        case["arguments"] += ["--title", rest]
+    elif word == "says":
+        case["says"].append(rest)
+    elif word.startswith("-"):
+        case["arguments"] += shlex.split(line)
+    elif line.count(" | ") == 2:
+        case["lines"].append(line)
+    else:
+        return False
+    return True
 
 
 def explained(kelmctl, ppd, case, mode):
     """The lines of the header in the form of the cases, and the messages."""
     environment = {"PATH": os.environ["PATH"], "HOME": os.environ["HOME"],
                    "LANG": case["language"] + ".UTF-8"}
-    done = subprocess.run([kelmctl, "explain", "--ppd", ppd, mode, *case["arguments"]],
-                          capture_output=True, text=True, timeout=60, env=environment, check=False)
+    done = run([kelmctl, "explain", "--ppd", ppd, mode, *case["arguments"]], env=environment)
     found = re.findall(r"^(\S.*?) {2,}@PJL SET (\S*?=.*?) {2,}(.+)$", done.stdout, re.M)
     says = [line.removeprefix("kelmctl: ") for line in done.stderr.splitlines()]
     if done.returncode != (1 if says else 0):
@@ -87,13 +83,10 @@ def main():
     count = 0
     covered = set()
     for path in files:
-        for case in read_cases(path):
+        for case in read_cases(path, "case", new_case, add_line):
             count += 1
             covered |= {line.partition("=")[0] for line in case["lines"]}
-            wrong = differences(kelmctl, ppd, case)
-            for each in wrong:
-                print(f"{case['what']}: {each}", file=sys.stderr)
-            failed += bool(wrong)
+            failed += report(case["what"], differences(kelmctl, ppd, case))
     wanted = variables_of(table)
     if len(wanted) < 100:
         sys.exit(f"{table}: only {len(wanted)} variables found")

@@ -7,16 +7,15 @@
 # SPDX-License-Identifier: Apache-2.0
 import json
 import shlex
-import subprocess
 import sys
 
+from case_files import report, run
 from standard_jobs import change_queue, read_jobs
 
 
 def explained(kelmctl, queue, job):
     arguments = shlex.split(" ".join(job["ways"]["lp"]))
-    done = subprocess.run([kelmctl, "explain", queue, *arguments, "--json"], capture_output=True,
-                          text=True, timeout=60, check=False)
+    done = run([kelmctl, "explain", queue, *arguments, "--json"])
     if done.returncode not in (0, 1) or not done.stdout:
         sys.exit(f"{job['what']}: {done.stderr}")
     return {line["variable"]: line["value"] for line in json.loads(done.stdout)["lines"]}
@@ -34,12 +33,7 @@ def differences(kelmctl, queue, job):
 def main():
     jobs_file, queue, kelmctl = sys.argv[1:]
     jobs = [job for job in read_jobs(jobs_file) if "lp" in job["ways"] and job["header"]]
-    wrong = 0
-    for job in jobs:
-        found = differences(kelmctl, queue, job)
-        for each in found:
-            print(f"{job['what']}: {each}", file=sys.stderr)
-        wrong += bool(found)
+    wrong = sum(report(job["what"], differences(kelmctl, queue, job)) for job in jobs)
     print(f"{len(jobs)} jobs explained, {wrong} wrong")
     return wrong != 0 or len(jobs) < 150
 

@@ -1,15 +1,15 @@
 # standard_jobs.py : prints the jobs of a file and compares what the printer gets of each.
 #
-#   standard_jobs.py JOBS DIRECTORY QUEUE KELMCTL
+#   standard_jobs.py JOBS DIRECTORY KELMCTL QUEUE...
 #
-# DIRECTORY holds document.ps, document.pdf, document.txt and printer.out, to which the printer
-# appends. Lines of JOBS:
+# DIRECTORY holds the documents, and for each queue the file QUEUE.out, to which its printer appends. The
+# queues are alike and print at the same time. Lines of JOBS:
 #   job WHAT                  begins a job
-#   queue ARGUMENTS           lpadmin arguments for the queue before the job
+#   queue ARGUMENTS           lpadmin arguments for the queue before the job; such a job is alone in the
+#                             first queue
 #   afterwards ARGUMENTS      and after it
 #   other ARGUMENTS           the same for the server's other queue, "other", before the job
-#   document ps|pdf|text      what is printed. When not given: ps, except that of several ways in one, in
-#                             turn, prints a PDF or a text
+#   document NAME...          what is printed, by each way in: names of DOCUMENTS; ps when not given
 #   lp ARGUMENTS              printed by lp with these arguments
 #   ipp ATTRIBUTE             an attribute line of ipptool, one each: printed by Print-Job, and
 #                             again by Create-Job and Send-Document
@@ -25,59 +25,59 @@
 import os
 import re
 import shlex
-import subprocess
 import sys
 import time
+from concurrent.futures import ThreadPoolExecutor
+
+from case_files import read_cases, report, run
 
 UEL = b"\x1b%-12345X@PJL\n"
 WAYS = ("lp", "print-job", "create-job")
-FORMATS = {"ps": "ps", "pdf": "pdf", "text": "txt"}
-# So many jobs are in the queue at once: cupsd keeps 500.
-BATCH = 100
+# The documents have two pages: CUPS takes Duplex back for a single one.
+DOCUMENTS = {"ps": "document.ps", "pdf": "document.pdf", "text": "document.txt",
+             "one-page-ps": "one_page.ps", "one-page-pdf": "one_page.pdf", "one-page-text": "one_page.txt"}
+# So many jobs are in the queues at once: cupsd keeps 500.
+BATCH = 200
+
+
+def new_job(what):
+    return {"what": what, "documents": ["ps"], "ways": {}, "queue": "", "afterwards": "", "other": "",
+            "header": {}, "stored": {}, "pages": None}
+
+
+def add_line(job, word, rest, line):
+    if word in ("queue", "afterwards", "other"):
+        job[word] = rest
+    elif word == "document" and all(name in DOCUMENTS for name in rest.split()):
+        job["documents"] = rest.split()
+    elif word == "ipp":
+        job["ways"].setdefault("print-job", []).append(rest)
+        job["ways"].setdefault("create-job", []).append(rest)
+    elif word in WAYS:
+        job["ways"].setdefault(word, []).append(rest)
+    elif word == "pages":
+        job["pages"] = int(rest)
+    elif re.match(r"[A-Z0-9]+=", line):
+        name, _, value = line.partition("=")
+        job["header"][name] = value
+    elif word.endswith(":"):
+        job["stored"][word[:-1]] = rest
+    else:
+        return False
+    return True
 
 
 def read_jobs(path):
-    jobs = []
-    for line in open(path, encoding="utf-8"):
-        line = line.rstrip("\n")
-        if not line or line.startswith("#"):
-            continue
-        word, _, rest = line.partition(" ")
-        if word == "job":
-            jobs.append({"what": rest, "document": None, "ways": {}, "queue": "", "afterwards": "",
-                         "other": "",
-                         "header": {}, "stored": {}, "pages": None})
-        elif word in ("document", "queue", "afterwards", "other"):
-            jobs[-1][word] = rest
-        elif word == "ipp":
-            jobs[-1]["ways"].setdefault("print-job", []).append(rest)
-            jobs[-1]["ways"].setdefault("create-job", []).append(rest)
-        elif word in WAYS:
-            jobs[-1]["ways"].setdefault(word, []).append(rest)
-        elif word == "pages":
-            jobs[-1]["pages"] = int(rest)
-        elif re.match(r"[A-Z0-9]+=", line):
-            name, _, value = line.partition("=")
-            jobs[-1]["header"][name] = value
-        elif word.endswith(":"):
-            jobs[-1]["stored"][word[:-1]] = rest
-        else:
-            sys.exit(f"{path}: what is this? {line}")
-    return jobs
+    return read_cases(path, "job", new_job, add_line)
 
 
-# Each job once for every way in. Its output is found by its title.
 def submissions(jobs):
-    found = []
-    turn = 0
-    for job in jobs:
-        several = len(job["ways"]) > 1
-        for number, way in enumerate(each for each in WAYS if each in job["ways"]):
-            other = several and number == turn % len(job["ways"])
-            form = job["document"] or (("pdf", "text", "text", "pdf")[turn % 4] if other else "ps")
-            found.append({"job": job, "way": way, "format": form, "title": f"Job {len(found) + 1}"})
-        turn += several
-    return found
+    """Each job once for every way in and document. Its output is found by its title."""
+    every = [{"job": job, "way": way, "document": document}
+             for job in jobs for way in WAYS if way in job["ways"] for document in job["documents"]]
+    for number, each in enumerate(every, 1):
+        each["title"] = f"Job {number}"
+    return every
 
 
 def ipp_request(operation, title, attributes, document):
@@ -99,7 +99,7 @@ def ipp_request(operation, title, attributes, document):
 
 
 def submit(each, directory, queue):
-    document = os.path.join(directory, "document." + FORMATS[each["format"]])
+    document = os.path.join(directory, DOCUMENTS[each["document"]])
     lines = each["job"]["ways"][each["way"]]
     if each["way"] == "lp":
         command = ["lp", "-d", queue, "-t", each["title"], *shlex.split(" ".join(lines)), document]
@@ -109,34 +109,29 @@ def submit(each, directory, queue):
                     ipp_request("Send-Document", each["title"], [], document))
         else:
             text = ipp_request("Print-Job", each["title"], lines, document)
-        path = os.path.join(directory, "request.test")
+        path = os.path.join(directory, each["title"] + ".test")
         open(path, "w", encoding="utf-8").write(text)
         command = ["ipptool", "-t", f"ipp://127.0.0.1/printers/{queue}", path]
-    done = subprocess.run(command, capture_output=True, text=True, timeout=60, check=False)
-    if done.returncode != 0:
-        raise RuntimeError(f"refused: {done.stdout}{done.stderr}")
+    done = run(command)
+    each["refused"] = [f"refused: {done.stdout}{done.stderr}"] if done.returncode != 0 else []
 
 
-def wait_for_queue(queue):
-    for _ in range(2000):
-        left = subprocess.run(["lpstat", "-W", "not-completed", "-o", queue], capture_output=True,
-                              text=True, timeout=60, check=False).stdout
-        if not left:
+def wait_for_queues():
+    for _ in range(3000):
+        if not run(["lpstat", "-W", "not-completed", "-o"]).stdout:
             return
-        time.sleep(0.3)
-    sys.exit("jobs are left in the queue")
+        time.sleep(0.2)
+    sys.exit("jobs are left in the queues")
 
 
-# What the printer got since then, by the titles of the jobs.
-def streams(directory, before):
-    with open(os.path.join(directory, "printer.out"), "rb") as file:
-        file.seek(before)
-        text = file.read().replace(b"\x04", b"")
+def streams(outputs):
+    """What the printers got since the last call, by the titles of the jobs."""
     found = {}
-    for stream in text.split(UEL)[1:]:
-        name = re.search(rb"^@PJL SET JOBNAME=([0-9A-F]+)$", stream, re.M)
-        title = bytes.fromhex(name.group(1).decode()).decode("utf-8", "replace") if name else ""
-        found.setdefault(title, []).append(UEL + stream)
+    for output in outputs:
+        for stream in output.read().replace(b"\x04", b"").split(UEL)[1:]:
+            name = re.search(rb"^@PJL SET JOBNAME=([0-9A-F]+)$", stream, re.M)
+            title = bytes.fromhex(name.group(1).decode()).decode("utf-8", "replace") if name else ""
+            found.setdefault(title, []).append(UEL + stream)
     return found
 
 
@@ -152,8 +147,7 @@ def facts(stream):
 
 def disagreements(kelmctl, stream):
     """What kelmctl finds wrong with header and PostScript."""
-    done = subprocess.run([kelmctl, "explain", "--stream", "-"], input=stream, capture_output=True,
-                          timeout=60, check=False)
+    done = run([kelmctl, "explain", "--stream", "-"], input=stream, text=False)
     found = re.findall(r"^WRONG (.*)$", done.stdout.decode("utf-8"), re.M)
     if done.returncode != (1 if found else 0) or not done.stdout:
         found.append(f"kelmctl explain: status {done.returncode}, {done.stderr.decode()}")
@@ -180,8 +174,7 @@ def check(each, found, kelmctl):
 
 def change_queue(queue, arguments):
     if arguments:
-        subprocess.run(["lpadmin", "-p", queue, *shlex.split(arguments)], timeout=60, check=True,
-                       stderr=subprocess.DEVNULL)
+        run(["lpadmin", "-p", queue, *shlex.split(arguments)], check=True)
 
 
 # A job that changes the queue is alone in it.
@@ -200,34 +193,27 @@ def batches(all_submissions):
         yield batch
 
 
-def print_batch(batch, directory, queue, kelmctl):
-    output = os.path.join(directory, "printer.out")
-    before = os.path.getsize(output)
-    refused = {}
-    change_queue("other", batch[0]["job"]["other"])
-    change_queue(queue, batch[0]["job"]["queue"])
-    for each in batch:
-        try:
-            submit(each, directory, queue)
-        except RuntimeError as error:
-            refused[each["title"]] = [str(error)]
-    wait_for_queue(queue)
-    change_queue(queue, batch[0]["job"]["afterwards"])
-    found = streams(directory, before)
-    wrong = 0
-    for each in batch:
-        problems = refused.get(each["title"]) or check(each, found.get(each["title"], []), kelmctl)
-        for problem in problems:
-            print(f"{each['job']['what']} ({each['way']}, {each['format']}): {problem}",
-                  file=sys.stderr)
-        wrong += bool(problems)
-    return wrong
+def print_batch(batch, directory, kelmctl, queues, outputs):
+    first = batch[0]["job"]
+    change_queue("other", first["other"])
+    change_queue(queues[0], first["queue"])
+    with ThreadPoolExecutor(len(queues)) as pool:
+        list(pool.map(lambda number, each: submit(each, directory, queues[number % len(queues)]),
+                      range(len(batch)), batch))
+        wait_for_queues()
+        change_queue(queues[0], first["afterwards"])
+        found = streams(outputs)
+        problems = pool.map(
+            lambda each: each["refused"] or check(each, found.get(each["title"], []), kelmctl), batch)
+        return sum(report(f"{each['job']['what']} ({each['way']}, {each['document']})", wrong)
+                   for each, wrong in zip(batch, problems))
 
 
 def main():
-    jobs_file, directory, queue, kelmctl = sys.argv[1:]
+    jobs_file, directory, kelmctl, *queues = sys.argv[1:]
     every = submissions(read_jobs(jobs_file))
-    wrong = sum(print_batch(batch, directory, queue, kelmctl) for batch in batches(every))
+    outputs = [open(os.path.join(directory, queue + ".out"), "rb") for queue in queues]
+    wrong = sum(print_batch(batch, directory, kelmctl, queues, outputs) for batch in batches(every))
     print(f"{len(every)} jobs, in each of which header and PostScript were compared; {wrong} wrong")
     return wrong != 0
 
