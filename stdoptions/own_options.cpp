@@ -102,16 +102,17 @@ const char* askedFor(const PrintJobData& job, const StandardOption& standard, As
 
 // What the job asks for counts under any of its names, before the queue's default.
 const char* standardChoice(const PrintJobData& job, const char* own) {
-  for (const Asker asker : {Asker::kJob, Asker::kQueue}) {
-    for (const StandardOption& standard : kStandardOptions) {
-      if (std::strcmp(standard.own, own) != 0) continue;
-      if (const char* value = askedFor(job, standard, asker)) return value;
-    }
+  const char* ofQueue = nullptr;
+  for (const StandardOption& standard : kStandardOptions) {
+    if (std::strcmp(standard.own, own) != 0) continue;
+    if (const char* ofJob = askedFor(job, standard, Asker::kJob)) return ofJob;
+    if (ofQueue == nullptr) ofQueue = askedFor(job, standard, Asker::kQueue);
   }
-  return nullptr;
+  return ofQueue;
 }
 
-// A client's "job-password" if the printer accepts it, else null.
+// A client's "job-password" if the printer accepts it, else null. The PIN cannot be found out from
+// an encrypted one, even if that has only digits.
 const char* jobPassword(const PrintJobData& job) {
   const char* password = jobValue(job, "job-password");
   const char* encryption = jobValue(job, "job-password-encryption");
