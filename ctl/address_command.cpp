@@ -24,7 +24,8 @@ void printJson(std::ostream& out, bool ipv6, const wakeup::Text& address) {
   const nlohmann::ordered_json object{
       {"ipv6", ipv6},
       {"address", address ? nlohmann::ordered_json(*address) : nlohmann::ordered_json(nullptr)}};
-  out << object.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace) << '\n';
+  out << safeJson(object.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace))
+      << '\n';
 }
 
 void printReadable(std::ostream& out, bool ipv6, const wakeup::Text& address) {

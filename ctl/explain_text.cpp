@@ -206,7 +206,7 @@ void printExplanationJson(std::ostream& out, const explain::Explanation& explana
   Json remarks = Json::array();
   for (const explain::Remark& remark : explanation.remarks) remarks.push_back(jsonOf(remark));
   const Json object{{"lines", lines}, {"remarks", remarks}};
-  out << object.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  out << safeJson(object.dump(2, ' ', false, Json::error_handler_t::replace)) << '\n';
 }
 
 void printStream(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd,
@@ -255,7 +255,7 @@ void printStreamJson(std::ostream& out, const explain::StreamReport& report, ppd
     object["findings"].push_back(
         {{"offset", finding.offset}, {"problem", finding.problem}, {"variable", finding.variable}});
   }
-  out << object.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  out << safeJson(object.dump(2, ' ', false, Json::error_handler_t::replace)) << '\n';
 }
 
 }  // namespace kelm::ctl

@@ -136,7 +136,7 @@ void printJson(std::ostream& out, const Shown& shown) {
     attributes.push_back({{"name", attribute->name}, {"value", value}});
   }
   const Json object{{"language", shown.language}, {"groups", groups}, {"attributes", attributes}};
-  out << object.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  out << safeJson(object.dump(2, ' ', false, Json::error_handler_t::replace)) << '\n';
 }
 
 // `language` replaces the user's first one.

@@ -134,7 +134,7 @@ int showOne(const Arguments& arguments, const Console& console) {
   if (!problem.empty()) return fail(console, problem);
   const PrinterFacts facts = askPrinter(address, arguments.community, Incomplete::kAbsent, console);
   if (arguments.json) {
-    console.out << jsonOf(facts).dump(2) << '\n';
+    console.out << safeJson(jsonOf(facts).dump(2)) << '\n';
   } else if (facts.answered && !arguments.quiet) {
     writeTable(console.out, facts);
   }
@@ -171,7 +171,7 @@ std::vector<std::optional<AskedPrinter>> askMany(const Arguments& arguments,
 void writeJsonLine(const AskedPrinter& printer, std::ostream& out) {
   Json object{{"address", printer.address}};
   object.update(jsonOf(printer.facts));
-  out << object.dump() << '\n';
+  out << safeJson(object.dump()) << '\n';
 }
 
 int showMany(const Arguments& arguments, const Console& console) {

@@ -59,28 +59,43 @@ unsigned codePointOf(std::string_view character) {
 // The length of the valid UTF-8 character at the front of `text`; 0 without one.
 std::size_t characterLength(std::string_view text) {
   constexpr std::size_t kLongest = 4;
-  for (std::size_t length = 1; length <= kLongest && length <= text.size(); ++length) {
+  if (static_cast<unsigned char>(text.front()) < 0x80) return 1;
+  for (std::size_t length = 2; length <= kLongest && length <= text.size(); ++length) {
     if (base::utf16Length(text.substr(0, length))) return length;
   }
   return 0;
 }
 
-std::string safeCharacter(std::string_view character) {
-  if (character == "\\") return "\\\\";
+std::string withoutControl(std::string_view character) {
   const unsigned codePoint = codePointOf(character);
   return isControl(codePoint) ? escapedCharacter(codePoint) : std::string(character);
+}
+
+// `text` with `safe` of each character, and every byte that is not UTF-8 escaped.
+template <class Safe>
+std::string ofEachCharacter(std::string_view text, Safe safe) {
+  std::string all;
+  while (!text.empty()) {
+    const std::size_t length = characterLength(text);
+    all += length > 0 ? safe(text.substr(0, length)) : escapedByte(text.front());
+    text.remove_prefix(length > 0 ? length : 1);
+  }
+  return all;
 }
 
 }  // namespace
 
 std::string safeText(std::string_view text) {
-  std::string safe;
-  while (!text.empty()) {
-    const std::size_t length = characterLength(text);
-    safe += length > 0 ? safeCharacter(text.substr(0, length)) : escapedByte(text.front());
-    text.remove_prefix(length > 0 ? length : 1);
-  }
-  return safe;
+  return ofEachCharacter(text, [](std::string_view character) {
+    return character == "\\" ? "\\\\" : withoutControl(character);
+  });
+}
+
+// The line feeds are those of the layout.
+std::string safeJson(std::string_view json) {
+  return ofEachCharacter(json, [](std::string_view character) {
+    return character == "\n" ? "\n" : withoutControl(character);
+  });
 }
 
 }  // namespace kelm::ctl

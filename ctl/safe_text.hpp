@@ -12,4 +12,9 @@ namespace kelm::ctl {
 // backslash doubled: the name of a printer, queue or file cannot control a terminal.
 std::string safeText(std::string_view text);
 
+// `json`, a JSON text, with the control characters that JSON allows in its strings (all but C0)
+// written as \u and four hexadecimal digits: it says the same, and cannot control a terminal
+// either.
+std::string safeJson(std::string_view json);
+
 }  // namespace kelm::ctl

@@ -12,6 +12,7 @@
 #include "ctl/message.hpp"
 #include "ctl/opened_ppd.hpp"
 #include "ctl/print_server.hpp"
+#include "ctl/safe_text.hpp"
 #include "ctl/server_options.hpp"
 #include "ctl/stored_settings.hpp"
 
@@ -55,7 +56,7 @@ void printJson(std::ostream& out, ppd_file_t* ppd) {
     std::visit([&](const auto& value) { object[setting.member] = value; }, setting.value);
     if (setting.numbersMember != nullptr) object[setting.numbersMember] = setting.numbers;
   }
-  out << object.dump(2) << '\n';
+  out << safeJson(object.dump(2)) << '\n';
 }
 
 OpenedPpd openPpd(const Arguments& arguments, const Console& console) {

@@ -204,7 +204,8 @@ void writeProblems(const std::vector<SyncResult>& results, const Console& consol
 
 void writeJson(const std::vector<SyncResult>& results, bool dryRun, const Console& console) {
   for (const SyncResult& result : results) {
-    console.out << jsonOf(result, dryRun).dump(-1, ' ', false, Json::error_handler_t::replace)
+    console.out << safeJson(
+                       jsonOf(result, dryRun).dump(-1, ' ', false, Json::error_handler_t::replace))
                 << '\n';
   }
 }

@@ -53,7 +53,7 @@ struct Arguments {
 };
 
 std::string dump(const Json& value) {
-  return value.dump(-1, ' ', false, Json::error_handler_t::replace);
+  return safeJson(value.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 using Clock = std::chrono::steady_clock;

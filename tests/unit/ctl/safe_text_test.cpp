@@ -32,5 +32,10 @@ TEST(SafeText, EscapesBytesThatAreNotUtf8) {
 
 TEST(SafeText, DoublesABackslash) { EXPECT_EQ(safeText("a\\u0009"), "a\\\\u0009"); }
 
+TEST(SafeJson, EscapesWhatJsonAllowsAndLeavesWhatItEscapes) {
+  EXPECT_EQ(safeJson("{\n  \"a\": \"\\u001B\\\\ \x7F\xC2\x9B\u202E\u2069 共有\"\n}"),
+            "{\n  \"a\": \"\\u001B\\\\ \\u007F\\u009B\\u202E\\u2069 共有\"\n}");
+}
+
 }  // namespace
 }  // namespace kelm::ctl
