@@ -1,4 +1,4 @@
-// What a subcommand of kelmctl takes on its command line, declared to CLI11.
+// The arguments of a subcommand of kelmctl, declared with CLI11.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/arguments.hpp"
 
@@ -55,7 +55,7 @@ Argument ArgumentList::addNumber(const char* name, unsigned& value, unsigned lea
 
 Argument ArgumentList::addShortH(std::vector<std::string>& values, bool isRepeatable,
                                  const char* help) {
-  app_.set_help_flag("--help", "Print the arguments and exit");
+  app_.set_help_flag("--help", "Print this help message and exit");
   CLI::Option* option = app_.add_option("-h", values, help)->allow_extra_args(false);
   if (!isRepeatable) option->expected(1);
   return Argument(option);

@@ -23,8 +23,8 @@ inline constexpr Subcommand kSubcommands[] = {
     {"printer", "Show what printers say about themselves", declarePrinter},
     {"sync", "Store in queues what their printers say about themselves", declareSync},
     {"refresh", "Give a queue the installed PPD and keep its facts and defaults", declareRefresh},
-    {"explain", "Show what a job says to the printer, and why", declareExplain},
-    {"address", "Show the printer's address in a device URI", declareAddress},
+    {"explain", "Show what a job tells the printer, and why", declareExplain},
+    {"address", "Show the printer address that a device URI gives", declareAddress},
     {"wake", "Wake sleeping printers", declareWake},
 };
 

@@ -10,7 +10,7 @@
 int main(int argc, char* argv[]) {
   kelm::platform::openStandardStreams();
   constexpr kelm::ctl::Subcommand kExplain[] = {
-      {"explain", "Show what a job says to the printer, and why", kelm::ctl::declareExplain}};
+      {"explain", "Show what a job tells the printer, and why", kelm::ctl::declareExplain}};
   return kelm::ctl::runCommandLine(
       argc, argv, {std::cout, std::cerr, isatty(STDERR_FILENO) == 1, isatty(STDOUT_FILENO) == 1},
       kExplain);

@@ -51,11 +51,11 @@ NetworkUri networkUriOf(const std::string& uri) {
   return {scheme, host, resource, port != known->port};
 }
 
-// The wake-up takes a second colon for a sign of an IPv6 address, and reads a zone only after "+".
+// If there is a second colon, the wake-up expects an IPv6 address. It reads a zone only after "+".
 std::string workingUri(const NetworkUri& uri) {
   const std::string resource = uri.resource == "/" ? "" : uri.resource;
   if (uri.host.find(':') == std::string::npos) {
-    if (uri.hasOwnPort) return "no device URI with a port works";
+    if (uri.hasOwnPort) return "a device URI with a port cannot work";
     return "\"" + uri.scheme + "://" + uri.host + resource + "\" works";
   }
   std::string host = uri.host;
@@ -100,8 +100,8 @@ std::string wakeUpAdvice(const std::string& deviceUri, const std::string& addres
   const std::string taken = wakeup::XPCCallObject::addressOf(deviceUri).value_or("");
   // An IPv6 address is not looked up, so it may be written differently.
   if (taken == address || (taken == uri.host && !taken.empty())) return {};
-  return "the device URI \"" + deviceUri + "\" gives the wake-up before a job \"" + taken +
-         "\" as the printer's address; " + workingUri(uri);
+  return "the device URI \"" + deviceUri + "\" makes jobs take \"" + taken +
+         "\" for the address of the printer to wake; " + workingUri(uri);
 }
 
 }  // namespace kelm::ctl

@@ -1,4 +1,4 @@
-// kelmctl explain: what a job says to the printer, and why.
+// kelmctl explain: what a job tells the printer, and why.
 // SPDX-License-Identifier: Apache-2.0
 #include <fcntl.h>
 #include <unistd.h>
@@ -62,7 +62,7 @@ std::vector<explain::Option> defaultsOf(const Arguments& arguments, const Consol
   const auto destination = server.destination(*arguments.queue);
   if (destination != nullptr) return jobDefaults(*destination, *arguments.queue);
   complain(console, "the defaults of \"" + *arguments.queue +
-                        "\" cannot be read, and do not count: " + cupsLastErrorString());
+                        "\" cannot be read and are ignored: " + cupsLastErrorString());
   return {};
 }
 
@@ -116,8 +116,10 @@ int explainJob(const Arguments& arguments, const Console& console) {
   const bool hasCopies = explain::takeCopies(request, arguments.copies.has_value());
   explain::addDefaults(request, defaultsOf(arguments, console), hasCopies);
   const explain::Explanation explanation = explain::explained(request);
-  Page page{
-      arguments.title.empty() ? "What the job says" : arguments.title, {}, explanation.lines, true};
+  Page page{arguments.title.empty() ? "What the job tells the printer" : arguments.title,
+            {},
+            explanation.lines,
+            true};
   for (const explain::Remark& remark : explanation.remarks) {
     page.problems.push_back(remarkText(remark));
     for (const std::string& variable : remark.variables) {

@@ -53,8 +53,8 @@ struct Shown {
   std::string language;
 };
 
-// A translation may be cut within a character, where its field is full; the incomplete character is
-// not shown.
+// A translation that is too long for its field may be cut within a character. The incomplete
+// character is not shown.
 std::string wholeText(const char* text) {
   const std::string_view all = text;
   for (std::size_t length = all.size(); length > 0; --length) {
@@ -168,7 +168,7 @@ int showPpd(const Arguments& arguments, const Console& console) {
 Action declarePpd(ArgumentList& list) {
   auto arguments = std::make_shared<Arguments>();
   list.add("FILE", arguments->file, "The PPD file").valueName("").required();
-  list.add("--language", arguments->language, "The first language, such as de or zh-Hant-TW")
+  list.add("--language", arguments->language, "The language to show, such as de or zh-Hant-TW")
       .valueName("TAG");
   list.addFlag("--json", arguments->json, "One JSON object, for programs");
   return [arguments](const Console& console) { return showPpd(*arguments, console); };

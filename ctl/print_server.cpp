@@ -29,8 +29,8 @@ constexpr int kLimitOfPpdList = 120;  // seconds
 constexpr auto kPauseBetweenAttempts = 500ms;
 constexpr int kMostQuestions = 3;
 constexpr char kTitle[] = "Printer settings";
-// The document is in the filter's own format, so that no other filter runs before it. It has no
-// page, in case the queue does not have this filter.
+// The document is in the filter's own format, so that no other filter runs before kelmfilter. It
+// has no page, in case the queue does not have kelmfilter.
 constexpr char kFormat[] = "application/vnd.cups-postscript";
 constexpr std::string_view kDocument = "%!PS-Adobe-3.0\n%%Pages: 0\n%%EndComments\n%%EOF\n";
 constexpr const char* kQueueAttributes[] = {"printer-name", "device-uri", "printer-state",
@@ -72,7 +72,7 @@ void readAttribute(ipp_attribute_t* attribute, Queue& queue) {
   }
 }
 
-// The queues of a response; a nameless attribute ends each.
+// The queues of a response. An attribute without a name ends each queue.
 std::vector<Queue> queuesOf(ipp_t* response) {
   std::vector<Queue> queues;
   Queue queue;
@@ -138,23 +138,23 @@ PrintServer::PrintServer(const std::string& name, const Console& console,
   if (name.empty() && isOwnPort) name_ += ":" + std::to_string(port_);
 }
 
-// Some calls of libcups make the names of queues from its current server, even over a connection to
-// another one. A name without a port would keep the port of the server before.
+// Some calls of libcups make queue URIs for its current server, even over a connection to another
+// one. A name without a port would keep the previous server's port.
 void PrintServer::makeCurrent() {
   cupsSetServer(nullptr);
   if (!argument_.empty()) cupsSetServer(argument_.c_str());
   cupsSetPasswordCB2(passwordFor, this);
 }
 
-// The question of libcups itself would go to standard output, among the results, and it calls every
-// server of this computer "localhost".
+// libcups' own question would go to standard output, among the results, and would call every server
+// of this computer "localhost".
 const char* PrintServer::passwordFor(const char* /*prompt*/, http_t* /*http*/,
                                      const char* /*method*/, const char* /*resource*/,
                                      void* server) {
   return static_cast<PrintServer*>(server)->askForPassword();
 }
 
-// libcups asks as long as there are answers.
+// libcups asks again as long as it gets an answer.
 const char* PrintServer::askForPassword() {
   if (++questions_ > kMostQuestions) return nullptr;
   const auto answer =
@@ -184,7 +184,7 @@ bool PrintServer::attempt(const std::function<bool()>& request) {
   return false;
 }
 
-// A server that did not come back in time is not waited for again, for no other queue either.
+// If a server did not come back in time, it is not waited for again, not even for another queue.
 bool PrintServer::perform(const std::function<bool()>& request) {
   if (isGivenUp_) return false;
   const auto end = Clock::now() + patience_;
@@ -210,7 +210,7 @@ std::string PrintServer::lastProblem() const {
   if (unreachable_) return server + " does not answer";
   if (isSilent_) {
     return server +
-           " accepts connections and does not answer: it hangs, or takes no more clients "
+           " accepts connections but does not answer: it hangs, or takes no more clients "
            "(MaxClients)";
   }
   return server + " says: " + cupsLastErrorString();

@@ -228,7 +228,7 @@ class Refresh {
     const Ppd now = queuePpd(server, queue);
     if (problem.empty() && now.ppd != nullptr && haveSameLines(now.text, merged.text)) return true;
     if (problem.empty())
-      problem = now.ppd == nullptr ? now.problem : "the print server keeps another PPD";
+      problem = now.ppd == nullptr ? now.problem : "the print server did not keep the new PPD";
     const bool isOld = now.ppd != nullptr && haveSameLines(now.text, old.text);
     const bool isBack = isOld || server.setPpd(queue, backup.path()).empty();
     complainOf(queue, problem + (isBack ? "; it has its old PPD"

@@ -1,4 +1,4 @@
-// The options that name print servers and the user, as the CUPS commands have them.
+// The options for print servers and the user, the same as those of the CUPS commands.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/server_options.hpp"
 
@@ -21,7 +21,7 @@ void declareServer(ArgumentList& list, ServerOptions& options) {
 }
 
 void declareServers(ArgumentList& list, ServerOptions& options) {
-  declare(list, options, true, "A print server, instead of CUPS_SERVER; several -h for several");
+  declare(list, options, true, "A print server, instead of CUPS_SERVER; may be repeated");
 }
 
 std::vector<std::string> serversOf(const ServerOptions& options) {

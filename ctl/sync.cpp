@@ -27,8 +27,8 @@ constexpr auto kTurn = 20ms;
 constexpr auto kFirstLook = 40ms;
 constexpr auto kLongestPause = 1000ms;
 constexpr auto kLongestCancel = 5s;
-// A cancelled job changes its state first; CUPS stores its facts only when its processes have
-// ended.
+// CUPS changes the state of a cancelled job first, and stores its facts only when its processes
+// have ended.
 constexpr auto kEndOfProcesses = 1s;
 // An update job keeps a filter and a backend of the print server busy.
 constexpr std::size_t kMostUpdateJobs = 32;
@@ -277,7 +277,7 @@ class Sync {
 
   std::string lateProblem(const Task& task) const {
     return jobName(task) +
-           " does not end and is cancelled; see what holds the queue up: lpstat -o " +
+           " did not end in time and is cancelled; see what holds the queue up: lpstat -o " +
            task.queue.name + " (or give it more time: --wait)";
   }
 
@@ -289,8 +289,8 @@ class Sync {
     task.nextLook = Clock::now();
   }
 
-  // `problem`: what became of the job; empty when it is completed. An interrupted job that has
-  // stored everything all the same has no problem.
+  // `problem` says what became of the job; it is empty if the job is completed. An interrupted job
+  // that has stored everything anyway has no problem.
   void readBack(Task& task, std::string problem, SyncStatus failure = SyncStatus::kFailed) {
     const OpenedPpd opened = task.server->openPpd(task.queue.name);
     if (opened.ppd == nullptr) {

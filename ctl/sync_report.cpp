@@ -80,7 +80,7 @@ void writeChange(std::ostream& out, const Change& change) {
 }
 
 std::string missingSentence(const std::string& missing) {
-  return "the printer gives no " + missing + "; what is stored about it stays";
+  return "the printer gives no " + missing + "; what is stored is not changed";
 }
 
 std::string labelOf(const SyncResult& result, bool withServer) {
@@ -180,7 +180,7 @@ void writeOne(const SyncResult& result, bool dryRun, const Console& console) {
   } else if (result.after.empty()) {
     console.out << "Nothing changed.\n";
   } else if (changes.empty()) {
-    console.out << "The facts are the same; they are stored in other lines now.\n";
+    console.out << "The facts are the same, but are now stored in different lines.\n";
   }
 }
 

@@ -89,7 +89,7 @@ bool isReadByTheFilter(const Request& request, const Option& option) {
   });
 }
 
-// In another letter case, a choice counts where CUPS and the filter take it.
+// A choice in another letter case is right if CUPS and the filter accept it.
 std::optional<Remark> unlessChoice(const Request& request, const Option& option,
                                    std::vector<std::string> choices) {
   for (const std::string& choice : choices) {
@@ -162,7 +162,7 @@ std::optional<Remark> unlessKeywords(const Option& option,
     return Remark{option, "is not a choice of this option", keywords, std::move(nearest)};
   }
   if (words.size() > 1 && option.name != "finishings") {
-    return Remark{option, "has several values, and the option takes one", keywords, ""};
+    return Remark{option, "has several values, but the option takes only one", keywords, ""};
   }
   return std::nullopt;
 }

@@ -79,7 +79,7 @@ void HeaderCheck::takeVariable(std::uint64_t offset, pjl::RecordedLine& line) {
   }
   line.step = known->step;
   isDialogJob_ = isDialogJob_ || known->dialogOnly;
-  if (seen(line.variable)) note_({offset, line.variable + " is there twice", line.variable});
+  if (seen(line.variable)) note_({offset, line.variable + " appears twice", line.variable});
   checkOrder(offset, line.variable, known->place);
   const RowFacts row = factsOf(*known->step, true);
   if (lacksChoice(row, line.variable, line.value)) {
@@ -92,7 +92,8 @@ void HeaderCheck::takeVariable(std::uint64_t offset, pjl::RecordedLine& line) {
 
 void HeaderCheck::checkOrder(std::uint64_t offset, const std::string& variable, std::size_t place) {
   if (place < lastPlace_) {
-    note_({offset, variable + " comes after " + lastVariable_ + ", and the printer needs it before",
+    note_({offset,
+           variable + " comes after " + lastVariable_ + ", but the printer needs it earlier",
            variable});
     return;
   }

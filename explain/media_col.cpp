@@ -28,7 +28,8 @@ std::optional<Remark> remarkOnMediaCol(const Request& request) {
   bool asks = false;
   for (const Option& member : parsedOptions({mediaCol->value})) {
     if (!isRead(member.name)) {
-      return Remark{*mediaCol, "has the member \"" + member.name + "\", which CUPS drops", {}, ""};
+      return Remark{
+          *mediaCol, "has the member \"" + member.name + "\", which CUPS ignores", {}, ""};
     }
     if (member.name == "media-size" && !isSize(member.value)) {
       return Remark{*mediaCol, "has a media-size without x-dimension and y-dimension", {}, ""};

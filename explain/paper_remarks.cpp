@@ -22,8 +22,8 @@ struct PageSize {
   float length;
 };
 
-// The page size of a job with only this option, in the PPD whose choices are marked so far: a
-// "media" that names no paper changes nothing.
+// The page size that results if this option is added to the choices that are marked in the PPD. A
+// "media" that names no paper does not change it.
 std::optional<PageSize> markedPage(ppd_file_t* ppd, const char* name, const std::string& value) {
   cups_option_t option{const_cast<char*>(name), const_cast<char*>(value.c_str())};
   job::r_cupsMarkOptions(ppd, 1, &option);
@@ -32,8 +32,8 @@ std::optional<PageSize> markedPage(ppd_file_t* ppd, const char* name, const std:
   return PageSize{size->width, size->length};
 }
 
-// Whether libcups finds a paper in a word of "media": the page size is then the same, whatever it
-// was before.
+// Whether libcups takes a word of "media" for a paper: the word then gives the same page size
+// whatever page size was marked before.
 bool namesAPaper(ppd_file_t* ppd, const std::string& word) {
   if (ppd->num_sizes < 2) return true;
   const auto after = [&](const ppd_size_t& before) {
@@ -104,8 +104,8 @@ std::optional<Remark> remarkOnCustomPaper(const Request& request, const Option& 
   if (isWithin(page->width, 0) && isWithin(page->length, 1)) return std::nullopt;
   const auto points = [](float length) { return std::to_string(std::lround(length)); };
   return Remark{option,
-                "is no paper that the printer can have: its width is " + points(least[0]) + " to " +
-                    points(most[0]) + " points, its height " + points(least[1]) + " to " +
+                "is not a paper that the printer can have: its width must be " + points(least[0]) +
+                    " to " + points(most[0]) + " points, its height " + points(least[1]) + " to " +
                     points(most[1]),
                 {},
                 ""};

@@ -86,13 +86,13 @@ std::optional<Remark> remarkOnStandard(const Request& request, const Option& opt
   if (option.name == "job-password") {
     const Option* encryption = findOption(request.options, "job-password-encryption");
     if (encryption != nullptr && encryption->value != "none") {
-      return Remark{option, "is encrypted, and the printer needs the digits", {}, ""};
+      return Remark{option, "is encrypted, but the printer needs the digits", {}, ""};
     }
     if (job::isValidateSecretNumString(option.value.c_str(), 1, job::kSecretNum.max)) {
       return std::nullopt;
     }
     return Remark{option,
-                  "is no PIN: a PIN has 1 to " + std::to_string(job::kSecretNum.max) + " digits",
+                  "is not a PIN: a PIN has 1 to " + std::to_string(job::kSecretNum.max) + " digits",
                   {},
                   ""};
   }

@@ -148,7 +148,7 @@ void StreamReader::readHeader() {
   while (reader_.require(1)) {
     const std::uint64_t offset = reader_.offset();
     if (offset > kMostHeaderBytes || check.lineCount() > kMostHeaderLines) {
-      note({offset, "the header is too long; the rest of it is not read as one"});
+      note({offset, "the header is too long; the rest is not read as header lines"});
       break;
     }
     reader_.require(kUel.size() + 1);
@@ -255,7 +255,7 @@ void StreamReader::readSection(std::uint64_t offset) {
 void StreamReader::keep(Section section) {
   if (!section.keyword.starts_with("QV") && section.keyword != "PageSize") return;
   if (section.value.find("XXX") != std::string::npos) {
-    note({section.offset, "the section of " + section.keyword + " still has XXX for a value"});
+    note({section.offset, "the section of " + section.keyword + " still has XXX as its value"});
   }
   const auto same = std::ranges::find(report_.sections, section.keyword, &Section::keyword);
   if (same == report_.sections.end()) {

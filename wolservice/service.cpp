@@ -74,7 +74,8 @@ int Service::run() {
   return busIsGone ? 1 : 0;
 }
 
-// Offers the object before the name: a request that started the service waits for the name.
+// Registers the object before the name, because a request that started the service waits only for
+// the name.
 bool Service::openBus() {
   sd_event* event = nullptr;
   sd_bus* bus = nullptr;
@@ -107,8 +108,8 @@ Service::Source Service::startTimer(std::chrono::milliseconds delay,
   return Source(source);
 }
 
-// The process ends with its event source. Without a process, packets are still sent and the caller
-// is called back at the limit.
+// The process is killed when its event source is released. If there is no process, packets are
+// still sent, and the caller is called back at the limit.
 Service::Source Service::startProcess(const std::function<bool()>& work,
                                       sd_event_child_handler_t ended, WakeUp& wakeUp) {
   sd_event_source* source = nullptr;
@@ -159,8 +160,8 @@ void Service::refuse(const std::string& caller, const std::string& reason) {
   callBack(caller);
 }
 
-// The packets are sent all the same, because they may wake the printer and need no process. No name
-// is looked up, because that would need one.
+// The packets are sent anyway, because they may wake the printer and need no process. Names are not
+// looked up, because that would need a process.
 void Service::turnAway(const std::string& caller, const WakeUpOrder& order,
                        const std::string& reason) {
   const auto printer = order.isOverRouter ? numericAddress(order.address) : std::nullopt;
@@ -287,18 +288,19 @@ void Service::tellRefusal(const std::string& caller, const std::string& reason) 
   sd_bus_message_unref(message);
 }
 
-// No reply to a call-back is expected, and it is no error when the caller has left the bus.
+// No reply to a call-back is expected, and it is not an error if the caller has left the bus.
 void Service::send(sd_bus_message* message) const {
   sd_bus_message_set_expect_reply(message, 0);
   sd_bus_send(bus_.get(), message, nullptr);
 }
 
-// The bus is closed when the event loop ends, so all waiting callers are called back before.
+// The bus is closed when the event loop ends, so all waiting callers must be called back before
+// that.
 int Service::onEnd(sd_event_source* /*source*/, const signalfd_siginfo* /*signal*/, void* self) {
   const auto& service = *static_cast<Service*>(self);
   for (const WakeUp& each : service.wakeUps_) {
     for (const std::string& caller : each.callers) {
-      service.tellRefusal(caller, "it was told to end");
+      service.tellRefusal(caller, "the service is ending");
       service.callBack(caller);
     }
   }

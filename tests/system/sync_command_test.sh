@@ -175,9 +175,9 @@ printf 'boxName 17 bytes ff\nboxState 2 integer 1\nboxName 2 text Neu\nformName 
 run 3 sync kelm
 printf 'Shared boxes: 2 -> 3\n  + 2  Neu\n' | diff - "$W/out" || fail "other changes"
 cat >"$W/expected" <<'END'
-kelmctl: the printer gives no complete list of its forms; what is stored about it stays
-kelmctl: the printer gives no readable shared box 17; what is stored about it stays
-kelmctl: the printer gives no readable form 5; what is stored about it stays
+kelmctl: the printer gives no complete list of its forms; what is stored is not changed
+kelmctl: the printer gives no readable shared box 17; what is stored is not changed
+kelmctl: the printer gives no readable form 5; what is stored is not changed
 END
 diff "$W/expected" "$W/err" || fail "other messages"
 settings 'd["forms"] == ["Briefkopf", "請求書"]'
@@ -186,10 +186,10 @@ printf 'areaName 1 bytes ff\nprofileState 2-3 integer 1\nprofileName 2 bytes ff\
 run 3 sync kelm
 printf 'Shared boxes: 3 -> 2\n  - 2  Neu\n' | diff - "$W/out" || fail "other changes"
 cat >"$W/expected" <<'END'
-kelmctl: the printer gives no complete list of its barcode areas; what is stored about it stays
-kelmctl: the printer gives no complete list of its colour profiles; what is stored about it stays
-kelmctl: the printer gives no readable barcode area 1; what is stored about it stays
-kelmctl: the printer gives no readable colour profile 2; what is stored about it stays
+kelmctl: the printer gives no complete list of its barcode areas; what is stored is not changed
+kelmctl: the printer gives no complete list of its colour profiles; what is stored is not changed
+kelmctl: the printer gives no readable barcode area 1; what is stored is not changed
+kelmctl: the printer gives no readable colour profile 2; what is stored is not changed
 END
 diff "$W/expected" "$W/err" || fail "other messages"
 settings 'd["barcodeAreas"] == ["Kopf links"] and d["colorProfiles"] == []'
@@ -218,7 +218,7 @@ expect_line "$(cups_queue_ppd fresh)" '*AdminLoginModeEnabled: 1'
 # A device URI from which a job takes another address is named, and one that works.
 lpadmin -p fresh -v socket://127.0.0.1:9100 2>"$W/lpadmin_log"
 run 0 sync fresh
-grep -q '"socket://127.0.0.1:9100" gives the wake-up .*; "socket://127.0.0.1" works$' "$W/err" ||
+grep -q '"socket://127.0.0.1:9100" makes jobs take .*; "socket://127.0.0.1" works$' "$W/err" ||
   fail "no advice: $(cat "$W/err")"
 "$KELMCTL" address socket://127.0.0.1:9100 >"$W/out" 2>"$W/err"
 grep -q '; "socket://127.0.0.1" works$' "$W/err" || fail "no advice: $(cat "$W/err")"
@@ -365,7 +365,7 @@ rm -f "$W/hung/read"
 lp -d busy "$W/page.ps" >"$W/lp_log"
 wait_until 5 test -e "$W/hung/read" || fail "no job in the busy queue"
 run 1 sync busy --address ::1 --community secret --wait 1
-expect_message 'the update job busy-[0-9]* does not end and is cancelled'
+expect_message 'the update job busy-[0-9]* did not end in time and is cancelled'
 expect "jobs in the busy queue" 1 "$(lpstat -W not-completed -o busy | wc -l)"
 
 # Two processes at one queue: the second waits for the first; it says so, and gives up in the end.
@@ -393,7 +393,7 @@ begin=$(date +%s)
 run 1 sync kelm --address ::1
 kill -CONT "$server"
 [ $(($(date +%s) - begin)) -le 35 ] || fail "a silent server is waited for too long"
-grep -q 'print server 127.0.0.1 accepts connections and does not answer' "$W/err" || fail "$(cat "$W/err")"
+grep -q 'print server 127.0.0.1 accepts connections but does not answer' "$W/err" || fail "$(cat "$W/err")"
 
 # A server without a place: the sync waits until one is free.
 cups_stop

@@ -136,7 +136,7 @@ wait_until 5 joined || fail "an equal request was not joined"
 # Told to end, it calls back those who wait; so does the bus's end for the next one.
 kill -TERM "$(tail -n 1 "$W/service_pid")"
 wait_until 5 gone "$last" || fail "no caller was called back at the service's end"
-grep -q '^kelmctl: 10.77.0.2: refused after [0-9]* s: it was told to end$' "$W/last_out" || fail "$(cat "$W/last_out")"
+grep -q '^kelmctl: 10.77.0.2: refused after [0-9]* s: the service is ending$' "$W/last_out" || fail "$(cat "$W/last_out")"
 wait_until 5 service_is_gone || fail "the service does not end"
 : >"$W/service_log"
 "$BUILD/kelmctl" wake --mac $MAC --address 10.77.0.2 --community other >"$W/last_out" 2>&1 &

@@ -31,12 +31,13 @@ TEST(AddressOfDevice, LooksAHostNameUp) {
 
 TEST(WakeUpAdvice, NamesTheDeviceUriThatWorks) {
   EXPECT_EQ(wakeUpAdvice("socket://192.0.2.7:9100", "192.0.2.7"),
-            "the device URI \"socket://192.0.2.7:9100\" gives the wake-up before a job "
-            "\"socket://192.0.2.7:9100\" as the printer's address; \"socket://192.0.2.7\" works");
+            "the device URI \"socket://192.0.2.7:9100\" makes jobs take "
+            "\"socket://192.0.2.7:9100\" for the address of the printer to wake; "
+            "\"socket://192.0.2.7\" works");
   EXPECT_THAT(wakeUpAdvice("ipp://[fe80::1%25eth0]/ipp/print", "fe80::1%eth0"),
               testing::EndsWith("; \"ipp://[v1.fe80::1+eth0]/ipp/print\" works"));
   EXPECT_THAT(wakeUpAdvice("socket://192.0.2.7:9101", "192.0.2.7"),
-              testing::EndsWith("; no device URI with a port works"));
+              testing::EndsWith("; a device URI with a port cannot work"));
 }
 
 TEST(WakeUpAdvice, IsEmptyWhereTheWakeUpTakesTheSameAddress) {

@@ -321,8 +321,8 @@ TEST(Remarks, NameAWordOfMediaThatMeansNothing) {
 
 TEST(Remarks, NameAPaperThatThePrinterCannotHave) {
   constexpr char kProblem[] =
-      "is no paper that the printer can have: its width is 255 to 1000 points, its height 255 to "
-      "1500";
+      "is not a paper that the printer can have: its width must be 255 to 1000 points, "
+      "its height 255 to 1500";
   for (const char* option :
        {"media=Custom.1000x1000mm", "PageSize=Custom.5x5cm", "media=Custom.1001x300"}) {
     EXPECT_EQ(standardRemarkOn(option).problem, kProblem) << option;
@@ -347,20 +347,20 @@ TEST(Remarks, NameWhatCupsDoesNotDoToThePages) {
 
 TEST(Remarks, NameStandardOptionsWithoutOneValue) {
   EXPECT_EQ(standardRemarkOn("print-quality=5,4").problem,
-            "has several values, and the option takes one");
+            "has several values, but the option takes only one");
   EXPECT_EQ(standardRemarkOn("sides=").problem, "has no value");
 }
 
 TEST(Remarks, NameAPasswordThatIsEncrypted) {
   EXPECT_EQ(standardRemarkOn("job-password=1234 job-password-encryption=sha2-256").problem,
-            "is encrypted, and the printer needs the digits");
+            "is encrypted, but the printer needs the digits");
   EXPECT_EQ(standardRemarkOn("job-password=1234 job-password-encryption=none").problem, "");
 }
 
 TEST(Remarks, NameAPasswordThatIsNoPin) {
-  EXPECT_EQ(standardRemarkOn("job-password=12ab").problem, "is no PIN: a PIN has 1 to 8 digits");
+  EXPECT_EQ(standardRemarkOn("job-password=12ab").problem, "is not a PIN: a PIN has 1 to 8 digits");
   EXPECT_EQ(standardRemarkOn("job-password=123456789").problem,
-            "is no PIN: a PIN has 1 to 8 digits");
+            "is not a PIN: a PIN has 1 to 8 digits");
 }
 
 }  // namespace

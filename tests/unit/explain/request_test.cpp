@@ -91,8 +91,8 @@ TEST_F(RequestOptions, MembersOfMediaColThatAskForNothing) {
   EXPECT_EQ(problem("{media-size={x-dimension=14800 y-dimension=21000} media-source=tray-2}"), "");
   EXPECT_EQ(problem("{media-type=stationery media-top-margin=0}"), "");
   EXPECT_EQ(problem("{media-size-name=iso_a5_148x210mm}"),
-            "has the member \"media-size-name\", which CUPS drops");
-  EXPECT_EQ(problem("A5"), "has the member \"A5\", which CUPS drops");
+            "has the member \"media-size-name\", which CUPS ignores");
+  EXPECT_EQ(problem("A5"), "has the member \"A5\", which CUPS ignores");
   EXPECT_EQ(problem("{media-size={x-dimension=14800}}"),
             "has a media-size without x-dimension and y-dimension");
   EXPECT_EQ(problem("{}"), "has no media-size, media-source or media-type");

@@ -98,7 +98,7 @@ TEST_F(Stream, WithAnUnknownAMissingAndARepeatedVariable) {
   EXPECT_EQ(problems(replaced(of({}), "@PJL SET QVJOG=OFF\n", "")), "QVJOG is missing\n");
   EXPECT_EQ(problems(replaced(of({}), "@PJL SET QVJOG=OFF\n",
                               "@PJL SET QVJOG=OFF\n@PJL SET QVJOG=OFF\n")),
-            "QVJOG is there twice\n");
+            "QVJOG appears twice\n");
   EXPECT_EQ(problems(replaced(of({}), "@PJL SET QVJOG=OFF\n",
                               "@PJL SET QVJOG=OFF\n@PJL SET QVDOG=OFF\n")),
             "QVDOG is not a variable of this printer\n");
@@ -107,7 +107,7 @@ TEST_F(Stream, WithAnUnknownAMissingAndARepeatedVariable) {
 TEST_F(Stream, WithVariablesInAnotherOrder) {
   EXPECT_EQ(problems(replaced(of({}), "@PJL SET QVGUTTER=OFF\n@PJL SET QVGUTTERDISTANCE=0\n",
                               "@PJL SET QVGUTTERDISTANCE=0\n@PJL SET QVGUTTER=OFF\n")),
-            "QVGUTTER comes after QVGUTTERDISTANCE, and the printer needs it before\n");
+            "QVGUTTER comes after QVGUTTERDISTANCE, but the printer needs it earlier\n");
 }
 
 TEST_F(Stream, WithValuesThatThePrinterDoesNotHave) {
@@ -228,7 +228,7 @@ TEST_F(Stream, WithTexts) {
 
 TEST_F(Stream, WithASectionLeftUnfilled) {
   EXPECT_EQ(problems(of({}, "%!PS\n" + section("QVJobComment", "XXX"))),
-            "the section of QVJobComment still has XXX for a value\n");
+            "the section of QVJobComment still has XXX as its value\n");
 }
 
 TEST_F(Stream, WithASectionThatChanges) {
