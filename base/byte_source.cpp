@@ -20,7 +20,7 @@ bool waitToRepeat(int descriptor, short events, int error) {
   return poll(&ready, 1, -1) >= 0 || errno == EINTR;
 }
 
-// As writeAll; `bytes` are afterwards those that are not written.
+// Like writeAll. Afterwards `bytes` holds what was not written.
 int writeFront(int descriptor, std::span<const char>& bytes) {
   while (!bytes.empty()) {
     const ssize_t count = ::write(descriptor, bytes.data(), bytes.size());

@@ -41,7 +41,7 @@ int writeAll(int descriptor, std::span<const char> bytes);
 // later ones are tried all the same.
 class DescriptorSink {
  public:
-  // Called at the first failed write with its errno and the number of bytes written before it.
+  // Called at the first failed write with its errno and the number of bytes written until then.
   using OnFailure = std::function<void(int error, std::uint64_t written)>;
 
   DescriptorSink(int descriptor, OnFailure onFailure);

@@ -1,9 +1,9 @@
 # Each directory is a static library, and links exactly what it may use.
 # SPDX-License-Identifier: Apache-2.0
 
-# All libraries share one precompiled header: most of the time goes into reading the same headers again.
-# The preset "clang" compiles without it, so that each file is seen to include what it uses. Avahi's users
-# have the macro, so all have it.
+# All libraries share one precompiled header, because a compiler spends most of its time on reading the same
+# headers. The preset "clang" compiles without it, which finds missing includes. The files that use Avahi need
+# the macro _REENTRANT, so all files get it.
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/shared_headers.cpp CONTENT "// Only its headers count.\n")
 add_library(kelm_shared_headers STATIC ${PROJECT_BINARY_DIR}/shared_headers.cpp)
 target_link_libraries(kelm_shared_headers PRIVATE kelm_settings kelm_warnings)

@@ -1,4 +1,4 @@
-// kelmctl address: what the filter takes for the printer's address.
+// kelmctl address: the printer address that the filter finds in a device URI.
 // SPDX-License-Identifier: Apache-2.0
 #include <memory>
 #include <nlohmann/json.hpp>

@@ -1,4 +1,4 @@
-// What a subcommand of kelmctl takes on its command line.
+// The arguments of a subcommand of kelmctl.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-// Only arguments.cpp, command_line.cpp and their tests include CLI11: it takes longer to compile
-// than all the rest of a subcommand.
+// Only arguments.cpp, command_line.cpp and their tests include CLI11, because it takes longer to
+// compile than the rest of a subcommand.
 namespace CLI {
 class App;
 class Option;
@@ -49,8 +49,8 @@ class ArgumentList {
   Argument addNumber(const char* name, unsigned& value, unsigned least, unsigned most,
                      const char* help);
 
-  // Uses -h for something other than help, which then has only --help. With `values`, it can be
-  // repeated.
+  // Uses -h for something other than help, so that only --help prints the help. With `values`, -h
+  // can be repeated.
   Argument addShortH(std::vector<std::string>& values, bool isRepeatable, const char* help);
 
   // After parsing: unless `isGiven`, a usage error says that `what` is required.

@@ -16,8 +16,8 @@ std::string addressOfHost(const std::string& host);
 // host or the host is unknown.
 std::string addressOfDevice(const std::string& deviceUri);
 
-// Advice for a device URI from which the wake-up before a job does not get `address`, the
-// printer's: why, and a device URI that works. Empty when the URI needs no advice.
+// Advice for a device URI from which the wake-up before a job does not get the printer's `address`:
+// the reason, and a device URI that works. Empty when the URI needs no advice.
 std::string wakeUpAdvice(const std::string& deviceUri, const std::string& address);
 
 }  // namespace kelm::ctl

@@ -147,7 +147,7 @@ std::vector<std::string> PagePictures::finish() {
   for (int page = 1; page <= kMostPages; ++page) {
     std::ifstream file(pathOf(page), std::ios::binary);
     std::string picture(std::istreambuf_iterator<char>(file), {});
-    // A page that was not finished has no end of its file.
+    // The file of a page that was not finished is not complete.
     if (picture.find("IEND") == std::string::npos) break;
     pictures.push_back(std::move(picture));
   }

@@ -31,8 +31,7 @@ struct Queues {
   std::string problem;
 };
 
-// Why a class is not taken for a queue, and what to do. CUPS gives the PPD of one of its queues for
-// it.
+// Why a class is refused, and what to do. CUPS would give the PPD of one of the class's queues.
 std::string classProblem(const std::string& name);
 
 // The number of a job that was sent or, when `problem` is not empty, why none was and what to do.
@@ -66,7 +65,7 @@ class PrintServer {
   // The queue's PPD; libcups' temporary copy is removed.
   OpenedPpd openPpd(const std::string& queue);
 
-  // As openPpd, if `name` is not that of a class.
+  // Like openPpd, but refuses a class.
   OpenedPpd openPpdOfQueue(const std::string& name);
 
   // The queue with the options that lp(1) would send for it, of the server and of lpoptions(1);

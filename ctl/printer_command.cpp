@@ -30,7 +30,7 @@ using Json = nlohmann::ordered_json;
 using Names = std::optional<std::vector<std::string>>;
 
 constexpr auto kTurn = std::chrono::milliseconds(100);
-// A socket each; a process may have 1024 descriptors.
+// Each printer needs a socket, and a process may have 1024 descriptors.
 constexpr unsigned kMostAtATime = 900;
 
 struct Arguments {
@@ -142,7 +142,7 @@ int showOne(const Arguments& arguments, const Console& console) {
   return fail(console, noAnswerMessage(facts, address, arguments.community));
 }
 
-// Nothing for a printer that was not asked to the end.
+// Nothing for a printer whose questions were not finished.
 std::vector<std::optional<AskedPrinter>> askMany(const Arguments& arguments,
                                                  const Console& console) {
   const Interruption interruption;

@@ -126,8 +126,8 @@ class Questions {
                       std::span(snmp::sharedBoxNameOID).first(objects)});
   }
 
-  // These lists are stored without gaps: without one of its entries, a list would move those after
-  // it to other numbers.
+  // These lists are stored without gaps. If an entry were left out, those after it would get other
+  // numbers.
   Names inStepsUnless(Names whole, const ListObjects& list) {
     if (whole) return whole;
     const auto entries = boxesInSteps(list);

@@ -19,10 +19,10 @@ struct SharedBox {
   bool isLeftOut() const { return state.empty(); }
 };
 
-// What the printer does not give, or not completely, is absent.
+// What the printer does not give, or does not give completely, is absent.
 struct PrinterFacts {
   bool answered = false;    // if not, the other members keep these values
-  int sleepModeStatus = 0;  // 0: the printer answered; 1: it could not be asked; 2: it kept silent
+  int sleepModeStatus = 0;  // 0: the printer answered; 1: it could not be asked; 2: no answer
   std::int32_t sleepMode = -1;
   std::optional<std::string> macAddress;
   std::optional<bool> adminLoginModeEnabled;
@@ -33,8 +33,8 @@ struct PrinterFacts {
   std::optional<std::vector<std::string>> colorProfiles;
   std::vector<std::string> leftOut;  // entries that cannot be read, such as "shared box 17"
 
-  // Whether it is a KELM printer at all: another device's agent answers too, but knows none of
-  // these facts.
+  // Whether the device is a KELM printer: other devices may answer too, but know none of these
+  // facts.
   bool knowsAnything() const {
     return macAddress || sleepMode != -1 || sharedBoxes || forms || barcodeAreas || colorProfiles;
   }

@@ -14,7 +14,7 @@
 namespace kelm::ctl {
 namespace {
 
-// A printer that is there answers soon: more processes would only take memory.
+// A printer that is on answers soon, so more processes would only take memory.
 constexpr std::size_t kMostProcesses = 64;
 constexpr int kSilent = 2;  // PrinterFacts::sleepModeStatus
 
@@ -74,7 +74,7 @@ void PrinterQueries::lookUp(Item item) {
   });
 }
 
-// Where nothing can be sent, the question for everything finds out why.
+// If nothing can be sent, the last step finds out why.
 void PrinterQueries::find(Item item, const std::string& address) {
   item.refusal = impossibleAddressProblem(item.address, address, item.query.loopback);
   if (!item.refusal.empty()) {

@@ -26,10 +26,11 @@ struct PrinterQuery {
   Loopback loopback = Loopback::kAccepted;
 };
 
-// A printer at an address that none can have is not asked. Three steps for each printer: its host
-// name is looked up, then it is found out whether it is there, then it is asked for everything. The
-// first and the last one wait for strangers in a process each, and there are never many of these.
-// The second one, in which a printer that is off takes seconds, needs none.
+// There are three steps for each printer: its host name is looked up, then it is asked whether it
+// answers at all, then it is asked for everything. The first and the last step may wait for other
+// machines, so they run in processes of their own, of which there are never many. The second step,
+// in which a printer that is off takes seconds, needs no process. A printer is not asked if no
+// printer can have its address.
 class PrinterQueries {
  public:
   // Nothing: the process that asked died.
@@ -46,7 +47,8 @@ class PrinterQueries {
   // `done` is called during a later `wait`.
   void start(PrinterQuery query, Done done);
 
-  // Goes on with all printers; waits for news at most `limit`, until a signal arrives.
+  // Goes on with all printers. Waits for at most `limit`, or until something happens or a signal
+  // arrives.
   void wait(std::chrono::milliseconds limit);
 
  private:

@@ -28,7 +28,7 @@ int openLockFile() {
   return file;
 }
 
-// This computer's print server has several names, and a queue of it only one lock.
+// This computer's print server has several names, but each of its queues has only one lock.
 std::string_view serverKey(std::string_view server) {
   const auto begins = [&](std::string_view start) { return server.starts_with(start); };
   const bool isLocal = server.empty() || begins("/") || begins("localhost") || begins("127.") ||

@@ -92,7 +92,8 @@ class Merge {
     for (const char* attribute : kPaperAttributes) defaults_[attribute] = paper->second;
   }
 
-  // As CUPS writes them. A value that CUPS cannot have written is not copied into a new PPD.
+  // The stored lines as CUPS writes them. A value that CUPS cannot have written is not copied into
+  // a new PPD.
   std::string factLines() {
     std::string lines;
     for (const auto& [keyword, value] : storedLinesOf(oldPpd_)) {

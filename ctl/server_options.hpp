@@ -1,4 +1,4 @@
-// The options that name print servers and the user, as the CUPS commands have them.
+// The options for print servers and the user, the same as those of the CUPS commands.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -15,10 +15,11 @@ struct ServerOptions {
   bool isEncrypted = false;        // or no connection at all
 };
 
-// Adds -h, -U and -E, as the CUPS commands have them. Help then has only --help.
+// Adds -h, -U and -E, with the meaning that they have in the CUPS commands. Only --help prints the
+// help.
 void declareServer(ArgumentList& list, ServerOptions& options);
 
-// As declareServer; -h can be given several times.
+// Like declareServer, but -h can be given several times.
 void declareServers(ArgumentList& list, ServerOptions& options);
 
 // All servers; an empty name is the default server of libcups (CUPS_SERVER, client.conf). The user

@@ -51,7 +51,8 @@ constexpr Row kRows[] = {
 };
 // clang-format on
 
-// The lists' readers leave no gaps; their entries' numbers are found in the same way.
+// The lists' readers leave no gaps. The numbers of the entries are found in the same way as the
+// entries.
 std::vector<int> numbersOf(const ppdsettings::StoredFact* list, ppd_file_t* ppd) {
   std::vector<int> numbers;
   for (int index = 0; list != nullptr && index <= list->lastIndex; ++index) {

@@ -16,7 +16,8 @@ struct StoredSetting {
   const char* label;   // in the readable output
   std::variant<bool, std::string, std::vector<std::string>, std::vector<std::int32_t>> value;
   std::vector<int> numbers;  // of a list of texts: each entry's number, from 1 on, with gaps
-  // Of a JSON object, for the numbers; null unless entries keep theirs: other lists have no gaps.
+  // The member of a JSON object for the numbers. Null for lists without gaps, whose numbers say
+  // nothing.
   const char* numbersMember = nullptr;
 };
 
@@ -31,7 +32,8 @@ struct ReadableEntry {
 // All settings, in their fixed order; `ppd` may be null.
 std::vector<StoredSetting> storedSettings(ppd_file_t* ppd);
 
-// Whether the setting is a list. A list has the entries that are stored, another setting has one.
+// Whether the setting is a list. A list has the entries that are stored, any other setting has one
+// entry.
 bool isList(const StoredSetting& setting);
 std::vector<ReadableEntry> readableEntries(const StoredSetting& setting);
 

@@ -18,7 +18,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// A socket each; a process may have 1024 descriptors.
+// Each printer needs a socket, and a process may have 1024 descriptors.
 constexpr unsigned kMostPrintersAtATime = 900;
 constexpr unsigned kLongestWait = 86400;
 

@@ -24,12 +24,11 @@ struct UpdateLines {
   std::string problem;
 };
 
-// The longest line of a PPD that libcups reads has 255 characters: "*", the keyword, ": " and the
-// value.
+// The longest line of a PPD that libcups reads has 255 bytes: "*", the keyword, ": " and the value.
 inline constexpr std::size_t kMostOfKeywordAndValue = 252;
 
-// CUPS passes a job's options to the filter as one argument, which Linux limits to 131072 bytes;
-// the rest is left for the options that CUPS adds.
+// CUPS passes a job's options to the filter as one argument, which Linux limits to 131071 bytes.
+// The rest is left for the options that CUPS adds.
 inline constexpr std::size_t kMostOfAllLines = 100'000;
 
 // The printer's MAC address in the form that a job understands: six hexadecimal parts between
@@ -42,10 +41,10 @@ std::optional<std::string> storableMacAddress(const PrinterFacts& facts);
 // known.
 std::vector<std::string> missingFacts(const PrinterFacts& facts);
 
-// The lines that make the PPD say what the printer at `address` said. Of the shared boxes those in
-// use are kept, box n at index n - 1; the other lists are kept from index 0 on. What `stored` holds
-// beyond that is emptied, because CUPS cannot remove a keyword. What the printer did not give stays
-// as it is stored, and PPDOptionsUpdated is set only when nothing is missing.
+// The lines that store what the printer at `address` said. The shared boxes in use are stored, box
+// n at index n - 1; the other lists are stored from index 0 on. Other entries in `stored` get an
+// empty value, because CUPS cannot remove a keyword. What the printer did not give is not changed,
+// and PPDOptionsUpdated is set only when nothing is missing.
 UpdateLines updateLinesFor(const PrinterFacts& facts, const std::string& address,
                            const std::string& community, const StoredLines& stored);
 

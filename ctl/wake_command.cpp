@@ -61,7 +61,7 @@ std::chrono::seconds secondsSince(Clock::time_point start) {
   return std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - start);
 }
 
-// How long it took until the service called back or no call-back can come any more.
+// The time until the service called back, or until no call-back could come any more.
 std::chrono::seconds waitForCallBack(const std::atomic<bool>& finished,
                                      const platform::WakeUpConnection& connection) {
   const auto start = Clock::now();
@@ -122,8 +122,8 @@ struct Task {
   std::optional<Clock::time_point> start;  // absent: the service was not asked
 };
 
-// Wakes all printers at the same time, each in a process of its own, while queues are still being
-// asked for theirs.
+// Wakes all printers at the same time, each in a process of its own. It begins while the print
+// servers are still being asked for the PPDs of other queues.
 class Waking {
  public:
   Waking(const Arguments& arguments, const Console& console)

@@ -1,4 +1,4 @@
-// What the wake-up service is asked for, for one printer.
+// The request to the wake-up service for one printer.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/wake_plan.hpp"
 
@@ -9,7 +9,7 @@
 namespace kelm::ctl {
 namespace {
 
-// What the queue lacks; empty when it lacks nothing.
+// What the queue lacks for a wake-up; empty when it lacks nothing.
 std::string problemOf(const wakeup::WakeUpSettings& settings, const std::string& queue) {
   const std::string name = "the queue \"" + queue + "\"";
   if (!settings.isWakeOnLan) {

@@ -1,4 +1,4 @@
-// What the wake-up service is asked for, for one printer.
+// The request to the wake-up service for one printer.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -27,7 +27,7 @@ void writeAll(int descriptor, std::string_view bytes) {
   }
 }
 
-// Ctrl-C at the terminal reaches all processes; the parent process decides which end.
+// Ctrl-C at the terminal reaches all processes, but the parent process decides which of them end.
 [[noreturn]] void runAndEnd(const WorkerPool::Work& work, int results, pid_t parent) {
   platform::endWithParent(parent);
   std::signal(SIGINT, SIG_IGN);

@@ -33,8 +33,8 @@ class WorkerPool {
   // started.
   void start(const Work& work, Done done);
 
-  // Waits for results at most `limit` and calls `done` for each; returns early with the first ones,
-  // when a signal arrives, and when `other`, a descriptor or -1, becomes readable.
+  // Waits for results for at most `limit` and calls `done` for each. Returns earlier after the
+  // first results, when a signal arrives, or when `other` (a descriptor or -1) becomes readable.
   void wait(std::chrono::milliseconds limit, int other = -1);
 
  private:

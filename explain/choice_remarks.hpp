@@ -28,7 +28,7 @@ std::optional<Remark> remarkOnChoice(const Request& request, const Option& optio
 std::optional<Remark> remarkOnTableChoice(const Request& request, const Option& option,
                                           const RowFacts& row);
 
-// On an option that takes one of these keywords; finishings can be several of them. With no
+// On an option that takes one of these keywords; finishings takes several of them. If there are no
 // keywords, any value is right.
 std::optional<Remark> unlessKeywords(const Option& option,
                                      const std::vector<std::string>& keywords);

@@ -63,8 +63,8 @@ bool exclude(ppd_file_t* ppd, const Choice& one, const Choice& other) {
   return ppdConflicts(ppd) != 0;
 }
 
-// Choices that a constraint forbids together: pairs, and what is left of constraints on more than
-// two options.
+// Choices that a constraint forbids together: first pairs, then together all choices that are in no
+// pair, for constraints on more than two options.
 std::vector<std::vector<Choice>> conflictsAmong(ppd_file_t* ppd, const std::vector<Choice>& all) {
   std::vector<std::vector<Choice>> conflicts;
   std::vector<Choice> left = all;
@@ -80,13 +80,13 @@ std::vector<std::vector<Choice>> conflictsAmong(ppd_file_t* ppd, const std::vect
   return conflicts;
 }
 
-// Which options of the job choose what the PPD's options are marked with.
+// Finds the options of the job that led to the marked choices of the PPD.
 class Choosers {
  public:
   explicit Choosers(const Request& request) : request_(request) {}
 
-  // The option without which the choice would be the PPD's default; its own option if that says
-  // so, too. Null when no option is for it.
+  // The job's option that gives the choice; preferably the one with the choice's own keyword. Null
+  // if no option gives it.
   const Option* of(const Choice& choice) const;
 
  private:
@@ -126,7 +126,7 @@ std::string joined(const std::vector<std::string>& texts) {
   return all;
 }
 
-// Names the options that the person typed; none when all the choices are the PPD's defaults.
+// Names the options that the user typed. Nothing if all the choices are the PPD's defaults.
 std::optional<Remark> remarkOnConflict(const Request& request, const std::vector<Choice>& choices) {
   const Choosers choosers(request);
   std::vector<const Option*> typed;

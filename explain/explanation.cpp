@@ -1,8 +1,8 @@
 // What would be sent for a job: each line of its header, what it means and where its value comes
 // from.
 //
-// The filter's own stages show where a value comes from: an option is the cause of a line when the
-// line would be different without the option.
+// An option is the cause of a line if the filter's own stages write another line without the
+// option.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/explanation.hpp"
 
@@ -81,7 +81,7 @@ std::vector<Trial> trialsOf(const Request& request) {
   return trials;
 }
 
-// Whether the stages left the option as it was asked for, or without "Custom.".
+// Whether the stages left the option's value unchanged, or only removed "Custom.".
 bool isSettled(const Option& asked, const std::vector<Option>& settled) {
   constexpr std::string_view kCustom = "Custom.";
   const Option* option = findOption(settled, asked.name);
@@ -91,8 +91,8 @@ bool isSettled(const Option& asked, const std::vector<Option>& settled) {
          (isCustom && option->value == asked.value.substr(kCustom.size()));
 }
 
-// The options without which the line would be different. If several options ask for the same value:
-// each of them that is enough alone. If the job asks for the default: the options that the row
+// The options without which the line would be different. If several options ask for the same value,
+// each of them that is enough alone. If the job asks for the default, the options that the row
 // reads.
 std::vector<Option> causesOf(const std::vector<Trial>& trials, const Place& place,
                              const pjl::RecordedLine& line, const RowFacts& row,
@@ -117,7 +117,7 @@ Origin originWithoutCause(const RowFacts& row, const std::vector<Option>& settle
   const auto isStated = [&](const std::string& name) {
     return findOption(settled, name) != nullptr;
   };
-  // The other options of a row that chooses among variables do not give the value.
+  // If a row chooses among variables, its other options do not give the value.
   const bool isChoiceOfVariables = row.variables.size() > 1 && !row.writesAllVariables;
   const bool stated = isChoiceOfVariables ? isStated(row.options.front())
                                           : std::ranges::any_of(row.options, isStated);
@@ -125,7 +125,7 @@ Origin originWithoutCause(const RowFacts& row, const std::vector<Option>& settle
                                                               : Origin::kTableDefault;
 }
 
-// The job, and what the stages make of it and of its variants.
+// The job and its variants, and what the stages make of them.
 struct Job {
   const Request& request;
   Outcome base;  // without options
@@ -146,7 +146,7 @@ std::vector<Option> becameOf(const RowFacts& row, const Job& job) {
     const bool isAsked = std::ranges::any_of(job.request.options, [&](const Option& asked) {
       return asked.name == option->name && isSettled(asked, {*option});
     });
-    // The option of the number of copies is not one that users type.
+    // Users do not type the option that holds the number of copies.
     if (!isAsked && !name.starts_with("com.apple.")) became.push_back(*option);
   }
   return became;
@@ -185,7 +185,7 @@ std::vector<const pjl::RecordedLine*> linesOfOption(const StreamReport& report,
   return lines;
 }
 
-// Whether the filter writes these lines for this choice alone.
+// Whether the filter writes these lines for this choice only.
 bool isWrittenFor(Request request, const Option& choice,
                   const std::vector<const pjl::RecordedLine*>& lines) {
   request.options.push_back(choice);
@@ -196,8 +196,8 @@ bool isWrittenFor(Request request, const Option& choice,
   });
 }
 
-// A value of several choices (AUTOSELECT=OFF) means one of them if another line of the same option
-// says which (MEDIASOURCE=TRAY2). Nothing if none does.
+// Several choices can have the same value (AUTOSELECT=OFF). Returns the choice that another line of
+// the same option tells (MEDIASOURCE=TRAY2). Nothing if no line does.
 std::vector<Option> choiceOfLines(const StreamReport& report, const Request& none,
                                   const RowFacts& row) {
   if (none.ppd == nullptr || row.options.empty()) return {};
@@ -256,7 +256,7 @@ Explanation explained(const Request& request) {
   const QuietPlatform quiet;
   const auto none = [](const Option&) { return false; };
   Job job{request, outcomeOf(reduced(request, 1, none)), {}, trialsOf(request)};
-  job.outcome = outcomeOf(request);  // the last one: its marks stay in the PPD
+  job.outcome = outcomeOf(request);  // called last, because its marks stay in the PPD
   const Values base = valuesOf(job.base.header);
   Explanation explanation;
   forEachLine(job.outcome.header, [&](const Place& place, const pjl::RecordedLine& line) {

@@ -44,9 +44,9 @@ struct Explanation {
 // The PPD's texts should be localised before (ppdLocalize).
 Explanation explained(const Request& request);
 
-// The header of a stream as lines without sources. Without a PPD their names are the variables'.
-// Changed are those that differ from a job without options, except the names of computer, user and
-// job.
+// The header of a stream as lines without sources. Without a PPD, the variables' names are used.
+// Lines that differ from those of a job without options are marked as changed, except the names of
+// computer, user and job.
 std::vector<Line> linesOf(const StreamReport& report, ppd_file_t* ppd);
 
 }  // namespace kelm::explain

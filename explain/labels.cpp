@@ -47,7 +47,7 @@ std::optional<int> hexDigit(char c) {
   return std::nullopt;
 }
 
-// The header has many choices in capitals.
+// In the header, many choices are in capitals.
 const ppd_choice_t* choiceNamed(const ppd_option_t& option, const std::string& name) {
   for (const ppd_choice_t& choice :
        std::span(option.choices, static_cast<std::size_t>(option.num_choices))) {
@@ -67,8 +67,8 @@ std::string groupOf(ppd_file_t* ppd, const ppd_option_t* wanted) {
   return {};
 }
 
-// The choice that has the line's value in the table. A value that several choices of the PPD have
-// names none of them.
+// The choice that has the line's value in the table. The value itself if several choices of the PPD
+// have it, or none.
 std::string choiceWithValue(const pjl::ValueTableView& table, const std::string& value,
                             const ppd_option_t* option) {
   const ppd_choice_t* only = nullptr;
@@ -84,12 +84,12 @@ std::string choiceWithValue(const pjl::ValueTableView& table, const std::string&
   return found;
 }
 
-// Switches that the text of an ordinary job turns on: the text's option gives them their name. The
-// switches of the same name are the maker's dialog's.
+// Switches that a text turns on in an ordinary job. They are named after the option of the text,
+// because the options with the switches' own names are only for the maker's dialog.
 constexpr std::string_view kTextSwitches[] = {"QVBARCODEAREA", "QVOWNERNAME", "QVJOBNAME",
                                               "QVSECRETNUM"};
 
-// The option that names the line: the variable's own one, or that of the text.
+// The option after which the line is named: the variable's own one, or that of the text.
 const ppd_option_t* namingOption(ppd_file_t* ppd, const RowFacts& row, std::string_view variable,
                                  const ppd_option_t* own) {
   if (std::ranges::find(kTextSwitches, variable) == std::end(kTextSwitches)) return own;
@@ -116,7 +116,7 @@ const ppd_option_t* ppdOptionOf(ppd_file_t* ppd, const RowFacts& row, const RowF
   if (own.starts_with("QV")) {
     if (const ppd_option_t* option = job::r_ppdFindOption(ppd, own.c_str())) return option;
   }
-  // The maker's dialog has options that are not in the PPD.
+  // The maker's dialog also sends options that are not in the PPD.
   for (const RowFacts* facts : {&plainRow, &row}) {
     for (const std::string& name : facts->options) {
       if (const ppd_option_t* option = job::r_ppdFindOption(ppd, ppdKeyword(name))) return option;
@@ -130,8 +130,8 @@ struct Named {
   const ppd_choice_t* choice;
 };
 
-// The standard option of the PPD that stands for this choice of an own option: people know it,
-// where the own one only overrides it. Nothing when there is none.
+// The standard option of the PPD that means this choice of an own option. Users know the standard
+// option; the own option only overrides it. Nothing when there is none.
 std::optional<Named> standardName(ppd_file_t* ppd, const ppd_option_t& own,
                                   const std::string& chosen) {
   for (const stdoptions::StandardOption& row : stdoptions::kStandardOptions) {
@@ -148,7 +148,7 @@ std::optional<Named> standardName(ppd_file_t* ppd, const ppd_option_t& own,
   return std::nullopt;
 }
 
-// The standard option of the PPD that stands for an own option; the own one when there is none.
+// The standard option of the PPD that sets an own option; the own option if there is none.
 const ppd_option_t* standardOption(ppd_file_t* ppd, const ppd_option_t& own) {
   for (const stdoptions::StandardOption& row : stdoptions::kStandardOptions) {
     if (row.source != stdoptions::Source::kMarked || row.own != std::string_view(own.keyword)) {
@@ -193,7 +193,7 @@ Label labelOf(ppd_file_t* ppd, const RowFacts& row, const pjl::RecordedLine& lin
   const ppd_choice_t* named = nullptr;
   if (option != nullptr) {
     named = choiceNamed(*option, choice);
-    // The value may be a choice of another option than the one that it comes from.
+    // The value may come from one option and be a choice of another.
     if (named == nullptr) named = choiceNamed(*option, line.value);
     if (named == nullptr && line.value == kCustomSize) named = choiceNamed(*option, "Custom");
     if (const auto standard = standardName(ppd, *option, choice)) {

@@ -9,7 +9,8 @@
 
 namespace kelm::explain {
 
-// The first member that asks for nothing, or that there is none. cupsd drops those without a word.
+// On the first member that has no effect, or on a media-col without any useful member. cupsd
+// ignores both without a message.
 std::optional<Remark> remarkOnMediaCol(const Request& request);
 
 }  // namespace kelm::explain

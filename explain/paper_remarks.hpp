@@ -15,8 +15,8 @@ namespace kelm::explain {
 std::optional<Remark> remarkOnMedia(const Request& request, const Option& option,
                                     const std::vector<std::string>& known);
 
-// CUPS' own option and the PPD's choose different papers. libcups reads both: "media" has many
-// forms.
+// If CUPS' own option and the PPD's choose different papers. libcups decides, because "media" has
+// many forms.
 std::optional<Remark> remarkOnPaper(const Request& request);
 
 // Dialogs refuse custom papers that the printer cannot have, and lp(1) does not.

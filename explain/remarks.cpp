@@ -89,7 +89,7 @@ std::optional<Remark> remarkOnName(const Request& request, const Option& option)
   if (const auto row = rowOf(option.name, request.isDialogJob())) {
     return remarkOnTableChoice(request, option, *row);
   }
-  // The print server's defaults are of any name.
+  // The print server's defaults can have any name.
   if (isOfCups(option.name) || option.giver == Giver::kQueue) return std::nullopt;
   if (isDialogOption(option.name)) {
     if (request.isDialogJob()) return std::nullopt;
@@ -99,7 +99,7 @@ std::optional<Remark> remarkOnName(const Request& request, const Option& option)
       option, "is not an option of this printer", {}, nearestOf(option.name, knownNames(request))};
 }
 
-// Whether an option of the PPD does nothing in this job. Its default asks for nothing anyway.
+// Whether an option of the PPD has no effect in this job although its value is not the default.
 bool isIdle(const Request& request, const Option& option, const ppd_option_t& known) {
   if (request.isDialogJob() || option.value == known.defchoice) return false;
   if (rowOf(option.name, false)) return false;
@@ -119,7 +119,7 @@ std::optional<Remark> remarkOnSpelled(const Request& request, const Option& opti
   return remarkOnChoice(request, option, *known);
 }
 
-// lp(1) and cupsd read these, and know them only in their own letters.
+// lp(1) and cupsd read these, and know them only with exactly these capital letters.
 bool needsItsLetters(std::string_view standard) {
   return standard.starts_with("job-") || standard == "copies" || standard == "media-col";
 }

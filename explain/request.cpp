@@ -1,4 +1,4 @@
-// A job that is not printed: its options and its PPD, and the header that it would have.
+// A job that is not printed: its options, its PPD, and the header that it would have.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/request.hpp"
 
@@ -67,7 +67,7 @@ void markMedium(ppd_file_t* ppd, const std::string& word) {
   job::r_cupsMarkOptions(ppd, medium.count, medium.first);
 }
 
-// A member of a collection as lp(1) reads it; empty when it is not there.
+// A member of a collection as lp(1) reads it; empty if the collection has no such member.
 std::string memberOf(const std::string& collection, const char* name) {
   const std::vector<Option> members = parsedOptions({collection});
   const Option* member = findOption(members, name);
@@ -120,8 +120,7 @@ void addMediaCol(const Request& request, CupsOptions& options) {
   }
 }
 
-// cupsd gives the filter the choices that the PPD names for the job's finishings, instead of the
-// job's own ones.
+// cupsd replaces the job's own options by the choices that the PPD names for the job's finishings.
 void addFinishings(const Request& request, CupsOptions& options) {
   const Option* finishings = findOption(request.options, "finishings");
   if (request.ppd == nullptr || finishings == nullptr) return;

@@ -15,7 +15,7 @@ namespace kelm::explain {
 
 // Who gave an option to a job.
 enum class Giver {
-  kJob,           // the person, with the job
+  kJob,           // the user, with the job
   kUserDefaults,  // ~/.cups/lpoptions
   kHostDefaults,  // lpoptions in CUPS' configuration directory
   kQueue,         // the print server's default for the queue
@@ -39,13 +39,13 @@ struct Request {
   int copies = 1;
   std::string title;
   Giver copiesGiver = Giver::kJob;
-  std::string copiesName = "-n";  // what asks for the copies, as typed
+  std::string copiesName = "-n";  // the option that sets the copies, as typed
 
   bool isDialogJob() const { return findOption(options, "PrintPDE") != nullptr; }
 };
 
-// Makes an option "copies" the number of copies, which CUPS keeps apart from the options. It does
-// not count if `hasCopies`. Returns whether the job has a number of copies.
+// Takes the number of copies from an option "copies", because CUPS keeps the number apart from the
+// options. The option is ignored if `hasCopies`. Returns whether the job has a number of copies.
 bool takeCopies(Request& request, bool hasCopies);
 
 // Adds the defaults that the job's own options do not name, as lp(1) does. A default number of
@@ -64,8 +64,8 @@ struct Outcome {
 // in its PPD. With a step, only the lines of that step are written.
 Outcome outcomeOf(const Request& request, const pjl::HeaderStep* step = nullptr);
 
-// While it exists, answers from the operating system are asked for only once, and the stages'
-// messages do not reach the system log: explaining a job runs the stages many times.
+// Explaining a job runs the stages many times. While this object exists, the operating system is
+// asked only once for each answer, and the stages' messages do not reach the system log.
 class QuietPlatform {
  public:
   QuietPlatform();

@@ -16,11 +16,11 @@ enum class ValueKind { kTable, kCopy, kUpperCase, kOrientation, kOwn };
 // A row as one kind of job uses it. Texts and tables live as long as the program.
 struct RowFacts {
   ValueKind kind = ValueKind::kOwn;
-  std::vector<std::string> variables;  // more than one where the job chooses, or for two lines
+  std::vector<std::string> variables;  // several if the job chooses one of them, or for two lines
   std::vector<std::string> options;    // that the value can come from, in the row's order
   std::optional<pjl::ValueTableView> table;  // of a table row
   pjl::Fallback fallback = pjl::Fallback::kRow;
-  bool writesAllVariables = false;  // a line for each, not for one of them
+  bool writesAllVariables = false;  // a line for each variable, not for only one
   bool mayHaveNoLine = false;
   bool isHexText = false;  // the value is a text, sent in hex
 
@@ -28,8 +28,8 @@ struct RowFacts {
   bool hasChoice(std::string_view name) const;  // in its table
 };
 
-// Whether a line of the row is empty because the printer does not have the job's choice. A text
-// that may not be sent is deliberately left out, which is not the same.
+// Whether a line of the row is empty because the printer does not have the job's choice. This does
+// not include texts that may not be sent, which are left out on purpose.
 bool lacksChoice(const RowFacts& row, std::string_view variable, std::string_view value);
 
 RowFacts factsOf(const pjl::HeaderStep& step, bool isDialogJob);

@@ -1,7 +1,6 @@
 // Finds feature sections of a stream that disagree with its header.
 //
-// The header's own writers decide: what they write for a job with the sections' values is what the
-// header should say.
+// The header should say what the header's own writers write for a job with the sections' values.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/section_check.hpp"
 
@@ -79,8 +78,8 @@ class SectionCheck {
 
  private:
   void check(const Section& section, const pjl::RecordedLine& line);
-  // Whether the option is the first of the row's options that have a section: the others are judged
-  // with it.
+  // Whether the option is the first of the row's options that have a section. The others are
+  // compared together with it.
   bool isJudged(const std::string& option, const RowFacts& row) const;
   bool agrees(const Section& section, const RowFacts& row, const pjl::RecordedLine& line) const;
   bool textAgrees(const Section& section, const RowFacts& row, const pjl::RecordedLine& line) const;
@@ -123,9 +122,9 @@ bool SectionCheck::writtenFor(const Section& section, const std::string& value, 
   return isChoiceOfVariables || written->value == line.value;
 }
 
-// Whether the line says what the section says. A section whose value is no choice, such as (100)
-// for a zoom rate that is OFF, is judged by the choice of its opening comment. The maker's dialog
-// has numbers of its own for choices, and nothing for a switch that is off.
+// Whether the line says what the section says. If the section's value is not a choice, such as
+// (100) for a zoom rate that is OFF, the choice of its opening comment is compared. The maker's
+// dialog sends numbers of its own for choices, and nothing for a switch that is off.
 bool SectionCheck::agrees(const Section& section, const RowFacts& row,
                           const pjl::RecordedLine& line) const {
   const std::string value = optionValue(section);
@@ -137,7 +136,7 @@ bool SectionCheck::agrees(const Section& section, const RowFacts& row,
   return isNoChoice && writtenFor(section, section.choice, row, line);
 }
 
-// A text that comes from the computer is only in the header.
+// Texts that come from the computer are only in the header.
 bool SectionCheck::textAgrees(const Section& section, const RowFacts& row,
                               const pjl::RecordedLine& line) const {
   const bool isComputers = row.fallback == pjl::Fallback::kComputer && section.value.empty();

@@ -9,10 +9,10 @@
 
 namespace kelm::explain {
 
-// What CUPS and the filter do not understand, they take for nothing asked.
+// On the value of a standard option that CUPS and the filter do not understand, and so ignore.
 std::optional<Remark> remarkOnStandard(const Request& request, const Option& option);
 
-// What CUPS' filters do before this printer's, with any PPD.
+// On options that CUPS' own filters handle before this printer's filter, with any PPD.
 std::optional<Remark> remarkOnFilters(const Option& option);
 
 }  // namespace kelm::explain

@@ -1,7 +1,7 @@
-// What a printer stream says: its header, the feature sections of its PostScript, and what is wrong
-// with them.
+// The contents of a printer stream: its header, the feature sections of its PostScript, and what is
+// wrong with them.
 //
-// The stream may hold anything. It is read once, in constant memory: beyond the limits, findings
+// The stream may contain anything. It is read once, in constant memory. Beyond the limits, findings
 // are counted but not kept.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
@@ -32,7 +32,7 @@ struct Finding {
 
 struct StreamReport {
   bool isDialogJob = false;
-  std::vector<pjl::RecordedLine> header;  // as it came; without a row where no row has the variable
+  std::vector<pjl::RecordedLine> header;  // as sent; an unknown variable has no row
   std::vector<Section> sections;          // the first one of each keyword
   std::vector<Finding> findings;
   std::uint64_t moreFindings = 0;  // that are not kept

@@ -1,4 +1,4 @@
-// Words that people type, and the known word that is nearest to one.
+// Words that users type, and the known word that is nearest to one.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/words.hpp"
 

@@ -26,8 +26,8 @@ const char* find(const char* begin, const char* end, char wanted) {
       std::memchr(begin, wanted, static_cast<std::size_t>(end - begin)));
 }
 
-// Whether the text contains "QV", with which every keyword of the printer begins: the search that
-// binary data must pass quickly.
+// Whether the text contains "QV", with which every keyword of the printer begins. All binary data
+// goes through this search, so it must be quick.
 bool namesKeyword(const char* begin, const char* end) {
   for (; (begin = find(begin, end, 'Q')) != nullptr; ++begin) {
     if (begin + 1 < end && begin[1] == 'V') return true;
@@ -115,15 +115,15 @@ std::int32_t followOrientation(LineBuffer& line, std::int32_t length,
   return newLength >= 1 ? newLength : length;
 }
 
-// Writes a line of `length` bytes, without its last one (the line feed), with face down for face
-// up.
+// Writes a line of `length` bytes without its last byte (the line feed), and with "FaceUp" changed
+// to "FaceDown".
 void writeFaceDown(JobStream& stream, LineBuffer& line, std::int32_t length) {
   line.terminate(static_cast<std::size_t>(std::max(length - 1, 0)));
   psrewrite::outputFeatureByCustomSizeValueTitle(stream, line.text(), "FaceUp", "FaceDown");
 }
 
-// Turns a face-up choice and the line after it into face down, unless the job's output tray
-// decides. `line` then holds the line that follows; the result is its length.
+// Changes a face-up choice and the line after it to face down, unless the job's output tray decides
+// the face. Afterwards `line` holds the line that follows; the result is its length.
 std::int32_t suppressFaceUp(JobStream& stream, LineBuffer& line, std::int32_t length,
                             const job::PrintJobData& job) {
   if (job.keepOutputFace != 0 || !line.contains("QVOutputFace FaceUp")) return length;

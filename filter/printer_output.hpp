@@ -12,7 +12,7 @@ namespace kelm::filter {
 
 // A buffered stream over a descriptor that it does not own. Unlike stdio's own, it loses nothing
 // when the descriptor is non-blocking. The first failed write is reported to the system log, with
-// the number of bytes written before; the job goes on.
+// the number of bytes written until then; the job goes on.
 class PrinterOutput {
  public:
   explicit PrinterOutput(int descriptor);

@@ -24,7 +24,7 @@ extern char file_1_Name[kDiagnosticNameSize];
 extern char file_2_Name[kDiagnosticNameSize];
 extern char file_3_Name[kDiagnosticNameSize];
 
-// Whether the switch file exists; its content means nothing.
+// Whether the switch file exists; its content does not matter.
 bool diagnosticsWanted();
 
 void LogFileMessageCheck(bool flag);
@@ -42,8 +42,8 @@ void LogFile3Message_char(const char* text, bool newline);
 void LogFile2Message(int character);
 void LogFile3Message(int character);
 
-// Append a run of characters to file 2 or 3 in one call: what LogFile2Message or LogFile3Message
-// would append for one after the other. An empty run makes no file.
+// Append a run of characters to file 2 or 3 in one call, with the same result as a call for each
+// character. An empty run makes no file.
 void LogFile2Run(std::string_view characters);
 void LogFile3Run(std::string_view characters);
 

@@ -24,7 +24,7 @@ class OptionIndex {
  private:
   void build(std::span<const cups_option_t> options);
 
-  std::span<const cups_option_t> options_;  // what the positions are of
+  std::span<const cups_option_t> options_;  // the array that the positions refer to
   std::unordered_map<std::string_view, std::size_t> positions_;
 };
 

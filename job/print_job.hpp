@@ -45,8 +45,9 @@ bool InitializePrintJobData(int argc, char* argv[], PrintJobData* job);
 // choices, and sets `jobNameHex` and `isPrintPDE`.
 void completePrintJobData(PrintJobData& job);
 
-// The lookup rule of the whole system: the value of the first job option of exactly this name that
-// has a value, copied whole. Without one, or without a record, false, and `destination` is empty.
+// The lookup rule of the whole system: copies the value of the first job option of exactly this
+// name that has a value. Without such an option, or without a record, returns false and empties
+// `destination`.
 bool getOptionValue(const PrintJobData* job, const char* name, std::string& destination);
 
 // The job's options in libcups' order; empty without a record.

@@ -17,7 +17,8 @@ struct RecordedLine {
   std::string value;       // of the variable, else the whole line; may hold line feeds of the job
 };
 
-// Splits "@PJL SET NAME=VALUE" (without its line feed); any other line is all value.
+// Splits "@PJL SET NAME=VALUE" (without its line feed). Any other line becomes the value as a
+// whole.
 RecordedLine recordedLine(const HeaderStep* step, std::string_view line);
 
 // The lines of one step, written for `job`.

@@ -144,7 +144,7 @@ inline constexpr auto kOutputTray = valueTable({{"Auto", "AUTO"},
                                                 {"WideStacker", "WIDESTACKER"},
                                                 {"HighCapacityStacker", "HICAPACITYSTACKER"}},
                                                "AUTO");
-// The default is BACK, which is what the choice ON means.
+// The default is BACK, the value of the choice ON.
 inline constexpr auto kFormSurface = valueTable({{"OFF", "FRONT"}, {"ON", "BACK"}}, "BACK");
 inline constexpr auto kPriorityLayer =
     valueTable({{"Overlay", "OVERLAY"}, {"Original", "ORIGINAL"}, {"Form", "FORM"}}, "OVERLAY");

@@ -1,6 +1,6 @@
 // Property files: property lists (XML or binary) whose top level is a dictionary, looked up under
 // the platform's file root. They are a library of their own, so that only programs that read such
-// files carry their parser.
+// files link the parser.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -18,8 +18,8 @@ struct WakeUpRequest {
   std::string isOverRouter;  // "YES" or "NO"
 };
 
-// The connection on which a request was sent. The call-back arrives on it as long as it lives;
-// once it is destroyed, no call-back runs or will run.
+// The connection on which a request was sent. The call-back can arrive as long as the object
+// exists; after its destruction, no call-back is running or will run.
 class WakeUpConnection {
  public:
   virtual ~WakeUpConnection() = default;

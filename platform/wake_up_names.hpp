@@ -13,8 +13,8 @@ inline constexpr char kCallBackObject[] = "/com/kelm/XPCCallObject";
 inline constexpr char kCallBackInterface[] = "com.kelm.XPCCallProtocol";
 inline constexpr char kCallBackMethod[] = "callFinishedXPCProcess";
 
-// Sent to the same object before the call-back of a request that was turned away; one string, the
-// reason.
+// Sent to the same object before the call-back of a request that was refused. Its argument is one
+// string, the reason.
 inline constexpr char kRefusalInterface[] = "com.kelm.KelmWoLRefusal";
 inline constexpr char kRefusalMethod[] = "wakeUpRefused";
 

@@ -1,5 +1,4 @@
-// PPD files read as text: the operations under their own names, which call the parts that do the
-// work.
+// PPD files read as text: the class with all operations, which calls the parts that do the work.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/kelm_ppd.hpp"
 

@@ -29,7 +29,7 @@ constexpr std::size_t kMaxKeyword = 64;
 // folded.
 constexpr std::size_t kMaxPoint = 3;
 
-// Neither half has a slash.
+// Neither `subject` nor `keyword` contains a slash.
 std::u16string lineKey(std::u16string_view subject, std::u16string_view keyword) {
   return std::u16string(subject).append(u"/").append(keyword);
 }

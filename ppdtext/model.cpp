@@ -80,7 +80,7 @@ class OptionReader {
   ReadProblem problemIn(TextRange keyword, ReadProblem::Kind kind) const {
     return {kind, std::u16string(pieceOf(ppd_.text(), keyword)), ppd_.lineNumber(keyword.start)};
   }
-  // What keeps the option from being added to its group.
+  // Why the option cannot be added to its group.
   ReadProblem addOption(TextRange keyword);
   std::optional<std::vector<ModelGroup>> groups() const;
 
@@ -131,7 +131,7 @@ ReadProblem OptionReader::addOption(TextRange keyword) {
   return {};
 }
 
-// Nothing when groups with the same keyword make too many options.
+// Nothing if groups with the same keyword have too many options together.
 std::optional<std::vector<ModelGroup>> OptionReader::groups() const {
   std::vector<ModelGroup> groups;
   std::size_t choices = 0;

@@ -44,10 +44,10 @@ std::optional<std::u16string> captured(std::u16string_view text, const Match& ma
 
 enum class Letters { kExact, kAnyCase };
 
-// What all searches for one text may cost together. Keywords of a PPD become patterns, and a
-// pattern can take any amount of time. With one budget for all of them, the time for a PPD depends
-// only on its size. A search that exceeds the budget stops with what it has found, and so does
-// every later one.
+// The time that all searches in one text may take together. Keywords of a PPD become patterns, and
+// a pattern can take any amount of time. With one budget for all of them, the time for a PPD
+// depends only on its size. A search that exceeds the budget stops with what it has found, and so
+// does every later one.
 class SearchBudget {
  public:
   explicit SearchBudget(std::u16string_view text);

@@ -46,7 +46,7 @@ class RecordBuilder {
     return static_cast<Element*>(allocate_(count, sizeof(Element)));
   }
 
-  // A list without elements has no array, which is no lack of memory.
+  // A list without elements has no array. This does not mean that memory is exhausted.
   template <class Element, class Items>
   bool makeArray(Element*& elements, const Items& items) const {
     if (items.empty()) return true;

@@ -76,7 +76,8 @@ class JobStream {
     void operator()(char* block) const { ::operator delete[](block, kPageAlignment); }
   };
 
-  // Stores bytes until `limit`, a line feed (stored too) or the end; the number stored.
+  // Stores bytes up to `limit`, a line feed (stored too) or the end. Returns the number of bytes
+  // stored.
   std::size_t takeLine(char* buffer, std::size_t limit);
 
   friend std::int32_t readLine(JobStream& stream, char* buffer, std::size_t limit);
@@ -89,8 +90,8 @@ class JobStream {
   bool ended_ = false;
 };
 
-// Reads the rest of a line, line feed included, at most `limit` bytes; the number of bytes stored,
-// 0 at the end of the input. Writes no terminator; the caller zero-fills.
+// Reads the rest of a line, line feed included, at most `limit` bytes. Returns the number of bytes
+// stored, 0 at the end of the input. Writes no terminator; the caller zero-fills.
 std::int32_t readLine(JobStream& stream, char* buffer, std::size_t limit);
 
 // Reads a line with the standard line reader and removes its first line feed; null at the end of

@@ -20,8 +20,9 @@ bool outputQVCustomOrientation(JobStream& stream, LineBuffer& line, bool landsca
 bool outputFeatureByCustomSizeValue(JobStream& stream, LineBuffer& line, const char* value);
 bool outputFeatureByCustomSizeValueFLG(JobStream& stream, LineBuffer& line, const char* value);
 
-// Writes `line` with every `from` replaced by `to`; the length of `line` as given, or -1 for a null
-// line or when memory is exhausted. The first keeps the result out of the diagnostic files.
+// Writes `line` with every `from` replaced by `to`. Returns the length of the original `line`, or
+// -1 for a null line or when memory is exhausted. The first keeps the result out of the diagnostic
+// files.
 std::int32_t outputFeatureByCustomSizeTitle(JobStream& stream, const char* line, const char* from,
                                             const char* to);
 std::int32_t outputFeatureByCustomSizeValueTitle(JobStream& stream, const char* line,

@@ -1,4 +1,4 @@
-// Finds out which of many printers are there, all at the same time and in one process.
+// Finds out which of many printers answer, all at the same time and in one process.
 // SPDX-License-Identifier: Apache-2.0
 #include "snmp/presence.hpp"
 
@@ -30,7 +30,7 @@ constexpr std::array<Question, 2> kQuestions{
 
 enum class Outcome { kNone, kAnswer, kSilence };
 
-// The library's single session: unlike others it is in no list that `get` would wait for.
+// A single session of the library. Other sessions are in a list that `get` would wait for.
 struct CloseSession {
   void operator()(void* session) const { snmp_sess_close(session); }
 };
@@ -57,7 +57,7 @@ struct Presence::Printer {
   std::size_t question = 0;
   Outcome outcome = Outcome::kNone;
 
-  // The library puts numbers in the place of its defaults when it opens a session.
+  // When the library opens a session, it replaces defaults by numbers.
   bool open() {
     prepareLibrary();
     netsnmp_session wanted = sessionFor(peer.c_str(), community.c_str(), *kQuestions[1].options);
@@ -82,7 +82,7 @@ struct Presence::Printer {
     return true;
   }
 
-  // Called by the library while it reads or repeats, and the session is still in use.
+  // The library calls this while it reads or repeats, so the session is still in use.
   static int note(int operation, netsnmp_session* /*session*/, int /*request*/,
                   netsnmp_pdu* /*response*/, void* self) {
     Outcome& outcome = static_cast<Printer*>(self)->outcome;
@@ -153,7 +153,7 @@ void Presence::repeat() {
   }
 }
 
-// What is called may ask for more printers.
+// The called function may ask for more printers.
 void Presence::endOver() {
   std::vector<std::pair<Found, bool>> results;
   for (auto printer = printers_.begin(); printer != printers_.end();) {

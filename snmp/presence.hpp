@@ -10,8 +10,8 @@
 
 namespace kelm::snmp {
 
-// A printer that is off keeps silent for 8 seconds. Waiting for many of them needs a socket each
-// here, and no process.
+// It takes 8 seconds to know that a printer is off. Waiting for many printers here needs one socket
+// for each, and no processes.
 class Presence {
  public:
   using Found = std::function<void(bool isThere)>;
@@ -21,10 +21,10 @@ class Presence {
   Presence(const Presence&) = delete;
   Presence& operator=(const Presence&) = delete;
 
-  // Asks for the sleep mode and, when that has no answer, for the MAC address, as often as
-  // QVSNMPHelper does. Any answer counts, an error as well. `address` is in numbers, with brackets
-  // if it is an IPv6 address. `found` is called during a later `look`, unless the result is false:
-  // nothing can be sent to this address.
+  // Asks for the sleep mode and, if that gets no answer, for the MAC address, as often as
+  // QVSNMPHelper does. Any answer counts, even an error. `address` is in numbers, with brackets if
+  // it is an IPv6 address. `found` is called during a later `look`. If the result is false, nothing
+  // can be sent to this address, and `found` is not called.
   bool ask(const std::string& address, const std::string& community, Found found);
 
   // How many printers are being asked.
@@ -33,7 +33,8 @@ class Presence {
   // Becomes readable when an answer is there.
   int descriptor() const { return events_; }
 
-  // Takes the answers that are there and repeats what had none. Call it several times a second.
+  // Reads the answers that have arrived, and repeats requests without an answer. Call it several
+  // times a second.
   void look();
 
  private:

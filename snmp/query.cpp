@@ -27,10 +27,10 @@ char* asLibraryText(const char* text) { return const_cast<char*>(text); }
 
 }  // namespace
 
-// The SNMP tools' settings must not change how a printer is asked: init_snmp, which reads
-// configuration and MIB files, is never called, and the files per host are switched off. Without a
-// log handler the library would write to standard error. The first session initialises the library:
-// no object identifier can be parsed before it.
+// The settings of the SNMP tools must not change how a printer is asked. So init_snmp, which reads
+// configuration and MIB files, is never called, and the files for single hosts are switched off.
+// Without a log handler the library would write to standard error. The first session initialises
+// the library; no object identifier can be parsed before that.
 void prepareLibrary() {
   [[maybe_unused]] static const bool done = [] {
     netsnmp_session first;

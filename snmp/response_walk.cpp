@@ -16,7 +16,7 @@ std::string_view bytesOf(const netsnmp_variable_list& variable) {
   return {reinterpret_cast<const char*>(variable.val.string), variable.val_len};
 }
 
-// The library holds an INTEGER as a long. Of a value of another type, its bytes are used.
+// The library holds an INTEGER as a long. If a value has another type, its bytes are used.
 long integerOf(const netsnmp_variable_list& variable) {
   long integer = 0;
   bytesOf(variable).copy(reinterpret_cast<char*>(&integer), sizeof integer);

@@ -21,8 +21,8 @@ struct StepwiseAnswer {
 };
 
 // Asks for all `objects` and halves each request that fails, down to single objects. There is no
-// list when the printer is silent, or when more than 10 entries cannot be read: then it counts as a
-// printer without the list. `address` has the form that QVSNMPHelper takes.
+// list if the printer does not answer, or if more than 10 entries cannot be read: the printer then
+// counts as one without the list. `address` has the form that QVSNMPHelper takes.
 StepwiseAnswer getStepwise(const char* address, const char* community,
                            std::span<const OidText> objects, ValueKind kind);
 

@@ -24,10 +24,12 @@ using job::PrintJobData;
 constexpr char kOrientation[] = "QVOrientation";
 constexpr std::size_t kMostDigits = 9;  // of a number that is copied
 
-// The header copies its value as it is: a printer may have more boxes than the PPD has choices.
+// The header copies this option's value as it is, because a printer may have more boxes than the
+// PPD has choices.
 constexpr char kOpenOption[] = "QVOutputBox";
 
-// Their sections hold XXX, and the PostScript's rewriting fills in what the job's option says.
+// The sections of these texts contain XXX. The writers of the sections replace it by the job's
+// text.
 constexpr const job::TextField* kTextFields[] = {
     &job::kOwnerName,        &job::kJobName,       &job::kSecretNum,   &job::kJobComment,
     &job::kBarcodeSelection, &job::kOutputProfile, &job::kFormSelect1, &job::kFormSelect2,
@@ -66,11 +68,12 @@ const StandardChoice* rowOf(std::span<const StandardChoice> choices, std::string
   return row == choices.end() ? nullptr : &*row;
 }
 
-// Who asks by a marked choice: the job, or only the queue by its default.
+// Where a marked choice comes from: the job, or only the queue's default.
 enum class Asker { kJob, kQueue };
 
-// The choice of the own option that the marked choice stands for, if `asker` asks by it. The
-// neutral choice counts only if the job takes another default of the queue back by it.
+// The choice of the own option that the marked choice means, if the marked choice comes from
+// `asker`. The neutral choice counts only if the job overrides another default of the queue with
+// it.
 const char* askedByMark(const PrintJobData& job, const StandardOption& standard, Asker asker) {
   const ppd_option_t* option = job::r_ppdFindOption(job.ppd, standard.keyword);
   const char* choice = option == nullptr ? nullptr : markedChoice(*option);
@@ -100,7 +103,7 @@ const char* askedFor(const PrintJobData& job, const StandardOption& standard, As
   return asker == Asker::kJob ? askedByJob(job, standard) : nullptr;
 }
 
-// What the job asks for counts under any of its names, before the queue's default.
+// What the job asks for, by any of the names, wins over the queue's default.
 const char* standardChoice(const PrintJobData& job, const char* own) {
   const char* ofQueue = nullptr;
   for (const StandardOption& standard : kStandardOptions) {
@@ -165,8 +168,8 @@ class OwnOption {
  private:
   bool isCustom() const { return written_ != nullptr && std::strcmp(written_, "Custom") == 0; }
 
-  // Whether the job asks for something by the option itself. Dialogs send every option with its
-  // default: that asks for nothing.
+  // Whether the job asks for something with the option itself. Dialogs send every option with its
+  // default, so a default is not a request.
   bool ownAsks() const {
     return typed_ != nullptr && strcasecmp(typed_, option_.defchoice) != 0 && means(typed_);
   }

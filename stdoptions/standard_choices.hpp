@@ -1,5 +1,5 @@
-// Standard options, and the printer's own option and choice that each of their choices stands for:
-// tables with a row for each choice.
+// Standard options, and the choices of the printer's own options that their choices mean: tables
+// with a row for each choice.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -44,7 +44,7 @@ inline constexpr StandardChoice kInputSlot[] = {
     {"LargeCapacity", "HighCapacityFeeder"},
     {"ExternalFeeder", "ExternalFeeder"},
 };
-// The own names count there, too.
+// A job may also use the printer's own names.
 inline constexpr StandardChoice kOwnInputSlot[] = {
     {"Auto", "Auto"},
     {"FeedTray1", "FeedTray1"},
@@ -112,7 +112,8 @@ inline constexpr StandardChoice kPrintColorMode[] = {
     {"color", "Auto"},
     {"monochrome", "Black"},
 };
-// These count before ColorModel: to such a job cupsd and libcups add the PPD's preset for colour.
+// These win over ColorModel, because cupsd and libcups add the PPD's preset for colour to such a
+// job.
 inline constexpr StandardChoice kBlackColorMode[] = {
     {"auto", "Auto"},
     {"auto-monochrome", "Black"},
@@ -126,7 +127,7 @@ inline constexpr StandardChoice kPrintQuality[] = {
     {"3", "Draft"},
     {"5", "Fine"},
 };
-// The same in cupsd's words: libcups keeps only one of the two options in a list.
+// The same in cupsd's words. libcups keeps only one of the two options in a list of options.
 inline constexpr StandardChoice kCupsPrintQuality[] = {
     {"Normal", "Standard"},
     {"Draft", "Draft"},
@@ -162,7 +163,7 @@ inline constexpr StandardOption kStandardOptions[] = {
 
 namespace detail {
 
-// A choice that an earlier row of its table names again would never be found.
+// If a choice were in two rows of a table, the second row would never be found.
 consteval bool noChoiceTwice() {
   return std::ranges::all_of(kStandardOptions, [](const StandardOption& option) {
     for (std::size_t i = 0; i < option.choices.size(); ++i) {

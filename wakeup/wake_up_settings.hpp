@@ -24,10 +24,10 @@ WakeUpSettings wakeUpSettingsOf(ppd_file_t* ppd);
 // The request to wake the printer at `address` with these settings.
 platform::WakeUpRequest requestFor(const WakeUpSettings& settings, const Text& address);
 
-// The device URI of the queue `printer` among CUPS' destinations (of the default one for an absent
-// name): its last option "device-uri". Without such a queue or option, DEVICE_URI from the
-// environment (filter(7)), which a print server without destinations sets too. Absent when there is
-// neither.
+// The device URI of the queue `printer` among CUPS' destinations (of the default destination if the
+// name is absent): its last option "device-uri". Without such a queue or option, DEVICE_URI from
+// the environment (filter(7)), which a print server without destinations sets too. Absent if there
+// is neither.
 Text deviceUriOf(const Text& printer);
 
 }  // namespace kelm::wakeup

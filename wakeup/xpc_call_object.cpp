@@ -90,7 +90,7 @@ Text resolveSplit(const std::vector<std::string>& parts, std::size_t last) {
   return service ? dottedQuad(service->resolve(kResolveLimit)) : std::nullopt;
 }
 
-// A service's name may hold dots: each place where it may end is tried, from the left.
+// A service's name may contain dots, so each place where it may end is tried, from the left.
 Text resolveService(const std::string& host) {
   const std::vector<std::string> parts = split(host, '.');
   for (std::size_t last = 0; last + kMinHostParts <= parts.size(); ++last) {

@@ -23,7 +23,7 @@ bool answers(const std::string& address, const std::string& community) {
              kelm::snmp::bracketed(address).c_str(), community.c_str(), &sleepMode) == 0;
 }
 
-// The service waits for these signals among its other events.
+// The service's event loop waits for these signals.
 void blockSignals() {
   sigset_t signals;
   sigemptyset(&signals);

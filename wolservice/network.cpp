@@ -100,7 +100,7 @@ bool canBeAPrinter(const in6_addr& address) {
          !IN6_IS_ADDR_MULTICAST(&address);
 }
 
-// Without its zone, which need not be one of this machine's.
+// Without its zone, which may not exist on this machine.
 std::optional<sockaddr_storage> numericAddressWithoutZone(const std::string& address) {
   return numericAddress(address.substr(0, address.find('%')));
 }

@@ -37,12 +37,12 @@ std::optional<sockaddr_storage> locate(const std::string& host);
 // The address in numbers, with the zone of a link-local one and without the port.
 std::string numericText(const sockaddr_storage& address);
 
-// Whether a printer can have this address (its port does not matter): not one of this machine's own
-// loopback, a multicast group, the unspecified address or the limited broadcast, in either family.
+// Whether a printer can have this address; its port does not matter. It cannot be a loopback
+// address, a multicast group, the unspecified address or the limited broadcast, in either family.
 bool canBeAPrinter(const sockaddr_storage& address);
 
-// Whether a printer can have `address`, an address without brackets or a host name. A host name
-// always may: its address is known only after it is looked up.
+// Whether a printer can have `address`, an address without brackets or a host name. True for every
+// host name, because its address is known only after it is looked up.
 bool mayBeAPrinter(const std::string& address);
 
 // Whether `address`, an address without brackets, is one of this machine's own loopback.

@@ -1,5 +1,5 @@
-// Work on one printer that may wait for seconds, for the printer or for a name server. The service
-// runs each in a process of its own, so that no printer waits for another.
+// Functions for one printer that may wait for seconds, for the printer or for a name server. The
+// service runs each in a process of its own, so that no printer waits for another.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -19,8 +19,9 @@ void askUntilAnswered(const std::function<bool()>& answers, std::chrono::millise
 // Calls `send` `packets` times, each when its packet is due (packetDue, counted from the start).
 void sendWhenDue(const std::function<void()>& send, int packets);
 
-// Looks the host up until it is known: its address in numbers, or nothing when no printer can have
-// it. What is asked later is this address, not the name, which could lead elsewhere by then.
+// Looks the host up until it is known. Returns its address in numbers, or nothing if no printer can
+// have that address. Requests must go to this address and not to the name, whose address could
+// change.
 std::optional<std::string> findPrinter(const std::string& host);
 
 // Looks the host up until it is known, then sends it the packet as sendWhenDue does, unless no

@@ -30,10 +30,10 @@ class Service {
   Service(const Service&) = delete;
   Service& operator=(const Service&) = delete;
 
-  // Serves until no one has waited for 10 seconds, or until SIGTERM or SIGINT; all waiting callers
-  // are then called back. The caller must have blocked both signals and SIGCHLD, and started no
-  // thread. Returns the exit status: 0, or 1 with a message on standard error when the bus cannot
-  // be reached, refuses the service's name or is lost.
+  // Serves until there has been no request for 10 seconds, or until SIGTERM or SIGINT. All waiting
+  // callers are then called back. The caller must have blocked both signals and SIGCHLD, and must
+  // not have started a thread. Returns the exit status: 0, or 1 with a message on standard error if
+  // the bus cannot be reached, refuses the service's name or is lost.
   int run();
 
  private:

@@ -1,4 +1,4 @@
-// The end of the parent process on Linux: the signal that prctl(2) asks for.
+// Child processes that end with their parent on Linux: prctl(2) asks for the signal.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/child_process.hpp"
 

@@ -28,7 +28,7 @@ struct Release {
   void operator()(AvahiServiceResolver* resolver) const { avahi_service_resolver_free(resolver); }
 };
 
-// The daemon's answer; `ended` once it is complete.
+// The daemon's answer. `ended` is true once it is complete.
 struct Answer {
   std::vector<sockaddr_storage> addresses;
   bool ended = false;
@@ -106,7 +106,7 @@ class AvahiService final : public DnsSdService {
 
 }  // namespace
 
-// Refuses what the daemon would refuse, before it costs a connection.
+// Refuses what the daemon would refuse, which saves a connection.
 std::unique_ptr<DnsSdService> LinuxDnsSd::create(const std::string& domain, const std::string& type,
                                                  const std::string& name) {
   if (avahi_is_valid_service_name(name.c_str()) == 0 ||

@@ -50,7 +50,7 @@ void* aligned_alloc(std::size_t alignment, std::size_t size) noexcept {
   return checked(__libc_memalign(alignment, size), size);
 }
 
-// What the C++ library of g++ 14 takes for aligned memory.
+// The C++ library of g++ 14 uses this for aligned memory.
 int posix_memalign(void** memory, std::size_t alignment, std::size_t size) noexcept {
   if (alignment % sizeof(void*) != 0 || !std::has_single_bit(alignment)) return EINVAL;
   *memory = checked(__libc_memalign(alignment, size), size);

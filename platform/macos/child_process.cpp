@@ -1,4 +1,4 @@
-// The end of the parent process on macOS: kqueue(2) tells it to a thread.
+// Child processes that end with their parent on macOS: a thread waits with kqueue(2).
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/child_process.hpp"
 

@@ -1,4 +1,4 @@
-// Core Foundation's objects in the hands of C++.
+// Owners of Core Foundation's objects.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -13,7 +13,7 @@ struct ReleaseObject {
   void operator()(CFTypeRef object) const { CFRelease(object); }
 };
 
-// Owns what a function with "Create" or "Copy" in its name gave.
+// Owns what a function with "Create" or "Copy" in its name returned.
 template <class Reference>
 using Owned = std::unique_ptr<std::remove_pointer_t<Reference>, ReleaseObject>;
 

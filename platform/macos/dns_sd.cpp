@@ -24,13 +24,14 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::chrono::milliseconds kShutdownGrace{300};
 
-// A question to the daemon; released, it is cancelled.
+// Cancels a question to the daemon.
 struct Cancel {
   void operator()(DNSServiceRef question) const { DNSServiceRefDeallocate(question); }
 };
 using Question = std::unique_ptr<std::remove_pointer_t<DNSServiceRef>, Cancel>;
 
-// Where the service is; `ended` once the daemon has said so or that it does not know.
+// Where the service is. `ended` is true once the daemon has said where it is, or that it does not
+// know.
 struct Place {
   std::string host;
   std::uint32_t interface = 0;
@@ -141,7 +142,8 @@ class DaemonService final : public DnsSdService {
   std::string name_;
 };
 
-// "_NAME._tcp" or "_NAME._udp". The library itself lets more pass, Avahi's even more than macOS's.
+// "_NAME._tcp" or "_NAME._udp". The library itself accepts more, and Avahi's even more than
+// macOS's.
 bool isServiceType(std::string_view type) {
   constexpr std::size_t kProtocolLength = 5;
   if (!type.starts_with('_') || !(type.ends_with("._tcp") || type.ends_with("._udp"))) return false;
@@ -153,7 +155,7 @@ bool isServiceType(std::string_view type) {
 
 }  // namespace
 
-// Refuses what cannot be the name of a service, before it costs a question.
+// Refuses what cannot be the name of a service, which saves a question.
 std::unique_ptr<DnsSdService> MacosDnsSd::create(const std::string& domain, const std::string& type,
                                                  const std::string& name) {
   std::array<char, kDNSServiceMaxDomainName> full{};

@@ -1,5 +1,5 @@
-// Host names on macOS: the system resolver. gethostbyname keeps the resolver's order and the thread
-// its answer; getaddrinfo would sort again.
+// Host names on macOS: the system resolver. gethostbyname keeps the resolver's order, and its
+// answer belongs to the calling thread. getaddrinfo would sort the addresses again.
 // SPDX-License-Identifier: Apache-2.0
 #include <netdb.h>
 #include <sys/socket.h>

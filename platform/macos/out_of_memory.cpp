@@ -1,6 +1,6 @@
-// On macOS a program cannot put functions of its own in the place of the system's allocators. An
-// allocation by C++ that fails ends the program with exit status 1 and one line on standard error;
-// libraries written in C have their own ways.
+// On macOS a program cannot replace the system's allocators. An allocation by C++ that fails ends
+// the program with exit status 1 and one line on standard error. Libraries written in C handle
+// failed allocations themselves.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/out_of_memory.hpp"
 

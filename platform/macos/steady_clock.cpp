@@ -1,5 +1,5 @@
-// Steady time on macOS, which cannot sleep until a time: it sleeps for what is left, again after
-// each signal.
+// Steady time on macOS. The system cannot sleep until a given time, so a sleep that a signal ended
+// is repeated for the time that is left.
 // SPDX-License-Identifier: Apache-2.0
 #include <ctime>
 

@@ -55,8 +55,7 @@ class XpcConnection final : public WakeUpConnection {
     xpc_connection_send_message(connection_, messageOf(request).get());
   }
 
-  // The cancelled connection reports its end as its last event. Waiting for that one leaves none
-  // that could still come.
+  // The cancelled connection reports its end as its last event. After that one, no other can come.
   ~XpcConnection() override {
     xpc_connection_cancel(connection_);
     dispatch_semaphore_wait(ended_, DISPATCH_TIME_FOREVER);

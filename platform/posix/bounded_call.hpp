@@ -35,7 +35,7 @@ std::thread threadWithoutSignals(Work&& work) {
 }
 
 // Waits until `result` is ready, until `end`, or until the process is asked to end (checked every
-// 50 ms). Whether it is ready.
+// 50 ms). Returns whether `result` is ready.
 template <class Result>
 bool readyBefore(std::chrono::steady_clock::time_point end, const std::future<Result>& result) {
   constexpr std::chrono::milliseconds kLook{50};

@@ -206,7 +206,7 @@ class Test:
         return [program.stat().st_mtime_ns for program in self.programs]
 
     def is_new(self):
-        """Whether the programs were linked anew for a mutant."""
+        """Whether the programs were linked again for a mutant."""
         return self.program_times() != self.times
 
     def ask(self, isOwn):
@@ -300,7 +300,7 @@ def verdict_of(mutant, tests, jobs):
         isSystem = step.name.startswith("system/")
         if not build(jobs, *step.targets):
             return "invalid", "does not compile"
-        # A program that was not linked anew cannot notice the mutant.
+        # A program that was not linked again cannot notice the mutant.
         if not isSystem and not step.is_new():
             continue
         failure = step.ask(step.name == own)

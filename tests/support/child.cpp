@@ -1,4 +1,4 @@
-// A piece of a test in a process of its own.
+// A part of a test in a process of its own.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/child.hpp"
 

@@ -1,4 +1,5 @@
-// A piece of a test in a process of its own: what it does to its environment ends with it.
+// A part of a test in a process of its own: what it changes in its environment does not affect
+// other tests.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -10,9 +10,9 @@
 
 namespace kelm::tests {
 
-// A whole platform in memory over a directory of the test's own, in which the switch file exists;
-// it is 30 September 2016, 14:05:09. The switch is on and no file is named yet; when the object
-// goes, the switch is off and the names are empty again.
+// A whole platform in memory, with a directory of the test's own in which the switch file exists.
+// The time is 30 September 2016, 14:05:09. The switch is on and no file is named yet. The
+// destructor switches it off and empties the names.
 class DiagnosticsOn {
  public:
   DiagnosticsOn();

@@ -31,7 +31,7 @@ std::string lines(int n) {
   return text;
 }
 
-// Of a feature whose value the job does not bring, so that every option is looked at in vain.
+// A section of a feature for which the job has no value, so that every option is looked at in vain.
 std::string sections(int n) {
   std::string text = "%!PS-Adobe-3.0\n";
   for (int i = 0; i < n; ++i) {

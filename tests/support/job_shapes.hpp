@@ -1,4 +1,4 @@
-// Jobs of many shapes, each as large as wanted: what makes the time for a job grow.
+// Jobs of many shapes, each as large as wanted, to measure how the time for a job grows.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -8,8 +8,8 @@
 
 namespace kelm::tests {
 
-// A PPD that says nothing but `attributes`: lines like `*Keyword: "value"`, as libcups reads them.
-// The handle is null when libcups cannot read them.
+// A PPD that has only `attributes`: lines like `*Keyword: "value"`, as libcups reads them. The
+// handle is null when libcups cannot read them.
 class MemoryPpd {
  public:
   explicit MemoryPpd(std::string_view attributes = {});

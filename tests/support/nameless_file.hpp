@@ -4,8 +4,7 @@
 
 namespace kelm::tests {
 
-// A descriptor for reading and writing, closed by programs that the process becomes; negative when
-// there is none to have.
+// A descriptor for reading and writing, which is closed on exec; negative when there is none.
 int openNamelessFile();
 
 }  // namespace kelm::tests

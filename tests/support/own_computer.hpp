@@ -1,4 +1,4 @@
-// A computer of a process's own, where the system can give it one (Linux: namespaces).
+// A computer of a process's own, if the system can provide one (on Linux: namespaces).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -6,14 +6,14 @@
 
 namespace kelm::tests {
 
-// From here on, no other process sees what this one changes of the host name and the mounts. False
-// when the system refuses or knows no such thing.
+// After this call, no other process sees what this one changes in the host name and the mounts.
+// False when the system refuses or cannot do that.
 bool enterOwnComputer();
 
-// Only on a computer of one's own.
+// Only after enterOwnComputer.
 bool nameOwnComputer(const std::string& name);
 
-// Puts an empty directory in the place of `directory`. Only on a computer of one's own.
+// Puts an empty directory in the place of `directory`. Only after enterOwnComputer.
 bool hideDirectory(const char* directory);
 
 }  // namespace kelm::tests

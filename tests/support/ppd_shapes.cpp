@@ -67,7 +67,8 @@ std::string unclosedGroups(int n) {
 
 std::string choices(int n) { return option(0, n); }
 
-// Of one option and its choices, in languages that are not asked for, and at last in German.
+// Translations of one option and its choices, in languages that are not asked for, and last in
+// German.
 std::string translations(int n) {
   std::string text = option(0, 1);
   for (int i = 0; i < n; ++i) {
@@ -84,8 +85,8 @@ std::string marksInALine(int n) {
   return text;
 }
 
-// Keywords that are patterns, and as such find themselves: each is searched for in the whole text,
-// within a budget that grows with the text.
+// Keywords that are patterns which match themselves. Each is searched for in the whole text, within
+// a budget that grows with the text.
 std::string patternKeywords(int n) {
   std::string text;
   for (const std::string name : {"QV.Set", "QV.+Tray", "QV.*Colour"}) {

@@ -1,4 +1,4 @@
-// PPD files of many shapes, each as large as wanted: what makes the time for a PPD grow.
+// PPD files of many shapes, each as large as wanted, to measure how the time for a PPD grows.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -63,7 +63,7 @@ class CountingSource final : public base::ByteSource {
   std::size_t given_ = 0;
 };
 
-// A text less its zero bytes and the pieces that were left out.
+// A text without its zero bytes and without the pieces that were left out.
 class Log {
  public:
   explicit Log(std::string_view text) : text_(text) {}

@@ -12,8 +12,8 @@ namespace kelm::tests {
 
 struct ReferenceJob {
   std::string output;     // what the job's input becomes, byte for byte
-  std::string asRead;     // diagnostic file 2: the input less zero bytes and unlogged lines
-  std::string asWritten;  // diagnostic file 3: the output less zero bytes and unlogged lines
+  std::string asRead;     // diagnostic file 2: the input without zero bytes and unlogged lines
+  std::string asWritten;  // diagnostic file 3: the output without zero bytes and unlogged lines
 };
 
 // The diagnostic files must be off. Sections and copies that the standard options settle are

@@ -168,7 +168,7 @@ TEST_P(Translation, ReachesDialogsThroughCups) {
   });
 }
 
-// CUPS' options for the same purpose stand beside them in dialogs.
+// Dialogs show CUPS' options for the same purpose as well.
 TEST_P(Translation, SaysWhatThePrinterDoesWhereCupsCanDoItToo) {
   inLanguage([&](const Description& description) {
     for (const char* keyword : {"QVMultiUp", "QVOrientation", "QVReverseOrder", "QVZoomRate"}) {

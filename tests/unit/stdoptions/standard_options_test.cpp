@@ -129,7 +129,7 @@ struct QueueDefault {
   const char* option;
   const char* choice;
   const char* own;      // the printer's own option
-  const char* value;    // that the choice stands for
+  const char* value;    // that the choice means
   const char* other;    // a choice with which the job takes the default back
   const char* settled;  // what that is
 };
