@@ -5,6 +5,7 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <initializer_list>
@@ -75,9 +76,7 @@ std::string memberOf(const std::string& collection, const char* name) {
 }
 
 // The paper for a size in 1/100 mm, as cupsd names it; empty when there is none.
-std::string paperOfSize(ppd_file_t* ppd, const std::string& size) {
-  const int width = std::atoi(memberOf(size, "x-dimension").c_str());
-  const int height = std::atoi(memberOf(size, "y-dimension").c_str());
+std::string paperOfSize(ppd_file_t* ppd, int width, int height) {
   if (width <= 0 || height <= 0) return {};
   char name[80];
   std::snprintf(name, sizeof name, "custom_size_%d.%02dx%d.%02dmm", width / 100, width % 100,
@@ -88,6 +87,38 @@ std::string paperOfSize(ppd_file_t* ppd, const std::string& size) {
   if (std::string_view(page->name) != "Custom") return page->name;
   return "Custom." + std::to_string(static_cast<int>(page->width)) + "x" +
          std::to_string(static_cast<int>(page->length));
+}
+
+// The same for a collection "media-size".
+std::string paperOfSize(ppd_file_t* ppd, const std::string& size) {
+  return paperOfSize(ppd, std::atoi(memberOf(size, "x-dimension").c_str()),
+                     std::atoi(memberOf(size, "y-dimension").c_str()));
+}
+
+// So near in points, CUPS takes one size for another.
+constexpr float kNear = 5.0F;
+
+// cupsd makes a paper of the PPD from "media=Custom.21x29.7cm" where the size fits one. libcups,
+// which marks the choices, does not.
+void addPaperOfCustomSize(const Request& request, CupsOptions& options) {
+  const Option* media = findOption(request.options, "media");
+  if (request.ppd == nullptr || media == nullptr || !media->value.starts_with("Custom.") ||
+      hasAnyOf(options, {"PageSize", "PageRegion"})) {
+    return;
+  }
+  markMedium(request.ppd, media->value.substr(0, media->value.find(',')));
+  const ppd_size_t* custom = job::r_ppdPageSize(request.ppd, nullptr);
+  if (custom == nullptr || std::string_view(custom->name) != "Custom") return;
+  const float width = custom->width;
+  const float length = custom->length;
+  constexpr float kHundredthsPerPoint = 2540.0F / 72.0F;
+  const std::string paper =
+      paperOfSize(request.ppd, static_cast<int>(std::lround(width * kHundredthsPerPoint)),
+                  static_cast<int>(std::lround(length * kHundredthsPerPoint)));
+  const ppd_size_t* page = job::r_ppdPageSize(request.ppd, paper.c_str());
+  if (page == nullptr || std::string_view(page->name) == "Custom") return;
+  if (std::abs(page->width - width) > kNear || std::abs(page->length - length) > kNear) return;
+  add(options, "PageSize", paper);
 }
 
 // The choice of the PPD's option for an IPP name of a tray or a paper type; empty when there is
@@ -202,6 +233,7 @@ Outcome outcomeOf(const Request& request, const pjl::HeaderStep* step) {
   for (const Option& option : request.options) {
     if (option.name != kMediaCol) add(options, option.name.c_str(), option.value);
   }
+  addPaperOfCustomSize(request, options);
   addMediaCol(request, options);
   addFinishings(request, options);
   job::PrintJobData job;

@@ -77,6 +77,18 @@ std::vector<std::string> keywordsOfIpp(const Request& request, std::string_view 
   return keywords;
 }
 
+// CUPS reads the keywords of "sides" with regard to case, and those of other attributes without.
+std::optional<Remark> unlessCaseCounts(const Request& request, const Option& option,
+                                       const std::vector<std::string>& keywords) {
+  const auto meant = std::ranges::find_if(
+      keywords, [&](const std::string& keyword) { return sameWord(keyword, option.value); });
+  if (meant == keywords.end() || *meant == option.value ||
+      hasSameEffect(request, option, {option.name, *meant, option.giver})) {
+    return std::nullopt;
+  }
+  return Remark{option, "is not a choice of this option", keywords, *meant};
+}
+
 }  // namespace
 
 std::optional<Remark> remarkOnStandard(const Request& request, const Option& option) {
@@ -96,7 +108,9 @@ std::optional<Remark> remarkOnStandard(const Request& request, const Option& opt
                   {},
                   ""};
   }
-  return unlessKeywords(option, keywordsOfIpp(request, option.name));
+  const std::vector<std::string> keywords = keywordsOfIpp(request, option.name);
+  std::optional<Remark> remark = unlessKeywords(option, keywords);
+  return remark ? remark : unlessCaseCounts(request, option, keywords);
 }
 
 std::optional<Remark> remarkOnFilters(const Option& option) {

@@ -34,6 +34,14 @@ for name in document one_page; do
   gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=pdfwrite "-sOutputFile=$W/$name.pdf" "$W/$name.ps"
 done
 
+gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=jpeg -r30 "-sOutputFile=$W/photo.jpg" "$W/one_page.ps"
+# What phones send by AirPrint. A page of 827 x 1169 white pixels at 100 dpi: 4 times 256 lines, and 145.
+urf_page() {
+  printf '\010\000\001\004\000\000\000\000\000\000\000\000\000\000\003\073\000\000\004\221\000\000\000\144'
+  printf '\000\000\000\000\000\000\000\000\377\200\377\200\377\200\377\200\220\200'
+}
+{ printf 'UNIRAST\000\000\000\000\002'; urf_page; urf_page; } >"$W/document.urf"
+
 python3 "$HERE/lib/standard_jobs.py" "$HERE/standard/jobs.txt" "$W" "$BUILD/kelmctl" kelm second ||
   fail "a job went wrong"
 

@@ -35,7 +35,8 @@ UEL = b"\x1b%-12345X@PJL\n"
 WAYS = ("lp", "print-job", "create-job")
 # The documents have two pages: CUPS takes Duplex back for a single one.
 DOCUMENTS = {"ps": "document.ps", "pdf": "document.pdf", "text": "document.txt",
-             "one-page-ps": "one_page.ps", "one-page-pdf": "one_page.pdf", "one-page-text": "one_page.txt"}
+             "one-page-ps": "one_page.ps", "one-page-pdf": "one_page.pdf", "one-page-text": "one_page.txt",
+             "photo": "photo.jpg", "urf": "document.urf"}
 # So many jobs are in the queues at once: cupsd keeps 500.
 BATCH = 200
 

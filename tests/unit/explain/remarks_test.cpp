@@ -261,7 +261,8 @@ TEST(Remarks, PassChoicesOfStandardOptions) {
 TEST(Remarks, PassOtherLettersWhereTheyCount) {
   for (const char* option :
        {"qvduplex=longedge", "QVStapleMode=onestaple", "pagesize=a3", "MEDIA=A3",
-        "Sides=two-sided-long-edge", "Finishings=4", "Print-Quality=5", "QVDUPLEX=OFF"}) {
+        "Sides=two-sided-long-edge", "Finishings=4", "Print-Quality=5", "QVDUPLEX=OFF",
+        "media-source=Tray-2", "output-bin=FACE-DOWN", "print-color-mode=MONOCHROME"}) {
     EXPECT_EQ(standardRemarkOn(option).problem, "") << option;
   }
   EXPECT_EQ(remarkOn("PrintPDE=1 QVStapleMode=onestaple").problem,
@@ -278,6 +279,17 @@ TEST(Remarks, NameOtherLettersWhereTheyDoNotCount) {
     EXPECT_EQ(remark.nearest, name);
     EXPECT_EQ(remark.option.name, large);
   }
+}
+
+TEST(Remarks, NameAKeywordInOtherLettersThatCupsDoesNotKnow) {
+  const std::string duplex =
+      "*OpenUI *Duplex/Two sides: PickOne\n*DefaultDuplex: None\n*Duplex None/Off: \"\"\n"
+      "*Duplex DuplexNoTumble/Long edge: \"\"\n*Duplex DuplexTumble/Short edge: \"\"\n"
+      "*CloseUI: *Duplex\n";
+  const Remark remark = theRemarkWith(kStandard + duplex, "sides=Two-Sided-Long-Edge");
+  EXPECT_EQ(remark.problem, "is not a choice of this option");
+  EXPECT_EQ(remark.nearest, "two-sided-long-edge");
+  EXPECT_EQ(theRemarkWith(kStandard + duplex, "sides=two-sided-long-edge").problem, "");
 }
 
 TEST(Remarks, NameWrongChoicesInOtherLetters) {

@@ -59,6 +59,17 @@ TEST_F(RequestOptions, TheSizeOfMediaColIsThePaper) {
             "CUSTOMSIZE 20000 30000");
 }
 
+TEST_F(RequestOptions, ACustomSizeThatFitsAPaperIsThatPaper) {
+  EXPECT_EQ(paper({"media=Custom.21x29.7cm"}), "A4 21000 29700");
+  EXPECT_EQ(paper({"media=Custom.8.5x13in"}), "PHLEGAL 21600 33000");
+  EXPECT_EQ(paper({"media=Custom.148x210mm,Tray2"}), "A5 14800 21000");
+  EXPECT_EQ(paper({"media=Custom.20x30cm"}), "CUSTOMSIZE 20000 30000");
+  EXPECT_EQ(paper({"media=Custom.1x1in"}), "CUSTOMSIZE 2500 2500");
+  EXPECT_EQ(paper({"media=Custom.597x845"}), "A4 21000 29700");
+  EXPECT_EQ(paper({"media=Custom.21x29.7cm", "PageSize=A3"}), "A3 29700 42000");
+  EXPECT_EQ(paper({"PageSize=Custom.21x29.7cm"}), "CUSTOMSIZE 21000 29700");
+}
+
 TEST_F(RequestOptions, ThePageSizeCountsBeforeMediaCol) {
   const std::string mediaCol = "media-col={media-size={x-dimension=14800 y-dimension=21000}}";
   EXPECT_EQ(paper({mediaCol, "PageSize=A3"}), "A3 29700 42000");
