@@ -1,5 +1,6 @@
 #!/bin/sh
 # kelmctl explain says of the jobs in standard/jobs.txt what the printer gets of them.
+# Time limit: 300 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
