@@ -1,5 +1,5 @@
 #!/bin/sh
-# Every subcommand of kelmctl is described in the manual. (The completions read the help.)
+# Every subcommand of kelmctl is described in the manual and run by a test. (The completions read the help.)
 # SPDX-License-Identifier: Apache-2.0
 set -eu
 
@@ -17,5 +17,8 @@ for name in $names; do
   manual=packaging/man/kelmctl.1.scd
   expect_in $manual "line under SYNOPSIS" "^\\*kelmctl $name\\*"
   expect_in $manual "section under SUBCOMMANDS" "^## $name\$"
+  grep -qiE "kelmctl\" $name( |\$)|run [0-9] $name( |\$)|runKelmctl\(\{\"$name\"" tests/system/*_test.sh tests/unit/ctl/*_test.cpp && continue
+  echo "kelmctl $name (ctl/commands.hpp): no test runs it; write tests/system/${name}_command_test.sh" >&2
+  status=1
 done
 exit $status
