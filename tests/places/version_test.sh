@@ -23,3 +23,7 @@ if [ "$release" != "$version" ]; then
   echo "the newest release in $metainfo is $release, not $version" >&2
   exit 1
 fi
+
+grep -qF -e "## [$version] - " -e "Version $version is being prepared." CHANGELOG.md && exit
+echo "CHANGELOG.md has no section \"## [$version] - DATE\"" >&2
+exit 1
