@@ -1,7 +1,7 @@
 #!/bin/sh
 # kelmctl explain says of every line of the header what it means and where its value comes from: cases
-# written by hand, of ordinary jobs, of jobs with standard options and of the maker's dialog, in four
-# languages.
+# written by hand, of ordinary jobs, of jobs with standard options and of the maker's dialog, in every
+# language of the PPD.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
