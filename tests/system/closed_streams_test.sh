@@ -5,12 +5,8 @@
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
-# shellcheck source=tests/system/lib/cups.sh
-. "$HERE/lib/cups.sh"
-# shellcheck source=tests/system/lib/bus.sh
-. "$HERE/lib/bus.sh"
-# shellcheck source=tests/system/lib/printer_host.sh
-. "$HERE/lib/printer_host.sh"
+# shellcheck source=tests/system/lib/wake_up_site.sh
+. "$HERE/lib/wake_up_site.sh"
 
 KELMCTL=$BUILD/kelmctl
 
@@ -25,12 +21,7 @@ closed() {
   timeout -k 1 20 sh -c "exec \"\$@\" $redirections" sh "$@" </dev/null >"$W/out" 2>"$W/err" || status=$?
 }
 
-printer_host_start
-printer_agent_start
-bus_start
-bus_wake_service
-cups_setup
-cups_start
+wake_up_site_start
 cups_queue kelm socket://10.77.0.2 "$HERE/lib/queue.ppd"
 "$KELMCTL" settings kelm >"$W/settings"
 

@@ -4,19 +4,10 @@
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
-# shellcheck source=tests/system/lib/cups.sh
-. "$HERE/lib/cups.sh"
-# shellcheck source=tests/system/lib/bus.sh
-. "$HERE/lib/bus.sh"
-# shellcheck source=tests/system/lib/printer_host.sh
-. "$HERE/lib/printer_host.sh"
+# shellcheck source=tests/system/lib/wake_up_site.sh
+. "$HERE/lib/wake_up_site.sh"
 
-printer_host_start
-printer_agent_start
-bus_start
-bus_wake_service
-cups_setup
-cups_start
+wake_up_site_start
 facts='*PrinterMacAddress: "MDA6ODA6OTI6MTI6MzQ6NTY="'
 sed "/^\*cupsFilter/a *IsWakeOnLan: \"1\"\\n$facts" "$HERE/lib/queue.ppd" >"$W/on.ppd"
 sed "/^\*cupsFilter/a *IsWakeOnLan: \"0\"\\n$facts" "$HERE/lib/queue.ppd" >"$W/off.ppd"
