@@ -32,6 +32,7 @@ using Names = std::optional<std::vector<std::string>>;
 constexpr auto kTurn = std::chrono::milliseconds(100);
 // Each printer needs a socket, and a process may have 1024 descriptors.
 constexpr unsigned kMostAtATime = 900;
+constexpr int kCouldNotAsk = 1;  // PrinterFacts::sleepModeStatus
 
 struct Arguments {
   std::vector<std::string> addresses;
@@ -168,6 +169,13 @@ std::vector<std::optional<AskedPrinter>> askMany(const Arguments& arguments,
   return answers;
 }
 
+// What is known of a printer whose questions were not finished.
+AskedPrinter notAsked(const std::string& address) {
+  AskedPrinter printer{address, {}, {}};
+  printer.facts.sleepModeStatus = kCouldNotAsk;
+  return printer;
+}
+
 void writeJsonLine(const AskedPrinter& printer, std::ostream& out) {
   Json object{{"address", printer.address}};
   object.update(jsonOf(printer.facts));
@@ -180,6 +188,7 @@ int showMany(const Arguments& arguments, const Console& console) {
   for (const auto& printer : askMany(arguments, console)) {
     const std::string& address = arguments.addresses[index++];
     if (!printer) {
+      if (arguments.json) writeJsonLine(notAsked(address), console.out);
       complain(console, "the questions to the printer \"" + address + "\" were not finished");
       continue;
     }
@@ -217,7 +226,8 @@ Action declarePrinter(ArgumentList& list) {
   list.addFlag("--json", arguments->json, "One JSON object for each printer, for programs");
   list.addFlag("--quiet", arguments->quiet, "Show only the printers that do not answer");
   return [arguments](const Console& console) {
-    return (arguments->addresses.size() == 1 ? showOne : showMany)(*arguments, console);
+    const Console shown = arguments->quiet ? withoutProgress(console) : console;
+    return (arguments->addresses.size() == 1 ? showOne : showMany)(*arguments, shown);
   };
 }
 

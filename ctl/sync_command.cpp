@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/utf.hpp"
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/message.hpp"
@@ -12,6 +13,7 @@
 #include "ctl/queue_options.hpp"
 #include "ctl/sync.hpp"
 #include "ctl/sync_report.hpp"
+#include "ctl/terminal.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -42,6 +44,12 @@ void report(const Arguments& arguments, const std::vector<SyncResult>& results,
   writeMany(results, dryRun, time, console);
 }
 
+// A community that the next job could not read from the queue's PPD, or that no printer has.
+std::string communityProblem(const std::string& name) {
+  const bool isSound = !name.empty() && base::utf16Length(name).has_value();
+  return isSound ? "" : "the name of a community is text, and not empty";
+}
+
 int sync(const Arguments& arguments, const Console& console) {
   SyncRequest request = arguments.request;
   if (request.address && (arguments.queues.all || arguments.queues.names.size() > 1)) {
@@ -52,7 +60,8 @@ int sync(const Arguments& arguments, const Console& console) {
   request.queues = uniqueNames(arguments.queues);
   request.wait = std::chrono::seconds(arguments.wait);
   const auto start = Clock::now();
-  const std::vector<SyncResult> results = syncQueues(request, console);
+  const Console shown = arguments.quiet ? withoutProgress(console) : console;
+  const std::vector<SyncResult> results = syncQueues(request, shown);
   const auto time = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
   report(arguments, results, time, console);
   return exitStatusOf(results);
@@ -70,7 +79,8 @@ Action declareSync(ArgumentList& list) {
       .check(addressProblem);
   list.add("--community", request.community,
            "The printer's SNMP community, instead of the stored one")
-      .valueName("NAME");
+      .valueName("NAME")
+      .check(communityProblem);
   list.addFlag("--dry-run", request.dryRun, "Show what would be stored, and store nothing");
   list.addNumber("--jobs", request.jobs, 1, kMostPrintersAtATime,
                  "Printers to ask at a time (500)");

@@ -25,6 +25,11 @@ class ProgressLine {
   const Console& console_;
 };
 
+// For a subcommand that shows no progress.
+inline Console withoutProgress(const Console& console) {
+  return {console.out, console.err, false, console.outIsTerminal};
+}
+
 // Shows `prompt` on the user's terminal, wherever the standard streams go, and reads a line that is
 // not shown. Nothing without a terminal or a line.
 std::optional<std::string> askSecretly(std::string_view prompt);

@@ -141,8 +141,10 @@ std::string withColons(const std::string& digits) {
 }  // namespace
 
 std::optional<std::string> storableMacAddress(const PrinterFacts& facts) {
-  if (!facts.macAddress) return std::nullopt;
-  std::string text = *facts.macAddress;
+  return facts.macAddress ? storableMacAddress(*facts.macAddress) : std::nullopt;
+}
+
+std::optional<std::string> storableMacAddress(std::string text) {
   std::replace(text.begin(), text.end(), '-', ':');
   if (text.size() == 2 * kMacParts && std::all_of(text.begin(), text.end(), isHexDigit)) {
     text = withColons(text);

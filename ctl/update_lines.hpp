@@ -36,6 +36,7 @@ inline constexpr std::size_t kMostOfAllLines = 100'000;
 // address, which means "none", and for any other text, which would end every job of a queue that
 // wakes its printer.
 std::optional<std::string> storableMacAddress(const PrinterFacts& facts);
+std::optional<std::string> storableMacAddress(std::string text);
 
 // What the printer did not give, such as "complete list of its forms"; none when all facts are
 // known.

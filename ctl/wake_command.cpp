@@ -19,6 +19,7 @@
 #include "ctl/safe_text.hpp"
 #include "ctl/server_options.hpp"
 #include "ctl/terminal.hpp"
+#include "ctl/update_lines.hpp"
 #include "ctl/wake_plan.hpp"
 #include "ctl/worker_pool.hpp"
 #include "platform/platform.hpp"
@@ -170,10 +171,12 @@ class Waking {
   }
 
   WakePlan planOfArguments() const {
-    const wakeup::WakeUpSettings settings{.snmpCommunity = arguments_.community,
-                                          .macAddress = arguments_.macAddress.value_or(""),
-                                          .isWakeOnLan = true,
-                                          .isOverRouter = arguments_.overRouter};
+    const std::string macAddress = arguments_.macAddress.value_or("");
+    const wakeup::WakeUpSettings settings{
+        .snmpCommunity = arguments_.community,
+        .macAddress = storableMacAddress(macAddress).value_or(macAddress),
+        .isWakeOnLan = true,
+        .isOverRouter = arguments_.overRouter};
     return wakePlanOf(settings, arguments_.address.value_or(""));
   }
 
@@ -270,7 +273,8 @@ Action declareWake(ArgumentList& list) {
   const auto addOption = [&](const char* name, const char* kind, auto& value, const char* help) {
     list.add(name, value, help).valueName(kind).excludes(queues);
   };
-  addOption("--mac", "MAC", arguments->macAddress, "Six hexadecimal parts between colons");
+  addOption("--mac", "MAC", arguments->macAddress,
+            "Six hexadecimal parts between colons or hyphens");
   addOption("--address", "ADDRESS", arguments->address, "IP address or host name");
   addOption("--community", "NAME", arguments->community, "SNMP community (public)");
   list.addFlag("--over-router", arguments->overRouter, "The printer is beyond a router")
@@ -280,7 +284,10 @@ Action declareWake(ArgumentList& list) {
   list.addFlag("--quiet", arguments->quiet, "Show only the printers that are not woken");
   declareServer(list, arguments->server);
   list.require("QUEUE, or --mac and --address,", [arguments] { return namesPrinter(*arguments); });
-  return [arguments](const Console& console) { return Waking(*arguments, console).run(); };
+  return [arguments](const Console& console) {
+    const Console shown = arguments->quiet ? withoutProgress(console) : console;
+    return Waking(*arguments, shown).run();
+  };
 }
 
 }  // namespace kelm::ctl

@@ -123,6 +123,9 @@ shown '^^\[K1 of 2 queues finished, 1 printers being asked, 0 queues storing the
 shown '^^\[Kq1: unchanged$'
 shown '^q2: failed: the printer "10.1.0.3" does not answer'
 shown '^2 queues: 1 unchanged, 1 failed, in [0-9.]* s$'
+/usr/bin/python3 "$HERE/lib/on_terminal.py" -- "$KELMCTL" sync q1 q3 --quiet >"$W/terminal" ||
+  fail "status of --quiet on a terminal"
+expect "what --quiet shows on a terminal" '' "$(cat "$W/terminal")"
 status=0
 /usr/bin/python3 "$HERE/lib/on_terminal.py" -- "$KELMCTL" printer "$(address 1)" "$(address 2)" \
   >"$W/terminal" || status=$?

@@ -125,6 +125,20 @@ expect_json "$W/second" 'd["address"] == "fd77::1" and d["forms"] == ["Briefkopf
 expect "the status of one in two printers" 3 "$(status_of "$KELMCTL" printer fd77::1 10.77.0.3)"
 expect_line "$W/out" 'fd77::1'
 
+# Interrupted: it says which printers were not asked to the end, for programs too.
+"$KELMCTL" printer 10.77.0.1 10.77.0.3 --json >"$W/out" 2>"$W/err" &
+started interrupted $!
+interrupted=$!
+sleep 2
+kill -INT $interrupted
+status=0
+wait $interrupted || status=$?
+expect "the status of interrupted questions" 3 "$status"
+expect "lines" 2 "$(wc -l <"$W/out")"
+sed -n 2p "$W/out" >"$W/second"
+expect_json "$W/second" '(d["address"], d["sleepModeStatus"], d["forms"]) == ("10.77.0.3", 1, None)'
+expect "the message" 'kelmctl: the questions to the printer "10.77.0.3" were not finished' "$(cat "$W/err")"
+
 # Arguments that make no sense.
 expect "the status without an address" 2 "$(status_of "$KELMCTL" printer)"
 expect "the status for no address" 2 "$(status_of "$KELMCTL" printer '')"

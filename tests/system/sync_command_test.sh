@@ -1,7 +1,7 @@
 #!/bin/sh
 # From the printer to its next job: the printer's answers, kelmctl sync, the update job, the queue's PPD, kelmctl
 # settings and the next print job; and everything that can break it.
-# Time limit: 180 s
+# Time limit: 240 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -332,6 +332,14 @@ sed 's/kelmfilter/-/' "$HERE/lib/queue.ppd" >"$W/other.ppd"
 cups_queue other 'file:/dev/null' "$W/other.ppd"
 run 1 sync other --address ::1 --community secret
 expect_message '"other" does not print with kelmfilter'
+# For programs, each of these is an object with its message.
+run 1 sync nothere raw class usb other kelm --json
+/usr/bin/python3 -c 'import json, sys
+objects = [json.loads(line) for line in open(sys.argv[1])]
+assert [d["queue"] for d in objects] == ["nothere", "raw", "class", "usb", "other", "kelm"], objects
+for d in objects:
+    assert d["status"] == "failed" and d["message"] and d["changes"] == {} and d["missing"] == [], d' \
+  "$W/out" || fail "other objects"
 cupsreject kelm
 run 1 sync kelm --address ::1
 expect_message 'refuses the update job .*"kelm": .*not accepting jobs'
@@ -420,9 +428,18 @@ run 1 sync kelm fresh busy
 [ $(($(date +%s) - begin)) -le 30 ] || fail "a server that is gone is waited for once for each queue"
 expect "words about waiting" 1 "$(grep -c 'does not answer; trying again for 15 s' "$W/err")"
 expect "queues that failed" 3 "$(grep -c ': failed: the print server 127.0.0.1 does not answer' "$W/out")"
+run 1 sync --all --json
+/usr/bin/python3 -c 'import json, sys
+d = json.load(open(sys.argv[1]))
+assert (d["server"], d["queue"], d["status"]) == ("127.0.0.1", "", "failed") and d["message"], d' "$W/out" ||
+  fail "no object for the server: $(cat "$W/out")"
 
 run 2 sync
 run 2 sync kelm --address 'not an address'
 run 2 sync kelm --all
 run 2 sync kelm other --address ::1
 run 2 sync kelm --jobs 0
+run 2 sync kelm --jobs 901
+run 2 sync kelm --wait 86401
+run 2 sync kelm --community ''
+run 2 sync kelm --community "$(printf 'a\377')"

@@ -38,11 +38,17 @@ for printer in 3 4; do
   stop "sleeper_$printer"
 done
 
+# expect_packet_for_mac : whatever the form in which the MAC address was given
+expect_packet_for_mac() {
+  expect "the packet" ffffffffffff008092123456 "$(head -c 12 "$W/packets" | od -An -tx1 | tr -d ' ')"
+}
+
 # Beyond a router, the packet comes to the printer's own address as well; nothing else uses it.
 magic_packets_start 10.88.0.2
-"$BUILD/kelmctl" wake --mac $MAC --address 10.88.0.2 --over-router >"$W/out" 2>"$W/err" &
+"$BUILD/kelmctl" wake --mac 00-80-92-12-34-56 --address 10.88.0.2 --over-router >"$W/out" 2>"$W/err" &
 started kelmctl $!
 wait_until 5 packets_arrived 3 || fail "no packet beyond the router"
+expect_packet_for_mac
 printer_agent_start
 wait_until 15 grep -q '^10.88.0.2: woken after [0-9]* s$' "$W/out" || fail "no end: $(cat "$W/err")"
 expect_line "$W/out" 'waiting for the wake-up service: 0 s'
@@ -124,11 +130,12 @@ wait_until 5 woken 64 || fail "64 printers are not woken at the same time"
 
 # The one too many is told so, after its magic packets were sent; an equal request takes no place.
 : >"$W/packets"
-wake 1 --mac $MAC --address 10.88.0.2 --over-router --community more
+wake 1 --mac 008092123456 --address 10.88.0.2 --over-router --community more
 one_too_many || fail "more than 64 printers are woken"
 grep -q '^kelmctl: 10.88.0.2: refused after [0-5] s: too many printers are being woken$' "$W/err" ||
   fail "kelmctl wake said: $(cat "$W/err")"
 wait_until 5 packets_arrived 3 || fail "no packets for the request that was turned away"
+expect_packet_for_mac
 request string:10.77.9.1 string:$MAC string:public string:NO string:NO
 joined() { grep -q 'waking 10.77.9.1 for .* too$' "$W/service_log"; }
 wait_until 5 joined || fail "an equal request was not joined"
