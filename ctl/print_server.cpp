@@ -4,6 +4,9 @@
 
 #include <unistd.h>
 
+#include <algorithm>
+#include <cctype>
+#include <ctime>
 #include <string_view>
 #include <thread>
 #include <utility>
@@ -23,9 +26,11 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr int kConnectLimit = 5000;  // milliseconds
-constexpr int kAnswerLimit = 10;     // seconds
+constexpr auto kAnswerLimit = 10s;
+constexpr auto kAnswerLimitAtTheEnd = 3s;  // after SIGINT or SIGTERM
+constexpr double kPauseBetweenLooks = 1;   // seconds
 // The first list of PPDs after an upgrade: CUPS reads all that are installed.
-constexpr int kLimitOfPpdList = 120;  // seconds
+constexpr auto kLimitOfPpdList = 120s;
 constexpr auto kPauseBetweenAttempts = 500ms;
 constexpr int kMostQuestions = 3;
 constexpr char kTitle[] = "Printer settings";
@@ -35,8 +40,6 @@ constexpr char kFormat[] = "application/vnd.cups-postscript";
 constexpr std::string_view kDocument = "%!PS-Adobe-3.0\n%%Pages: 0\n%%EndComments\n%%EOF\n";
 constexpr const char* kQueueAttributes[] = {"printer-name", "device-uri", "printer-state",
                                             "printer-type"};
-
-int giveUpWaiting(http_t* /*http*/, void* /*data*/) { return 0; }
 
 // No answer, or one that only says "later".
 bool isWorthAnotherAttempt() {
@@ -134,8 +137,16 @@ PrintServer::PrintServer(const std::string& name, const Console& console,
   host_ = cupsServer();
   port_ = ippPort();
   name_ = name.empty() ? host_ : name;
+  answerLimit_ = kAnswerLimit;
   const bool isOwnPort = port_ != IPP_PORT && !host_.starts_with('/');
   if (name.empty() && isOwnPort) name_ += ":" + std::to_string(port_);
+}
+
+std::string PrintServer::lockName() const {
+  std::string name = host_;
+  std::transform(name.begin(), name.end(), name.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return name.starts_with('/') ? name : name + ":" + std::to_string(port_);
 }
 
 // Some calls of libcups make queue URIs for its current server, even over a connection to another
@@ -163,23 +174,45 @@ const char* PrintServer::askForPassword() {
   return answer ? password_.c_str() : nullptr;
 }
 
+// Called by libcups for each second in which nothing comes from the server; 0 ends the request. The
+// last activity is in the computer's time, which may be set meanwhile.
+int PrintServer::goOnWaiting(http_t* http, void* server) {
+  auto& self = *static_cast<PrintServer*>(server);
+  const auto limit = Interruption::isWanted() ? std::min(self.answerLimit_, kAnswerLimitAtTheEnd)
+                                              : self.answerLimit_;
+  const std::chrono::seconds silence(std::time(nullptr) - httpGetActivity(http));
+  if (silence + 1s < limit || Clock::now() - self.requestStart_ < limit) return 1;
+  self.failure_ = Failure::kSilent;
+  return 0;
+}
+
+// Encryption begins after that: httpConnect2 would wait a minute for the server's part in it.
 bool PrintServer::connect() {
   if (http_ != nullptr) return true;
-  http_.reset(httpConnect2(host_.c_str(), port_, nullptr, AF_UNSPEC, cupsEncryption(), 1,
-                           kConnectLimit, nullptr));
-  if (http_ != nullptr) httpSetTimeout(http_.get(), kAnswerLimit, giveUpWaiting, nullptr);
-  return http_ != nullptr;
+  http_.reset(httpConnect2(host_.c_str(), port_, nullptr, AF_UNSPEC, HTTP_ENCRYPTION_IF_REQUESTED,
+                           1, kConnectLimit, nullptr));
+  if (http_ == nullptr) {
+    failure_ = Failure::kUnreachable;
+    return false;
+  }
+  requestStart_ = Clock::now();
+  httpSetTimeout(http_.get(), kPauseBetweenLooks, goOnWaiting, this);
+  const http_encryption_t encryption = cupsEncryption();
+  if (encryption == HTTP_ENCRYPTION_IF_REQUESTED) return true;
+  if (httpEncryption(http_.get(), encryption) == 0) return true;
+  if (failure_ == Failure::kNone) failure_ = Failure::kUnencrypted;
+  http_.reset();
+  return false;
 }
 
 // False when the server could not be asked or said "later"; any other failure is not tried again.
 bool PrintServer::attempt(const std::function<bool()>& request) {
-  isSilent_ = false;
-  unreachable_ = !connect();
-  if (unreachable_) return false;
+  failure_ = Failure::kNone;
+  if (!connect()) return false;
   makeCurrent();
-  const auto start = Clock::now();
-  if (request() || !isWorthAnotherAttempt()) return true;
-  isSilent_ = Clock::now() - start >= std::chrono::seconds(kAnswerLimit);
+  requestStart_ = Clock::now();
+  if (request()) return true;
+  if (failure_ == Failure::kNone && !isWorthAnotherAttempt()) return true;
   http_.reset();
   return false;
 }
@@ -191,7 +224,7 @@ bool PrintServer::perform(const std::function<bool()>& request) {
   bool told = false;
   while (!attempt(request)) {
     if (Clock::now() >= end || Interruption::isWanted()) {
-      isGivenUp_ = (unreachable_ || isSilent_) && patience_ > 0s;
+      isGivenUp_ = failure_ != Failure::kNone && patience_ > 0s;
       return false;
     }
     if (!told) {
@@ -207,17 +240,23 @@ bool PrintServer::perform(const std::function<bool()>& request) {
 // Why the last request had no result.
 std::string PrintServer::lastProblem() const {
   const std::string server = "the print server " + name_;
-  if (unreachable_) return server + " does not answer";
-  if (isSilent_) {
-    return server +
-           " accepts connections but does not answer: it hangs, or takes no more clients "
-           "(MaxClients)";
+  switch (failure_) {
+    case Failure::kUnreachable:
+      return server + " does not answer";
+    case Failure::kUnencrypted:
+      return server + " cannot be asked with encryption: " + cupsLastErrorString();
+    case Failure::kSilent:
+      return server +
+             " accepts connections but does not answer: it hangs, or takes no more clients "
+             "(MaxClients)";
+    default:
+      return server + " says: " + cupsLastErrorString();
   }
-  return server + " says: " + cupsLastErrorString();
 }
 
 std::string PrintServer::lastProblemAndAdvice() const {
-  return lastProblem() + (unreachable_ ? "; start it, or name another one (-h, CUPS_SERVER)" : "");
+  const bool isUnreachable = failure_ == Failure::kUnreachable;
+  return lastProblem() + (isUnreachable ? "; start it, or name another one (-h, CUPS_SERVER)" : "");
 }
 
 PrintServer::Ipp PrintServer::ask(const std::function<Ipp()>& request, const char* resource) {
@@ -267,7 +306,7 @@ Queues PrintServer::queue(const std::string& name) {
       "/");
   std::vector<Queue> queues = queuesOf(response.get());
   if (!queues.empty()) return {queues, {}};
-  if (!unreachable_ && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
+  if (failure_ == Failure::kNone && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
     return {{},
             "the queue " + inQuotes(name) + " is not known to the print server " + name_ +
                 "; \"lpstat -v\" lists the queues"};
@@ -313,9 +352,8 @@ PrintServer::PpdCopy PrintServer::copyOnce(
     return path.has_value();
   });
   if (!asked || result.path.empty()) {
-    const bool reached = asked && !unreachable_;
     result.problem = description + " cannot be read: " +
-                     (reached ? std::string(cupsLastErrorString()) : lastProblemAndAdvice());
+                     (asked ? std::string(cupsLastErrorString()) : lastProblemAndAdvice());
   }
   return result;
 }
@@ -334,7 +372,7 @@ PrintServer::PpdCopy PrintServer::copyPpd(const std::string& queue) {
         unlink(path);
         return std::nullopt;
       });
-  if (copy.problem.empty() || unreachable_) return copy;
+  if (copy.problem.empty() || failure_ != Failure::kNone) return copy;
   // "Not found" means a queue that does not exist, or one without a PPD.
   const Queues found = this->queue(queue);
   if (!found.problem.empty()) {
@@ -347,16 +385,16 @@ PrintServer::PpdCopy PrintServer::copyPpd(const std::string& queue) {
 }
 
 PrintServer::PpdCopy PrintServer::copyInstalledPpd(const std::string& makeAndModel) {
+  answerLimit_ = kLimitOfPpdList;
   const Ipp response = ask(
       [&] {
-        httpSetTimeout(http_.get(), kLimitOfPpdList, giveUpWaiting, nullptr);
         Ipp request(ippNewRequest(IPP_OP_CUPS_GET_PPDS));
         ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_TEXT, "ppd-make-and-model", nullptr,
                      makeAndModel.c_str());
         return request;
       },
       "/");
-  if (http_ != nullptr) httpSetTimeout(http_.get(), kAnswerLimit, giveUpWaiting, nullptr);
+  answerLimit_ = kAnswerLimit;
   if (response == nullptr) return {{}, lastProblem()};
   const std::string ppdName = nameOfPpd(response.get(), makeAndModel);
   if (ppdName.empty()) {

@@ -42,10 +42,11 @@ struct SentJob {
 
 enum class JobState { kWaiting, kPrinting, kStopped, kFailed, kCompleted, kUnknown };
 
-// Every request waits at most 10 seconds for an answer (the list of installed PPDs: 120). If the
-// server cannot be reached, breaks the connection or accepts no more, requests are tried again for
-// `patience`, and the console says so once. A password is asked for on the terminal, where the
-// server wants one. One process may use several servers in turn.
+// Every request waits at most 10 seconds for an answer (the list of installed PPDs: 120), and 3
+// after SIGINT or SIGTERM where Interruption is in use. If the server cannot be reached, breaks the
+// connection or accepts no more, requests are tried again for `patience`, and the console says so
+// once. A password is asked for on the terminal, where the server wants one. One process may use
+// several servers in turn.
 class PrintServer {
  public:
   static constexpr std::chrono::seconds kPatience{15};
@@ -56,6 +57,9 @@ class PrintServer {
 
   // The name as messages show it.
   const std::string& name() const { return name_; }
+
+  // The name for QueueLocks: the same for each way to write the host and its port.
+  std::string lockName() const;
 
   Queues allQueues();
 
@@ -105,9 +109,13 @@ class PrintServer {
   };
   using Ipp = std::unique_ptr<ipp_t, IppDeleter>;
 
+  // Why a request has no answer at all.
+  enum class Failure { kNone, kUnreachable, kUnencrypted, kSilent };
+
   static const char* passwordFor(const char* prompt, http_t* http, const char* method,
                                  const char* resource, void* server);
   const char* askForPassword();
+  static int goOnWaiting(http_t* http, void* server);
   void makeCurrent();
   bool connect();
   bool attempt(const std::function<bool()>& request);
@@ -128,10 +136,11 @@ class PrintServer {
   int port_ = 0;
   std::unique_ptr<http_t, HttpCloser> http_;
   std::string password_;
-  int questions_ = 0;         // for the password
-  bool isSilent_ = false;     // the last request had no answer in time
-  bool unreachable_ = false;  // the last request found no connection
-  bool isGivenUp_ = false;    // no further request is made
+  int questions_ = 0;                   // for the password
+  Failure failure_ = Failure::kNone;    // of the last request
+  bool isGivenUp_ = false;              // no further request is made
+  std::chrono::seconds answerLimit_{};  // for the next request
+  std::chrono::steady_clock::time_point requestStart_;
 };
 
 }  // namespace kelm::ctl

@@ -45,11 +45,11 @@ off_t offsetOf(const std::string& server, const std::string& queue) {
   return static_cast<off_t>(hash >> 2);
 }
 
-struct flock lockFor(short type, const std::string& server, const std::string& queue) {
+struct flock lockFor(short type, off_t offset) {
   struct flock lock {};
   lock.l_type = type;
   lock.l_whence = SEEK_SET;
-  lock.l_start = offsetOf(server, queue);
+  lock.l_start = offset;
   lock.l_len = 1;
   return lock;
 }
@@ -69,10 +69,14 @@ QueueLocks::~QueueLocks() {
 
 pid_t QueueLocks::tryLock(const std::string& server, const std::string& queue) {
   constexpr int kAttempts = 10;  // the holder may end between the two calls below
+  const off_t offset = offsetOf(server, queue);
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
-    struct flock lock = lockFor(F_WRLCK, server, queue);
-    if (fcntl(file_, F_SETLK, &lock) == 0) return 0;
-    struct flock holder = lockFor(F_WRLCK, server, queue);
+    struct flock lock = lockFor(F_WRLCK, offset);
+    if (fcntl(file_, F_SETLK, &lock) == 0) {
+      ++held_[offset];
+      return 0;
+    }
+    struct flock holder = lockFor(F_WRLCK, offset);
     if (fcntl(file_, F_GETLK, &holder) != 0) return -1;
     if (holder.l_type != F_UNLCK) return holder.l_pid;
   }
@@ -80,8 +84,11 @@ pid_t QueueLocks::tryLock(const std::string& server, const std::string& queue) {
 }
 
 void QueueLocks::unlock(const std::string& server, const std::string& queue) {
-  struct flock lock = lockFor(F_UNLCK, server, queue);
+  const auto held = held_.find(offsetOf(server, queue));
+  if (held == held_.end() || --held->second > 0) return;
+  struct flock lock = lockFor(F_UNLCK, held->first);
   fcntl(file_, F_SETLK, &lock);
+  held_.erase(held);
 }
 
 }  // namespace kelm::ctl

@@ -114,8 +114,10 @@ class Refresh {
       : arguments_(arguments), console_(console) {}
 
   int run() {
-    for (const std::string& name : serversOf(arguments_.queues.server)) {
+    const std::vector<std::string> servers = serversOf(arguments_.queues.server);
+    for (const std::string& name : servers) {
       PrintServer server(name, console_, PrintServer::kPatience);
+      label_ = servers.size() > 1 ? server.name() + "/" : "";
       installed_.clear();
       refreshAll(server);
     }
@@ -131,7 +133,8 @@ class Refresh {
         if (!found.problem.empty() || found.queues.front().isClass) {
           complainOf(queue, found.problem.empty() ? classProblem(queue) : found.problem);
         } else {
-          count(server, queue);
+          // CUPS finds a queue in any letter case, but its lock has one name.
+          count(server, found.queues.front().name);
         }
       }
       return;
@@ -149,12 +152,12 @@ class Refresh {
   }
 
   void complainOf(const std::string& queue, const std::string& problem) {
-    complain(console_, queue.empty() ? problem : queue + ": " + problem);
+    complain(console_, queue.empty() ? problem : label_ + queue + ": " + problem);
     ++failed_;
   }
 
   void say(const std::string& queue, const std::string& text) const {
-    console_.out << safeText(queue + ": " + text) << std::endl;
+    console_.out << safeText(label_ + queue + ": " + text) << std::endl;
   }
 
   // False when it failed, which was reported, or when the queue does not use this driver.
@@ -166,16 +169,20 @@ class Refresh {
       return false;
     }
     const bool isDone = refreshLocked(server, queue);
-    locks_.unlock(server.name(), queue);
+    locks_.unlock(server.lockName(), queue);
     return isDone;
   }
 
   pid_t lock(PrintServer& server, const std::string& queue) {
     const auto end = Clock::now() + std::chrono::seconds(arguments_.wait);
-    pid_t holder = locks_.tryLock(server.name(), queue);
+    pid_t holder = locks_.tryLock(server.lockName(), queue);
+    if (holder > 0 && arguments_.wait > 0) {
+      complain(console_, label_ + queue + ": process " + std::to_string(holder) +
+                             " is updating it; waiting for it");
+    }
     while (holder > 0 && Clock::now() < end && !Interruption::isWanted()) {
       std::this_thread::sleep_for(kPause);
-      holder = locks_.tryLock(server.name(), queue);
+      holder = locks_.tryLock(server.lockName(), queue);
     }
     return holder;
   }
@@ -219,11 +226,8 @@ class Refresh {
     }
     const Ppd check = readPpd(file.path(), "the new PPD", "nothing was changed");
     if (check.ppd == nullptr) return complainOf(queue, check.problem), false;
-    if (!waitUntilIdle(server, queue)) {
-      return complainOf(queue,
-                        "it is printing, and a new PPD would restart its job; nothing was changed"),
-             false;
-    }
+    const std::string reason = whyNotIdle(server, queue);
+    if (!reason.empty()) return complainOf(queue, reason + "; nothing was changed"), false;
     std::string problem = server.setPpd(queue, file.path());
     const Ppd now = queuePpd(server, queue);
     if (problem.empty() && now.ppd != nullptr && haveSameLines(now.text, merged.text)) return true;
@@ -236,12 +240,15 @@ class Refresh {
     return false;
   }
 
-  bool waitUntilIdle(PrintServer& server, const std::string& queue) const {
+  // Waits for the end of a job that is being printed; empty: none is.
+  std::string whyNotIdle(PrintServer& server, const std::string& queue) const {
     const auto end = Clock::now() + std::chrono::seconds(arguments_.wait);
     for (;;) {
       const Queues found = server.queue(queue);
-      if (!found.problem.empty() || !found.queues.front().isPrinting) return true;
-      if (Clock::now() >= end || Interruption::isWanted()) return false;
+      if (!found.problem.empty()) return found.problem;
+      if (!found.queues.front().isPrinting) return {};
+      if (Interruption::isWanted()) return "interrupted while it is printing";
+      if (Clock::now() >= end) return "it is printing, and a new PPD would restart its job";
       std::this_thread::sleep_for(kPause);
     }
   }
@@ -277,6 +284,7 @@ class Refresh {
   Interruption interruption_;
   QueueLocks locks_;
   std::map<std::string, Ppd> installed_;
+  std::string label_;  // of the server before a queue's name, where there are several
   std::size_t done_ = 0;
   std::size_t failed_ = 0;
 };
@@ -289,7 +297,7 @@ Action declareRefresh(ArgumentList& list) {
   list.add("--ppd", arguments->ppd, "This PPD file instead of the installed one").valueName("FILE");
   list.addFlag("--dry-run", arguments->dryRun, "Show what would change, and change nothing");
   list.addNumber("--wait", arguments->wait, 0, kLongestWait,
-                 "How long to wait for jobs that are being printed (120)")
+                 "How long to wait for jobs and other updates of a queue (120)")
       .valueName("SECONDS");
   requireQueues(list, arguments->queues);
   return [arguments](const Console& console) { return Refresh(*arguments, console).run(); };

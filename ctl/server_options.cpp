@@ -4,6 +4,9 @@
 
 #include <cups/cups.h>
 
+#include <algorithm>
+#include <utility>
+
 namespace kelm::ctl {
 namespace {
 
@@ -12,6 +15,12 @@ void declare(ArgumentList& list, ServerOptions& options, bool areSeveral, const 
   list.add("-U", options.user, "The user whose password the print server asks for")
       .valueName("USER");
   list.addFlag("-E", options.isEncrypted, "Encrypt the connection to the print server");
+}
+
+// libcups takes what follows the last colon for a port.
+std::string bracketedUnlessPort(const std::string& name) {
+  const bool isIPv6 = name.find(':') != name.rfind(':') && !name.starts_with('[');
+  return isIPv6 && !name.starts_with('/') ? "[" + name + "]" : name;
 }
 
 }  // namespace
@@ -27,7 +36,14 @@ void declareServers(ArgumentList& list, ServerOptions& options) {
 std::vector<std::string> serversOf(const ServerOptions& options) {
   if (!options.user.empty()) cupsSetUser(options.user.c_str());
   if (options.isEncrypted) cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
-  return options.names.empty() ? std::vector{std::string()} : options.names;
+  if (options.names.empty()) return {std::string()};
+  std::vector<std::string> names;
+  for (const std::string& each : options.names) {
+    std::string name = bracketedUnlessPort(each);
+    if (std::find(names.begin(), names.end(), name) == names.end())
+      names.push_back(std::move(name));
+  }
+  return names;
 }
 
 }  // namespace kelm::ctl

@@ -3,15 +3,21 @@
 #include "ctl/stored_state.hpp"
 
 #include <span>
-#include <string_view>
 
 #include "ppdsettings/snmp_helper.hpp"
-#include "ppdsettings/stored_facts.hpp"
 
 namespace kelm::ctl {
 namespace {
 
-// Whether `keyword` is the fact's, with an index and a part where it has them.
+bool isStored(std::string_view keyword) {
+  for (const ppdsettings::StoredFact& fact : ppdsettings::kStoredFacts) {
+    if (belongsTo(keyword, fact)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
 bool belongsTo(std::string_view keyword, const ppdsettings::StoredFact& fact) {
   if (!isList(fact)) return keyword == fact.keyword;
   constexpr std::string_view kDigits = "0123456789";
@@ -22,15 +28,6 @@ bool belongsTo(std::string_view keyword, const ppdsettings::StoredFact& fact) {
   if (fact.parts == ppdsettings::kWhole) return digits == std::string_view::npos;
   return digits != std::string_view::npos && keyword.substr(digits).starts_with("_Part");
 }
-
-bool isStored(std::string_view keyword) {
-  for (const ppdsettings::StoredFact& fact : ppdsettings::kStoredFacts) {
-    if (belongsTo(keyword, fact)) return true;
-  }
-  return false;
-}
-
-}  // namespace
 
 StoredLines storedLinesOf(ppd_file_t* ppd) {
   StoredLines lines;

@@ -6,9 +6,11 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "ctl/stored_settings.hpp"
+#include "ppdsettings/stored_facts.hpp"
 
 namespace kelm::ctl {
 
@@ -23,6 +25,10 @@ struct StoredState {
 };
 
 StoredLines storedLinesOf(ppd_file_t* ppd);
+
+// Whether `keyword` is the fact's, with an index and a part where it has them.
+bool belongsTo(std::string_view keyword, const ppdsettings::StoredFact& fact);
+
 StoredState storedStateOf(ppd_file_t* ppd);
 
 // Whether the PPD names kelmfilter as a filter.

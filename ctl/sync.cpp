@@ -3,6 +3,7 @@
 #include "ctl/sync.hpp"
 
 #include <algorithm>
+#include <iterator>
 #include <memory>
 #include <thread>
 #include <utility>
@@ -32,6 +33,7 @@ constexpr auto kLongestCancel = 5s;
 constexpr auto kEndOfProcesses = 1s;
 // An update job keeps a filter and a backend of the print server busy.
 constexpr std::size_t kMostUpdateJobs = 32;
+constexpr int kMostRepeats = 3;
 
 enum class Stage { kWaiting, kAsking, kAnswered, kStoring, kOver };
 
@@ -45,12 +47,23 @@ struct Task {
   std::string community;
   pid_t lockHolder = 0;
   int job = 0;
+  int repeats = 0;  // because another program changed the queue as well
   bool isCancelled = false;
   bool isEnding = false;
   Clock::time_point limit;  // of the wait for the lock or the job
   Clock::time_point nextLook;
   std::chrono::milliseconds pause = kFirstLook;
 };
+
+// The lists that only a sync stores.
+constexpr ppdsettings::StoredFact kPrinterLists[] = {
+    ppdsettings::storedFact("SharedBoxName"), ppdsettings::storedFact("PSFormName"),
+    ppdsettings::storedFact("BarcodeAreaDefName"), ppdsettings::storedFact("ColorProfileName")};
+
+bool isOfPrinterList(const std::string& keyword) {
+  return std::any_of(std::begin(kPrinterLists), std::end(kPrinterLists),
+                     [&](const auto& fact) { return belongsTo(keyword, fact); });
+}
 
 std::string inQuotes(const std::string& text) { return "\"" + text + "\""; }
 
@@ -80,12 +93,19 @@ class Sync {
   void addQueues(PrintServer& server, const Queues& found, const std::string& wanted) {
     for (const Queue& queue : found.queues) {
       if (wanted.empty() && queue.isClass) continue;
-      addTask(server, queue);
+      if (!isKnown(server, queue.name)) addTask(server, queue);
     }
     if (found.problem.empty()) return;
     Queue unknown;
     unknown.name = wanted;
     fail(addTask(server, unknown), found.problem);
+  }
+
+  // CUPS finds a queue in any letter case, so two names may be one queue's.
+  bool isKnown(const PrintServer& server, const std::string& queue) const {
+    return std::any_of(tasks_.begin(), tasks_.end(), [&](const auto& task) {
+      return task->server == &server && task->queue.name == queue;
+    });
   }
 
   Task& addTask(PrintServer& server, const Queue& queue) {
@@ -156,7 +176,7 @@ class Sync {
       return false;
     }
     const bool isFirst = task.lockHolder == 0;
-    task.lockHolder = locks_.tryLock(task.server->name(), task.queue.name);
+    task.lockHolder = locks_.tryLock(task.server->lockName(), task.queue.name);
     if (task.lockHolder == 0) return true;
     const std::string holder = "process " + std::to_string(task.lockHolder) +
                                " is updating the queue " + inQuotes(task.queue.name);
@@ -182,7 +202,7 @@ class Sync {
     }
     if (opened.ppd == nullptr) return fail(task, opened.problem);
     task.before = storedStateOf(opened.ppd.get());
-    task.result.before = task.before.settings;
+    if (task.repeats == 0) task.result.before = task.before.settings;
     if (!task.before.isOurs) {
       return fail(task,
                   "the queue " + inQuotes(task.queue.name) + " does not print with kelmfilter");
@@ -294,7 +314,8 @@ class Sync {
   void readBack(Task& task, std::string problem, SyncStatus failure = SyncStatus::kFailed) {
     const OpenedPpd opened = task.server->openPpd(task.queue.name);
     if (opened.ppd == nullptr) {
-      return fail(task, problem.empty() ? opened.problem : problem, failure);
+      if (problem.empty()) problem = jobName(task) + " was sent; whether it was done is not known";
+      return fail(task, problem + ": " + opened.problem, failure);
     }
     const StoredState after = storedStateOf(opened.ppd.get());
     task.result.after = after.settings;
@@ -304,7 +325,34 @@ class Sync {
       problem = "the print server did not store " + missing->keyword + "; its error log says why";
     }
     if (!problem.empty()) return fail(task, problem, failure);
-    succeed(task, SyncStatus::kDone);
+    const std::string foreign = foreignLine(task, after.lines);
+    if (foreign.empty()) return succeed(task, SyncStatus::kDone);
+    repeat(task, foreign, failure);
+  }
+
+  // A line of a list that is neither from this sync nor from before it; empty: there is none. The
+  // locks do not reach other computers, and the lists of two printers must not become one.
+  static std::string foreignLine(const Task& task, const StoredLines& after) {
+    StoredLines expected = task.before.lines;
+    for (const UpdateLine& line : task.result.lines) expected[line.keyword] = line.value;
+    for (const auto& [keyword, value] : after) {
+      const auto own = expected.find(keyword);
+      const bool isOwn = own == expected.end() ? value.empty() : own->second == value;
+      if (!isOwn && isOfPrinterList(keyword)) return keyword;
+    }
+    return {};
+  }
+
+  void repeat(Task& task, const std::string& foreign, SyncStatus failure) {
+    task.result.problem = "another program changed " + foreign + " of the queue " +
+                          inQuotes(task.queue.name) + " at the same time; run this again";
+    if (failure == SyncStatus::kInterrupted || ++task.repeats > kMostRepeats) {
+      return fail(task, std::string(task.result.problem), failure);
+    }
+    locks_.unlock(task.server->lockName(), task.queue.name);
+    task.job = 0;
+    task.pause = kFirstLook;
+    task.stage = Stage::kWaiting;
   }
 
   void succeed(Task& task, SyncStatus status) {
@@ -313,7 +361,9 @@ class Sync {
     finish(task);
   }
 
+  // A problem that came with an interruption is none of the queue's: `stop` says what became of it.
   void fail(Task& task, const std::string& problem, SyncStatus status = SyncStatus::kFailed) {
+    if (status == SyncStatus::kFailed && Interruption::isWanted()) return;
     task.result.status = status;
     task.result.problem = problem;
     finish(task);
@@ -322,7 +372,7 @@ class Sync {
   void finish(Task& task) {
     task.stage = Stage::kOver;
     if (!request_.dryRun && locks_.problem().empty() && task.lockHolder == 0) {
-      locks_.unlock(task.server->name(), task.queue.name);
+      locks_.unlock(task.server->lockName(), task.queue.name);
     }
   }
 

@@ -122,4 +122,9 @@ cups_queue other socket://127.0.0.1 "$W/other.ppd"
 run 1 refresh other
 grep -q 'other: it does not print with kelmfilter' "$W/err" || fail "$(cat "$W/err")"
 run 3 refresh kelm nothere
+# With several servers, each line says which.
+run 3 refresh kelm -h 127.0.0.1:631 -h 127.0.0.1:632
+expect "the first server" '127.0.0.1:631/kelm: nothing to do, it has the installed PPD' "$(cat "$W/out")"
+grep -q '^kelmctl: 127.0.0.1:632/kelm: the print server 127.0.0.1:632 does not answer; start it' "$W/err" ||
+  fail "$(cat "$W/err")"
 run 2 refresh

@@ -96,10 +96,24 @@ expect "connections that are encrypted" 0 "$(encrypted)"
 "$KELMCTL" settings kelm -E >"$W/out" 2>"$W/err" || fail "not with -E: $(cat "$W/err")"
 [ "$(encrypted)" -gt 0 ] || fail "the connection is not encrypted"
 expect_line "$W/out" 'Shared boxes              1  Einkauf'
+# An IPv6 address with brackets and, without a port, without them.
+sed -i 's/^Listen 127.*/&\nListen [::1]:631/; s/Allow from 127.0.0.1/&\n  Allow from ::1/' "$CUPS/etc/cupsd.conf"
+kill -HUP "$(cat "$W/pids/cupsd")"
+ipv6_listens() { ss -ltn6 'sport = :631' | grep -q LISTEN; }
+wait_until 5 ipv6_listens || fail "no server at ::1"
+for name in '[::1]:631' '[::1]' ::1; do
+  "$KELMCTL" settings kelm -h "$name" >"$W/out" 2>"$W/err" || fail "-h $name: $(cat "$W/err")"
+  expect_line "$W/out" 'Shared boxes              1  Einkauf'
+done
+# A server that is named twice is asked once.
+"$KELMCTL" sync kelm other --dry-run -h 127.0.0.1 -h 127.0.0.1 >"$W/out" 2>"$W/err" || fail "$(cat "$W/err")"
+expect "lines for two queues, and a summary" 3 "$(wc -l <"$W/out")"
 (cd "$W/pids" && exec /usr/bin/python3 -m http.server 8080 --bind 127.0.0.1 >"$W/plain_log" 2>&1) &
 started plain $!
 wait_until 5 printer_listens 8080 || fail "no server without encryption"
 status=0
 "$KELMCTL" settings kelm -E -h 127.0.0.1:8080 >"$W/out" 2>"$W/err" || status=$?
 expect "status of a server without encryption" 1 "$status"
+grep -q '^kelmctl: the print server 127.0.0.1:8080 cannot be asked with encryption: ' "$W/err" ||
+  fail "no word about it: $(cat "$W/err")"
 ! grep -q kelm.ppd "$W/plain_log" || fail "it was asked without encryption"

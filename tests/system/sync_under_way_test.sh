@@ -80,6 +80,71 @@ grep -q '^kelmctl: the update job hung-[0-9]* is still being processed$' "$W/err
 expect "the changes" '' "$(cat "$W/out")"
 cancel -a hung
 
+# The print server hangs while it has the update job: that is said, and what is not known.
+cups_queue unknown slow://127.0.0.1 "$HERE/lib/queue.ppd"
+rm -f "$W/taken/slow"
+sync_start unknown --address 127.0.0.1
+wait_until 10 test -e "$W/taken/slow" || fail "no update job: $(cat "$W/err")"
+kill -STOP "$(cat "$W/pids/cupsd")"
+sleep 1
+interrupt 1
+kill -CONT "$(cat "$W/pids/cupsd")"
+grep -q '^kelmctl: the update job unknown-[0-9]* was sent; whether it was done is not known: ' "$W/err" ||
+  fail "$(cat "$W/err")"
+
+# Asked for all queues, it ends as soon, even if a server keeps silent.
+socat -u TCP-LISTEN:8080,bind=127.0.0.1,reuseaddr,fork OPEN:/dev/null &
+started silent_server $!
+wait_until 5 printer_listens 8080 || fail "no silent server"
+sync_start held begun -h 127.0.0.1:8080
+sleep 1
+interrupt 1
+for queue in held begun; do
+  expect_line "$W/out" "$queue: interrupted: interrupted before anything was stored"
+done
+expect "messages" 1 "$(wc -l <"$W/err")"
+
+# A request that is to be encrypted is given up as soon as any other.
+for encryption in '' -E; do
+  begin=$(date +%s)
+  status=0
+  "$KELMCTL" settings held $encryption -h 127.0.0.1:8080 >"$W/out" 2>"$W/err" || status=$?
+  expect "status with a silent server" 1 "$status"
+  [ $(($(date +%s) - begin)) -le 20 ] || fail "a silent server is waited for too long ($encryption)"
+  grep -q '^kelmctl: the print server 127.0.0.1:8080 accepts connections but does not answer' "$W/err" ||
+    fail "no word about it: $(cat "$W/err")"
+done
+
+# A queue has one name, whatever the case of its letters.
+"$KELMCTL" sync begun Begun BEGUN --address 127.0.0.1 >"$W/out" 2>"$W/err" && fail "--address with three names"
+"$KELMCTL" settings begun >"$W/settings"
+"$KELMCTL" settings BEGUN | diff "$W/settings" - || fail "other settings"
+lpadmin -p begun -v socket://127.0.0.1 2>"$W/lpadmin_log"
+"$KELMCTL" sync begun Begun BEGUN --quiet --json >"$W/out" 2>"$W/err" || fail "$(cat "$W/err")"
+expect "objects" 1 "$(wc -l <"$W/out")"
+grep -q '^{"server":"127.0.0.1","queue":"begun","status":"unchanged",' "$W/out" || fail "$(cat "$W/out")"
+lpadmin -p begun -v slow://127.0.0.1 2>"$W/lpadmin_log"
+
+# Two computers update a queue at the same time, each with another printer: the lists of both do not become
+# one. The directory of the locks is that of another computer here.
+printf 'boxState 5 integer 1\nboxName 5 text Lager\n' | printer_mib "$HERE/printers/few_boxes.mib" - |
+  agent_start other_agent 127.0.0.2
+cups_queue met slow://127.0.0.1 "$HERE/lib/queue.ppd"
+rm -f "$W/taken/slow"
+sync_start met --address 127.0.0.2
+wait_until 10 test -e "$W/taken/slow" || fail "no update job: $(cat "$W/err")"
+# shellcheck disable=SC2016 # for the shell that is started to expand
+unshare -m sh -c 'mount -t tmpfs none /run/lock && exec "$0" sync met --address 127.0.0.1' "$KELMCTL" \
+  >"$W/second_out" 2>"$W/second_err" || fail "the second computer: $(cat "$W/second_err")"
+wait "$sync" || fail "the first computer: $(cat "$W/err")"
+"$KELMCTL" settings met --json >"$W/settings"
+grep -q '"sharedBoxes": *\[' "$W/settings" || fail "no boxes are stored"
+/usr/bin/python3 -c 'import json, sys
+d = json.load(open(sys.argv[1]))
+boxes = {"127.0.0.1": [1, 17], "127.0.0.2": [1, 5, 17]}
+assert d["sharedBoxNumbers"] == boxes[d["printerIPAddress"]], d' "$W/settings" ||
+  fail "the lists of two printers are mixed"
+
 # One print server, whatever it is called: the second sync of a queue says who is at it.
 sync_start held --address 127.0.0.1 --wait 20 -h 127.0.0.1:631
 wait_until 10 has_jobs held 2 || fail "no update job: $(cat "$W/err")"
@@ -91,4 +156,15 @@ for name in localhost "$CUPS/state/cups.sock"; do
     fail "no word about the first sync ($name): $(cat "$W/second_err")"
 done
 expect "jobs in the queue" 2 "$(jobs_of held)"
+
+# A refresh waits for it as well, under any name of the queue.
+sed 's/^\*FileVersion:.*/*FileVersion: "7.0"/' "$HERE/lib/queue.ppd" >"$W/version7"
+status=0
+"$KELMCTL" refresh HELD --ppd "$W/version7" --wait 1 >"$W/second_out" 2>"$W/second_err" || status=$?
+expect "status of a refresh meanwhile" 1 "$status"
+cat >"$W/expected" <<END
+kelmctl: held: process $sync is updating it; waiting for it
+kelmctl: held: process $sync is updating it; try again later
+END
+diff "$W/expected" "$W/second_err" || fail "other messages"
 interrupt 1
