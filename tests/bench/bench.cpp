@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 
 #include "tests/bench/jobs.hpp"
@@ -21,6 +22,8 @@ using kelm::bench::secondsToExit;
 constexpr std::size_t kMegabyte = 1000 * 1000;
 constexpr std::size_t kJobBytes = 256 * kMegabyte;
 constexpr std::size_t kMemoryBlock = kMegabyte;  // small: a child starts with its parent's peak
+constexpr int kLongBlocks = 1000;
+constexpr int kLongRuns = 3;
 constexpr int kThroughputRuns = 9;
 constexpr int kStartUpRuns = 301;
 constexpr int kGrowthRuns = 5;
@@ -53,18 +56,47 @@ void throughput(const char* name, const std::string& content) {
   std::filesystem::remove(file);
 }
 
-void explain(const char* name, const std::string& content) {
-  const std::string job = writeJob(name, content);
+// What the filter makes of a job.
+std::string printed(const std::string& job) {
   const std::string stream = job + ".prn";
   const Command print{"/bin/sh",   "-c", "exec \"$0\" 1 user title 1 \"\" \"$1\" >\"$2\"",
                       KELM_FILTER, job,  stream};
   secondsToExit(print, job);
+  return stream;
+}
+
+void explain(const char* name, const std::string& content) {
+  const std::string job = writeJob(name, content);
+  const std::string stream = printed(job);
   const auto size = static_cast<double>(std::filesystem::file_size(stream));
   const auto times = kelm::bench::mediansInTurns({[&] { return secondsIntoPipe(kCat, stream); },
                                                   [&] { return secondsToExit(kExplain, stream); }},
                                                  kThroughputRuns);
   std::printf("%-12s %8.0f %12.0f %14.2f\n", name, size / kMegabyte / times[0],
               size / kMegabyte / times[1], times[0] / times[1]);
+  std::filesystem::remove(job);
+  std::filesystem::remove(stream);
+}
+
+// A stream of 1 GB comes through a pipe.
+void explainLong() {
+  const std::string job = writeJob("front", "%!PS-Adobe-3.0\n");
+  const std::string stream = printed(job);
+  std::ifstream file(stream, std::ios::binary);
+  const std::string front{std::istreambuf_iterator<char>(file), {}};
+  const std::string block = kelm::bench::lineArt(kMemoryBlock).substr(0, kMemoryBlock);
+  const auto times = kelm::bench::mediansInTurns(
+      {[&] { return kelm::bench::fed(kCat, front, block, kLongBlocks).seconds; },
+       [&] { return kelm::bench::fed(kExplain, front, block, kLongBlocks).seconds; }},
+      kLongRuns);
+  const double size = static_cast<double>(block.size()) * kLongBlocks / kMegabyte;
+  std::printf("%-12s %8.0f %12.0f %14.2f\n", "line-art 1 GB", size / times[0], size / times[1],
+              times[0] / times[1]);
+  for (const int blocks : {16, kLongBlocks}) {
+    const long peak = kelm::bench::fed(kExplain, front, block, blocks).peakKilobytes;
+    std::printf("peak memory for %d MB %10.1f MB\n", blocks,
+                static_cast<double>(peak) * 1024 / kMegabyte);
+  }
   std::filesystem::remove(job);
   std::filesystem::remove(stream);
 }
@@ -110,7 +142,7 @@ void memory() {
   setenv("PPD", KELM_PPD, 1);
   std::printf("peak memory of kelmfilter with the queue's PPD\n");
   for (const int times : {16, 1024}) {
-    const long peak = kelm::bench::peakKilobytes(kFilter, block, times);
+    const long peak = kelm::bench::fed(kFilter, "", block, times).peakKilobytes;
     std::printf("%6zu MB job %10.1f MB\n",
                 block.size() * static_cast<std::size_t>(times) / kMegabyte,
                 static_cast<double>(peak) * 1024 / kMegabyte);
@@ -133,6 +165,7 @@ int main() {
   std::printf("%-12s %8s %12s %14s\n", "", "cat", "explain", "explain/cat");
   explain("line-art", kelm::bench::lineArt(kJobBytes));
   explain("binary", kelm::bench::binaryImage(kJobBytes));
+  explainLong();
   startUp();
   growth();
   return 0;

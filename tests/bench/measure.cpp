@@ -73,15 +73,12 @@ double secondsSince(std::chrono::steady_clock::time_point begin) {
   return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
 }
 
-void feed(int descriptor, std::string_view block, int times) {
-  for (int i = 0; i < times; ++i) {
-    for (std::string_view rest = block; !rest.empty();) {
-      const ssize_t count = write(descriptor, rest.data(), rest.size());
-      if (count <= 0) fail("write");
-      rest.remove_prefix(static_cast<std::size_t>(count));
-    }
+void writeAll(int descriptor, std::string_view text) {
+  while (!text.empty()) {
+    const ssize_t count = write(descriptor, text.data(), text.size());
+    if (count <= 0) fail("write");
+    text.remove_prefix(static_cast<std::size_t>(count));
   }
-  close(descriptor);
 }
 
 }  // namespace
@@ -102,11 +99,15 @@ double secondsToExit(const Command& command, const std::string& inputFile) {
   return secondsSince(begin);
 }
 
-long peakKilobytes(const Command& command, std::string_view block, int times) {
+Fed fed(const Command& command, std::string_view front, std::string_view block, int times) {
+  const auto begin = std::chrono::steady_clock::now();
   const Pipe pipe;
   const pid_t child = start(command, pipe.out, openFile("/dev/null", O_WRONLY));
-  feed(pipe.in, block, times);
-  return finish(child).ru_maxrss;
+  writeAll(pipe.in, front);
+  for (int i = 0; i < times; ++i) writeAll(pipe.in, block);
+  close(pipe.in);
+  const long peak = finish(child).ru_maxrss;
+  return {secondsSince(begin), peak};
 }
 
 std::vector<double> mediansInTurns(const std::vector<std::function<double()>>& measurements,

@@ -18,8 +18,14 @@ double secondsIntoPipe(const Command& command, const std::string& inputFile);
 // Seconds from start to exit with `inputFile` as standard input, the output thrown away.
 double secondsToExit(const Command& command, const std::string& inputFile);
 
-// The largest resident size in KiB of `command` while it is given `block` `times` times.
-long peakKilobytes(const Command& command, std::string_view block, int times);
+struct Fed {
+  double seconds;      // from start to exit
+  long peakKilobytes;  // the largest resident size, in KiB
+};
+
+// Runs `command` with a pipe as its standard input, which gets `front` and then `block` `times`
+// times. The output is thrown away.
+Fed fed(const Command& command, std::string_view front, std::string_view block, int times);
 
 // The median of `count` calls of each measurement, the measurements taking turns.
 std::vector<double> mediansInTurns(const std::vector<std::function<double()>>& measurements,

@@ -149,11 +149,3 @@ explain 1 --stream "$W"
 grep -q 'cannot be read to its end: Is a directory' "$W/err" || fail "no word about the read error: $(cat "$W/err")"
 explain 1 --stream "$W/none.prn"
 explain 2 --stream "$W/good.prn" -n 2
-
-# A long stream takes no more memory than a short one.
-cp "$W/good.prn" "$W/long.prn"
-truncate -s 1G "$W/long.prn"
-prlimit --as=500000000 timeout 55 "$BUILD/kelmctl" explain --stream "$W/long.prn" --json \
-  >"$W/long.json" 2>"$W/err" ||
-  fail "no report on 1 GB in half as much memory"
-expect_line "$W/long.json" '  "size": 1073741824,'
