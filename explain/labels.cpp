@@ -19,6 +19,7 @@ namespace {
 
 constexpr double kHundredthsPerMillimetre = 100.0;
 constexpr std::string_view kCustomSize = "CUSTOMSIZE";
+constexpr std::string_view kOn = "ON";
 
 struct PlainName {
   const char* variable;
@@ -85,7 +86,8 @@ std::string choiceWithValue(const pjl::ValueTableView& table, const std::string&
 }
 
 // Switches that a text turns on in an ordinary job. They are named after the option of the text,
-// because the options with the switches' own names are only for the maker's dialog.
+// because the options with the switches' own names are only for the maker's dialog. Their "on" is
+// the text option's custom value.
 constexpr std::string_view kTextSwitches[] = {"QVBARCODEAREA", "QVOWNERNAME", "QVJOBNAME",
                                               "QVSECRETNUM"};
 
@@ -202,7 +204,11 @@ Label labelOf(ppd_file_t* ppd, const RowFacts& row, const pjl::RecordedLine& lin
     } else if (named == nullptr) {
       option = standardOption(ppd, *option);
     }
-    option = namingOption(ppd, row, line.variable, option);
+    const ppd_option_t* naming = namingOption(ppd, row, line.variable, option);
+    if (naming != option && line.value == kOn) {
+      if (const ppd_choice_t* custom = choiceNamed(*naming, "Custom")) named = custom;
+    }
+    option = naming;
     label.name = option->text;
     label.group = groupOf(ppd, option);
   }
