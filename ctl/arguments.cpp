@@ -33,24 +33,34 @@ const Argument& Argument::check(
   return *this;
 }
 
+std::vector<std::size_t> Argument::places() const {
+  std::vector<std::size_t> places;
+  const std::vector<CLI::Option*>& order = app_->parse_order();
+  for (std::size_t i = 0; i < order.size(); ++i) {
+    if (order[i] == option_) places.push_back(i);
+  }
+  return places;
+}
+
 Argument ArgumentList::add(const char* name, std::string& value, const char* help) {
-  return Argument(app_.add_option(name, value, help));
+  return {app_.add_option(name, value, help), &app_};
 }
 
 Argument ArgumentList::add(const char* name, std::optional<std::string>& value, const char* help) {
-  return Argument(app_.add_option(name, value, help));
+  return {app_.add_option(name, value, help), &app_};
 }
 
 Argument ArgumentList::add(const char* name, std::vector<std::string>& values, const char* help) {
   const bool isOption = name[0] == '-';
-  return Argument(app_.add_option(name, values, help)->allow_extra_args(!isOption));
+  return {app_.add_option(name, values, help)->allow_extra_args(!isOption), &app_};
 }
 
 Argument ArgumentList::addNumber(const char* name, unsigned& value, unsigned least, unsigned most,
                                  const char* help) {
-  return Argument(app_.add_option(name, value, help)
-                      ->type_name("NUMBER")
-                      ->check(CLI::Range(least, most).description("")));
+  return {app_.add_option(name, value, help)
+              ->type_name("NUMBER")
+              ->check(CLI::Range(least, most).description("")),
+          &app_};
 }
 
 Argument ArgumentList::addShortH(std::vector<std::string>& values, bool isRepeatable,
@@ -58,11 +68,11 @@ Argument ArgumentList::addShortH(std::vector<std::string>& values, bool isRepeat
   app_.set_help_flag("--help", "Print this help message and exit");
   CLI::Option* option = app_.add_option("-h", values, help)->allow_extra_args(false);
   if (!isRepeatable) option->expected(1);
-  return Argument(option);
+  return {option, &app_};
 }
 
 Argument ArgumentList::addFlag(const char* name, bool& value, const char* help) {
-  return Argument(app_.add_flag(name, value, help));
+  return {app_.add_flag(name, value, help), &app_};
 }
 
 void ArgumentList::require(const char* what, std::function<bool()> isGiven) {

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -19,7 +20,7 @@ namespace kelm::ctl {
 // One argument or option that was declared: a handle, valid as long as its command line.
 class Argument {
  public:
-  explicit Argument(CLI::Option* option) : option_(option) {}
+  Argument(CLI::Option* option, const CLI::App* app) : option_(option), app_(app) {}
 
   const Argument& required() const;
   const Argument& valueName(const char* name) const;  // what the help calls the value; may be ""
@@ -29,8 +30,13 @@ class Argument {
   // `problem` says what is wrong with a value; an empty answer accepts it.
   const Argument& check(const std::function<std::string(const std::string&)>& problem) const;
 
+  // The places of its values among those of all options, in the order of the command line. After
+  // parsing.
+  std::vector<std::size_t> places() const;
+
  private:
   CLI::Option* option_;
+  const CLI::App* app_;
 };
 
 // Where a subcommand declares its arguments. A name that begins with "-" is an option, any other

@@ -41,6 +41,8 @@ struct Arguments {
   ServerOptions server;
   std::vector<std::string> options;
   std::optional<std::string> copies;
+  std::vector<std::size_t> placesOfOptions;  // on the command line
+  std::vector<std::size_t> placesOfCopies;
   std::string title;
   std::optional<std::string> page;
   bool changed = false;
@@ -98,6 +100,19 @@ std::string copiesProblem(const std::string& text) {
                                                             : "must be a number from 1 to 9999";
 }
 
+// Whether the last "-o copies=" comes after "-n".
+bool endsWithCopiesOption(const Arguments& arguments) {
+  bool isAfter = false;
+  for (std::size_t i = 0; i < arguments.options.size(); ++i) {
+    if (explain::findOption(explain::parsedOptions({arguments.options[i]}), "copies") == nullptr) {
+      continue;
+    }
+    isAfter = arguments.placesOfCopies.empty() ||
+              arguments.placesOfOptions.at(i) > arguments.placesOfCopies.back();
+  }
+  return isAfter;
+}
+
 bool showsChangedOnly(const Arguments& arguments, const Console& console) {
   return arguments.changed || (console.outIsTerminal && !arguments.all);
 }
@@ -113,7 +128,8 @@ int explainJob(const Arguments& arguments, const Console& console) {
     if (!problem.empty())
       return fail(console, shownText("copies=" + copies->value + " " + problem));
   }
-  const bool hasCopies = explain::takeCopies(request, arguments.copies.has_value());
+  const bool hasCopies =
+      explain::takeCopies(request, arguments.copies.has_value(), endsWithCopiesOption(arguments));
   explain::addDefaults(request, defaultsOf(arguments, console), hasCopies);
   const explain::Explanation explanation = explain::explained(request);
   Page page{arguments.title.empty() ? "What the job tells the printer" : arguments.title,
@@ -210,7 +226,11 @@ Action declareExplain(ArgumentList& list) {
   declareServer(list, arguments->server);
   list.require("QUEUE, --ppd FILE or --stream FILE",
                [arguments] { return arguments->queue || arguments->file || arguments->stream; });
-  return [arguments](const Console& console) { return runExplain(*arguments, console); };
+  return [arguments, options, copies](const Console& console) {
+    arguments->placesOfOptions = options.places();
+    arguments->placesOfCopies = copies.places();
+    return runExplain(*arguments, console);
+  };
 }
 
 }  // namespace kelm::ctl

@@ -11,7 +11,6 @@
 #include <span>
 #include <utility>
 
-#include "explain/media_col.hpp"
 #include "job/ppd_calls.hpp"
 
 namespace kelm::explain {
@@ -264,7 +263,6 @@ Explanation explained(const Request& request) {
     explanation.lines.push_back(explainedLine(job, place, line, changed));
   });
   explanation.remarks = remarksOn(request);
-  if (auto remark = remarkOnMediaCol(request)) explanation.remarks.push_back(std::move(*remark));
   return explanation;
 }
 

@@ -2,10 +2,14 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/paper_remarks.hpp"
 
+#include <strings.h>
+
 #include <algorithm>
 #include <cmath>
 #include <string_view>
+#include <utility>
 
+#include "explain/named_media.hpp"
 #include "explain/words.hpp"
 #include "job/ppd_calls.hpp"
 
@@ -16,34 +20,6 @@ namespace kelm::explain {
 namespace {
 
 constexpr double kPaperTolerance = 2.0;  // points
-
-struct PageSize {
-  float width;
-  float length;
-};
-
-// The page size that results if this option is added to the choices that are marked in the PPD. A
-// "media" that names no paper does not change it.
-std::optional<PageSize> markedPage(ppd_file_t* ppd, const char* name, const std::string& value) {
-  cups_option_t option{const_cast<char*>(name), const_cast<char*>(value.c_str())};
-  job::r_cupsMarkOptions(ppd, 1, &option);
-  const ppd_size_t* size = job::r_ppdPageSize(ppd, nullptr);
-  if (size == nullptr) return std::nullopt;
-  return PageSize{size->width, size->length};
-}
-
-// Whether libcups takes a word of "media" for a paper: the word then gives the same page size
-// whatever page size was marked before.
-bool namesAPaper(ppd_file_t* ppd, const std::string& word) {
-  if (ppd->num_sizes < 2) return true;
-  const auto after = [&](const ppd_size_t& before) {
-    markedPage(ppd, "PageSize", before.name);
-    return markedPage(ppd, "media", word);
-  };
-  const auto one = after(ppd->sizes[0]);
-  const auto other = after(ppd->sizes[1]);
-  return one && other && one->width == other->width && one->length == other->length;
-}
 
 // A word of "media" that is no paper, tray or paper type; empty when each is one.
 std::string strangeMedia(const Request& request, const std::string& value,
@@ -109,6 +85,18 @@ std::optional<Remark> remarkOnCustomPaper(const Request& request, const Option& 
                     points(most[1]),
                 {},
                 ""};
+}
+
+std::optional<Remark> remarkOnPageRegion(const Option& option) {
+  constexpr std::string_view kCustom = "Custom";
+  const bool isCustom = strncasecmp(option.value.c_str(), kCustom.data(), kCustom.size()) == 0;
+  if (option.name != "PageRegion" || !isCustom) return std::nullopt;
+  std::string nearest = option.value.size() > kCustom.size() ? "PageSize=" + option.value : "";
+  return Remark{option,
+                "is a paper without width and height: CUPS reads a custom size only from PageSize "
+                "and media",
+                {},
+                std::move(nearest)};
 }
 
 }  // namespace kelm::explain

@@ -22,4 +22,7 @@ std::optional<Remark> remarkOnPaper(const Request& request);
 // Dialogs refuse custom papers that the printer cannot have, and lp(1) does not.
 std::optional<Remark> remarkOnCustomPaper(const Request& request, const Option& option);
 
+// CUPS writes a custom page region as a paper of no size.
+std::optional<Remark> remarkOnPageRegion(const Option& option);
+
 }  // namespace kelm::explain

@@ -6,6 +6,7 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <iterator>
 #include <optional>
 #include <span>
 #include <string>
@@ -14,6 +15,8 @@
 
 #include "explain/choice_remarks.hpp"
 #include "explain/conflicts.hpp"
+#include "explain/media_col.hpp"
+#include "explain/overruled.hpp"
 #include "explain/paper_remarks.hpp"
 #include "explain/row_facts.hpp"
 #include "explain/standard_names.hpp"
@@ -116,6 +119,7 @@ std::optional<Remark> remarkOnSpelled(const Request& request, const Option& opti
     return remark ? std::move(remark) : remarkOnName(request, option);
   }
   if (isIdle(request, option, *known)) return Remark{option, kDialogOnly, {}, ""};
+  if (auto remark = remarkOnPageRegion(option)) return remark;
   return remarkOnChoice(request, option, *known);
 }
 
@@ -149,6 +153,17 @@ std::optional<Remark> remarkOn(const Request& request, const Option& option) {
   return remark;
 }
 
+// The last number of copies counts.
+std::optional<Remark> remarkOnCopies(const Request& request) {
+  if (!request.overruledCopies) return std::nullopt;
+  const std::string separator = request.copiesName.starts_with('-') ? " " : "=";
+  return Remark{*request.overruledCopies,
+                "has no effect, because " + request.copiesName + separator +
+                    std::to_string(request.copies) + " comes after it",
+                {},
+                ""};
+}
+
 }  // namespace
 
 std::vector<Remark> remarksOn(const Request& request) {
@@ -159,6 +174,9 @@ std::vector<Remark> remarksOn(const Request& request) {
     if (remark) remarks.push_back(std::move(*remark));
   }
   if (auto remark = remarkOnPaper(request)) remarks.push_back(std::move(*remark));
+  std::ranges::move(remarksOnMediaCol(request), std::back_inserter(remarks));
+  if (auto remark = remarkOnCopies(request)) remarks.push_back(std::move(*remark));
+  addOverruled(request, remarks);
   addConflicts(request, remarks);
   for (Remark& remark : remarks) {
     if (auto row = rowOf(remark.option.name, request.isDialogJob())) {

@@ -6,13 +6,14 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <initializer_list>
 #include <optional>
 #include <sstream>
 #include <utility>
 
+#include "explain/named_media.hpp"
 #include "job/job_setup.hpp"
 #include "job/ppd_calls.hpp"
 #include "platform/platform.hpp"
@@ -60,39 +61,11 @@ bool hasAnyOf(const CupsOptions& options, std::initializer_list<const char*> nam
   });
 }
 
-// Has libcups mark a word of "media" in a PPD that has only its defaults marked.
-void markMedium(ppd_file_t* ppd, const std::string& word) {
-  CupsOptions medium;
-  add(medium, "media", word);
-  job::r_ppdMarkDefaults(ppd);
-  job::r_cupsMarkOptions(ppd, medium.count, medium.first);
-}
-
 // A member of a collection as lp(1) reads it; empty if the collection has no such member.
 std::string memberOf(const std::string& collection, const char* name) {
   const std::vector<Option> members = parsedOptions({collection});
   const Option* member = findOption(members, name);
   return member == nullptr ? std::string() : member->value;
-}
-
-// The paper for a size in 1/100 mm, as cupsd names it; empty when there is none.
-std::string paperOfSize(ppd_file_t* ppd, int width, int height) {
-  if (width <= 0 || height <= 0) return {};
-  char name[80];
-  std::snprintf(name, sizeof name, "custom_size_%d.%02dx%d.%02dmm", width / 100, width % 100,
-                height / 100, height % 100);
-  markMedium(ppd, name);
-  const ppd_size_t* page = job::r_ppdPageSize(ppd, nullptr);
-  if (page == nullptr) return {};
-  if (std::string_view(page->name) != "Custom") return page->name;
-  return "Custom." + std::to_string(static_cast<int>(page->width)) + "x" +
-         std::to_string(static_cast<int>(page->length));
-}
-
-// The same for a collection "media-size".
-std::string paperOfSize(ppd_file_t* ppd, const std::string& size) {
-  return paperOfSize(ppd, std::atoi(memberOf(size, "x-dimension").c_str()),
-                     std::atoi(memberOf(size, "y-dimension").c_str()));
 }
 
 // So near in points, CUPS takes one size for another.
@@ -106,7 +79,8 @@ void addPaperOfCustomSize(const Request& request, CupsOptions& options) {
       hasAnyOf(options, {"PageSize", "PageRegion"})) {
     return;
   }
-  markMedium(request.ppd, media->value.substr(0, media->value.find(',')));
+  job::r_ppdMarkDefaults(request.ppd);
+  markedPage(request.ppd, "media", media->value.substr(0, media->value.find(',')));
   const ppd_size_t* custom = job::r_ppdPageSize(request.ppd, nullptr);
   if (custom == nullptr || std::string_view(custom->name) != "Custom") return;
   const float width = custom->width;
@@ -121,26 +95,30 @@ void addPaperOfCustomSize(const Request& request, CupsOptions& options) {
   add(options, "PageSize", paper);
 }
 
-// The choice of the PPD's option for an IPP name of a tray or a paper type; empty when there is
-// none.
-std::string choiceOfMedium(ppd_file_t* ppd, const char* keyword, const std::string& name) {
-  if (name.empty()) return {};
-  markMedium(ppd, name);
-  const ppd_choice_t* choice = job::r_ppdFindMarkedChoice(ppd, keyword);
-  return choice == nullptr ? "" : choice->choice;
+// Whether cupsd takes the paper from "media": only from its first word, and not from a custom size.
+bool beginsWithPaper(ppd_file_t* ppd, const CupsOptions& options) {
+  const char* media = cupsGetOption("media", options.count, options.first);
+  if (media == nullptr) return false;
+  const std::string word(media, std::strcspn(media, ","));
+  const bool isCustom = strncasecmp(word.c_str(), "custom", std::strlen("custom")) == 0;
+  return !isCustom && namesAPaper(ppd, word);
 }
 
 // The filter does not see "media-col": cupsd makes options of the PPD from its size, its tray and
-// its paper type, unless the job has these options.
+// its paper type, unless the job has these options. "media" counts before the size only where cupsd
+// finds the paper in it.
 void addMediaCol(const Request& request, CupsOptions& options) {
   const Option* mediaCol = findOption(request.options, kMediaCol);
   if (request.ppd == nullptr || mediaCol == nullptr) return;
   const std::string& members = mediaCol->value;
-  if (!hasAnyOf(options, {"PageSize", "PageRegion", "media"})) {
-    const std::string paper = paperOfSize(request.ppd, memberOf(members, "media-size"));
+  if (!hasAnyOf(options, {"PageSize", "PageRegion"}) && !beginsWithPaper(request.ppd, options)) {
+    const std::string size = memberOf(members, "media-size");
+    const std::string paper =
+        paperOfSize(request.ppd, std::atoi(memberOf(size, "x-dimension").c_str()),
+                    std::atoi(memberOf(size, "y-dimension").c_str()));
     if (!paper.empty()) {
       add(options, "PageSize", paper);
-      add(options, "media", paper);
+      if (!hasAnyOf(options, {"media"})) add(options, "media", paper);
     }
   }
   for (const auto& [keyword, member] :
@@ -207,10 +185,13 @@ std::vector<Option> parsedOptions(const std::vector<std::string>& words) {
   return listed(parsed.count, parsed.first);
 }
 
-bool takeCopies(Request& request, bool hasCopies) {
+bool takeCopies(Request& request, bool hasCopies, bool optionIsLast) {
   const Option* option = findOption(request.options, kCopies);
   if (option == nullptr) return hasCopies;
-  if (!hasCopies) setCopies(request, *option);
+  const Option number{request.copiesName, std::to_string(request.copies), request.copiesGiver};
+  const bool differ = std::atoi(option->value.c_str()) != request.copies;
+  if (hasCopies && differ) request.overruledCopies = optionIsLast ? number : *option;
+  if (!hasCopies || optionIsLast) setCopies(request, *option);
   std::erase_if(request.options, [](const Option& one) { return one.name == kCopies; });
   return true;
 }
@@ -233,8 +214,8 @@ Outcome outcomeOf(const Request& request, const pjl::HeaderStep* step) {
   for (const Option& option : request.options) {
     if (option.name != kMediaCol) add(options, option.name.c_str(), option.value);
   }
-  addPaperOfCustomSize(request, options);
   addMediaCol(request, options);
+  addPaperOfCustomSize(request, options);
   addFinishings(request, options);
   job::PrintJobData job;
   job.title = request.title.c_str();

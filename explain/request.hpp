@@ -5,6 +5,7 @@
 #include <cups/ppd.h>
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,14 +40,16 @@ struct Request {
   int copies = 1;
   std::string title;
   Giver copiesGiver = Giver::kJob;
-  std::string copiesName = "-n";  // the option that sets the copies, as typed
+  std::string copiesName = "-n";               // the option that sets the copies, as typed
+  std::optional<Option> overruledCopies = {};  // the option for another number
 
   bool isDialogJob() const { return findOption(options, "PrintPDE") != nullptr; }
 };
 
 // Takes the number of copies from an option "copies", because CUPS keeps the number apart from the
-// options. The option is ignored if `hasCopies`. Returns whether the job has a number of copies.
-bool takeCopies(Request& request, bool hasCopies);
+// options. If the request `hasCopies`, the last of the two wins, as for lp(1). Returns whether the
+// job has a number of copies.
+bool takeCopies(Request& request, bool hasCopies, bool optionIsLast);
 
 // Adds the defaults that the job's own options do not name, as lp(1) does. A default number of
 // copies counts unless `hasCopies`.

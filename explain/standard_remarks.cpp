@@ -60,8 +60,8 @@ std::vector<std::string> outputBinsOf(const Request& request) {
   return bins;
 }
 
-// The keywords of an IPP attribute that CUPS or the filter turns into options of the PPD; none for
-// any other option.
+}  // namespace
+
 std::vector<std::string> keywordsOfIpp(const Request& request, std::string_view name) {
   if (name == "sides") return {"one-sided", "two-sided-long-edge", "two-sided-short-edge"};
   if (name == "finishings") return finishingsOf(request.ppd);
@@ -76,6 +76,8 @@ std::vector<std::string> keywordsOfIpp(const Request& request, std::string_view 
   }
   return keywords;
 }
+
+namespace {
 
 // CUPS reads the keywords of "sides" with regard to case, and those of other attributes without.
 std::optional<Remark> unlessCaseCounts(const Request& request, const Option& option,
@@ -93,6 +95,9 @@ std::optional<Remark> unlessCaseCounts(const Request& request, const Option& opt
 
 std::optional<Remark> remarkOnStandard(const Request& request, const Option& option) {
   if (!hasStandardOptions(request)) return std::nullopt;
+  if (option.name == "media-size") {
+    return Remark{option, "has an effect only as a member of media-col", {}, ""};
+  }
   if (option.name == "media")
     return remarkOnMedia(request, option, keywordsOfIpp(request, option.name));
   if (option.name == "job-password") {

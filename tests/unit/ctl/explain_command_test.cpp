@@ -76,6 +76,21 @@ TEST_F(ExplainCommand, TakesTheCopiesAsAnOption) {
               HasSubstr("@PJL SET QTY=2                    from -n 2\n"));
 }
 
+// lp takes the last number.
+TEST_F(ExplainCommand, TakesTheLastNumberOfCopies) {
+  const Outcome last = runKelmctl(
+      {"explain", "--ppd", kStandardPpd, "-o", "copies=3", "-o", "sides=one-sided", "-n", "2"});
+  EXPECT_EQ(last.status, 1);
+  EXPECT_EQ(last.err, "kelmctl: copies=3 has no effect, because -n 2 comes after it\n");
+  const Outcome first = runKelmctl(
+      {"explain", "--ppd", kStandardPpd, "-n", "2", "-o", "sides=one-sided", "-o", "copies=3"});
+  EXPECT_THAT(first.out, HasSubstr("@PJL SET QTY=3                    from copies=3\n"));
+  EXPECT_EQ(first.err, "kelmctl: -n 2 has no effect, because copies=3 comes after it\n");
+  const Outcome between =
+      runKelmctl({"explain", "--ppd", kStandardPpd, "-o", "copies=3", "-n", "2", "-o", "copies=4"});
+  EXPECT_THAT(between.out, HasSubstr("@PJL SET QTY=4                    from copies=4\n"));
+}
+
 TEST_F(ExplainCommand, RefusesCopiesThatAreNoNumber) {
   for (const char* copies : {"copies=0", "copies=-1", "copies=abc", "copies=12345", "copies="}) {
     const Outcome outcome = runKelmctl({"explain", "--ppd", kPpd, "-o", copies});

@@ -320,6 +320,14 @@ TEST(Remarks, NameTheStandardOptionThatWasMeant) {
   EXPECT_EQ(standardRemarkOn("job=1").nearest, "");
 }
 
+// libcups does not know all of them.
+TEST(Remarks, PassOptionsThatAnyPrinterTakes) {
+  for (const char* name : {"cover-back", "job-save-disposition", "print-rendering-intent",
+                           "y-image-shift", "document-name", "page-label", "outputorder"}) {
+    EXPECT_EQ(standardRemarkOn(std::string(name) + "=1").problem, "") << name;
+  }
+}
+
 // The job has another value by then: the dialog's are final.
 TEST(Remarks, PassStandardOptionsInJobsOfTheDialog) {
   EXPECT_EQ(standardRemarkOn("PrintPDE=1 sides=sideways").problem, "");
@@ -348,6 +356,43 @@ TEST(Remarks, NamePageRegionsThatDisagreeWithMedia) {
   EXPECT_EQ(standardRemarkOn("PageRegion=A4 media=A3").problem,
             "is not the same paper as PageRegion=A4");
   EXPECT_EQ(standardRemarkOn("PageRegion=A3 media=A3").problem, "");
+}
+
+TEST(Remarks, NameAPageRegionOfNoSize) {
+  for (const char* region : {"Custom.300x400", "custom.20x30cm", "Custom"}) {
+    EXPECT_EQ(
+        standardRemarkOn(std::string("PageRegion=") + region).problem,
+        "is a paper without width and height: CUPS reads a custom size only from PageSize and "
+        "media")
+        << region;
+  }
+  EXPECT_EQ(standardRemarkOn("PageRegion=Custom.300x400").nearest, "PageSize=Custom.300x400");
+  EXPECT_EQ(standardRemarkOn("PageRegion=Custom").nearest, "");
+  EXPECT_EQ(standardRemarkOn("PageRegion=A99").problem, "is not a choice of this option");
+  EXPECT_EQ(standardRemarkOn("PageRegion=A3").problem, "");
+}
+
+TEST(Remarks, NameAMemberOfMediaColThatIsAlone) {
+  EXPECT_EQ(standardRemarkOn("media-size={x-dimension=14800}").problem,
+            "has an effect only as a member of media-col");
+}
+
+TEST(Remarks, NameAnOptionOnceThatAnotherOneOverrules) {
+  EXPECT_EQ(standardRemarkOn("InputSlot=Tray1 QVInputSlot=FeedTray2").problem,
+            "has no effect, because QVInputSlot=FeedTray2 overrides it");
+  EXPECT_EQ(standardRemarkOn("InputSlot=Tray9 QVInputSlot=FeedTray2").problem,
+            "is not a choice of this option");
+}
+
+TEST(Remarks, NameCopiesThatAreNotTheLast) {
+  const platform::FakePlatform platform;
+  Request request{nullptr, {}, 3, "report"};
+  request.overruledCopies = Option{"copies", "2"};
+  ASSERT_EQ(remarksOn(request).size(), 1U);
+  EXPECT_EQ(remarksOn(request).front().problem, "has no effect, because -n 3 comes after it");
+  request.copiesName = "copies";
+  request.overruledCopies = Option{"-n", "2"};
+  EXPECT_EQ(remarksOn(request).front().problem, "has no effect, because copies=3 comes after it");
 }
 
 TEST(Remarks, NameWhatCupsDoesNotDoToThePages) {

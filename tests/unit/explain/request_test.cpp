@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "explain/media_col.hpp"
 #include "job/ppd_calls.hpp"
 #include "platform/fake/fake_platform.hpp"
 
@@ -94,40 +93,62 @@ TEST_F(RequestOptions, MediaColNamesTheTrayAndThePaperType) {
   EXPECT_EQ(header({"media-col={media-source=tray-99}"}, variables), "AUTO AUTO");
 }
 
-TEST_F(RequestOptions, MembersOfMediaColThatAskForNothing) {
-  const auto problem = [](const char* mediaCol) {
-    const auto remark = remarkOnMediaCol({nullptr, {{"media-col", mediaCol}}, 1, "report"});
-    return remark ? remark->problem : "";
-  };
-  EXPECT_EQ(problem("{media-size={x-dimension=14800 y-dimension=21000} media-source=tray-2}"), "");
-  EXPECT_EQ(problem("{media-type=stationery media-top-margin=0}"), "");
-  EXPECT_EQ(problem("{media-size-name=iso_a5_148x210mm}"),
-            "has the member \"media-size-name\", which CUPS ignores");
-  EXPECT_EQ(problem("A5"), "has the member \"A5\", which CUPS ignores");
-  EXPECT_EQ(problem("{media-size={x-dimension=14800}}"),
-            "has a media-size without x-dimension and y-dimension");
-  EXPECT_EQ(problem("{}"), "has no media-size, media-source or media-type");
-  EXPECT_FALSE(remarkOnMediaCol({nullptr, {}, 1, "report"}).has_value());
+// cupsd looks for a paper in the first word of "media" only, and does not take a custom one from
+// it.
+TEST_F(RequestOptions, TheFirstWordOfMediaCountsBeforeMediaCol) {
+  const std::string mediaCol = "media-col={media-size={x-dimension=14800 y-dimension=21000}}";
+  for (const char* media : {"media=A3,tray-1", "media=a3", "media=iso_a3_297x420mm"}) {
+    EXPECT_EQ(paper({mediaCol, media}), "A3 29700 42000") << media;
+  }
+  for (const char* media : {"media=tray-1,A3", "media=tray-1", "media=A99", "media=Custom.300x400",
+                            "media=custom_x_297x420mm"}) {
+    EXPECT_EQ(paper({mediaCol, media}), "A5 14800 21000") << media;
+  }
+}
+
+TEST_F(RequestOptions, MediaColCountsBeforeTheTrayOfMedia) {
+  const std::vector<std::string> variables = {"QVPAGESIZE", "MEDIASOURCE", "MEDIATYPE"};
+  const std::string mediaCol = "media-col={media-source=tray-2 media-type=stationery}";
+  EXPECT_EQ(header({mediaCol, "media=A3,tray-1,cardstock"}, variables), "A3 TRAY2 STANDARD");
+  EXPECT_EQ(header({mediaCol, "QVInputSlot=FeedTray3"}, variables), "A4 TRAY3 STANDARD");
+  EXPECT_EQ(header({"media-col={media-source=tray-99}", "media=tray-1"}, variables),
+            "A4 TRAY1 AUTO");
 }
 
 TEST_F(RequestOptions, CopiesAreNoOption) {
   Request request{ppd(), parsedOptions({"copies=3", "QVDuplex=LongEdge"}), 1, "report"};
-  EXPECT_TRUE(takeCopies(request, false));
+  EXPECT_TRUE(takeCopies(request, false, true));
   EXPECT_EQ(request.copies, 3);
   EXPECT_EQ(request.copiesName, "copies");
+  EXPECT_FALSE(request.overruledCopies.has_value());
   EXPECT_EQ(request.options, (std::vector<Option>{{"QVDuplex", "LongEdge"}}));
   addDefaults(request, {{"copies", "5", Giver::kQueue}}, true);
   EXPECT_EQ(request.copies, 3);
 }
 
-TEST_F(RequestOptions, CopiesDoNotCountBesideAnotherNumber) {
+TEST_F(RequestOptions, CopiesDoNotCountBeforeAnotherNumber) {
   Request request{ppd(), parsedOptions({"copies=3"}), 2, "report"};
-  EXPECT_TRUE(takeCopies(request, true));
+  EXPECT_TRUE(takeCopies(request, true, false));
   EXPECT_EQ(request.copies, 2);
   EXPECT_EQ(request.copiesName, "-n");
+  EXPECT_EQ(request.overruledCopies, (Option{"copies", "3"}));
   Request without{ppd(), {}, 1, "report"};
-  EXPECT_FALSE(takeCopies(without, false));
-  EXPECT_TRUE(takeCopies(without, true));
+  EXPECT_FALSE(takeCopies(without, false, false));
+  EXPECT_TRUE(takeCopies(without, true, false));
+}
+
+TEST_F(RequestOptions, CopiesCountAfterAnotherNumber) {
+  Request request{ppd(), parsedOptions({"copies=3"}), 2, "report"};
+  EXPECT_TRUE(takeCopies(request, true, true));
+  EXPECT_EQ(request.copies, 3);
+  EXPECT_EQ(request.copiesName, "copies");
+  EXPECT_EQ(request.overruledCopies, (Option{"-n", "2"}));
+}
+
+TEST_F(RequestOptions, TheSameNumberOfCopiesOverrulesNothing) {
+  Request request{ppd(), parsedOptions({"copies=2"}), 2, "report"};
+  EXPECT_TRUE(takeCopies(request, true, true));
+  EXPECT_FALSE(request.overruledCopies.has_value());
 }
 
 }  // namespace
