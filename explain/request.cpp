@@ -13,6 +13,7 @@
 #include <sstream>
 #include <utility>
 
+#include "base/number_text.hpp"
 #include "explain/named_media.hpp"
 #include "job/job_setup.hpp"
 #include "job/ppd_calls.hpp"
@@ -46,7 +47,7 @@ constexpr char kCopies[] = "copies";
 constexpr char kMediaCol[] = "media-col";
 
 void setCopies(Request& request, const Option& option) {
-  request.copies = std::max(std::atoi(option.value.c_str()), 1);
+  request.copies = std::max(base::leadingInteger(option.value.c_str()), 1);
   request.copiesGiver = option.giver;
   request.copiesName = option.name;
 }
@@ -114,8 +115,8 @@ void addMediaCol(const Request& request, CupsOptions& options) {
   if (!hasAnyOf(options, {"PageSize", "PageRegion"}) && !beginsWithPaper(request.ppd, options)) {
     const std::string size = memberOf(members, "media-size");
     const std::string paper =
-        paperOfSize(request.ppd, std::atoi(memberOf(size, "x-dimension").c_str()),
-                    std::atoi(memberOf(size, "y-dimension").c_str()));
+        paperOfSize(request.ppd, base::leadingInteger(memberOf(size, "x-dimension").c_str()),
+                    base::leadingInteger(memberOf(size, "y-dimension").c_str()));
     if (!paper.empty()) {
       add(options, "PageSize", paper);
       if (!hasAnyOf(options, {"media"})) add(options, "media", paper);
@@ -189,7 +190,7 @@ bool takeCopies(Request& request, bool hasCopies, bool optionIsLast) {
   const Option* option = findOption(request.options, kCopies);
   if (option == nullptr) return hasCopies;
   const Option number{request.copiesName, std::to_string(request.copies), request.copiesGiver};
-  const bool differ = std::atoi(option->value.c_str()) != request.copies;
+  const bool differ = base::leadingInteger(option->value.c_str()) != request.copies;
   if (hasCopies && differ) request.overruledCopies = optionIsLast ? number : *option;
   if (!hasCopies || optionIsLast) setCopies(request, *option);
   std::erase_if(request.options, [](const Option& one) { return one.name == kCopies; });
