@@ -5,6 +5,7 @@
 #include <cups/cups.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <span>
 #include <string_view>
 #include <utility>
@@ -79,6 +80,25 @@ bool isCustomValue(const Request& request, const Option& option) {
   return parameter != nullptr && parameter->type == PPD_CUSTOM_INT && isNumber(option.value);
 }
 
+// Why a number is none that the option can have; empty if it is right. CUPS and the filter do not
+// look at the limits.
+std::string numberProblem(const Request& request, const Option& option,
+                          const std::vector<std::string>& choices) {
+  constexpr std::string_view kCustom = "Custom.";
+  ppd_coption_t* custom = ppdFindCustomOption(request.ppd, option.name.c_str());
+  const ppd_cparam_t* parameter = custom == nullptr ? nullptr : ppdFirstCustomParam(custom);
+  if (parameter == nullptr || parameter->type != PPD_CUSTOM_INT) return {};
+  const bool isTyped = option.value.starts_with(kCustom);
+  const bool isChoice = isAmong(option.value, choices);
+  if (isChoice || (!isTyped && !isNumber(option.value))) return {};
+  const std::string number = isTyped ? option.value.substr(kCustom.size()) : option.value;
+  const int least = parameter->minimum.custom_int;
+  const int most = parameter->maximum.custom_int;
+  const long value = std::strtol(number.c_str(), nullptr, 10);
+  if (isNumber(number) && value >= least && value <= most) return {};
+  return "is not a number from " + std::to_string(least) + " to " + std::to_string(most);
+}
+
 // Whether the filter reads the value itself, although the PPD's option has no such choice.
 bool isReadByTheFilter(const Request& request, const Option& option) {
   if (request.isDialogJob()) return false;
@@ -130,6 +150,10 @@ std::optional<Remark> remarkOnChoice(const Request& request, const Option& optio
     const std::string problem = textProblem(request, option, *field);
     if (problem.empty()) return std::nullopt;
     return Remark{option, problem, {}, ""};
+  }
+  if (!request.isDialogJob()) {
+    const std::string problem = numberProblem(request, option, choicesOf(known));
+    if (!problem.empty()) return Remark{option, problem, {}, ""};
   }
   const auto row = rowOf(option.name, request.isDialogJob());
   const bool isCopied = row && row->kind == ValueKind::kUpperCase;

@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -38,11 +39,16 @@ std::optional<Remark> remarkOnMedia(const Request& request, const Option& option
                                     const std::vector<std::string>& known) {
   const std::string strange = strangeMedia(request, option.value, known);
   if (strange.empty()) return std::nullopt;
+  std::vector<std::string> names = known;
+  for (const ppd_size_t& paper :
+       std::span(request.ppd->sizes, static_cast<std::size_t>(request.ppd->num_sizes))) {
+    names.emplace_back(paper.name);
+  }
   return Remark{
       option,
       "has the word \"" + strange + "\", which is no paper, tray or paper type of this printer",
       {},
-      ""};
+      nearestOf(strange, names)};
 }
 
 std::optional<Remark> remarkOnPaper(const Request& request) {

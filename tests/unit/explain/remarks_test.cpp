@@ -337,6 +337,9 @@ TEST(Remarks, NameAWordOfMediaThatMeansNothing) {
   EXPECT_EQ(standardRemarkOn("media=A4,Tray9").problem,
             "has the word \"Tray9\", which is no paper, tray or paper type of this printer");
   EXPECT_EQ(standardRemarkOn("media=A99").option.value, "A99");
+  EXPECT_EQ(standardRemarkOn("media=A33").nearest, "A3");
+  EXPECT_EQ(standardRemarkOn("media=A4,Trey2").nearest, "Tray2");
+  EXPECT_EQ(standardRemarkOn("media=wallpaper").nearest, "");
 }
 
 TEST(Remarks, NameAPaperThatThePrinterCannotHave) {
