@@ -5,9 +5,12 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <optional>
 #include <string>
+#include <string_view>
 
+#include "base/byte_source.hpp"
 #include "base/hex_text.hpp"
 #include "base/mac_address.hpp"
 #include "job/diagnostics.hpp"
@@ -56,6 +59,13 @@ void logKeyword(const std::string& keyword, const std::string& reason) {
                                         " not updated: " + reason);
 }
 
+// Writes to standard error, which has no buffer: in one call, or in several if it is non-blocking
+// and takes less. Returns 0, or the errno of the write at which it gave up.
+int writeToCups(std::string_view text) {
+  text.remove_prefix(std::fwrite(text.data(), 1, text.size(), stderr));
+  return base::writeAll(fileno(stderr), text);
+}
+
 // Writes the line in one call, so that no message of another filter of the job comes in between.
 bool writeLine(const StoredFact& fact, const std::string& keyword, const std::string& value) {
   const std::string line = "PPD: " + keyword + "=" + value + "\n";
@@ -67,7 +77,10 @@ bool writeLine(const StoredFact& fact, const std::string& keyword, const std::st
     logKeyword(keyword, objection);
     return false;
   }
-  std::fputs(line.c_str(), stderr);
+  if (const int error = writeToCups(line); error != 0) {
+    logKeyword(keyword, std::strerror(error));
+    return false;
+  }
   if (fact.trace == Trace::yes) job::LogMessage(line.c_str(), true);
   return true;
 }

@@ -110,6 +110,32 @@ if [ "${written:-0}" -lt 100000 ] || [ "$written" -ge "$(stat -c %s "$W/whole.pr
   fail "a wrong number of bytes for the reader that went away: $(cat "$W/syslog")"
 fi
 
+# The facts of an update job on a non-blocking standard error that is read slowly: 600 lines, more than a pipe
+# holds.
+cat >"$W/slow_facts.py" <<'END'
+"""slow_facts.py COMMAND... : runs COMMAND, whose standard error is such a pipe, with an update job's options"""
+import fcntl, os, subprocess, sys, time
+reader, writer = os.pipe()
+fcntl.fcntl(writer, fcntl.F_SETFL, fcntl.fcntl(writer, fcntl.F_GETFL) | os.O_NONBLOCK)
+facts = [f"SharedBoxName{box}_Part{part}=" + "QUJD" * 45 for box in range(100) for part in range(1, 7)]
+child = subprocess.Popen(sys.argv[1:] + [" ".join(["UpdatePPDOptions"] + facts)], stderr=writer)
+os.close(writer)
+time.sleep(1)
+lines = open(reader).read().splitlines()
+if lines != ["PPD: " + fact for fact in facts]:
+    sys.exit(f"{len(lines)} lines, or others")
+sys.exit(child.wait())
+END
+job "python3 '$W/slow_facts.py' $FILTER </dev/null"
+expect "status of an update job that is read slowly ($(cat "$W/sh_err"))" 0 "$status"
+
+# A fact that CUPS cannot be told is in the system log.
+: >"$W/syslog"
+job "$FILTER 'UpdatePPDOptions IsWakeOnLan=1' 2>/dev/full"
+expect "status of an update job on a full device" 0 "$status"
+not_told() { grep -qa '\[Driver\] PPD keyword IsWakeOnLan not updated: No space left on device' "$W/syslog"; }
+wait_until 2 not_told || fail "no word about the fact that CUPS was not told"
+
 # A read error in the middle of a job: a directory and a connection that is reset.
 job "$FILTER '' /tmp >'$W/out'"
 expect "status for a directory" 1 "$status"
