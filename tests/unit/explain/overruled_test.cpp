@@ -47,6 +47,14 @@ TEST_F(Overruled, ByTheOwnOption) {
             "InputSlot=Tray2 has no effect, because QVInputSlot=FeedTray1 overrides it\n");
 }
 
+TEST_F(Overruled, ByTheOneOfSeveralThatIsForTheSameThing) {
+  EXPECT_EQ(remarksOn({{"MediaType", "Plain"},
+                       {"sides", "two-sided-long-edge"},
+                       {"QVStapleMode", "OneStaple"},
+                       {"QVDuplex", "ShortEdge"}}),
+            "sides=two-sided-long-edge has no effect, because QVDuplex=ShortEdge overrides it\n");
+}
+
 // The winner alone says what a job without options says.
 TEST_F(Overruled, ByADefault) {
   EXPECT_EQ(remarksOn("sides=two-sided-long-edge Duplex=None"),
