@@ -13,6 +13,9 @@ int main(int argc, char* argv[]) {
   int replayed = 0;
   for (int i = 1; i < argc; ++i) {
     for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
+      // The last name is that of the input that ends the program.
+      std::printf("%s\n", entry.path().filename().c_str());
+      std::fflush(stdout);
       std::ifstream file(entry.path(), std::ios::binary);
       const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
       LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
