@@ -91,7 +91,7 @@ def main():
     if len(wanted) < 100:
         sys.exit(f"{table}: only {len(wanted)} variables found")
     for name in sorted(wanted - covered):
-        print(f"no case explains {name}", file=sys.stderr)
+        print(f"no case in tests/system/explain/ explains {name}", file=sys.stderr)
     print(f"{count} cases, {failed} wrong; {len(wanted & covered)} of {len(wanted)} variables explained")
     return failed != 0 or not wanted <= covered
 

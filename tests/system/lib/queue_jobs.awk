@@ -148,7 +148,7 @@ function change_section(job, text,    at, count) {
     out_section[at] = text
     ++count
   }
-  if (count != 1) fail("job " job " (" names[job] "): no section " keyword_of(text))
+  if (count != 1) fail("job " job " (" names[job] "): queue/default.sections has no section " keyword_of(text))
 }
 
 function apply(job, text) {

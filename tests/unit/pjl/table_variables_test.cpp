@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <set>
 #include <string>
 #include <utility>
+#include <variant>
 #include <vector>
 
 #include "pjl/finishing_variables.hpp"
@@ -47,6 +49,30 @@ TEST_P(TableVariableLine, HasTheValueOfEveryChoice) {
     SCOPED_TRACE(choice);
     expectValue({{GetParam().option, choice}}, value);
   }
+}
+
+// The choices of a variable's table; none for a variable with logic of its own.
+std::set<std::string> choicesOf(const TableVariable& variable, JobKind /*kind*/) {
+  std::set<std::string> choices;
+  for (const ValueRow& row : variable.table.rows) {
+    if (row.key != nullptr) choices.insert(row.key);
+  }
+  return choices;
+}
+std::set<std::string> choicesOf(const DialogOrPlain<TableVariable>& variable, JobKind kind) {
+  return choicesOf(kind == kDialog ? variable.dialog : variable.plain, kind);
+}
+template <class Variable>
+std::set<std::string> choicesOf(const Variable& /*variable*/, JobKind /*kind*/) {
+  return {};
+}
+
+TEST_P(TableVariableLine, HasEveryChoiceOfItsTableInItsCase) {
+  std::set<std::string> choices =
+      std::visit([](const auto* variable) { return choicesOf(*variable, GetParam().kind); },
+                 GetParam().variable);
+  for (const auto& [choice, value] : GetParam().rows) choices.erase(choice);
+  EXPECT_EQ(choices, std::set<std::string>()) << "this file lacks these choices";
 }
 
 TEST_P(TableVariableLine, IsEmptyForAnUnknownChoice) {

@@ -213,14 +213,16 @@ TEST_F(FeatureSection, OfThisTestAreThoseOfTheProgram) {
   for (const psrewrite::Feature& feature : psrewrite::features()) {
     program.push_back(feature.keyword);
   }
-  EXPECT_THAT(here, testing::UnorderedElementsAreArray(program));
+  EXPECT_THAT(here, testing::UnorderedElementsAreArray(program))
+      << "a feature section has its dialog key in dialogValues() of this file";
 
   std::vector<std::string> plain = {"QVOrientation", "QVPAGESizeWidth", "QVPAGESizeHeight",
                                     "QVBarcodeDensity", "QVBarcodeProof"};
   plain.insert(plain.end(), kDropped.begin(), kDropped.end());
   plain.insert(plain.end(), kKept.begin(), kKept.end());
   for (const PlainValue& value : plainValues()) plain.push_back(value.keyword);
-  EXPECT_THAT(plain, testing::UnorderedElementsAreArray(program));
+  EXPECT_THAT(plain, testing::UnorderedElementsAreArray(program))
+      << "a feature section is in kDropped, kKept or plainValues() of this file";
 }
 
 // The PPD says so in their names or in that of their group.
@@ -237,7 +239,9 @@ TEST_F(FeatureSection, DoesNothingInAPlainJobWhereThePpdNamesTheDialog) {
   for (const psrewrite::Feature& feature : psrewrite::features()) {
     if (feature.dialogOnly) idle.emplace_back(feature.keyword);
   }
-  EXPECT_THAT(idle, testing::UnorderedElementsAreArray(named));
+  EXPECT_THAT(idle, testing::UnorderedElementsAreArray(named))
+      << "ppd/kelm-ij-dialog.ppd: the text of such an option, or of its group, has \"(KELM "
+         "dialog)\"";
 }
 
 // Keywords are searched anywhere in the line, so a choice's name could be taken for one.

@@ -144,7 +144,8 @@ TEST(HeaderTables, ReadNoOptionThatThePpdLacks) {
   Names keys = plain.others;
   for (const auto& [keyword, rows] : plain.choices) keys.insert(keyword);
   for (const std::string& key : keys) {
-    EXPECT_TRUE(isValueKey(key) || description.find(key) != nullptr) << key;
+    EXPECT_TRUE(isValueKey(key) || description.find(key) != nullptr)
+        << key << " is no option of ppd/kelm-ij-dialog.ppd";
   }
 }
 
@@ -157,7 +158,8 @@ TEST(HeaderTables, AndFeaturesTogetherKnowEveryOptionOfThePpd) {
     const bool isFeature = std::ranges::any_of(psrewrite::features(), [&](const auto& feature) {
       return feature.keyword == option->keyword;
     });
-    EXPECT_TRUE(inHeader || isFeature) << option->keyword;
+    EXPECT_TRUE(inHeader || isFeature)
+        << option->keyword << " has neither a header variable nor a feature section";
   }
 }
 
@@ -170,7 +172,8 @@ TEST(HeaderTables, LeaveOutPapersAndTheStandardOptions) {
   }
   EXPECT_EQ((std::set<std::string>{"PageSize", "PageRegion", "Duplex", "InputSlot", "MediaType",
                                    "ColorModel", "OutputBin", "Collate"}),
-            others);
+            others)
+      << "a standard option of the PPD has its name here";
 }
 
 TEST(Default, IsAChoiceOfItsOption) {

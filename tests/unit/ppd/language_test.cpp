@@ -154,7 +154,8 @@ TEST_P(Translation, IsNoEnglishText) {
       if (own != nullptr && text == own->text && !hasNoLanguage(text)) same.insert(text);
     }
   });
-  EXPECT_EQ(GetParam().asInEnglish, same);
+  EXPECT_EQ(GetParam().asInEnglish, same)
+      << "the name of a paper that is the same in every language is in kPapers of this file";
 }
 
 TEST_P(Translation, ReachesDialogsThroughCups) {
@@ -203,7 +204,7 @@ TEST(Languages, AreNamedInThePpd) {
   ASSERT_NE(nullptr, languages);
   std::string expected = "en";
   for (const Language& language : kLanguages) expected += std::string(" ") + language.code;
-  EXPECT_EQ(expected, languages->value);
+  EXPECT_EQ(expected, languages->value) << "a language has its row in kLanguages of this file";
 }
 
 }  // namespace

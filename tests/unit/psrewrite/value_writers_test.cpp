@@ -153,7 +153,8 @@ TEST(ValueWriters, AreAllOfTheTableButThoseOfTheirOwn) {
   std::size_t withWriter = 0;
   for (const Feature& feature : features()) withWriter += feature.writer ? 1U : 0U;
   // 308, 313, 317, 402 and 404 handle dialog and plain jobs themselves.
-  EXPECT_EQ(withWriter, std::size(kValueRows) + 5);
+  EXPECT_EQ(withWriter, std::size(kValueRows) + 5)
+      << "a ValueFeature has a row in kValueRows of this file";
 }
 
 TEST(DialogPath, StartNumberFiveKeepsTheTail) {
