@@ -4,10 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
 #include <set>
 #include <span>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -170,6 +172,22 @@ TEST(Overrides, AreInAGroupOfTheirOwnInTheDialogModel) {
   EXPECT_EQ(
       (Groups::value_type{"Overrides", {"QVDuplex", "QVInputSlot", "QVMediaType", "QVOutputTray"}}),
       groups.back());
+}
+
+// CUPS writes sections of the same number in any order. Of the page's two options a job has only
+// one.
+TEST(OrderDependency, IsAnotherForEachOption) {
+  const Description description;
+  std::map<float, std::string> options;
+  for (const ppd_group_t& group :
+       std::span(description.ppd()->groups, std::size_t(description.ppd()->num_groups))) {
+    for (const ppd_option_t& option : std::span(group.options, std::size_t(group.num_options))) {
+      if (std::string_view(option.keyword) == "PageRegion") continue;
+      const auto [other, isNew] = options.emplace(option.order, option.keyword);
+      EXPECT_TRUE(isNew) << option.keyword << " has the OrderDependency of " << other->second
+                         << " in ppd/kelm-ij-dialog.ppd";
+    }
+  }
 }
 
 std::set<std::string> optionsIn(const Groups& groups) {
