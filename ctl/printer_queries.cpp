@@ -56,16 +56,16 @@ void PrinterQueries::startSteps() {
   while (!waiting_.empty() && !pool_.isFull()) {
     auto [step, item] = std::move(waiting_.front());
     waiting_.pop_front();
-    (this->*step)(std::move(item));
+    (this->*step)(item);
   }
 }
 
-void PrinterQueries::lookUp(Item item) {
+void PrinterQueries::lookUp(const Item& item) {
   const auto work = [query = item.query] {
     return packed(
         {query.address ? addressOfHost(*query.address) : addressOfDevice(query.deviceUri), {}, {}});
   };
-  pool_.start(work, [this, item](const std::optional<std::string>& bytes) mutable {
+  pool_.start(work, [this, item = item](const std::optional<std::string>& bytes) mutable {
     const auto printer = bytes ? unpacked(*bytes) : std::nullopt;
     if (!printer) return end(item, std::nullopt);
     if (!item.query.address) item.address = printer->address;
@@ -91,7 +91,7 @@ void PrinterQueries::find(Item item, const std::string& address) {
   if (address.empty() || !presence_.ask(peer, item.query.community, found)) askLater(item);
 }
 
-void PrinterQueries::refuse(Item item) {
+void PrinterQueries::refuse(const Item& item) {
   end(item, AskedPrinter{item.address, {}, {}, item.refusal});
 }
 
@@ -99,7 +99,7 @@ void PrinterQueries::askLater(const Item& item) {
   waiting_.emplace_back(&PrinterQueries::askAll, item);
 }
 
-void PrinterQueries::askAll(Item item) {
+void PrinterQueries::askAll(const Item& item) {
   const auto work = [this, query = item.query, address = item.address] {
     const Console noProgress{console_.out, console_.err};
     AskedPrinter printer{

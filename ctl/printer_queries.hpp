@@ -58,14 +58,14 @@ class PrinterQueries {
     Done done;
     std::string refusal = {};  // why it is not asked
   };
-  using Step = void (PrinterQueries::*)(Item item);
+  using Step = void (PrinterQueries::*)(const Item& item);
 
   void startSteps();
-  void lookUp(Item item);
+  void lookUp(const Item& item);
   void find(Item item, const std::string& address);
-  void refuse(Item item);
+  void refuse(const Item& item);
   void askLater(const Item& item);
-  void askAll(Item item);
+  void askAll(const Item& item);
   void end(const Item& item, std::optional<AskedPrinter> printer);
 
   std::size_t most_;

@@ -103,7 +103,7 @@ class Merge {
         result_.notes.push_back("the value of " + keyword + " is malformed and was left out");
         continue;
       }
-      lines += "*" + keyword + ": " + value + "\n";
+      lines.append("*").append(keyword).append(": ").append(value).append("\n");
       ++result_.facts;
     }
     return lines;

@@ -72,6 +72,7 @@ std::vector<Part> partsOfMediaCol(const Option& option) {
   std::vector<Part> parts;
   const std::vector<Option> members = parsedOptions({option.value});
   std::vector<std::string> texts;
+  texts.reserve(members.size());
   for (const Option& member : members) texts.push_back(member.name + "=" + member.value);
   for (std::size_t i = 0; i < texts.size(); ++i) {
     const std::string rest = others(texts, i, ' ');
