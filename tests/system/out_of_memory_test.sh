@@ -79,8 +79,10 @@ cat >"$W/wake_service" <<END
 ulimit -v "\$(cat "$W/size")"
 setpriv --reuid=kelmwol --regid=nogroup --clear-groups --no-new-privs "$BUILD/KelmWoLServices" 2>>"$W/service_log" &
 echo \$! >"$W/service_pid"
-wait \$!
-echo \$? >"$W/service_status"
+status=0
+wait \$! || status=\$?
+echo \$status >"$W/service_status"
+exit \$status  # by 0, the bus would go on waiting for the service
 END
 chmod 755 "$W/wake_service"
 has_ended() { test -s "$W/service_status"; }

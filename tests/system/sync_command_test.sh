@@ -407,10 +407,10 @@ grep -q 'print server 127.0.0.1 accepts connections but does not answer' "$W/err
 cups_stop
 sed -i 's/^MaxJobs.*/&\nMaxClients 3/' "$CUPS/etc/cupsd.conf"
 cups_start
-for place in 1 2 3; do
-  sleep 4 | socat -u - TCP:127.0.0.1:631 >"$W/place_log" 2>&1 &
-  started "place$place" $!
-done
+python3 -c 'import socket, time
+places = [socket.create_connection(("127.0.0.1", 631)) for _ in range(3)]
+time.sleep(4)' 2>"$W/places_log" &
+started places $!
 wait_until 3 grep -q 'Max clients reached' "$CUPS/log/error_log" || fail "the server has places left"
 run 0 sync kelm --address ::1 --community secret
 cups_stop
