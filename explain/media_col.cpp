@@ -5,13 +5,13 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <cstdlib>
 #include <optional>
 #include <span>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "base/number_text.hpp"
 #include "explain/named_media.hpp"
 #include "explain/standard_remarks.hpp"
 #include "explain/words.hpp"
@@ -39,7 +39,8 @@ std::optional<Size> sizeIn(const std::string& value) {
   const Option* width = findOption(members, "x-dimension");
   const Option* height = findOption(members, "y-dimension");
   if (width == nullptr || height == nullptr) return std::nullopt;
-  return Size{std::atoi(width->value.c_str()), std::atoi(height->value.c_str())};
+  return Size{base::leadingInteger(width->value.c_str()),
+              base::leadingInteger(height->value.c_str())};
 }
 
 std::string millimetres(double hundredths) {
