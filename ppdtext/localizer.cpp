@@ -108,7 +108,7 @@ TranslationLines::TranslationLines(std::u16string_view text, std::u16string_view
     : text_(text), language_(lowerAscii(language)) {
   const auto unusual = std::ranges::find_if(text, isUnusual) != text.end();
   for (std::size_t start = 0; start < text.size();) {
-    const std::size_t end = static_cast<std::size_t>(
+    const auto end = static_cast<std::size_t>(
         std::find_if(text.begin() + static_cast<std::ptrdiff_t>(start), text.end(), isLineEnd) -
         text.begin());
     addLine({start, end - start});
