@@ -13,14 +13,14 @@
 #include "base/byte_source.hpp"
 
 // The C library's own allocators, under the names that it has for replacements.
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t count, std::size_t size);
 void* __libc_realloc(void* memory, std::size_t size);
 void* __libc_memalign(std::size_t alignment, std::size_t size);
 }
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(bugprone-reserved-identifier)
 
 namespace {
 
@@ -33,7 +33,7 @@ void* checked(void* memory, std::size_t size) {
 
 }  // namespace
 
-// NOLINTBEGIN(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTBEGIN(bugprone-reserved-identifier)
 extern "C" {
 
 void* malloc(std::size_t size) noexcept { return checked(__libc_malloc(size), size); }
@@ -58,4 +58,4 @@ int posix_memalign(void** memory, std::size_t alignment, std::size_t size) noexc
 }
 
 }  // extern "C"
-// NOLINTEND(bugprone-reserved-identifier,cert-dcl37-c,cert-dcl51-cpp)
+// NOLINTEND(bugprone-reserved-identifier)
