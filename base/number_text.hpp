@@ -3,6 +3,8 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 namespace kelm::base {
 
@@ -13,6 +15,10 @@ std::int32_t leadingInteger(const char* text);
 
 // The leading number of `text` as strtod reads it in the C locale; 0 when there is none.
 double leadingReal(const char* text);
+
+// The number that is all of `text`: digits, which may have a sign "-", a decimal point and an
+// exponent. Nothing for any other text, and for a number beyond the range of double.
+std::optional<double> wholeReal(std::string_view text);
 
 // The low 32 bits of `value`, as a 32-bit variable keeps them.
 constexpr std::int32_t cutTo32Bits(std::int64_t value) {

@@ -31,9 +31,10 @@ constexpr rlim_t kLargestPicture = rlim_t{1} << 20U;
 constexpr std::size_t kLongestHeader = std::size_t{1} << 20U;
 constexpr std::string_view kEnter = "@PJL ENTER LANGUAGE=POSTSCRIPT\n";
 
-void limit(int resource, rlim_t most) {
+// The type of `resource` is not the same on all systems.
+void limit(auto resource, rlim_t most) {
   const rlimit both{most, most};
-  setrlimit(static_cast<__rlimit_resource>(resource), &both);
+  setrlimit(resource, &both);
 }
 
 // Between fork and exec: only calls that are safe there.
@@ -75,7 +76,8 @@ PagePictures::~PagePictures() {
 
 void PagePictures::start() {
   int pair[2];
-  if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, pair) != 0) return;
+  if (socketpair(AF_UNIX, SOCK_STREAM, 0, pair) != 0) return;
+  for (const int end : pair) fcntl(end, F_SETFD, FD_CLOEXEC);
   painter_ = fork();
   if (painter_ == 0) becomePainter(pair[1], directory_.c_str());
   close(pair[1]);

@@ -84,7 +84,9 @@ void WorkerPool::wait(std::chrono::milliseconds limit, int other) {
     sources.push_back({worker.results, POLLIN, 0});
   }
   sources.push_back({other, POLLIN, 0});
-  if (poll(sources.data(), sources.size(), static_cast<int>(limit.count())) < 0) return;
+  if (poll(sources.data(), static_cast<nfds_t>(sources.size()), static_cast<int>(limit.count())) <
+      0)
+    return;
   auto source = sources.begin();
   for (auto worker = workers_.begin(); worker != workers_.end() && source + 1 != sources.end();) {
     const auto each = worker++;

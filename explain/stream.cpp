@@ -4,12 +4,12 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstring>
 #include <optional>
 #include <string_view>
 #include <utility>
 
+#include "base/number_text.hpp"
 #include "explain/block_reader.hpp"
 #include "explain/header_check.hpp"
 #include "explain/section_check.hpp"
@@ -66,19 +66,12 @@ struct Entry {
   std::string value;
 };
 
-std::optional<double> numberOf(std::string_view text) {
-  double number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
-}
-
 // "(VALUE) userdict exch /KEYWORD exch put"; a custom number is in the line before, and this one
 // makes a string of it.
 std::optional<Entry> entryOf(std::string_view line, std::string_view lineBefore) {
   auto value = takeString(line);
   constexpr std::string_view kToString = "20 string cvs ";
-  if (!value && line.starts_with(kToString) && numberOf(lineBefore)) {
+  if (!value && line.starts_with(kToString) && base::wholeReal(lineBefore)) {
     value = std::string(lineBefore);
     line.remove_prefix(kToString.size());
   }
@@ -97,8 +90,8 @@ void readPageSize(std::string_view line, Section& section) {
   if (begin == std::string_view::npos) return;
   std::string_view numbers = line.substr(begin + kSize.size());
   numbers = numbers.substr(0, numbers.find(']'));
-  const auto width = numberOf(firstWord(numbers));
-  const auto height = numberOf(firstWord(numbers));
+  const auto width = base::wholeReal(firstWord(numbers));
+  const auto height = base::wholeReal(firstWord(numbers));
   if (!width || !height) return;
   section.width = *width;
   section.height = *height;
@@ -108,8 +101,8 @@ void readPageSize(std::string_view line, Section& section) {
 void makeCustomPage(const std::array<std::string, 2>& lines, Section& section) {
   section.keyword = "PageSize";
   section.choice = "Custom." + lines[0] + "x" + lines[1];
-  section.width = numberOf(lines[0]).value_or(0);
-  section.height = numberOf(lines[1]).value_or(0);
+  section.width = base::wholeReal(lines[0]).value_or(0);
+  section.height = base::wholeReal(lines[1]).value_or(0);
 }
 
 class StreamReader {
@@ -184,7 +177,7 @@ void StreamReader::meetCopies() {
     return;
   }
   const std::string number(text.substr(0, text.find_first_not_of("0123456789")));
-  const auto copies = numberOf(std::string_view(number).substr(0, kLongestNumber));
+  const auto copies = base::wholeReal(std::string_view(number).substr(0, kLongestNumber));
   if (!copies || *copies <= 1 || asksForCopies_) return;
   asksForCopies_ = true;
   for (const pjl::RecordedLine& line : report_.header) {

@@ -2,9 +2,6 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "snmp/presence.hpp"
 
-#include <sys/epoll.h>
-#include <unistd.h>
-
 #include <array>
 #include <memory>
 #include <span>
@@ -102,12 +99,9 @@ struct Presence::Printer {
   }
 };
 
-Presence::Presence() : events_(epoll_create1(EPOLL_CLOEXEC)) {}
+Presence::Presence() = default;
 
-Presence::~Presence() {
-  printers_.clear();
-  if (events_ >= 0) close(events_);
-}
+Presence::~Presence() = default;
 
 bool Presence::ask(const std::string& address, const std::string& community, Found found) {
   Printer& printer = printers_.emplace_back();
@@ -121,10 +115,7 @@ bool Presence::ask(const std::string& address, const std::string& community, Fou
 
 bool Presence::start(Printer& printer) {
   if (!printer.open() || !printer.send()) return false;
-  epoll_event event{};
-  event.events = EPOLLIN;
-  event.data.ptr = &printer;
-  return epoll_ctl(events_, EPOLL_CTL_ADD, printer.socket, &event) == 0;
+  return sockets_.add(printer.socket, &printer);
 }
 
 void Presence::look() {
@@ -134,15 +125,15 @@ void Presence::look() {
 }
 
 void Presence::take() {
-  std::array<epoll_event, 64> events{};
-  int count = 0;
+  std::array<void*, 64> room{};
+  std::span<void*> readable;
   do {
-    count = epoll_wait(events_, events.data(), static_cast<int>(events.size()), 0);
-    for (int i = 0; i < count; ++i) {
-      auto& printer = *static_cast<Printer*>(events[static_cast<std::size_t>(i)].data.ptr);
+    readable = sockets_.readable(room);
+    for (void* owner : readable) {
+      auto& printer = *static_cast<Printer*>(owner);
       readFrom(printer.session.get(), printer.socket);
     }
-  } while (count == static_cast<int>(events.size()));
+  } while (readable.size() == room.size());
 }
 
 void Presence::repeat() {
@@ -160,6 +151,7 @@ void Presence::endOver() {
     const auto each = printer++;
     if (!each->isOver()) continue;
     results.emplace_back(std::move(each->found), each->outcome == Outcome::kAnswer);
+    sockets_.remove(each->socket);
     printers_.erase(each);
   }
   for (const auto& [found, isThere] : results) found(isThere);

@@ -8,6 +8,8 @@
 #include <list>
 #include <string>
 
+#include "platform/socket_set.hpp"
+
 namespace kelm::snmp {
 
 // It takes 8 seconds to know that a printer is off. Waiting for many printers here needs one socket
@@ -31,7 +33,7 @@ class Presence {
   std::size_t count() const { return printers_.size(); }
 
   // Becomes readable when an answer is there.
-  int descriptor() const { return events_; }
+  int descriptor() const { return sockets_.descriptor(); }
 
   // Reads the answers that have arrived, and repeats requests without an answer. Call it several
   // times a second.
@@ -46,7 +48,7 @@ class Presence {
   void repeat();
   void endOver();
 
-  int events_;
+  platform::SocketSet sockets_;
   std::list<Printer> printers_;
   Clock::time_point nextRepeat_;
 };

@@ -75,6 +75,11 @@ class XpcConnection final : public WakeUpConnection {
     return failure_;
   }
 
+  std::string refusal() const override {
+    const std::lock_guard lock(mutex_);
+    return refusal_;
+  }
+
  private:
   void handle(xpc_object_t event) {
     const xpc_type_t type = xpc_get_type(event);
@@ -91,10 +96,18 @@ class XpcConnection final : public WakeUpConnection {
     if (name == kRefusalMethod) {
       xpc_object_t arguments = xpc_dictionary_get_array(call, kArguments);
       const char* reason = arguments != nullptr ? xpc_array_get_string(arguments, 0) : nullptr;
-      giveUp(std::string("the wake-up service refused: ") + (reason != nullptr ? reason : ""));
+      takeRefusal(reason != nullptr ? reason : "");
     } else if (name == kCallBackMethod && open_) {
       finished_();
     }
+  }
+
+  void takeRefusal(const std::string& reason) {
+    {
+      const std::lock_guard lock(mutex_);
+      if (refusal_.empty()) refusal_ = reason;
+    }
+    giveUp("the wake-up service refused: " + reason);
   }
 
   // Keeps the first reason; later ones only follow from it.
@@ -108,6 +121,7 @@ class XpcConnection final : public WakeUpConnection {
   std::atomic<bool> open_ = true;
   mutable std::mutex mutex_;
   std::string failure_;
+  std::string refusal_;
   dispatch_semaphore_t ended_ = dispatch_semaphore_create(0);
   dispatch_queue_t queue_;
   xpc_connection_t connection_;

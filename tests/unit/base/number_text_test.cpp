@@ -73,6 +73,24 @@ TEST(LeadingReal, HasAPointInEveryLanguage) {
   unsetenv("LOCPATH");
 }
 
+TEST(WholeReal, ReadsDigitsWithSignPointAndExponent) {
+  EXPECT_EQ(wholeReal("595"), 595);
+  EXPECT_EQ(wholeReal("-0.5"), -0.5);
+  EXPECT_EQ(wholeReal(".25"), 0.25);
+  EXPECT_EQ(wholeReal("2."), 2);
+  EXPECT_EQ(wholeReal("25e-1"), 2.5);
+  EXPECT_EQ(wholeReal("1E2"), 100);
+}
+
+TEST(WholeReal, EndsWithItsText) { EXPECT_EQ(wholeReal(std::string_view("595842", 3)), 595); }
+
+TEST(WholeReal, IsNothingInOtherText) {
+  for (const char* text : {"", " 1", "1 ", "+1", "1pt", "1e", "-", ".", "1,5", "0x10", "inf", "nan",
+                           "1.2.3", "--1", "1e999"}) {
+    EXPECT_EQ(wholeReal(text), std::nullopt) << text;
+  }
+}
+
 TEST(CutTo32Bits, KeepsTheLowBits) {
   static_assert(cutTo32Bits(7) == 7);
   static_assert(cutTo32Bits(-7) == -7);

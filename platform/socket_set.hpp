@@ -1,0 +1,34 @@
+// Which of many sockets have something to read.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <span>
+
+namespace kelm::platform {
+
+class SocketSet {
+ public:
+  SocketSet();
+  ~SocketSet();
+  SocketSet(const SocketSet&) = delete;
+  SocketSet& operator=(const SocketSet&) = delete;
+
+  // `owner` stands for the socket. False when the system refuses.
+  bool add(int socket, void* owner);
+
+  // A socket must be removed before it is closed: it would stay in the set while a child process
+  // has it, too.
+  void remove(int socket);
+
+  // Itself readable while one of the sockets is.
+  int descriptor() const { return descriptor_; }
+
+  // The owners of the readable sockets, in `room`. Does not wait. A full room may not have all of
+  // them.
+  std::span<void*> readable(std::span<void*> room) const;
+
+ private:
+  int descriptor_;
+};
+
+}  // namespace kelm::platform
