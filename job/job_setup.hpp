@@ -8,7 +8,7 @@ namespace kelm::job {
 
 // Sets customSizeFlg, widthLength and heighLength from the job's "media" options that name a custom
 // size "Custom.WIDTHxHEIGHT" (whole points; a unit after them is ignored). Jobs with 100 options
-// or more keep the normal paper.
+// or more keep the normal paper, except in queues whose PPD has the standard options.
 void decideCustomPaper(const PrintJobData& job);
 
 // Sets the job's keepOutputFace: 1 when an output tray other than "Auto" and "FaceDown" is chosen.

@@ -29,9 +29,9 @@ class KelmPPD {
 
   // The record of the file at `path`, to be freed with ppdClose_. Null, with a message in the
   // system log, when the file cannot be read or is not UTF-8, or when there is no memory for the
-  // record itself. Null without a message when the file has no option with a translation, or has an
-  // option without a choice line. If memory is exhausted later: what was built so far, and a
-  // message.
+  // record itself. Null without a message when the file has no option with a translation, has an
+  // option without a choice line, has too many choices, or takes too long to search. If memory is
+  // exhausted later: what was built so far, and a message.
   static ppd_file_t* ppdOpenFile_(const char* path);
 
   // Frees a record of ppdOpenFile_, null included.
