@@ -1,13 +1,13 @@
 // kelmctl address: the printer address that the filter finds in a device URI.
 // SPDX-License-Identifier: Apache-2.0
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
 
 #include "ctl/commands.hpp"
 #include "ctl/device_address.hpp"
 #include "ctl/exit_status.hpp"
+#include "ctl/json.hpp"
 #include "ctl/message.hpp"
 #include "ctl/safe_text.hpp"
 #include "wakeup/xpc_call_object.hpp"
@@ -21,11 +21,8 @@ struct Arguments {
 };
 
 void printJson(std::ostream& out, bool ipv6, const wakeup::Text& address) {
-  const nlohmann::ordered_json object{
-      {"ipv6", ipv6},
-      {"address", address ? nlohmann::ordered_json(*address) : nlohmann::ordered_json(nullptr)}};
-  out << safeJson(object.dump(2, ' ', false, nlohmann::ordered_json::error_handler_t::replace))
-      << '\n';
+  const Json object{{"ipv6", ipv6}, {"address", address ? Json(*address) : Json(nullptr)}};
+  out << textOf(object, JsonLayout::kIndented) << '\n';
 }
 
 void printReadable(std::ostream& out, bool ipv6, const wakeup::Text& address) {

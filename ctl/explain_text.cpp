@@ -4,16 +4,14 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <nlohmann/json.hpp>
 #include <ostream>
 
 #include "base/utf.hpp"
+#include "ctl/json.hpp"
 #include "ctl/safe_text.hpp"
 
 namespace kelm::ctl {
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 constexpr std::size_t kMeaningWidth = 44;  // characters
 constexpr std::size_t kLineWidth = 34;
@@ -206,7 +204,7 @@ void printExplanationJson(std::ostream& out, const explain::Explanation& explana
   Json remarks = Json::array();
   for (const explain::Remark& remark : explanation.remarks) remarks.push_back(jsonOf(remark));
   const Json object{{"lines", lines}, {"remarks", remarks}};
-  out << safeJson(object.dump(2, ' ', false, Json::error_handler_t::replace)) << '\n';
+  out << textOf(object, JsonLayout::kIndented) << '\n';
 }
 
 void printStream(std::ostream& out, const explain::StreamReport& report, ppd_file_t* ppd,
@@ -255,7 +253,7 @@ void printStreamJson(std::ostream& out, const explain::StreamReport& report, ppd
     object["findings"].push_back(
         {{"offset", finding.offset}, {"problem", finding.problem}, {"variable", finding.variable}});
   }
-  out << safeJson(object.dump(2, ' ', false, Json::error_handler_t::replace)) << '\n';
+  out << textOf(object, JsonLayout::kIndented) << '\n';
 }
 
 }  // namespace kelm::ctl

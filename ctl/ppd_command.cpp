@@ -1,7 +1,6 @@
 // kelmctl ppd: what a PPD offers, in the user's language, as text or as JSON.
 // SPDX-License-Identifier: Apache-2.0
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -9,6 +8,7 @@
 
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
+#include "ctl/json.hpp"
 #include "ctl/message.hpp"
 #include "ctl/safe_text.hpp"
 #include "ppdtext/kelm_ppd.hpp"
@@ -22,7 +22,6 @@
 namespace kelm::ctl {
 namespace {
 
-using Json = nlohmann::ordered_json;
 using ppdtext::KelmPPD;
 
 constexpr const char* kUnreadable =
@@ -136,7 +135,7 @@ void printJson(std::ostream& out, const Shown& shown) {
     attributes.push_back({{"name", attribute->name}, {"value", value}});
   }
   const Json object{{"language", shown.language}, {"groups", groups}, {"attributes", attributes}};
-  out << safeJson(object.dump(2, ' ', false, Json::error_handler_t::replace)) << '\n';
+  out << textOf(object, JsonLayout::kIndented) << '\n';
 }
 
 // `language` replaces the user's first one.

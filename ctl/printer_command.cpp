@@ -4,7 +4,6 @@
 #include <chrono>
 #include <iomanip>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -16,6 +15,7 @@
 #include "ctl/exit_status.hpp"
 #include "ctl/facts_transfer.hpp"
 #include "ctl/interruption.hpp"
+#include "ctl/json.hpp"
 #include "ctl/message.hpp"
 #include "ctl/printer_facts.hpp"
 #include "ctl/printer_queries.hpp"
@@ -26,7 +26,6 @@
 namespace kelm::ctl {
 namespace {
 
-using Json = nlohmann::ordered_json;
 using Names = std::optional<std::vector<std::string>>;
 
 constexpr auto kTurn = std::chrono::milliseconds(100);
@@ -135,7 +134,7 @@ int showOne(const Arguments& arguments, const Console& console) {
   if (!problem.empty()) return fail(console, problem);
   const PrinterFacts facts = askPrinter(address, arguments.community, Incomplete::kAbsent, console);
   if (arguments.json) {
-    console.out << safeJson(jsonOf(facts).dump(2)) << '\n';
+    console.out << textOf(jsonOf(facts), JsonLayout::kIndented) << '\n';
   } else if (facts.answered && !arguments.quiet) {
     writeTable(console.out, facts);
   }
@@ -179,7 +178,7 @@ AskedPrinter notAsked(const std::string& address) {
 void writeJsonLine(const AskedPrinter& printer, std::ostream& out) {
   Json object{{"address", printer.address}};
   object.update(jsonOf(printer.facts));
-  out << safeJson(object.dump()) << '\n';
+  out << textOf(object, JsonLayout::kOneLine) << '\n';
 }
 
 int showMany(const Arguments& arguments, const Console& console) {

@@ -2,17 +2,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <iomanip>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
 #include <string>
 
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
+#include "ctl/json.hpp"
 #include "ctl/message.hpp"
 #include "ctl/opened_ppd.hpp"
 #include "ctl/print_server.hpp"
-#include "ctl/safe_text.hpp"
 #include "ctl/server_options.hpp"
 #include "ctl/stored_settings.hpp"
 
@@ -51,12 +50,12 @@ void printReadable(std::ostream& out, ppd_file_t* ppd) {
 }
 
 void printJson(std::ostream& out, ppd_file_t* ppd) {
-  nlohmann::ordered_json object;
+  Json object;
   for (const StoredSetting& setting : storedSettings(ppd)) {
     std::visit([&](const auto& value) { object[setting.member] = value; }, setting.value);
     if (setting.numbersMember != nullptr) object[setting.numbersMember] = setting.numbers;
   }
-  out << safeJson(object.dump(2)) << '\n';
+  out << textOf(object, JsonLayout::kIndented) << '\n';
 }
 
 OpenedPpd openPpd(const Arguments& arguments, const Console& console) {

@@ -4,18 +4,17 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <nlohmann/json.hpp>
 #include <ostream>
 #include <string>
 
 #include "ctl/exit_status.hpp"
+#include "ctl/json.hpp"
 #include "ctl/message.hpp"
 #include "ctl/safe_text.hpp"
 
 namespace kelm::ctl {
 namespace {
 
-using Json = nlohmann::ordered_json;
 using Entries = std::vector<ReadableEntry>;
 
 constexpr SyncStatus kStatuses[] = {SyncStatus::kDone, SyncStatus::kUnchanged, SyncStatus::kPartly,
@@ -204,9 +203,7 @@ void writeProblems(const std::vector<SyncResult>& results, const Console& consol
 
 void writeJson(const std::vector<SyncResult>& results, bool dryRun, const Console& console) {
   for (const SyncResult& result : results) {
-    console.out << safeJson(
-                       jsonOf(result, dryRun).dump(-1, ' ', false, Json::error_handler_t::replace))
-                << '\n';
+    console.out << textOf(jsonOf(result, dryRun), JsonLayout::kOneLine) << '\n';
   }
 }
 

@@ -4,7 +4,6 @@
 #include <atomic>
 #include <chrono>
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <optional>
 #include <ostream>
 #include <string>
@@ -14,6 +13,7 @@
 #include "ctl/commands.hpp"
 #include "ctl/exit_status.hpp"
 #include "ctl/interruption.hpp"
+#include "ctl/json.hpp"
 #include "ctl/message.hpp"
 #include "ctl/print_server.hpp"
 #include "ctl/safe_text.hpp"
@@ -31,8 +31,6 @@ namespace kelm::ctl {
 namespace {
 
 using namespace std::chrono_literals;
-using Json = nlohmann::ordered_json;
-
 constexpr std::chrono::milliseconds kStep{100};
 constexpr std::chrono::seconds kLongestWait{240};  // as long as a job waits
 constexpr std::chrono::seconds kPauseOfLines{10};  // where there is no progress line
@@ -52,10 +50,6 @@ struct Arguments {
   bool json = false;
   bool quiet = false;
 };
-
-std::string dump(const Json& value) {
-  return safeJson(value.dump(-1, ' ', false, Json::error_handler_t::replace));
-}
 
 using Clock = std::chrono::steady_clock;
 std::chrono::seconds secondsSince(Clock::time_point start) {
@@ -107,7 +101,7 @@ Outcome wake(const platform::WakeUpRequest& request) {
 
 // From one process to another.
 std::string packed(const Outcome& outcome) {
-  return dump(Json{outcome.result, outcome.time.count(), outcome.reason});
+  return textOf({outcome.result, outcome.time.count(), outcome.reason}, JsonLayout::kOneLine);
 }
 
 Outcome unpacked(const std::optional<std::string>& bytes) {
@@ -238,11 +232,12 @@ class Waking {
 
   void tellJson(const Task& task, const Outcome& outcome) const {
     const auto& address = task.plan.request.address;
-    console_.out << dump({{"name", task.name},
-                          {"address", address ? Json(*address) : Json()},
-                          {"result", outcome.result},
-                          {"seconds", outcome.time.count()},
-                          {"message", outcome.reason}})
+    console_.out << textOf({{"name", task.name},
+                            {"address", address ? Json(*address) : Json()},
+                            {"result", outcome.result},
+                            {"seconds", outcome.time.count()},
+                            {"message", outcome.reason}},
+                           JsonLayout::kOneLine)
                  << std::endl;
   }
 
