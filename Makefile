@@ -39,7 +39,7 @@ package-check: ## build the packages twice and compare them
 	@scripts/install-deps package && scripts/check-reproducible
 package-test: ## install, upgrade and remove those packages in a throw-away Debian, as root
 	@scripts/install-deps tree && scripts/check-packages
-check-debian13: ## build the last commit and run all tests in a Debian 13 tree, as root
+check-debian13: ## build the last commit, run all tests and make the packages in a Debian 13 tree, as root
 	@scripts/install-deps tree && scripts/check-debian13
 install: ## install what "make" built
 	@cmake --install build

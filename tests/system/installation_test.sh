@@ -42,6 +42,11 @@ mkdir "$ROOT/etc"
 systemd-sysusers --root="$ROOT" "$ROOT$PREFIX/lib/sysusers.d/kelm-wol.conf" 2>"$W/sysusers_log"
 grep -q '^kelmwol:' "$ROOT/etc/passwd" || fail "the service's user is not made"
 
+# man prepares the tables of the pages.
+for page in "$ROOT$PREFIX"/share/man/man*/*; do
+  expect "the first line of $page" "'\\\" t" "$(head -n 1 "$page")"
+done
+
 # systemd understands every line of the units.
 for name in kelm-wol kelm-sync; do
   sed "s|^ExecStart=|&$ROOT|" "$ROOT$PREFIX/lib/systemd/system/$name.service" >"$W/$name.service"
