@@ -1,5 +1,5 @@
-// What every filter pays: links libcups and ends; with a PPD's path as its argument, opens, marks
-// and localises it first.
+// The minimum that a filter costs: a program that links libcups and ends. With a PPD's path as its
+// argument, it first opens, marks and localises the PPD.
 // SPDX-License-Identifier: Apache-2.0
 #include <cups/ppd.h>
 

@@ -1,5 +1,5 @@
-// make bench: throughput, start-up and memory of kelmfilter beside cat, pstops and a bare program,
-// and how fast kelmctl explain reads a printer stream.
+// make bench: throughput, start-up and memory of kelmfilter, compared with cat, pstops and a
+// program that does nothing, and how fast kelmctl explain reads a printer stream.
 // SPDX-License-Identifier: Apache-2.0
 
 #include <cstdio>
@@ -21,7 +21,8 @@ using kelm::bench::secondsToExit;
 
 constexpr std::size_t kMegabyte = 1000 * 1000;
 constexpr std::size_t kJobBytes = 256 * kMegabyte;
-constexpr std::size_t kMemoryBlock = kMegabyte;  // small: a child starts with its parent's peak
+constexpr std::size_t kMemoryBlock =
+    kMegabyte;  // small, because a child starts with its parent's peak
 constexpr int kLongBlocks = 1000;
 constexpr int kLongRuns = 3;
 constexpr int kThroughputRuns = 9;
@@ -56,7 +57,7 @@ void throughput(const char* name, const std::string& content) {
   std::filesystem::remove(file);
 }
 
-// What the filter makes of a job.
+// The file with the filter's output for a job.
 std::string printed(const std::string& job) {
   const std::string stream = job + ".prn";
   const Command print{"/bin/sh",   "-c", "exec \"$0\" 1 user title 1 \"\" \"$1\" >\"$2\"",

@@ -11,7 +11,7 @@ namespace {
 constexpr int kLinesPerPage = 25000;
 constexpr std::size_t kImageBytes = std::size_t{2200} * 2200;
 
-// A generator that is quick, and the same everywhere.
+// A fast random generator that gives the same numbers everywhere.
 class Noise {
  public:
   std::uint64_t next() {

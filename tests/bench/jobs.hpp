@@ -7,8 +7,8 @@
 
 namespace kelm::bench {
 
-// About `bytes` of PostScript. Line art is drawing operators of 38 bytes a line with DSC comments
-// around every page; binary data is an image with "%" as often as chance brings it.
+// About `bytes` of PostScript. Line art has drawing operators, 38 bytes per line, with DSC comments
+// around every page. Binary data is an image of random bytes, "%" among them.
 std::string lineArt(std::size_t bytes);
 std::string binaryImage(std::size_t bytes);
 

@@ -28,7 +28,7 @@ struct Times {
 
 double now() { return 1000.0 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
-// Ends the program when the file cannot be read or shown: its times would say nothing.
+// Ends the program if the file cannot be read or shown, because its times would mean nothing.
 void measure(const std::u16string& text, Times& best) {
   double start = now();
   const auto model = kelm::ppdtext::modelOf(text);

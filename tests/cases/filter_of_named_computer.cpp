@@ -1,5 +1,5 @@
-// kelmfilter on a computer whose name is in the environment (KELM_TEST_COMPUTER) and where no
-// user is logged in: for systems that give a process no computer of its own.
+// kelmfilter for systems without namespaces: the computer's name comes from the environment
+// (KELM_TEST_COMPUTER), and no user is logged in.
 // SPDX-License-Identifier: Apache-2.0
 #include <unistd.h>
 

@@ -42,7 +42,7 @@ class Differences {
     return true;
   }
 
-  // What no line of the base has taken.
+  // The differences that no line of the base has taken.
   std::span<const std::string_view> rest() const { return rest_; }
 
  private:

@@ -18,7 +18,7 @@ struct RebuiltHeader {
 //   -NAME             there is no line for NAME
 //   NAME>OTHER=VALUE  there is a line for OTHER instead of the line for NAME
 //   NAME+OTHER=VALUE  there is a line for OTHER after the place of NAME
-// A line is a fault when the base has no such variable at this place or later, and when it states
+// A line is a fault if the base does not have its variable at this place or later, or if it states
 // the value that the base has.
 RebuiltHeader rebuildHeader(std::string_view base, std::string_view differences);
 

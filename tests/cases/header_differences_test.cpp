@@ -1,4 +1,4 @@
-// Headers that are rebuilt from a base and differences, and the differences that are refused.
+// Headers that are rebuilt from a base and differences, and differences that are refused.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/cases/header_differences.hpp"
 

@@ -1,4 +1,4 @@
-// Runs the real filter on every case directory (README.md in this directory says what is in one).
+// Runs the real filter on every case directory (README.md describes its files).
 // SPDX-License-Identifier: Apache-2.0
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -82,15 +82,15 @@ std::vector<char*> pointersTo(std::vector<std::string>& strings) {
   return pointers;
 }
 
-// Gives the process a computer name of its own and hides logind's sessions from it. False when the
-// system refuses.
+// Gives the process its own host name and hides logind's sessions from it. False if the system
+// refuses.
 bool useOwnComputer(const std::string& name) {
   return kelm::tests::enterOwnComputer() && kelm::tests::nameOwnComputer(name) &&
          (!fs::exists("/run/systemd") || kelm::tests::hideDirectory("/run/systemd"));
 }
 
-// Whether a case gets a computer of its own. Otherwise the filter is one that takes the computer's
-// name from the environment.
+// Whether a case gets its own host name. If not, the filter is one that takes the computer's name
+// from the environment.
 bool hasOwnComputer() {
   static const bool has =
       std::getenv("KELM_CASES_WITHOUT_NAMESPACES") == nullptr &&
@@ -189,7 +189,7 @@ class Case : public testing::Test {
     SCOPED_TRACE(directory_.string() + ": " + readText(directory_ / "story", "(no story)"));
     ASSERT_TRUE(fs::exists(directory_ / "story"));
     ASSERT_TRUE(has("out.prn") || has("plain.pjl") || has("dialog.pjl") || has("out.ps"))
-        << "the case expects nothing: README.md names the files";
+        << "the case expects no output: README.md lists the files of a case";
     expectKnownFiles();
     fs::remove_all(kept_);
     const Result result = run(directory_);
@@ -205,8 +205,8 @@ class Case : public testing::Test {
   }
 
  private:
-  // A file that the runner does not read would be an expectation that is never checked. A case with
-  // arguments of its own may name further files.
+  // A file that the runner does not read would be an expectation that is never checked. The
+  // arguments in "argv" may name further files.
   void expectKnownFiles() const {
     if (has("argv")) return;
     static const std::set<std::string> kNames = {
@@ -214,7 +214,7 @@ class Case : public testing::Test {
         "out.ps", "out.prn", "err",   "status", "env",   "host"};
     for (const auto& entry : fs::directory_iterator(directory_)) {
       const std::string name = entry.path().filename().string();
-      EXPECT_TRUE(kNames.contains(name)) << name << " means nothing: README.md names the files";
+      EXPECT_TRUE(kNames.contains(name)) << name << " is no file of a case: README.md lists them";
     }
   }
 
@@ -249,7 +249,7 @@ class Case : public testing::Test {
   fs::path kept_;
 };
 
-// Test names must not hold "-": to GoogleTest's filter it means "but not".
+// Test names must not contain "-": in GoogleTest's filters it means "but not".
 std::string testName(const fs::path& directory) {
   std::string name = directory.filename().string();
   std::replace(name.begin(), name.end(), '-', '_');

@@ -1,6 +1,6 @@
-// Any arguments of kelmctl, read and checked without asking a server: one subcommand, or help, or
-// a usage error of two lines. `kelmctl address` also runs, with unknown names. Whatever
-// is written to a terminal is without control characters.
+// Any arguments of kelmctl, read and checked without asking a server: they are one subcommand, ask
+// for help, or give a usage error of two lines. `kelmctl address` also runs, with unknown names.
+// Nothing that is written to a terminal has control characters.
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cstdint>
@@ -56,7 +56,7 @@ bool steersNoTerminal(const std::string& text) {
 
 }  // namespace
 
-// The arguments are lines; what follows the last line feed is one too.
+// Each line of the input is an argument; so is what follows the last line feed.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const platform::FakePlatform platform;
   std::istringstream lines(std::string(data, data + size));

@@ -1,5 +1,5 @@
-// Any device URI: what is looked up is a name that a resolver can be given, and what comes out is
-// an address or, on the IPv6 way, has no "+" left.
+// Any device URI: a resolver can be given each name that is looked up. The result is an address, or
+// for a URI that counts as IPv6, a text without "+".
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cstdint>

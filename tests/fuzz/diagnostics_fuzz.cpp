@@ -1,5 +1,5 @@
 // Any options, any PostScript: with the diagnostic files on, the output is the same, and the files
-// hold all of input and output except zero bytes and the lines that no file holds.
+// hold the whole input and output, except zero bytes and the lines that are never logged.
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cstdint>
@@ -18,7 +18,7 @@ namespace {
 
 using namespace kelm;
 
-// For all inputs: they share a directory.
+// One object for all inputs, which share its directory.
 tests::DiagnosticsOn& switchedOff() {
   auto& diagnostics = *new tests::DiagnosticsOn;
   job::LogFileMessageCheck(false);

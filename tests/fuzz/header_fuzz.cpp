@@ -11,8 +11,8 @@
 
 namespace {
 
-// Every line but those that a job may do without: of a plain job the host name and the two sizes of
-// a custom paper, of a dialog job the host name and the zoom rate.
+// The frame has 8 lines. Some variables may be missing: in a plain job the host name and the two
+// sizes of a custom paper, in a dialog job the host name and the zoom rate.
 constexpr std::ptrdiff_t kFewestPlainLines = 8 + 102 - 3;
 constexpr std::ptrdiff_t kFewestDialogLines = 8 + 133 - 2;
 
@@ -28,7 +28,7 @@ void check(const std::string& options, std::ptrdiff_t fewestLines) {
   kelm::pjl::OutputPJL(output.stream(), *job);
   const std::string first = output.text();
   if (!isWhole(first, fewestLines)) std::abort();
-  // What the first header changed in the job (a booklet's short edge) changes no second one.
+  // A second header is the same, although the first one may change the job (a booklet's edge).
   kelm::pjl::OutputPJL(output.stream(), *job);
   if (output.text() != first + first) std::abort();
 }

@@ -74,8 +74,8 @@ std::string propertyList(const char* key, const std::string& value) {
          value + "</dict></plist>";
 }
 
-// What the system says of itself and of the user, in memory: a file on a disk takes longer than all
-// that is tested here.
+// What the system says about itself and the user, in memory: files on a disk would take longer than
+// everything that is tested here.
 class Facts final : public platform::FileRoot {
  public:
   Facts(const std::string& version, const std::vector<std::string>& languages)

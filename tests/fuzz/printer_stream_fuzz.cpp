@@ -1,5 +1,6 @@
-// Any bytes as a printer stream: the reader stays within its memory, reads all of them, and says
-// the same whatever the sizes of the blocks that they come in. SPDX-License-Identifier: Apache-2.0
+// Any bytes as a printer stream: the reader stays within its memory, reads all of them, and finds
+// the same whatever the size of its blocks.
+// SPDX-License-Identifier: Apache-2.0
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>

@@ -1,5 +1,4 @@
-// Any bytes as a property file, XML or binary: texts of its size at most, and the system's version
-// and the user's languages that follow from them.
+// Any bytes as a property file, XML or binary: the texts and their number are bounded by its size.
 // SPDX-License-Identifier: Apache-2.0
 #include <cstdint>
 #include <cstdlib>
@@ -17,7 +16,7 @@ void expect(bool truth) {
   if (!truth) std::abort();
 }
 
-// A text in UTF-16 takes half as much again in UTF-8; an entity of XML takes more than its letter.
+// A UTF-16 text can need half as much again in UTF-8. An XML entity is longer than its character.
 bool fits(const std::string& text, std::size_t fileSize) { return text.size() <= 2 * fileSize; }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Runs a fuzz target on every file of a directory: the seeds and whatever the fuzzer found before.
+// Runs a fuzz target on every file of a directory: the seeds, and inputs that a fuzzer found.
 // SPDX-License-Identifier: Apache-2.0
 #include <cstdint>
 #include <cstdio>
@@ -13,7 +13,7 @@ int main(int argc, char* argv[]) {
   int replayed = 0;
   for (int i = 1; i < argc; ++i) {
     for (const auto& entry : std::filesystem::directory_iterator(argv[i])) {
-      // The last name is that of the input that ends the program.
+      // If an input ends the program, its name is the last one.
       std::printf("%s\n", entry.path().filename().c_str());
       std::fflush(stdout);
       std::ifstream file(entry.path(), std::ios::binary);

@@ -1,5 +1,5 @@
-// Any response of an agent, as the SNMP library parses it and with every type, length and missing
-// contents that a variable can have: the walk stays within the values and gives only sound texts.
+// Any response of an agent, as the SNMP library parses it, and with every type, length and missing
+// content that a variable can have: the walk stays within the values and gives only valid texts.
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cstdint>
@@ -36,7 +36,7 @@ void walkEverything(const netsnmp_pdu& response) {
   check(isSound(firstText(&response).value_or("")));
 }
 
-// The response as it comes over the network; what the library thinks of it is not logged.
+// The response as it comes over the network. The library's messages about it are not logged.
 void walkParsed(std::vector<u_char> bytes) {
   static const auto* const silence =
       netsnmp_register_loghandler(NETSNMP_LOGHANDLER_NONE, LOG_DEBUG);
@@ -47,7 +47,7 @@ void walkParsed(std::vector<u_char> bytes) {
 }
 
 // Variables of three bytes each (type, length, whether there are contents) and their contents, each
-// in memory of its own size.
+// in an allocation of exactly its size.
 void walkBuilt(const std::uint8_t* data, std::size_t size) {
   std::deque<std::vector<u_char>> contents;
   std::deque<netsnmp_variable_list> variables;

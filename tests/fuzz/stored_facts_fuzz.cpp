@@ -46,13 +46,13 @@ void checkList(const std::vector<std::string>& texts) {
   for (const std::string& text : texts) check(text);
 }
 
-// The same code reads all lists, each of them for a millisecond or more: one for each input.
+// The same code reads all lists, and each takes a millisecond or more: each input reads one list.
 constexpr std::vector<std::string> (*kLists[])(ppd_file_t*) = {
     Helper::getSharedBoxDetailsArray_, Helper::getSelectedSharedBoxDetailsArray_,
     Helper::getBarcodeAreaDefinitionDetailsArray_, Helper::getColorProfileDetailsArray_,
     Helper::getFormDetailsArray_};
 
-// All facts, and the lists one at a time.
+// All facts, and one of the lists.
 void readFacts(ppd_file_t* ppd, std::size_t list) {
   for (const auto read : {Helper::isCustomSnmpCommunity_, Helper::isWakeOnLan_,
                           Helper::isOverTheRouter_, Helper::isPPDOptionsUpdated_,
@@ -71,8 +71,8 @@ void readFacts(ppd_file_t* ppd, std::size_t list) {
 
 }  // namespace
 
-// The values of the attributes, each up to a line feed; those after the last have none. The size
-// chooses the list that is read.
+// The values of the attributes, each up to a line feed. The other attributes have no value. The
+// size decides which list is read.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   static const kelm::tests::MemoryPpd ppd(attributesOfEveryKind());
   ppd_file_t* const file = ppd;

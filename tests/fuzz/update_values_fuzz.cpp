@@ -1,6 +1,6 @@
-// Any value of an update job's option: cupsd, which cuts lines and parses them with libcups' option
-// parser, finds that option with that value in what is written, or nothing at all; and a PPD with
-// what it stores is read back, with that value, and ends no later job.
+// Any value of an update job's option. cupsd cuts lines and parses them with libcups' option
+// parser: in what the filter writes, it must find that option with that value, or nothing. A PPD
+// with the stored value must be readable, with that value, and must not end a later job.
 // SPDX-License-Identifier: Apache-2.0
 #include <cups/cups.h>
 
@@ -22,7 +22,7 @@
 namespace {
 
 constexpr std::size_t kMessageSize = 2047;   // of cupsd
-constexpr std::size_t kLongestValue = 4071;  // of a line that fits its buffer
+constexpr std::size_t kLongestValue = 4071;  // in a line that fits its buffer
 
 using Keywords = std::vector<std::pair<std::string, std::string>>;
 
@@ -58,8 +58,8 @@ Keywords storedBy(std::string_view lines) {
   return keywords;
 }
 
-// cupsd writes "*KEYWORD: VALUE" into the PPD. A later job must be able to read it, with its MAC
-// address: one of too few parts throws.
+// cupsd writes "*KEYWORD: VALUE" into the PPD. A later job must be able to read it and its MAC
+// address; an address of too few parts would throw.
 void checkNextJob(const char* keyword, const std::string& value) {
   const kelm::tests::MemoryPpd ppd("*" + std::string(keyword) + ": " + value + "\n");
   if (static_cast<ppd_file_t*>(ppd) == nullptr) std::abort();

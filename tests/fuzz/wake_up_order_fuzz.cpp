@@ -1,5 +1,5 @@
-// Any arguments of a wake-up request, one on each line: what is taken for an address can be looked
-// up and written to the journal.
+// Any arguments of a wake-up request, one per line: each address that is accepted can be looked up
+// and written to the journal.
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cstdint>

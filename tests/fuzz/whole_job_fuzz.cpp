@@ -1,6 +1,6 @@
-// Any command line, environment, PPD and PostScript of one job, with standard options where the PPD
-// asks for them: it gets a whole header and its PostScript, or, being an update job, nothing on
-// standard output.
+// Any command line, environment, PPD and PostScript of one job, with standard options if the PPD
+// asks for them: the job is written with a whole header and its PostScript. An update job writes
+// nothing to standard output.
 // SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <array>
@@ -74,7 +74,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::string id = "1";
   std::string user = nextText(rest);
   std::string title = nextText(rest);
-  std::string options = nextText(rest).substr(0, 3000);  // shorter than a line that aborts
+  std::string options =
+      nextText(rest).substr(0, 3000);  // so short that no line is too long, which would abort
   setenv("LANG", nextText(rest).c_str(), 1);
   const kelm::tests::MemoryFile ppd(nextText(rest));
   setenv("PPD", ppd.path().c_str(), 1);

@@ -1,4 +1,4 @@
-// A part of a test in a process of its own.
+// A part of a test in its own process.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/child.hpp"
 

@@ -1,5 +1,4 @@
-// A part of a test in a process of its own: what it changes in its environment does not affect
-// other tests.
+// A part of a test in its own process: changes of its environment do not affect other tests.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -11,7 +10,7 @@ namespace kelm::tests {
 // The text that `body` returned in a child process; "died: STATUS" when the child failed.
 std::string inChild(const std::function<std::string()>& body);
 
-// The same on a computer of its own: host name, mounts and no session of logind. "refused" when the
+// The same with its own host name and mounts, and without logind's sessions. "refused" if the
 // system does not allow that.
 std::string onOwnComputer(const std::function<std::string()>& body);
 

@@ -10,9 +10,9 @@
 
 namespace kelm::tests {
 
-// A whole platform in memory, with a directory of the test's own in which the switch file exists.
-// The time is 30 September 2016, 14:05:09. The switch is on and no file is named yet. The
-// destructor switches it off and empties the names.
+// A fake platform whose root is a temporary directory with the switch file. The time is
+// 30 September 2016, 14:05:09. The switch is on, and no file is named yet. The destructor switches
+// it off and empties the names.
 class DiagnosticsOn {
  public:
   DiagnosticsOn();

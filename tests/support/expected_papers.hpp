@@ -1,4 +1,4 @@
-// The papers that the printer has, written down once for every test that goes through them.
+// The printer's papers, for all tests that need every paper.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

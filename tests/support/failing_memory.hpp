@@ -6,8 +6,8 @@
 
 namespace kelm::tests {
 
-// While it lives, every request of this thread for more than `mostBytes` at once is refused, as
-// when memory is exhausted.
+// While it exists, every allocation of this thread with more than `mostBytes` fails, as when memory
+// is exhausted.
 class ScopedMemoryLimit {
  public:
   explicit ScopedMemoryLimit(std::size_t mostBytes);

@@ -1,4 +1,4 @@
-// Jobs of many shapes, each as large as wanted.
+// Jobs of many shapes and of any size.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/job_shapes.hpp"
 
@@ -31,7 +31,7 @@ std::string lines(int n) {
   return text;
 }
 
-// A section of a feature for which the job has no value, so that every option is looked at in vain.
+// Sections of a feature for which the job has no value: each search goes through all options.
 std::string sections(int n) {
   std::string text = "%!PS-Adobe-3.0\n";
   for (int i = 0; i < n; ++i) {

@@ -1,4 +1,4 @@
-// Jobs of many shapes, each as large as wanted, to measure how the time for a job grows.
+// Jobs of many shapes and of any size, to measure how the time for a job grows.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -9,7 +9,7 @@ namespace kelm::tests {
 
 struct JobShape {
   const char* name;
-  int size;  // a job that takes the filter some hundredths of a second
+  int size;  // that of a job for which the filter needs some hundredths of a second
   std::string (*options)(int size);
   std::string (*postScript)(int size);
 };

@@ -11,8 +11,8 @@
 
 namespace kelm::tests {
 
-// What the copy loop writes, and what it leaves in diagnostic files 2 and 3, which are removed. The
-// input comes in reads of `blockSize` bytes. Afterwards the files are switched off.
+// What the copy loop writes to the printer and to the diagnostic files 2 and 3. The input comes in
+// reads of `blockSize` bytes. Removes the files and switches them off.
 ReferenceJob loggedJob(DiagnosticsOn& diagnostics, std::string_view input, job::PrintJobData& job,
                        std::size_t blockSize = 1U << 20U);
 

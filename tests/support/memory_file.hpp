@@ -1,5 +1,5 @@
-// A file in memory, where the system has such files, with a path of its own, for programs that read
-// files by name.
+// A file with a path, for code that opens files by name. It is in memory if the system has such
+// files.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -17,7 +17,7 @@ class MemoryFile {
  public:
   explicit MemoryFile(std::string_view content) : descriptor_(openNamelessFile()) {
     base::writeAll(descriptor_, content);
-    lseek(descriptor_, 0, SEEK_SET);  // where opening the path goes on, on macOS
+    lseek(descriptor_, 0, SEEK_SET);  // on macOS, opening the path continues at this offset
   }
   ~MemoryFile() { close(descriptor_); }
   MemoryFile(const MemoryFile&) = delete;

@@ -1,4 +1,4 @@
-// A computer of a process's own, if the system can provide one (on Linux: namespaces).
+// A process's own host name and mounts, if the system can provide them (on Linux: namespaces).
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -6,8 +6,8 @@
 
 namespace kelm::tests {
 
-// After this call, no other process sees what this one changes in the host name and the mounts.
-// False when the system refuses or cannot do that.
+// After this call, other processes do not see changes of the host name and the mounts by this one.
+// False if the system refuses or cannot do that.
 bool enterOwnComputer();
 
 // Only after enterOwnComputer.

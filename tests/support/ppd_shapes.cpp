@@ -1,4 +1,4 @@
-// PPD files of many shapes, each as large as wanted.
+// PPD files of many shapes and of any size.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/ppd_shapes.hpp"
 
@@ -85,8 +85,8 @@ std::string marksInALine(int n) {
   return text;
 }
 
-// Keywords that are patterns which match themselves. Each is searched for in the whole text, within
-// a budget that grows with the text.
+// Keywords that are patterns and match themselves. Each is searched for in the whole text, within a
+// budget that grows with the text.
 std::string patternKeywords(int n) {
   std::string text;
   for (const std::string name : {"QV.Set", "QV.+Tray", "QV.*Colour"}) {

@@ -1,4 +1,4 @@
-// PPD files of many shapes, each as large as wanted, to measure how the time for a PPD grows.
+// PPD files of many shapes and of any size, to measure how the time for a PPD grows.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -9,7 +9,7 @@ namespace kelm::tests {
 
 struct PpdShape {
   const char* name;
-  int size;  // a file that takes some milliseconds
+  int size;  // that of a file which takes some milliseconds
   std::string (*text)(int size);
 };
 

@@ -1,4 +1,4 @@
-// The copy loop as plainly as it can be written.
+// The simplest possible copy loop.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/reference_loop.hpp"
 

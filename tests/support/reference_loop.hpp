@@ -1,5 +1,5 @@
-// The copy loop as plainly as it can be written: one character at a time, nothing skipped. The
-// product's loop must write the same bytes.
+// The simplest possible copy loop: it moves one character at a time and skips nothing. The loop of
+// the product must write the same bytes.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -16,13 +16,12 @@ struct ReferenceJob {
   std::string asWritten;  // diagnostic file 3: the output without zero bytes and unlogged lines
 };
 
-// The diagnostic files must be off. Sections and copies that the standard options settle are
-// included.
+// The diagnostic files must be off. The loop also does what the stage of standard options asks for.
 ReferenceJob referenceJob(std::string_view input, job::PrintJobData& job);
 
-// What the stage of standard options would settle: an option "settle-KEYWORD" replaces the sections
-// of that keyword by its value, or leaves them to their writer if it is empty; "settle-copies" is
-// the number of copies that the header asks for.
+// Does what the stage of standard options would do. An option "settle-KEYWORD" replaces the
+// sections of that keyword by its value, or leaves them to their writer if it is empty.
+// "settle-copies" is the number of copies that the header asks for.
 void settle(job::PrintJobData& job);
 
 // The output alone.

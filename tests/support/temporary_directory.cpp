@@ -1,4 +1,4 @@
-// A directory of a test's own, and what is in its files.
+// A temporary directory of a test, and the contents of its files.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/temporary_directory.hpp"
 

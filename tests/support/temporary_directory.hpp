@@ -1,4 +1,4 @@
-// A directory of a test's own, and what is in its files.
+// A temporary directory of a test, and the contents of its files.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace kelm::tests {
 
-// Made with the object in the system's directory for temporary files, removed with it.
+// Made and removed with the object, in the system's directory for temporary files.
 class TemporaryDirectory {
  public:
   TemporaryDirectory();

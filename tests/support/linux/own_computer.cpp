@@ -1,4 +1,4 @@
-// A computer of a process's own on Linux: namespaces(7).
+// A process's own host name and mounts on Linux: namespaces(7).
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/own_computer.hpp"
 

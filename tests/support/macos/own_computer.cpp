@@ -1,4 +1,4 @@
-// macOS has one computer for all processes.
+// macOS cannot give a process its own host name and mounts.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/support/own_computer.hpp"
 

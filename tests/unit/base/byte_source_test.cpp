@@ -186,7 +186,7 @@ TEST(DescriptorSink, ReportsTheFirstFailedWriteOnly) {
   EXPECT_EQ(reports, std::to_string(EPIPE) + " after 5;");
 }
 
-// A file of 6 bytes at most: of the second write, half arrives.
+// The file may have 6 bytes, so only half of the second write succeeds.
 TEST(DescriptorSink, CountsWhatWasWrittenOfAFailedWrite) {
   const auto before = signal(SIGXFSZ, SIG_IGN);
   rlimit limit{};

@@ -1,4 +1,4 @@
-// Numbers in job texts.
+// Numbers read from the texts of a job.
 // SPDX-License-Identifier: Apache-2.0
 #include "base/number_text.hpp"
 

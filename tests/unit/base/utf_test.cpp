@@ -44,13 +44,13 @@ TEST_P(NotUtf8, HasNoLength) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Bytes, NotUtf8,
-                         testing::Values("\x80",              // a following byte alone
+                         testing::Values("\x80",              // a continuation byte alone
                                          "\xFC",              // ISO 8859-1
                                          "\xC3",              // cut off
                                          "\xE2\x80",          // cut off
                                          "\xF0\x9F\x98",      // cut off
-                                         "\xC3(",             // no following byte
-                                         "\xC3\xC3",          // a leading byte instead
+                                         "\xC3(",             // no continuation byte
+                                         "\xC3\xC3",          // a leading byte in its place
                                          "\xE2\x80\xC2",      // the same at the end
                                          "\xC0\xAF",          // overlong "/"
                                          "\xC1\xBF",          // overlong

@@ -1,4 +1,4 @@
-// Every program that is installed must have its hardening: read from the ELF file (elf(5)).
+// Every installed program must be hardened: its ELF file (elf(5)) and the compile commands say so.
 // SPDX-License-Identifier: Apache-2.0
 #include <elf.h>
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@
 
 namespace {
 
-// A 64-bit ELF file in memory. The files are this build's own and need no checks.
+// A 64-bit ELF file in memory. It comes from this build, so its contents are not checked.
 class ElfFile {
  public:
   explicit ElfFile(const std::string& path) {
@@ -56,7 +56,7 @@ class ElfFile {
     return 0;
   }
 
-  // The names of all symbols that the dynamic linker knows.
+  // The names of all dynamic symbols.
   std::set<std::string> symbols() const {
     const std::string_view table = section(".dynsym");
     const std::string_view names = section(".dynstr");
@@ -113,7 +113,7 @@ TEST_P(Hardening, ProtectsItsStack) { EXPECT_TRUE(file_.symbols().contains("__st
 
 TEST_P(Hardening, ChecksTheLibraryCallsOfBuffers) {
   if (*KELM_SANITIZE != '\0' || std::string_view(KELM_BUILD_TYPE) == "Debug") {
-    // The sanitizers look at these calls themselves.
+    // Sanitizers check these calls themselves; debug builds do not check them.
     EXPECT_FALSE(file_.symbols().contains("__snprintf_chk"));
     return;
   }
@@ -124,7 +124,7 @@ TEST_P(Hardening, ChecksTheLibraryCallsOfBuffers) {
   EXPECT_FALSE(checked.empty());
 }
 
-// The command of every compilation of the product; the tests are not installed.
+// The compile commands of the product, without those of the tests.
 std::vector<std::string> productCommands() {
   std::ifstream file(KELM_COMPILE_COMMANDS);
   std::vector<std::string> result;
@@ -157,7 +157,7 @@ TEST(CompileCommands, CheckTheLibraryCallsOfBuffers) {
   }
 }
 
-// x86 processors alone have it; elsewhere the compilers refuse the option.
+// Only x86 processors have this protection; for others, the compilers refuse the option.
 TEST(CompileCommands, ProtectTheControlFlowWhereTheProcessorCan) {
 #if defined(__x86_64__) || defined(__i386__)
   constexpr bool kProtected = true;

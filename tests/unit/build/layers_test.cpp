@@ -1,5 +1,5 @@
-// Which directory may include which: a directory includes headers of the directories whose
-// libraries it links, directly or through another one, and no two directories include each other.
+// A directory may only include headers of directories whose libraries it links, directly or
+// indirectly. No two directories include each other.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ std::string contentOf(const fs::path& path) {
   return {std::istreambuf_iterator<char>(file), {}};
 }
 
-// The directories of the product: the source root's that have a library of their own.
+// The directories of the product: those at the source root that have a library.
 Names productDirectories() {
   Names result;
   for (const auto& entry : fs::directory_iterator(KELM_SOURCE_DIRECTORY)) {
@@ -104,12 +104,12 @@ TEST(Layers, ADirectoryLinksWhatItIncludes) {
     forEachInclude(directory, [&](const fs::path& path, const std::string& included) {
       EXPECT_TRUE(allowed.contains(included))
           << path << " includes a header of " << included << "/; add kelm_" << included
-          << " to LINKS in " << directory << "/CMakeLists.txt, if that is its place";
+          << " to LINKS in " << directory << "/CMakeLists.txt, if it may use it";
     });
   }
 }
 
-// It links small libraries of the platform, and nothing else of it.
+// The service links only small libraries of the platform.
 TEST(Layers, TheWakeUpServiceTakesThreeHeadersOfThePlatform) {
   Names headers;
   for (const auto& entry : fs::directory_iterator(fs::path(KELM_SOURCE_DIRECTORY) / "wolservice")) {
@@ -128,7 +128,8 @@ TEST(Layers, NoDirectoriesLinkEachOther) {
   for (const auto& [directory, linked] : graph) {
     Names reached;
     addReachable(graph, directory, reached);
-    EXPECT_FALSE(reached.contains(directory)) << directory << "/ links itself through others";
+    EXPECT_FALSE(reached.contains(directory))
+        << directory << "/ links itself through other directories";
   }
 }
 

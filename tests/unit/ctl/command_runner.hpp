@@ -1,4 +1,4 @@
-// kelmctl without a process, for tests.
+// Runs kelmctl within the process of a test.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -19,7 +19,7 @@ TEST(AddressOfDevice, IsAnIPv6AddressWithItsZone) {
   EXPECT_EQ(addressOfDevice("socket://[v1.fe80::1+eth0]:9100"), "fe80::1%eth0");
 }
 
-// It is not looked up, so it stays as it is written, also with the zone of another computer.
+// The address is not looked up: it stays as written, even with a zone that this computer lacks.
 TEST(AddressOfDevice, IsAnIPv6AddressAsItIsWritten) {
   EXPECT_EQ(addressOfDevice("ipp://[2001:DB8:0::7]/"), "2001:DB8:0::7");
   EXPECT_EQ(addressOfDevice("socket://[v1.fe80::1+nowhere]:9100"), "fe80::1%nowhere");

@@ -76,7 +76,7 @@ TEST_F(ExplainCommand, TakesTheCopiesAsAnOption) {
               HasSubstr("@PJL SET QTY=2                    from -n 2\n"));
 }
 
-// lp takes the last number.
+// lp uses the last number.
 TEST_F(ExplainCommand, TakesTheLastNumberOfCopies) {
   const Outcome last = runKelmctl(
       {"explain", "--ppd", kStandardPpd, "-o", "copies=3", "-o", "sides=one-sided", "-n", "2"});

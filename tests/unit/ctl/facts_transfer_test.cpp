@@ -1,4 +1,4 @@
-// A printer's answers on their way from one process to another.
+// A printer's answers, packed in one process and unpacked in another.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/facts_transfer.hpp"
 

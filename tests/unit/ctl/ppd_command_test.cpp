@@ -1,4 +1,4 @@
-// kelmctl ppd, over PPD files.
+// kelmctl ppd with PPD files.
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -97,7 +97,7 @@ TEST_F(PpdCommand, DoesNotLetATextSteerTheTerminal) {
   EXPECT_THAT(runKelmctl({"ppd", file.c_str()}).out, testing::Not(HasSubstr("\x1B")));
 }
 
-// Such as the output of another program: ... | kelmctl ppd /dev/stdin
+// The output of another program can be read only once: ... | kelmctl ppd /dev/stdin
 TEST_F(PpdCommand, ReadsAPipeOnce) {
   const std::string pipe = directory.path() + "/pipe";
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);

@@ -1,4 +1,4 @@
-// A newly installed PPD with what a queue had set in its old one.
+// A newly installed PPD with the facts and defaults that a queue had in its old one.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/refreshed_ppd.hpp"
 

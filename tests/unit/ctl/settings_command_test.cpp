@@ -1,4 +1,4 @@
-// kelmctl settings, over PPD files.
+// kelmctl settings with PPD files.
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ namespace {
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// A PPD of this text, as long as the object lives.
+// A PPD file with this text, removed with the object.
 class PpdFile {
  public:
   explicit PpdFile(std::string_view text) : path_(directory_.path() / "queue.ppd") {

@@ -24,7 +24,7 @@ UpdateLines linesFor(const PrinterFacts& facts, const StoredLines& stored = {}) 
   return updateLinesFor(facts, "192.0.2.7", "public", stored);
 }
 
-// A printer that gives everything and has nothing.
+// The answers of a printer that answers every question but has no entry in any list.
 PrinterFacts completeFacts() {
   PrinterFacts facts;
   facts.macAddress = "00:1b:a9:00:00:01";
@@ -116,7 +116,7 @@ TEST(UpdateLines, KeepTheOtherListsFromIndexZeroOn) {
 }
 
 TEST(UpdateLines, CutALongTextIntoPartsThatAPpdLineHolds) {
-  // 300 times "a" are 400 characters of Base64; "PSFormName0_Part1" leaves 252 - 17 for a value.
+  // 300 bytes are 400 characters of Base64; "PSFormName0_Part1" leaves 252 - 17 for a value.
   const Values parts = valuesOf(linesFor(withForms({std::string(300, 'a')})), "PSForm");
   ASSERT_EQ(parts.size(), 2U);
   EXPECT_EQ(parts.at("PSFormName0_Part1").size(), 235U);

@@ -1,4 +1,4 @@
-// Work in processes side by side.
+// Work in parallel processes.
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/worker_pool.hpp"
 
@@ -44,7 +44,7 @@ TEST(WorkerPool, WorksSideBySide) {
   }
   waitForAll(pool);
   EXPECT_EQ(count, 20);
-  EXPECT_LT(Clock::now() - start, 8s);  // one after the other takes 10 s
+  EXPECT_LT(Clock::now() - start, 8s);  // it takes 10 s one after the other
 }
 
 TEST(WorkerPool, SaysWhenAProcessDied) {

@@ -1,4 +1,4 @@
-// A job that is explained, for tests: a PPD of tests/ppds and a fake operating system.
+// An explained job for tests, with a PPD of tests/ppds and a fake operating system.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

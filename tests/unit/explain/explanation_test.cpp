@@ -1,4 +1,4 @@
-// What would be sent for a job: meanings and sources of its header's lines.
+// What would be sent for a job: the meanings and sources of its header's lines.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/explanation.hpp"
 
@@ -69,7 +69,7 @@ TEST(Explanation, NamesEveryOptionThatALineNeeds) {
   EXPECT_EQ(line.causes, (Options{{"QVBookletBinding", "TwoFold"}, {"QVDuplex", "LongEdge"}}));
 }
 
-// The tray alone would turn the face up, and the other option of the row turns it down again.
+// With the tray alone the face would be up; with QVOutputFace it is down.
 TEST(Explanation, NamesNoOptionThatALineDoesNotNeed) {
   const Line line =
       ExplainedJob({"QVOutputTray=Stacker QVOutputFace=FaceDown"}).line("QVOUTPUTFACE");
@@ -114,8 +114,8 @@ TEST(Request, TakesDefaultsThatTheJobDoesNotName) {
   EXPECT_EQ(request.copies, 3);
 }
 
-// The names of the variables in the stream of a job with these options, in which one variable may
-// have another value.
+// "NAME: CHOICE" for each variable in the stream of a job with these options. Before that, one
+// variable may get another value.
 std::map<std::string, std::string> namesInStream(const std::string& options,
                                                  const std::string& variable = "",
                                                  const std::string& value = "") {
@@ -140,7 +140,7 @@ TEST(LinesOfAStream, HaveTheNamesOfStandardOptions) {
   EXPECT_EQ(namesInStream("")["MEDIASOURCE"], "Paper source: Automatic");
 }
 
-// The standard option of this PPD lacks the tray.
+// In this PPD, the standard option does not have the tray.
 TEST(LinesOfAStream, HaveTheNameOfAnOwnOptionThatAloneHasTheChoice) {
   EXPECT_EQ(namesInStream("QVInputSlot=StandardTray")["MEDIASOURCE"],
             "Paper source (override): Standard tray");

@@ -1,4 +1,4 @@
-// Members of media-col that ask for nothing are named, with what was probably meant.
+// Remarks on members of media-col without an effect, with what was probably meant.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/media_col.hpp"
 
@@ -20,7 +20,7 @@ class MediaCol : public testing::Test {
  protected:
   ~MediaCol() override { job::r_ppdClose(ppd_); }
 
-  // The one remark on a media-col; an empty one when there is none.
+  // The only remark on a media-col, or an empty one.
   Remark remarkOn(const std::string& mediaCol) { return remarkOn(ppd_, mediaCol); }
 
   static Remark remarkOn(ppd_file_t* ppd, const std::string& mediaCol) {
@@ -65,8 +65,7 @@ TEST_F(MediaCol, HasATrayThatThePrinterDoesNotHave) {
   EXPECT_EQ(remarkOn("{media-source=envelope}").nearest, "");
 }
 
-// "media" takes the names of the PPD, too. Of media-col, CUPS 2.4.10 knows them, and CUPS 2.4.2
-// does not.
+// "media" takes the PPD's names, too. In media-col, CUPS 2.4.10 knows them and CUPS 2.4.2 does not.
 TEST_F(MediaCol, HasATrayUnderANameThatCupsDoesNotKnow) {
   EXPECT_EQ(remarkOn("{media-source=Tray_2}").nearest, "tray-2");
   EXPECT_EQ(remarkOn("{media-source=feed-tray-2}").problem,
@@ -90,7 +89,7 @@ TEST_F(MediaCol, HasASizeThatThePrinterDoesNotHave) {
   EXPECT_EQ(remark.nearest, "");
 }
 
-// Without custom sizes, papers must agree to 5 points.
+// Without custom sizes, a size must be within 5 points of a paper.
 TEST_F(MediaCol, HasASizeThatIsNearToAPaper) {
   const tests::TemporaryDirectory directory;
   const std::string path = directory.path() / "fixed.ppd";

@@ -1,4 +1,4 @@
-// Numbers that an option cannot have are named, and switches of texts are called by what they are.
+// Remarks on numbers out of range, and the meanings of negative lengths and of texts' switches.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Options that do nothing because another option of the job counts are named.
+// Remarks on options that another option of the job overrides.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/overruled.hpp"
 
@@ -55,7 +55,7 @@ TEST_F(Overruled, ByTheOneOfSeveralThatIsForTheSameThing) {
             "sides=two-sided-long-edge has no effect, because QVDuplex=ShortEdge overrides it\n");
 }
 
-// The winner alone says what a job without options says.
+// The option that wins asks for the default.
 TEST_F(Overruled, ByADefault) {
   EXPECT_EQ(remarksOn("sides=two-sided-long-edge Duplex=None"),
             "sides=two-sided-long-edge has no effect, because Duplex=None overrides it\n");
@@ -95,7 +95,7 @@ TEST_F(Overruled, NotByTheSameChoice) {
   }
 }
 
-// Dialogs send the defaults of options that nobody has touched.
+// Dialogs also send options that were left at their defaults.
 TEST_F(Overruled, NotWhereItAsksForNothing) {
   EXPECT_EQ(remarksOn("QVDuplex=OFF Duplex=DuplexNoTumble QVInputSlot=Auto InputSlot=Tray2"), "");
 }

@@ -1,4 +1,4 @@
-// Options that are wrong are named, with what was probably meant.
+// Remarks on wrong options, with what was probably meant.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/remarks.hpp"
 
@@ -14,7 +14,7 @@ namespace {
 
 using tests::ExplainedJob;
 
-// The one remark on a job with these options; an empty one when there is none.
+// The only remark on a job with these options, or an empty one.
 Remark remarkOn(const std::string& options) {
   const ExplainedJob job({options});
   EXPECT_LE(job.explanation.remarks.size(), 1U);
@@ -98,7 +98,7 @@ std::vector<Remark> remarksOnGiven(const std::vector<Option>& options) {
   return remarks;
 }
 
-// cupsd takes any default of a queue.
+// cupsd accepts any default for a queue.
 TEST(Remarks, NameAnUnknownChoiceThatIsTheDefaultOfTheQueue) {
   const std::vector<Remark> remarks = remarksOnGiven(
       {{"QVStapleMode", "Everywhere", Giver::kQueue}, {"colour-of-ink", "red", Giver::kQueue}});
@@ -107,7 +107,7 @@ TEST(Remarks, NameAnUnknownChoiceThatIsTheDefaultOfTheQueue) {
   EXPECT_EQ(remarks.front().problem, "is not a choice of this option");
 }
 
-// PageSize counts, from any source.
+// PageSize wins over media, wherever it comes from.
 TEST(Remarks, NameAPaperThatADefaultPageSizeReplaces) {
   const Option media{"media", "A3"};
   EXPECT_EQ(remarksOnGiven({media, {"PageSize", "A4", Giver::kUserDefaults}}).size(), 1U);
@@ -120,7 +120,7 @@ TEST(Remarks, NameAnOptionOfTheMakersDialog) {
   EXPECT_EQ(remarkOn("PrintPDE=1 QVGutterDistanceValue100=500").problem, "");
 }
 
-// The default asks for nothing: dialogs send it in each job.
+// There is no remark on the default, because dialogs send it with each job.
 TEST(Remarks, NameAnOptionOfThePpdThatDoesNothingInThisJob) {
   EXPECT_EQ(remarkOn("QVHideJob=ON").problem,
             "has an effect only in jobs of the maker's dialog (PrintPDE)");
@@ -145,7 +145,7 @@ TEST(Remarks, NameNoOptionThatIsInNoConflict) {
             "cannot be used together with QVStapleMode=TwoStaple (a constraint of the PPD)");
 }
 
-// The remarks on a job with the PPD of the tests, and lines of its own in it.
+// The remarks on a job with the tests' PPD, to which `lines` are added.
 std::vector<Remark> remarksWith(const std::string& lines, const std::string& options) {
   const platform::FakePlatform platform;
   const tests::TemporaryDirectory directory;
@@ -328,7 +328,7 @@ TEST(Remarks, PassOptionsThatAnyPrinterTakes) {
   }
 }
 
-// The job has another value by then: the dialog's are final.
+// In such jobs the filter does not use standard options: the dialog's values are final.
 TEST(Remarks, PassStandardOptionsInJobsOfTheDialog) {
   EXPECT_EQ(standardRemarkOn("PrintPDE=1 sides=sideways").problem, "");
 }

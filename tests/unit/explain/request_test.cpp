@@ -93,8 +93,7 @@ TEST_F(RequestOptions, MediaColNamesTheTrayAndThePaperType) {
   EXPECT_EQ(header({"media-col={media-source=tray-99}"}, variables), "AUTO AUTO");
 }
 
-// cupsd looks for a paper in the first word of "media" only, and does not take a custom one from
-// it.
+// cupsd looks for a paper only in the first word of "media", and ignores a custom size there.
 TEST_F(RequestOptions, TheFirstWordOfMediaCountsBeforeMediaCol) {
   const std::string mediaCol = "media-col={media-size={x-dimension=14800 y-dimension=21000}}";
   for (const char* media : {"media=A3,tray-1", "media=a3", "media=iso_a3_297x420mm"}) {

@@ -1,4 +1,4 @@
-// What the rows of the header say about themselves.
+// The facts about the header's rows: variables, options, and whether a value is hex text.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/row_facts.hpp"
 

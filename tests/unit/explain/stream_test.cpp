@@ -18,7 +18,7 @@ class Stream : public testing::Test {
   // The stream of a job with this PostScript after its header.
   static std::string of(const TestJob::Options& options, const std::string& postScript = "%!PS\n") {
     TestJob job(options);
-    job::customSizeFlg = false;  // forgets the job before
+    job::customSizeFlg = false;  // not from the job before
     job::widthLength = 0;
     job::heighLength = 0;
     tests::MemoryOutput output;
@@ -31,7 +31,7 @@ class Stream : public testing::Test {
     return readStream(source);
   }
 
-  // The problems of a stream, one a line.
+  // The problems of a stream, one per line.
   static std::string problems(const std::string& bytes) {
     std::string text;
     for (const Finding& finding : read(bytes).findings) text += finding.problem + "\n";
@@ -44,7 +44,7 @@ class Stream : public testing::Test {
     return text.replace(place, from.size(), to);
   }
 
-  // Of a job without options, on one side.
+  // The stream of a one-sided job without other options.
   static std::string plain() { return of({{"QVDuplex", "OFF"}}); }
 
   static std::string section(const std::string& keyword, const std::string& value) {
@@ -334,7 +334,7 @@ TEST_F(Stream, AsksForCopiesTwice) {
 }
 
 TEST_F(Stream, OfTheMakersDialog) {
-  // Its sections have nothing for a switch that is off, and numbers for choices.
+  // Its sections are empty for switches that are off, and have numbers for choices.
   const TestJob::Options options = {{"PrintPDE", "1"},
                                     {"QVDateSpecify", "Custom"},
                                     {"QVJobName", "ON"},

@@ -1,4 +1,4 @@
-// Words that are near to each other.
+// How similar two words are.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/words.hpp"
 

@@ -94,7 +94,7 @@ TEST_F(CopyLoop, LooksAgainAfterAPerCentSignInTheRestOfALongLine) {
             longLine + "%BeginFeature QVHideJob\n(2) stays\n");
 }
 
-// The section's opening line is cut by the end of the block in which the long line is.
+// The block that holds the long line ends within the section's opening line.
 TEST_F(CopyLoop, SeesASectionAfterALongLineThatTheBlockCuts) {
   const std::string before = "%" + std::string(5000, '-') + "\n%BeginFeature QVHi";
   EXPECT_EQ(copied(before + "deJob\n(1) goes\n(2) stays\n", {}, before.size()),
@@ -188,7 +188,7 @@ TEST_F(CopyLoop, EndsWhereTheInputEnds) {
             "%%BeginFeature: *QVPageNumStartNum 1\n(5) se");
 }
 
-// A job with everything that the copy loop treats on its own, and blocks that end anywhere in it.
+// A job with every kind of line that the copy loop changes, for blocks that end anywhere in it.
 struct RichJob {
   std::string input;
   std::string output;

@@ -1,5 +1,5 @@
-// The diagnostic files of every golden case: all of its input and output, except the lines that no
-// file holds.
+// The diagnostic files of every golden case: its whole input and output, except the lines that are
+// never logged.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
@@ -71,8 +71,7 @@ TEST(DiagnosticFilesOfEveryCase, HoldInputAndOutput) {
   for (const fs::path& directory : jobs) expectWholeFilesOfCase(directory);
 }
 
-// Written by hand, so that the reference loop is not the only check: each line of these jobs is in
-// both files, or in one.
+// Expected files that are written by hand, so that the reference loop is not the only check.
 class DiagnosticFilesOfALine : public testing::Test {
  protected:
   static tests::ReferenceJob logged(const std::string& input,
@@ -125,7 +124,7 @@ TEST_F(DiagnosticFilesOfALine, HoldATurnedCommentAsWritten) {
   EXPECT_EQ(files.asWritten, "%%BeginFeature: *QVOrientation Landscape\n");
 }
 
-// By hand, too.
+// Written by hand as well.
 TEST(DiagnosticFilesOfAPlainJob, HoldTheFilledInValues) {
   constexpr char kInput[] =
       "%%BeginFeature: *QVJobComment Custom.Hello\nHello\n(XXX) comment\n%%EndFeature\n"
@@ -149,8 +148,8 @@ TEST(DiagnosticFilesOfAPlainJob, HoldTheFilledInValues) {
             "%%BeginFeature: *QVTextInfo a\n%%EndFeature\n");
 }
 
-// By hand as well. The first override has code of its own, the others are left to their writers, of
-// which the text stamp's logs nothing.
+// Written by hand as well. The first override has its own code. The others are left to their
+// writers; that of the text stamp logs nothing.
 TEST(DiagnosticFilesOfSettledOptions, HoldWhatWasReplacedAndWhatReplacesIt) {
   constexpr char kInput[] =
       "%%BeginFeature: *QVDuplex OFF\n(OFF) duplex\n%%second line\n%%EndFeature\n"
@@ -187,7 +186,7 @@ TEST(DiagnosticFilesOfSeveralCopies, HoldTheRequestAsReadAndNotAsWritten) {
   EXPECT_EQ(files.output, files.asWritten);
 }
 
-// The same jobs against the reference loop, which does not look at what the files say.
+// More such jobs, against the reference loop.
 TEST(DiagnosticFilesOfSettledJobs, HoldInputAndOutput) {
   for (const char* options :
        {"settle-QVDuplex=(LongEdge)", "settle-QVJobComment= QVJobComment=Hello",

@@ -1,4 +1,4 @@
-// The stages of one job, each job in a process of its own.
+// The stages of a job. Each job runs in its own process.
 // SPDX-License-Identifier: Apache-2.0
 #include "filter/pipeline.hpp"
 
@@ -27,7 +27,7 @@ using testing::EndsWith;
 using testing::HasSubstr;
 using testing::StartsWith;
 
-// The exit status and the output; the environment holds no language and no PPD but the given one.
+// The exit status and the output. The environment has no language, and only the given PPD.
 std::string run(std::vector<std::string> arguments, const std::string& ppd = "") {
   for (const char* name : {"APPLE_LANGUAGE", "LANG", "PPD"}) unsetenv(name);
   if (!ppd.empty()) setenv("PPD", ppd.c_str(), 1);
@@ -51,7 +51,7 @@ class Pipeline : public testing::Test {
     tests::writeFile(path, content);
     return path;
   }
-  // What a job of that input and those options gives, without diagnostics.
+  // The status and output of a job, without diagnostic files.
   std::string printed(std::string_view input, const std::string& options = "") {
     const std::string file = fileOf(input);
     return tests::inChild([&] {
@@ -155,7 +155,7 @@ TEST_F(Pipeline, SaysInTheSystemLogWhyAFileCannotBeOpened) {
             "|[Driver] cannot open the job's file /nonexistent.ps: No such file or directory");
 }
 
-// The small job is written when it is complete, the large one before.
+// The small job is written when it is complete, the large one earlier.
 TEST_F(Pipeline, EndsWellWhereNothingCanBeWritten) {
   for (const std::size_t size : {1U, 1U << 20U}) {
     const std::string file = fileOf(std::string(size, 'x'));
@@ -265,7 +265,7 @@ TEST_F(Pipeline, LeavesOptionsInputAndOutputInTheDiagnosticFiles) {
                          kInput, kWritten));
 }
 
-// The header makes a booklet's duplex edge short in the options themselves.
+// For a booklet, the header changes the job's duplex option to the short edge.
 TEST_F(Pipeline, KeepsTheOptionsInTheDiagnosticFileAsTheJobHadThem) {
   std::vector<std::string> files;
   printedWithDiagnostics(fileOf(""), files,

@@ -1,4 +1,4 @@
-// The printer's stream: what it writes, and what it says where it cannot write.
+// The printer's stream: what it writes, and what it logs if it cannot write.
 // SPDX-License-Identifier: Apache-2.0
 #include "filter/printer_output.hpp"
 
@@ -47,7 +47,7 @@ TEST_F(PrinterStream, WritesWhatItIsGiven) {
   EXPECT_TRUE(platform_.systemLog.messages.empty());
 }
 
-// The bytes that could not be written are lost: they are not tried again with the next ones.
+// Bytes that could not be written are lost; the next write does not try them again.
 TEST_F(PrinterStream, SaysOnceWhyItCannotWrite) {
   const OpenFile file(path_, O_RDONLY);
   PrinterOutput output(file.descriptor());

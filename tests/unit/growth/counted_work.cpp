@@ -8,8 +8,7 @@ std::uint64_t steps = 0;
 
 }  // namespace
 
-// Both compilers call it before every piece of code without a branch
-// (-fsanitize-coverage=trace-pc).
+// Both compilers call it at the start of every basic block (-fsanitize-coverage=trace-pc).
 extern "C" void __sanitizer_cov_trace_pc() { ++steps; }
 
 namespace kelm::tests {

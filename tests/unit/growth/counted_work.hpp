@@ -1,4 +1,4 @@
-// Work counted instead of timed: the same in every run, on a busy machine too.
+// Work counted instead of timed: the same in every run, even on a busy machine.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -7,8 +7,8 @@
 
 namespace kelm::tests {
 
-// How many steps between two branches the product's code took in `work`. Steps of system libraries
-// are not counted.
+// How many basic blocks of the product's code `work` ran. Those of system libraries are not
+// counted.
 std::uint64_t stepsOf(const std::function<void()>& work);
 
 }  // namespace kelm::tests

@@ -1,5 +1,5 @@
-// The work for a job and for a PPD grows with its size, whatever its shape: four times the size may
-// cost six times the work, which leaves room for sorting.
+// The work for a job or a PPD may only grow with its size, whatever its shape. Four times the size
+// may cost six times the work, which leaves room for sorting.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
@@ -30,7 +30,7 @@ void PrintTo(const PpdShape& shape, std::ostream* out) { *out << shape.name; }
 namespace {
 
 constexpr int kMostGrowth = 6;
-constexpr int kSmaller = 8;  // than what is timed
+constexpr int kSmaller = 8;  // than what the benchmarks time
 
 template <class Shape>
 std::string nameOf(const testing::TestParamInfo<Shape>& info) {

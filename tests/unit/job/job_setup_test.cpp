@@ -94,7 +94,7 @@ TEST_F(CustomPaper, IsRoundedToWholeMillimetres) {
 }
 
 TEST_F(CustomPaper, IsCutTo32Bits) {
-  // 2147483647 points are 757584509 mm: 75758450900 hundredths, of which 18 times 2^32 go.
+  // 2147483647 points are 757584509 mm, or 75758450900 hundredths; minus 18 times 2^32.
   EXPECT_EQ(of("Custom.2147483647x1"), (DecidedPaper{true, -1550960428, 0}));
 }
 
@@ -118,7 +118,7 @@ TEST_F(CustomPaper, IsNotSeenAmong100Options) {
   EXPECT_EQ(among(150), (DecidedPaper{false, 0, 0}));
 }
 
-// The standard options' stage states every own option, so such a job always has many.
+// The stage of standard options adds every own option, so such a job always has many.
 TEST_F(CustomPaper, OfSettledOptionsIsSeenAmongAnyNumber) {
   TestJob::Options options{{"media", "Custom.595x842"}};
   for (int i = 1; i < 150; ++i) options.emplace_back("option" + std::to_string(i), "x");

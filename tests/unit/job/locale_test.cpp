@@ -1,4 +1,4 @@
-// The job's language: what is preferred, and that PPD texts follow it.
+// The job's language: which variable decides it, and that the PPD's texts follow it.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
@@ -55,7 +55,7 @@ TEST(SetupLocale, PrefersNothingWithoutEither) {
   EXPECT_EQ(preferredIn({{"LC_ALL", "de_DE"}}), "not called");
 }
 
-// The locale of characters after SetupLocale.
+// The locale for LC_CTYPE after SetupLocale.
 std::string localeIn(const Environment& environment) {
   return inChild([&] {
     enter(environment);

@@ -1,4 +1,4 @@
-// Lookups by name in a job's options, of few options and of many.
+// Lookups by name among few and among many options of a job.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/option_index.hpp"
 

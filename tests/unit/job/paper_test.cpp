@@ -77,7 +77,7 @@ TEST_P(EveryPaper, IsASheetAndATarget) {
 
 TEST(Papers, AreNoOthers) {
   EXPECT_EQ(std::size(kPapers), std::size(tests::kExpectedPapers))
-      << "a paper is a row of job/paper.hpp and one of tests/support/expected_papers.hpp";
+      << "each paper needs a row in job/paper.hpp and one in tests/support/expected_papers.hpp";
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, EveryPaper, testing::ValuesIn(tests::kExpectedPapers),
@@ -100,7 +100,7 @@ TEST(NotPDEPageSize, OfCustom595x842IsA4) {
   EXPECT_EQ(sheetOfMedia("Custom.595x842"), (Size{"21000", "29700"}));
 }
 
-// CUPS finds options so, and the header finds the paper's name so.
+// CUPS finds options this way, and the header finds the paper's name this way.
 TEST(NotPDEPageSize, FindsMediaInAnyLetterCase) {
   EXPECT_EQ(sheetOf({{"MEDIA", "Kaku3"}}), (Size{"21600", "27700"}));
 }

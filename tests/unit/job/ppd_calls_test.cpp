@@ -1,4 +1,4 @@
-// The PPD calls of libcups pass their arguments and results on.
+// The wrappers of libcups' PPD calls pass on arguments and results.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/ppd_calls.hpp"
 

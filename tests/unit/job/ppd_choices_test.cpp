@@ -1,4 +1,4 @@
-// What the queue's PPD says of an option.
+// What the queue's PPD says about an option.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/ppd_choices.hpp"
 

@@ -1,4 +1,4 @@
-// The job's record, and the one lookup of its options.
+// The job's record, and the lookup of its options.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/print_job.hpp"
 
@@ -44,7 +44,7 @@ class ScopedVariable {
   std::optional<std::string> before_;
 };
 
-// The record of a job that is started with these arguments, and what became of it.
+// A job that is started with these arguments: its record, its messages, and whether it started.
 class StartedJob {
  public:
   explicit StartedJob(std::vector<std::string> arguments, const char* ppd = nullptr)
@@ -190,7 +190,7 @@ std::string markedChoice(const PrintJobData& job, const char* option) {
   return choice == nullptr ? "none" : choice->choice;
 }
 
-// To open a FIFO would wait for a program that writes to it.
+// Opening a FIFO would wait for a program that writes to it.
 TEST(InitializePrintJobData, DoesNotWaitForAPpdThatIsAFifo) {
   const tests::TemporaryDirectory directory;
   const std::string path = directory.path() / "queue.ppd";
@@ -284,7 +284,7 @@ TEST(GetOptionValue, IsFalseWithoutARecord) {
   EXPECT_EQ(value, "");
 }
 
-// A record over options as no parser would leave them.
+// A record with options that no parser would produce.
 PrintJobData recordOver(std::vector<cups_option_t>& options) {
   PrintJobData record;
   record.numOptions = static_cast<std::int32_t>(options.size());

@@ -1,4 +1,4 @@
-// The bounds that the printer sets to each text.
+// The printer's limits for each text.
 // SPDX-License-Identifier: Apache-2.0
 #include "job/text_fields.hpp"
 

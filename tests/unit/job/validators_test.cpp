@@ -210,7 +210,7 @@ TEST_F(Validators, PinSetIsTheTenDigits) {
     const char text[] = {static_cast<char>(c), '\0'};
     EXPECT_EQ(isValidateSecretNumString(text, 1, 1), c >= '0' && c <= '9') << c;
   }
-  EXPECT_FALSE(isValidateSecretNumString("\xEF\xBC\x91", 0, 8));  // a digit, but not of ASCII
+  EXPECT_FALSE(isValidateSecretNumString("\xEF\xBC\x91", 0, 8));  // a digit, but not in ASCII
 }
 
 TEST_F(Validators, OptionMustBePresent) {

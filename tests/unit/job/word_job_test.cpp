@@ -1,4 +1,4 @@
-// Jobs from "Word": their orientation is stated for the dialog.
+// Jobs from "Word" get the dialog's orientation options.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
@@ -77,15 +77,14 @@ TEST(UpdatePrintJobDataForMSWord, DoesNotRaiseTheNumberOfOptions) {
   TestJob job({{kApplication, "Word"}, {kPreset, "2"}});
   EXPECT_TRUE(UpdatePrintJobDataForMSWord(&*job));
   EXPECT_EQ(job->numOptions, 2);
-  EXPECT_EQ(valueOf(job, "QVOrientation"), "absent");  // it is after the last one that counts
+  EXPECT_EQ(valueOf(job, "QVOrientation"), "absent");  // it comes after the options that count
   EXPECT_STREQ(job->options[2].name, "QVOrientation");
   EXPECT_STREQ(job->options[2].value, "Portrait");
   EXPECT_EQ(valueOf(job, kPreset), "1");
   job->numOptions = 3;  // so that all are freed
 }
 
-// libcups would sort "QVOrientation" before "sides", which would then be the one that does not
-// count.
+// libcups would sort "QVOrientation" before "sides", and "sides" would no longer count.
 TEST(UpdatePrintJobDataForMSWord, PushesNoOptionOut) {
   TestJob job({{kApplication, "Word"}, {kPreset, "2"}, {"sides", "one-sided"}});
   EXPECT_TRUE(UpdatePrintJobDataForMSWord(&*job));

@@ -1,4 +1,4 @@
-// Every variable that copies its option: any text, an empty one, and none.
+// Every variable that copies its option: with a text, with an empty text, without the option.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 

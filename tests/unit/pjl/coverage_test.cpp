@@ -1,4 +1,4 @@
-// Every variable of the header has tests of its own lines.
+// Every variable of the header has a test of its line.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ std::set<std::string> testedCases() {
   return names;
 }
 
-// The tests of writers with logic of their own, as text.
+// The source text of the tests for writers with logic of their own.
 std::string writerTests() {
   std::string text;
   for (const auto& entry : std::filesystem::directory_iterator(KELM_SOURCE_DIR "/tests/unit/pjl")) {

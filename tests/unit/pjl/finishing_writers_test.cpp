@@ -1,4 +1,4 @@
-// The variables of output, forms and the job's identity that do more than look up a table.
+// The variables of output, forms and the job's identity that need more than a table.
 // SPDX-License-Identifier: Apache-2.0
 #include "pjl/finishing_writers.hpp"
 
@@ -193,7 +193,7 @@ class JobName : public testing::Test {
     return "@PJL SET QVJOBNAME=" + known + "\n@PJL SET JOBNAME=" + hex + "\n";
   }
 
-  // What a job of the title "job" is called.
+  // The name of a job with the title "job".
   static constexpr char kTitle[] = "6A6F62";
 
   platform::FakePlatform platform_;

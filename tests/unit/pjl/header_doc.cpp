@@ -1,4 +1,4 @@
-// The page about the header (docs/pjl-header.md), made from the rows that write it.
+// The page about the header (docs/pjl-header.md), made from the rows that write the header.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/pjl/header_doc.hpp"
 

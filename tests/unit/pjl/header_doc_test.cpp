@@ -1,4 +1,4 @@
-// The page about the header says what the header's rows say.
+// The page about the header agrees with the header's rows.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/pjl/header_doc.hpp"
 

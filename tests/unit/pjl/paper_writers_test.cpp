@@ -1,4 +1,4 @@
-// The variables of host, zoom, paper, copies, duplex and trays that do more than look up a table.
+// The variables of host, zoom, paper, copies, duplex and trays that need more than a table.
 // SPDX-License-Identifier: Apache-2.0
 #include "pjl/paper_writers.hpp"
 
@@ -71,7 +71,7 @@ TEST(ManualZoom, OfAPlainJobIsOnForEveryRateButOff) {
   EXPECT_EQ(plain(Output_QVMANUALZOOM, {{"QVZoomRate", ""}}), "@PJL SET QVMANUALZOOM=ON\n");
 }
 
-TEST(ManualZoom, ReadsTheOptionOfItsRoadOnly) {
+TEST(ManualZoom, ReadsOnlyTheOptionOfItsKindOfJob) {
   EXPECT_EQ(plain(Output_QVMANUALZOOM, {{"QVZoomRateValue", "1"}}), "@PJL SET QVMANUALZOOM=OFF\n");
   EXPECT_EQ(dialog(Output_QVMANUALZOOM, {{"QVZoomRate", "70"}}), "@PJL SET QVMANUALZOOM=OFF\n");
 }

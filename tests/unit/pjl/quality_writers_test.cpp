@@ -1,4 +1,4 @@
-// The variables of colour, barcodes and profiles that do more than look up a table.
+// The variables of colour, barcodes and profiles that need more than a table.
 // SPDX-License-Identifier: Apache-2.0
 #include "pjl/quality_writers.hpp"
 

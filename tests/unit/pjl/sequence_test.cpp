@@ -15,8 +15,8 @@
 namespace kelm::pjl {
 namespace {
 
-// A file below tests/cases/: the headers of jobs without options of their own are the base headers
-// of the golden cases.
+// A file in tests/cases/. The headers of jobs without options are the base headers of the golden
+// cases.
 std::string baseHeader(const char* name) {
   std::ifstream file(std::string(KELM_SOURCE_DIR "/tests/cases/") + name, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), {}};

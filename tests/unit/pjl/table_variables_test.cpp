@@ -1,4 +1,4 @@
-// Every variable that looks its value up in a table: each choice, an unknown one, and none.
+// Every variable with a table of values: with each choice, an unknown one, and without the option.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ struct TableCase {
   std::string option;
   Rows rows;
   std::string absent;
-  Options others = {};  // what the job has besides
+  Options others = {};  // the job's other options
 };
 
 void PrintTo(const TableCase& table, std::ostream* out) { *out << table.name; }

@@ -1,4 +1,4 @@
-// The writers that make every line of the header.
+// The writers that write every line of the header.
 // SPDX-License-Identifier: Apache-2.0
 #include "pjl/writers.hpp"
 
@@ -106,7 +106,7 @@ TEST(CopyValueWithUpperCase, GoesByteByByte) {
   EXPECT_EQ(inUpperCase({{"QVText", "aü"}}, ""), "@PJL SET TEXT=Aü\n");
 }
 
-// A locale in which 0xFC is a small letter, made for the test.
+// A locale in which 0xFC is a lower-case letter, made for the test.
 TEST(CopyValueWithUpperCase, DoesNotFollowTheJobsLanguage) {
   const tests::TemporaryDirectory directory;
   const std::string locale = directory.path() / "latin";

@@ -1,4 +1,4 @@
-// Calls that may never come back.
+// Calls that may never return.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/posix/bounded_call.hpp"
 
@@ -50,7 +50,7 @@ TEST(ResultBefore, LeavesALateCallAllThatItUses) {
   EXPECT_EQ(7, seen.get());
 }
 
-// In a process of its own, because a noted termination stays.
+// In its own process, because a noted SIGTERM stays noted.
 TEST(ResultBefore, IsNothingOnceTheProcessIsAskedToEnd) {
   EXPECT_EQ("", tests::inChild([] {
               const Clock::time_point start = Clock::now();
@@ -82,8 +82,8 @@ struct SlowEnd {
   }
 };
 
-// A process that is forked while a thread ends would find the locks that the thread takes at its
-// end locked for ever, the resolver's among them.
+// A thread takes locks at its end, the resolver's among them. A process that is forked meanwhile
+// would find them locked for ever.
 TEST(ResultBefore, ComesWhenTheThreadHasEnded) {
   EXPECT_TRUE(resultBefore(Clock::now() + seconds(30), [] {
     thread_local SlowEnd end;

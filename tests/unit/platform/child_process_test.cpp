@@ -1,4 +1,4 @@
-// Processes that end with the one that started them.
+// Processes that end with their parent.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/child_process.hpp"
 
@@ -14,7 +14,7 @@
 namespace kelm::platform {
 namespace {
 
-// The child's own child keeps the pipe open until it is killed; reading then comes to the end.
+// The grandchild keeps the pipe open until it is killed. Then reading reaches the end.
 TEST(EndWithParent, KillsTheChildOfAParentThatHasEnded) {
   int ends[2];
   ASSERT_TRUE(openPipe(ends));

@@ -1,5 +1,5 @@
-// The console user on Linux, as logind (systemd 252) describes the first seat, in a user database
-// of the test's own.
+// The console user on Linux, from files as logind (systemd 252) writes them for the first seat, and
+// from a user database that the tests make.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 #include <sys/mount.h>
@@ -14,7 +14,7 @@
 namespace kelm::platform::linux_platform {
 namespace {
 
-// A record of more than the first room that is tried for one.
+// A record that is longer than the first buffer that is tried.
 std::string longRecord() {
   return "jürgen:x:4712:4712:" + std::string(3000, 'J') + ":/home/jürgen:/bin/sh\n";
 }
@@ -27,7 +27,7 @@ bool useOwnUsers() {
   return mount("/run/passwd", "/etc/passwd", nullptr, MS_BIND, nullptr) == 0;
 }
 
-// The whole file as logind writes it for a seat with two sessions; `active` says which is in front.
+// The whole file as logind writes it for a seat with two sessions; `active` names the active one.
 std::string seatFile(const std::string& active) {
   return "# This is private data. Do not parse.\n"
          "IS_SEAT0=1\n"

@@ -1,4 +1,4 @@
-// What a test sets in the fake platform is what the program sees.
+// The program sees what a test sets in the fake platform.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/fake/fake_platform.hpp"
 

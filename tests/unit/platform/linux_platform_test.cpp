@@ -41,7 +41,7 @@ TEST(LinuxComputerName, MayBeEmpty) {
             "[]");
 }
 
-// The console user of a computer whose first seat logind describes so.
+// The console user of a computer for whose first seat logind has written this file.
 std::string consoleUserOfSeat(const std::string& seat) {
   return onOwnComputer([&] {
     std::filesystem::create_directories("/run/systemd/seats");
@@ -66,7 +66,7 @@ TEST(LinuxConsoleUser, IsEmptyForAnUnknownUser) {
   EXPECT_EQ(consoleUserOfSeat("ACTIVE=1\nACTIVE_UID=3999999999\n"), "[]");
 }
 
-// A place where a service's name cannot end costs no connection to the daemon.
+// A name that no service can have is refused without a connection to the daemon.
 TEST(LinuxDnsSd, RefusesWhatNoServiceCanHave) {
   LinuxDnsSd dnsSd;
   EXPECT_TRUE(dnsSd.create("local", "_ipp._tcp", "My.Printer"));

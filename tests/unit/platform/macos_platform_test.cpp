@@ -1,5 +1,4 @@
-// The platform on macOS, as far as it is the same on other systems: those implementations are
-// tested there too.
+// The parts of the macOS platform that also work on other systems, where they are tested too.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/macos/macos_platform.hpp"
 
@@ -18,8 +17,8 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// A computer whose console device belongs to `user`; nothing for no device. Only root can give a
-// file away.
+// A computer whose console device belongs to `user`, or which has no console device. Only root can
+// change the owner of a file.
 class Console {
  public:
   explicit Console(std::optional<uid_t> user) {
@@ -38,7 +37,7 @@ class Console {
   bool owned_ = false;
 };
 
-// `daemon` is the user 1 on Linux and macOS.
+// The user `daemon` has the number 1 on Linux and macOS.
 TEST(MacosConsoleUser, IsTheOwnerOfTheConsole) {
   if (geteuid() == 0) {
     const Console console(1);
@@ -58,7 +57,7 @@ TEST(MacosConsoleUser, IsNobodyWithoutAConsole) {
 
 using MacosConsoleOfRoot = testing::Test;
 
-// Root alone makes files of root and of users that are in no user database.
+// Only root can make files that belong to root, or to users that no user database has.
 TEST(MacosConsoleOfRoot, IsNobodys) {
   const Console console(0);
   ASSERT_TRUE(console.owned());
@@ -87,7 +86,7 @@ TEST(MacosSteadyClock, DoesNotSleepForNoTime) {
   EXPECT_LT(clock.now() - before, std::chrono::seconds(20));
 }
 
-// In a process of its own, because a noted termination stays.
+// In its own process, because a noted SIGTERM stays noted.
 TEST(MacosSteadyClock, WakesWhenTheProcessIsAskedToEnd) {
   EXPECT_EQ(tests::inChild([] {
               MacosSteadyClock clock;

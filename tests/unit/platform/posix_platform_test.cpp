@@ -1,5 +1,4 @@
-// What every POSIX system has of the platform, each implementation against the system's own
-// service.
+// The parts of the platform that every POSIX system has, each against the system's own service.
 // SPDX-License-Identifier: Apache-2.0
 #include "platform/posix/posix_platform.hpp"
 

@@ -16,7 +16,7 @@
 namespace kelm::platform {
 namespace {
 
-// A socket, and the one at its other end.
+// Two connected sockets.
 struct SocketPair {
   SocketPair() { opened = socketpair(AF_UNIX, SOCK_DGRAM, 0, ends.data()) == 0; }
   ~SocketPair() {

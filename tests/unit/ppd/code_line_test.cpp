@@ -15,7 +15,7 @@ namespace {
 
 std::string tailOf(const std::string& keyword) { return "userdict exch /" + keyword + " exch put"; }
 
-// Two code lines ask the page device; their tail begins with that.
+// The code lines of two options ask the page device for its size.
 bool asksThePage(const std::string& keyword) { return keyword.starts_with("QVPAGESize"); }
 
 TEST(CodeLine, StoresOneStringUnderTheOptionsKeyword) {
@@ -41,7 +41,7 @@ TEST(CodeLine, BeginsWithItsOnlyParentheses) {
   }
 }
 
-// Where the filter does not fill the string in, it says what the choice says: its name, the number
+// If the filter does not fill in the string, the string states the choice: its name, the number
 // that it means, a font's name in hex, or nothing.
 TEST(CodeLine, SaysItsChoiceUnlessTheFilterFillsIt) {
   const Description description;

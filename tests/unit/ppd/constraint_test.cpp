@@ -75,8 +75,8 @@ TEST(Constraints, AreTheseAndNoOther) {
   EXPECT_EQ(expected, found);
 }
 
-// LibreOffice reads an omitted choice there as any choice but None and False: with a default of OFF
-// it would offer no envelope and no binding at the long edge.
+// In constraints of the old form, LibreOffice reads an omitted choice as any choice except None and
+// False. With a default of OFF it would offer no envelope and no binding at the long edge.
 TEST(Constraints, OfTheOldFormAreNone) {
   EXPECT_EQ(0, Description(kDialogModel).ppd()->num_consts);
   EXPECT_EQ(0, Description(kDefaultModel).ppd()->num_consts);

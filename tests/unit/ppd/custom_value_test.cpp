@@ -56,7 +56,7 @@ TEST(CustomText, HasTheLimitsThatTheFilterChecks) {
     ASSERT_NE(nullptr, parameter) << field.key;
     const bool pin = field.rule == job::kSecretNumSet;
     EXPECT_EQ(pin ? PPD_CUSTOM_PASSCODE : PPD_CUSTOM_STRING, parameter->type) << field.key;
-    // The limits of strings and passcodes are in one place of a union.
+    // The limits of strings and passcodes are the same bytes of a union.
     EXPECT_EQ(field.min, std::size_t(parameter->minimum.custom_string)) << field.key;
     EXPECT_EQ(field.max, std::size_t(parameter->maximum.custom_string)) << field.key;
   }

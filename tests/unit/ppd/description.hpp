@@ -23,7 +23,7 @@ struct Option {
   std::string defaultChoice;
   std::vector<Choice> choices;  // the custom value last
 
-  // The names of the choices that need no typing.
+  // The names of the choices, without the custom value.
   std::set<std::string> choiceNames() const;
   bool hasChoice(std::string_view name) const;
 };

@@ -19,7 +19,7 @@ namespace {
 
 using Options = TestJob::Options;
 
-// What a job of the maker's dialog brings for a feature, to put VALUE into its line.
+// The options with which a job of the maker's dialog puts VALUE into a feature's line.
 struct DialogValue {
   std::string keyword;
   Options options;
@@ -92,14 +92,14 @@ const std::vector<DialogValue>& dialogValues() {
   return kValues;
 }
 
-// Features whose line the dialog's value does not simply replace: two that have tests of their own
-// here, and four that pass through unchanged.
+// Features whose line the dialog's value does not simply replace: two have their own tests here,
+// and four pass through unchanged.
 const std::vector<std::string> kOtherFeatures = {
     "QVOrientation",    "QVTargetPaperSize", "QVPAGESizeWidth",
     "QVPAGESizeHeight", "QVBarcodeDensity",  "QVBarcodeProof",
 };
 
-// What becomes of a value line in a plain job.
+// A plain job loses the value lines of these features.
 const std::vector<std::string> kDropped = {
     "QVPageNumStartNum",
     "QVPageNumStartPage",
@@ -133,6 +133,7 @@ const std::vector<std::string> kDropped = {
     "QVHideJob",
     "QVPageTrayExternalFeeder",
 };
+// A plain job keeps the value lines of these.
 const std::vector<std::string> kKept = {
     "QVImageShiftFrontV", "QVImageShiftFrontH", "QVImageShiftBackV",
     "QVImageShiftBackH",  "QVGutterDistance",   "QVBookletGutterDistance",
@@ -188,7 +189,7 @@ std::string rewritten(const std::string& keyword, const Options& options,
   return output.text();
 }
 
-// The lines that pstops writes for a choice: a custom value has one of its own in front.
+// The lines that pstops writes for a choice. A custom value has a line before the code.
 std::string linesOf(const Choice& choice, const std::string& typed) {
   return (choice.custom ? typed + "\n" : "") + choice.code + "\n";
 }
@@ -214,7 +215,7 @@ TEST_F(FeatureSection, OfThisTestAreThoseOfTheProgram) {
     program.push_back(feature.keyword);
   }
   EXPECT_THAT(here, testing::UnorderedElementsAreArray(program))
-      << "a feature section has its dialog key in dialogValues() of this file";
+      << "add the dialog key of each feature section to dialogValues() in this file";
 
   std::vector<std::string> plain = {"QVOrientation", "QVPAGESizeWidth", "QVPAGESizeHeight",
                                     "QVBarcodeDensity", "QVBarcodeProof"};
@@ -222,10 +223,10 @@ TEST_F(FeatureSection, OfThisTestAreThoseOfTheProgram) {
   plain.insert(plain.end(), kKept.begin(), kKept.end());
   for (const PlainValue& value : plainValues()) plain.push_back(value.keyword);
   EXPECT_THAT(plain, testing::UnorderedElementsAreArray(program))
-      << "a feature section is in kDropped, kKept or plainValues() of this file";
+      << "add each feature section to kDropped, kKept or plainValues() in this file";
 }
 
-// The PPD says so in their names or in that of their group.
+// The PPD names the dialog in the text of such an option, or in that of its group.
 TEST_F(FeatureSection, DoesNothingInAPlainJobWhereThePpdNamesTheDialog) {
   std::vector<std::string> named;
   for (const ppd_group_t& group :
@@ -240,8 +241,8 @@ TEST_F(FeatureSection, DoesNothingInAPlainJobWhereThePpdNamesTheDialog) {
     if (feature.dialogOnly) idle.emplace_back(feature.keyword);
   }
   EXPECT_THAT(idle, testing::UnorderedElementsAreArray(named))
-      << "ppd/kelm-ij-dialog.ppd: the text of such an option, or of its group, has \"(KELM "
-         "dialog)\"";
+      << "ppd/kelm-ij-dialog.ppd: put \"(KELM dialog)\" into the text of such an option or of its "
+         "group";
 }
 
 // Keywords are searched anywhere in the line, so a choice's name could be taken for one.

@@ -54,7 +54,7 @@ struct Collector {
   void operator()(const pjl::DialogOrPlain<Row>* row) {
     add(row->plain);
   }
-  // Its sources are named in prose.
+  // Such a row names its sources in prose.
   void operator()(const pjl::OwnVariable* row) {
     static const std::regex kKeyword("QV[A-Za-z0-9]+");
     const std::string prose = row->plainSource;
@@ -89,14 +89,14 @@ HeaderSources headerSources(bool dialogOnly) {
   return sources;
 }
 
-// The tables of both kinds of sections: a table of the dialog's counts when it reads a PPD keyword.
+// The tables of all sections of the header, those of dialog jobs included.
 std::map<std::string, Names> allTables() {
   std::map<std::string, Names> tables = headerSources(false).choices;
   tables.merge(headerSources(true).choices);
   return tables;
 }
 
-// Keys that the maker's dialog and CUPS fill; they are no options of the PPD.
+// Keys that the maker's dialog and CUPS set. They are not options of the PPD.
 bool isValueKey(const std::string& key) {
   return key.ends_with("Value") || key.ends_with("Value100");
 }
@@ -163,7 +163,7 @@ TEST(HeaderTables, AndFeaturesTogetherKnowEveryOptionOfThePpd) {
   }
 }
 
-// The papers are compared with the table of papers, the others with the table of standard options.
+// Other tests compare the papers with the table of papers, and the standard options with theirs.
 TEST(HeaderTables, LeaveOutPapersAndTheStandardOptions) {
   const Description description;
   std::set<std::string> others;
@@ -173,7 +173,7 @@ TEST(HeaderTables, LeaveOutPapersAndTheStandardOptions) {
   EXPECT_EQ((std::set<std::string>{"PageSize", "PageRegion", "Duplex", "InputSlot", "MediaType",
                                    "ColorModel", "OutputBin", "Collate"}),
             others)
-      << "a standard option of the PPD has its name here";
+      << "each standard option of the PPD must be named here";
 }
 
 TEST(Default, IsAChoiceOfItsOption) {

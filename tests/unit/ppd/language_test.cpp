@@ -29,7 +29,7 @@ struct Language {
   const char* stapleOff;
   const char* form3;
   const char* byThePrinter;
-  std::set<std::string> asInEnglish;  // the texts that are the same, but for numbers and papers
+  std::set<std::string> asInEnglish;  // the texts that are the same, except numbers and papers
 };
 void PrintTo(const Language& language, std::ostream* out) { *out << language.code; }
 
@@ -52,7 +52,7 @@ const Language kLanguages[] = {
 
 class Translation : public testing::TestWithParam<Language> {
  protected:
-  // libcups keeps one language for each thread, and of a PPD only the translations into it.
+  // libcups has one language per thread, and keeps only a PPD's translations into that language.
   template <class Check>
   void inLanguage(Check check) {
     setenv("LC_ALL", GetParam().locale, 1);
@@ -115,7 +115,7 @@ TEST_P(Translation, CoversEveryCustomValue) {
   });
 }
 
-// A number, or the name of a paper that has one everywhere.
+// A number, or the name of a paper that is the same in every language.
 bool hasNoLanguage(const std::string& text) {
   static const std::set<std::string> kPapers = {
       "Letter",   "Legal",    "A3",       "A4",
@@ -155,7 +155,7 @@ TEST_P(Translation, IsNoEnglishText) {
     }
   });
   EXPECT_EQ(GetParam().asInEnglish, same)
-      << "the name of a paper that is the same in every language is in kPapers of this file";
+      << "add the name of a paper that is the same in every language to kPapers in this file";
 }
 
 TEST_P(Translation, ReachesDialogsThroughCups) {
@@ -169,7 +169,7 @@ TEST_P(Translation, ReachesDialogsThroughCups) {
   });
 }
 
-// Dialogs show CUPS' options for the same purpose as well.
+// Dialogs also show CUPS' own options for the same purpose.
 TEST_P(Translation, SaysWhatThePrinterDoesWhereCupsCanDoItToo) {
   inLanguage([&](const Description& description) {
     for (const char* keyword : {"QVMultiUp", "QVOrientation", "QVReverseOrder", "QVZoomRate"}) {
@@ -204,7 +204,7 @@ TEST(Languages, AreNamedInThePpd) {
   ASSERT_NE(nullptr, languages);
   std::string expected = "en";
   for (const Language& language : kLanguages) expected += std::string(" ") + language.code;
-  EXPECT_EQ(expected, languages->value) << "a language has its row in kLanguages of this file";
+  EXPECT_EQ(expected, languages->value) << "each language needs a row in kLanguages in this file";
 }
 
 }  // namespace

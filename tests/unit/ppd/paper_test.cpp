@@ -58,7 +58,7 @@ TEST_P(Papers, SetThePageToTheSizeOfTheTable) {
   }
 }
 
-// What CUPS works with, back in 1/100 mm: 3 mm of each edge are not printed on.
+// The sizes that CUPS works with, again in 1/100 mm: 3 mm at each edge are not printed on.
 TEST(PaperDimension, ReachesCupsWithMarginsOfThreeMillimetres) {
   const Description description;
   for (const job::Paper& paper : kPapers) {

@@ -1,4 +1,4 @@
-// What the PPD says of the printer as a whole, and in which group each option is.
+// What the PPD says about the printer as a whole, and the group of each option.
 // SPDX-License-Identifier: Apache-2.0
 #include <cups/ppd.h>
 #include <gmock/gmock.h>
@@ -30,7 +30,7 @@ TEST(Printer, IsAColourPrinterOfLanguageLevelThree) {
   EXPECT_STREQ("KELM IJ", description.ppd()->modelname);
 }
 
-// pstops sends the pages of copies in sets repeatedly unless "Collate" is True.
+// Unless "Collate" is True, pstops repeats the pages itself for copies in sets.
 TEST(Printer, MakesAndSortsItsCopiesItself) {
   const Description description;
   EXPECT_EQ(0, description.ppd()->manual_copies);
@@ -102,8 +102,8 @@ TEST(Filter, TakesPostScriptOfPstopsAtNoCost) {
 
 // The papers are the first two options of General, which libcups makes for all without a group.
 // GTK's dialog shows the groups FPFinishing1 to 4 and FinishingPage on its tab "Finishing", those
-// of FPImageQuality1 to 3 on "Image Quality" and FPColorWise1 on "Colour". The others but
-// InstallableOptions land on "Advanced", so nothing else may be there than what a person needs.
+// of FPImageQuality1 to 3 on "Image Quality" and FPColorWise1 on "Color". The others, except
+// InstallableOptions, are on "Advanced", so they may only hold what people need.
 using Groups = std::vector<std::pair<std::string, std::vector<std::string>>>;
 
 Groups groupsOf(const Description& description) {
@@ -166,7 +166,7 @@ TEST(Groups, OfTheDefaultModelAreThoseThatAPersonLooksFor) {
   EXPECT_EQ(kDefaultGroups, groupsOf(Description(kDefaultModel)));
 }
 
-// What the model without the KELM dialog's options leaves out of dialogs repeats a standard option.
+// These options repeat a standard option; the default model leaves them out of dialogs.
 TEST(Overrides, AreInAGroupOfTheirOwnInTheDialogModel) {
   const Groups groups = groupsOf(Description(kDialogModel));
   EXPECT_EQ(
@@ -174,7 +174,7 @@ TEST(Overrides, AreInAGroupOfTheirOwnInTheDialogModel) {
       groups.back());
 }
 
-// CUPS writes sections of the same number in any order. Of the page's two options a job has only
+// CUPS writes sections of the same number in any order. Of PageSize and PageRegion, a job has only
 // one.
 TEST(OrderDependency, IsAnotherForEachOption) {
   const Description description;
@@ -236,7 +236,7 @@ TEST(Models, HaveNamesOfTheirOwn) {
                Description(kDialogModel).ppd()->nickname);
 }
 
-// In points: 90 to 550 mm either way.
+// In points: 90 to 550 mm wide and high.
 TEST(CustomPaper, HasTheLimitsOfThePrinter) {
   const Description description;
   const ppd_file_t* ppd = description.ppd();

@@ -1,4 +1,4 @@
-// The readers of what is known about the printer, over PPDs in memory.
+// The readers of the stored facts, with PPDs in memory.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdsettings/snmp_helper.hpp"
 
@@ -28,8 +28,8 @@ std::string attribute(const std::string& keyword, const std::string& value) {
   return "*" + keyword + ": \"" + value + "\"\n";
 }
 
-// An attribute whose value is on lines of its own, which is how a PPD holds long ones; each
-// line feed belongs to the value.
+// An attribute whose value has several lines, as PPDs hold long values. Each line feed belongs to
+// the value.
 std::string longAttribute(const std::string& keyword, const std::string& line, int lines) {
   return "*" + keyword + ": \"" + repeated(line + "\n", lines) + "\"\n*End\n";
 }

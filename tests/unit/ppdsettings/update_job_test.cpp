@@ -20,7 +20,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-// A job with its options as given, several of one name included.
+// A job with exactly these options, even if several have the same name.
 class Job {
  public:
   explicit Job(std::vector<std::pair<std::string, std::string>>&& options)
@@ -43,7 +43,7 @@ Job jobOf(std::vector<std::pair<std::string, std::string>> options) {
 
 using Updater = bool(const PrintJobData*);
 
-// What the updater wrote to standard error, after "yes " or "no ", its result.
+// "yes " or "no ", the updater's result, and what it wrote to standard error.
 std::string update(Updater* updater, const PrintJobData* job) {
   testing::internal::CaptureStderr();
   const bool result = updater(job);
@@ -282,8 +282,8 @@ TEST_F(UpdateJob, WritesAMacAddressThatMeansNone) {
   }
 }
 
-// The process ends by abort() before the line, and after the lines that were written earlier; what
-// it leaves in the system log goes to standard error here, where the test sees it.
+// The process ends by abort() before it writes the line; the lines before are already written. What
+// it writes to the system log goes to standard error here, so that the test sees it.
 class LogOnStandardError final : public platform::SystemLog {
  public:
   void error(const std::string& message) override { std::fprintf(stderr, "<%s>", message.c_str()); }

@@ -1,5 +1,5 @@
-// What this reader and libcups' parser say of the same files: this driver's own, and PPDs that
-// Debian packages install. docs/ppd-text.md explains every difference.
+// What this reader and libcups' parser find in the same files: this driver's own PPD, and PPDs of
+// Debian packages. docs/ppd-text.md explains every difference.
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,8 +23,8 @@ struct CloseLibcups {
   void operator()(ppd_file_t* ppd) const { job::r_ppdClose(ppd); }
 };
 
-// The same file, read twice. Options by their keyword: this reader gives those of the file's own
-// group General twice.
+// The same file, read by both. The options are sorted by keyword, because this reader lists those
+// of a group General twice.
 struct Both {
   explicit Both(const std::string& path)
       : text(Record(KelmPPD::ppdOpenFile_(path.c_str()))),
@@ -52,7 +52,7 @@ std::string codeOf(const ppd_choice_t& choice) {
 
 bool isCustom(const ppd_choice_t& choice) { return std::string_view(choice.choice) == "Custom"; }
 
-// Custom choices have the text "Custom" here, and the text of their line there.
+// The text of a custom choice is "Custom" in this reader, and the text of its line in libcups.
 void expectSameChoices(const ppd_option_t& ours, const ppd_option_t& theirs) {
   ASSERT_EQ(ours.num_choices, theirs.num_choices) << theirs.keyword;
   std::set<std::string> keywords;
@@ -100,12 +100,12 @@ TEST(OwnPpd, HasTheSameGroupsInTheSameOrder) {
   EXPECT_EQ(ours, theirs);
 }
 
-// An option is missing here when its open line has no translation, or is one of job control.
+// This reader leaves out an option whose opening line has no translation or is for job control.
 void expectExplained(const Both& both, const std::string& keyword) {
   EXPECT_TRUE(both.has("OpenUI *" + keyword + ":") || both.has("JCLOpenUI *" + keyword)) << keyword;
 }
 
-// The line of the choice in the file, as far as the line feed.
+// The line of the choice in the file, without the line feed.
 std::string lineOf(const Both& both, const std::string& option, const std::string& choice) {
   const std::string begin =
       choice == "Custom" ? "\n*Custom" + option + " True" : "\n*" + option + " " + choice;
@@ -117,7 +117,7 @@ std::string lineOf(const Both& both, const std::string& option, const std::strin
   return "";
 }
 
-// A choice is missing here when its line has no translation, or its code goes beyond the line.
+// This reader leaves out a choice whose line has no translation, or whose code has several lines.
 bool isExplained(const std::string& line, bool custom) {
   const bool hasText = custom || line.find('/') < line.find(':');
   return !hasText || std::ranges::count(line, '"') < 2;
@@ -154,8 +154,8 @@ void expectExplained(const Both& both) {
 
 struct Counts {
   const char* name;
-  int options;         // here
-  int libcupsOptions;  // there
+  int options;  // of this reader
+  int libcupsOptions;
   int choices;
   int libcupsChoices;
 };
@@ -178,8 +178,8 @@ void expectCounts(const Both& both, const Counts& counts) {
   EXPECT_EQ(choicesIn(theirs), counts.libcupsChoices);
 }
 
-// The package cups-filters. The option "PageRegion" has no translation in the first two, and every
-// option of the others is one of job control.
+// The package cups-filters. The option "PageRegion" has no translation in the first two, and all
+// options of the others are for job control.
 constexpr Counts kCupsFilters[] = {
     {"pxlmono", 5, 6, 30, 43},
     {"pxlcolor", 6, 7, 32, 45},
@@ -207,8 +207,8 @@ std::string archived(const std::string& name) {
   return pclose(program) == 0 ? text : "";
 }
 
-// Each has the option "PageRegion" without a translation. Its choices are missing here, and the
-// custom page size, whose code goes over several lines.
+// Each has the option "PageRegion" without a translation. This reader leaves out its choices, and
+// the custom page size, whose code has several lines.
 constexpr Counts kGeneric[] = {
     {"Generic-PostScript_Printer-Postscript", 4, 5, 29, 44},
     {"Generic-PostScript_Level_1_Printer-Postscript1", 4, 5, 25, 40},

@@ -50,7 +50,7 @@ TEST(PpdProblem, NamesTheOptionWithoutAChoiceAndItsLine) {
   EXPECT_EQ(problem.line, 5U);
 }
 
-// The pattern of this keyword takes unlimited time in the first line, which is in its range.
+// Matching this keyword's pattern against the first line, which is in its range, would never end.
 TEST(PpdProblem, NamesTheOptionThatTakesTooLong) {
   const ReadProblem problem = problemOf("*" + std::string(200, 'a') + " On/On: \"on\"\n" +
                                         option("Fold") + "*OpenUI *(a+)+b/Text: PickOne\n");

@@ -1,4 +1,4 @@
-// Lookup and marking in records of texts.
+// Lookup and marking in records that were made from texts.
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

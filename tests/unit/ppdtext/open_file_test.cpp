@@ -59,7 +59,7 @@ TEST_F(OpenFile, TellsTheSystemLogOfADirectory) {
   EXPECT_EQ(system.systemLog.messages.size(), 1U);
 }
 
-// It opens, and every read of its first page fails.
+// The file can be opened, but every read of its first page fails.
 TEST_F(OpenFile, TellsTheSystemLogOfAFileWhoseReadingFails) {
   EXPECT_EQ(KelmPPD::ppdOpenFile_("/proc/self/mem"), nullptr);
   EXPECT_EQ(system.systemLog.messages.size(), 1U);

@@ -1,4 +1,4 @@
-// A PPD read as plainly as it can be written.
+// The simplest possible reader of PPDs.
 // SPDX-License-Identifier: Apache-2.0
 #include "tests/unit/ppdtext/plain_reader.hpp"
 
@@ -31,7 +31,7 @@ std::vector<std::u16string> captures(Text text, const std::u16string& pattern) {
   return found;
 }
 
-// The two kinds of lines are told apart by their groups.
+// The number of groups tells the two kinds of lines apart.
 void addChoice(std::vector<ModelChoice>& choices, Text text, const Match& match) {
   const bool isCustom = match.captureCount() == 2;
   if (!isCustom && match.captureCount() != 3) return;

@@ -1,5 +1,5 @@
-// A PPD read as plainly as it can be written: every pattern over the whole text, whatever time it
-// takes. The product must find the same.
+// The simplest possible reader of PPDs: it searches the whole text for every pattern, whatever time
+// that takes. The product must find the same.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -1,4 +1,4 @@
-// What is found in a PPD's text, with the leniencies of each pattern.
+// What is found in a PPD's text, and what each pattern tolerates.
 // SPDX-License-Identifier: Apache-2.0
 #include "ppdtext/ppd_text.hpp"
 
@@ -12,7 +12,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// The piece of `text` that the option's range says.
+// The part of `text` that is the option's range.
 std::u16string optionPiece(std::u16string_view text, std::u16string_view keyword) {
   return std::u16string(pieceOf(text, KelmPPD::optionRagne_keyword_(text, keyword)));
 }

@@ -14,7 +14,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-// Gives memory a number of times, and then no more.
+// Allocates memory a number of times; after that, allocations fail.
 class LimitedMemory {
  public:
   explicit LimitedMemory(int times) : left_(times) {}
@@ -30,9 +30,9 @@ ModelOption option(std::u16string keyword) {
   return {keyword, u"Text", u"One", {{u"One", u"First", u"1"}, {u"Two", u"Second", u"__EMPTY__"}}};
 }
 
-// Two groups of one option each, and two attributes: the record is complete after the record
-// itself, the groups, per group the options, the choices and one code, the attribute pointers and
-// two allocations for each attribute.
+// Two groups of one option each, and two attributes. Memory is allocated for the record, the
+// groups, for each group the options, the choices and one code, for the attribute pointers, and
+// twice for each attribute.
 Model smallModel() {
   return {{{u"General", {option(u"A")}}, {u"Tray", {option(u"B")}}},
           {{u"Foo", u"1"}, {u"Bar", u"2"}}};

@@ -1,4 +1,4 @@
-// What Linux says of its user: languages, home directory, property files.
+// The user's languages and home directory as POSIX systems give them, and property files.
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -116,7 +116,7 @@ TEST_F(PropertyFile, HasTextsUnderKeys) {
 }
 
 TEST_F(PropertyFile, MayBeBinary) {
-  // The dictionary {"K": "V"}: its bytes, the offsets of its three objects and where all that is.
+  // The dictionary {"K": "V"}: its three objects, their offsets, and the trailer.
   constexpr unsigned char kBinary[] = {
       'b', 'p', 'l', 'i', 's', 't', '0', '0', 0xD1, 1, 2, 0x51, 'K', 0x51, 'V', 8, 11,
       13,  0,   0,   0,   0,   0,   0,   1,   1,    0, 0, 0,    0,   0,    0,   0, 3,

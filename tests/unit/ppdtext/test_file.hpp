@@ -1,4 +1,4 @@
-// Files of a test's own, gone when the test ends.
+// Files of a test, which are removed when the test ends.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

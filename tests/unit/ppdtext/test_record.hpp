@@ -1,4 +1,4 @@
-// Records of texts, and what is in them.
+// Records that are made from texts, and what is in them.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 

@@ -1,5 +1,4 @@
-// The indexed searches against plain ones of the whole text, over many small texts: the same
-// results.
+// The indexed searches must find the same as plain searches of the whole text, in many small texts.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
@@ -15,7 +14,7 @@ namespace {
 
 constexpr int kTexts = 1500;
 
-// The pieces of the texts. What patterns look for is in more of them than chance would give.
+// The texts are put together from these pieces, most of which some pattern looks for.
 constexpr std::u16string_view kPieces[] = {
     u"*OpenUI *",
     u"*OpenUI ",

@@ -16,7 +16,7 @@ namespace {
 constexpr std::size_t kLimit = 1U << 20U;
 constexpr std::size_t kBeyond = 2U << 20U;
 
-// What `write` makes of `input` when memory for more than `limit` bytes at once is refused to it.
+// What `write` makes of `input` when each allocation of more than `limit` bytes fails.
 template <class Write>
 Written underLimit(std::size_t limit, std::string_view input, const Write& write) {
   return writtenFrom(input, [&](JobStream& stream, LineBuffer& line) {

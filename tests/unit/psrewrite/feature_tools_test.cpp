@@ -1,4 +1,4 @@
-// The tools that feature writers are made of.
+// The functions that feature writers share.
 // SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/feature_tools.hpp"
 

@@ -17,7 +17,7 @@ struct KeywordRow {
 };
 void PrintTo(const KeywordRow& row, std::ostream* out) { *out << row.keyword; }
 
-// In the order in which a line is searched.
+// In the order in which the keywords are looked for in a line.
 constexpr KeywordRow kKeywordRows[] = {
     {"QVOutputBox", 307},
     {"QVPageNumStartNum", 1},
@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(Table, EveryKeyword, testing::ValuesIn(kKeywordRows),
 
 TEST(Features, StandInTheOrderOfTheSearch) {
   ASSERT_EQ(features().size(), std::size(kKeywordRows))
-      << "a feature section is a name in psrewrite/features.cpp and a row in this file";
+      << "each feature section needs a name in psrewrite/features.cpp and a row in this file";
   for (std::size_t i = 0; i < std::size(kKeywordRows); ++i) {
     EXPECT_STREQ(features()[i].keyword, kKeywordRows[i].keyword);
     EXPECT_EQ(features()[i].code, kKeywordRows[i].code);

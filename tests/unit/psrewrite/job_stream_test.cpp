@@ -1,4 +1,4 @@
-// The job's PostScript on its way: block input, line readers, output.
+// The stream of the job's PostScript: block input, line readers, output.
 // SPDX-License-Identifier: Apache-2.0
 #include "psrewrite/job_stream.hpp"
 
@@ -226,7 +226,7 @@ TEST(JobStream, PassesTheFrontOfTheWindowOn) {
   EXPECT_EQ(input.line(), "ef");
 }
 
-// A source that has an end in its middle, as a terminal does.
+// A source that gives more after its end, as a terminal can.
 class TwoEnds final : public base::ByteSource {
  public:
   std::size_t read(std::span<char> room) override {

@@ -60,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST(GetPaperOrientation, OfNoRecordIsPortrait) { EXPECT_EQ(getPaperOrientation(nullptr), 0); }
 
-// The line after replaceOrientation, or "unchanged" when it says so and it is.
+// The line after replaceOrientation, or "unchanged" if the result says so and the line is the same.
 std::string turned(const std::string& text, const TestJob::Options& options) {
   TestJob job(options);
   LineBuffer line;

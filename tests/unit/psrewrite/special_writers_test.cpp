@@ -13,7 +13,7 @@ namespace {
 
 using Options = tests::TestJob::Options;
 
-// A custom choice of a text option brings the first of these lines, another choice does not.
+// Only a custom choice of a text option has the first of these lines.
 constexpr char kCustomLines[] = "extra XXX\n(XXX) set\nnext\n";
 constexpr char kLines[] = "(XXX) set\nnext\n";
 
@@ -283,7 +283,7 @@ TEST_F(SpecialWriters, ZoomRateOfAPlainJobIsLeft) {
   EXPECT_EQ(of(301, {{"QVZoomRate", "70"}}), (Written{false, "", kLines}));
 }
 
-TEST_F(SpecialWriters, AllButTheDialogsFindNothingAtTheEnd) {
+TEST_F(SpecialWriters, WriteNothingAtTheEnd) {
   for (const int code :
        {205, 206, 208, 302, 303, 308, 313, 315, 317, 401, 402, 403, 404, 405, 406, 408, 409, 410}) {
     EXPECT_EQ(of(code, {}, ""), (Written{false, "", ""})) << code;

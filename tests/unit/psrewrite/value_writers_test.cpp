@@ -1,4 +1,4 @@
-// The writers of the table: the dialog's value, its default, and what they do in a plain job.
+// The writers in the table: the dialog's value, its default, and what happens in a plain job.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 
@@ -154,7 +154,7 @@ TEST(ValueWriters, AreAllOfTheTableButThoseOfTheirOwn) {
   for (const Feature& feature : features()) withWriter += feature.writer ? 1U : 0U;
   // 308, 313, 317, 402 and 404 handle dialog and plain jobs themselves.
   EXPECT_EQ(withWriter, std::size(kValueRows) + 5)
-      << "a ValueFeature has a row in kValueRows of this file";
+      << "each ValueFeature needs a row in kValueRows in this file";
 }
 
 TEST(DialogPath, StartNumberFiveKeepsTheTail) {
@@ -180,7 +180,7 @@ TEST(PageSizeWriters, AreDispatchedByNoCode) {
   EXPECT_FALSE(featureWriter(310));
 }
 
-TEST(PageSizeWriters, FillTheBracketsOnBothRoads) {
+TEST(PageSizeWriters, FillTheBracketsInBothKindsOfJobs) {
   for (const char* option : {"PrintPDE", "other"}) {
     tests::TestJob job({{option, "1"},
                         {"QVPAGESizeWidthValue100", "12345"},
@@ -192,7 +192,7 @@ TEST(PageSizeWriters, FillTheBracketsOnBothRoads) {
   }
 }
 
-TEST(PageSizeWriters, HaveDefaultsOnBothRoads) {
+TEST(PageSizeWriters, HaveDefaultsInBothKindsOfJobs) {
   for (const char* option : {"PrintPDE", "other"}) {
     tests::TestJob job(Options{{option, "1"}});
     EXPECT_EQ(written(outputQVPAGESizeWidth, *job, kValueLines),

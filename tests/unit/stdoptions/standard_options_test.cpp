@@ -1,5 +1,5 @@
-// What people choose in any program becomes the printer's own options: which option wins, and
-// what changes in the PostScript.
+// Standard options become the printer's own options: which option wins, and what changes in the
+// PostScript.
 // SPDX-License-Identifier: Apache-2.0
 #include "stdoptions/standard_options.hpp"
 
@@ -24,7 +24,7 @@ using testing::Pair;
 using tests::TestJob;
 using Options = TestJob::Options;
 
-// A job of the shipped PPD after the stage, as a CUPS filter would have it.
+// A job with the shipped PPD, after the stage of standard options.
 class Settled {
  public:
   explicit Settled(const Options& options, int copies = 1) : Settled(options, copies, KELM_PPD) {}
@@ -80,7 +80,7 @@ TEST(StandardOptions, BecomeOwnOnesAndChangeTheirSections) {
                                                                Pair("QVInputSlot", "FeedTray2")));
 }
 
-// Not a choice of the PPD's option.
+// The PPD's option InputSlot does not have this choice.
 TEST(StandardOptions, TakeTheOwnNamesOfTraysToo) {
   Settled settled(Options{{"InputSlot", "FeedTray3"}});
   EXPECT_EQ(settled.option("QVInputSlot"), "FeedTray3");
@@ -129,9 +129,9 @@ struct QueueDefault {
   const char* option;
   const char* choice;
   const char* own;      // the printer's own option
-  const char* value;    // that the choice means
-  const char* other;    // a choice with which the job takes the default back
-  const char* settled;  // what that is
+  const char* value;    // the value that the choice means
+  const char* other;    // a choice that overrides the default
+  const char* settled;  // the value of that choice
 };
 constexpr QueueDefault kQueueDefaults[] = {
     {"PageSize", "A5", "media", "A5", "A3", "A3"},
@@ -315,7 +315,7 @@ TEST(Copies, MayComeUncollated) {
       "False");
 }
 
-// pstops makes sets itself when "Collate" is not its own.
+// For copies in sets, pstops repeats the pages itself unless "Collate" is True.
 TEST(Copies, ThatCupsMakesAreNotAskedForAgain) {
   Settled settled(Options{{"Collate", "False"},
                           {"multiple-document-handling", "separate-documents-collated-copies"}},

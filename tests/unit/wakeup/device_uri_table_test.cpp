@@ -1,4 +1,4 @@
-// The table of device URIs in docs/wake-up-bus.md is what comes out of them.
+// The table of device URIs in docs/wake-up-bus.md states the addresses that result from them.
 // SPDX-License-Identifier: Apache-2.0
 #include <arpa/inet.h>
 #include <gtest/gtest.h>

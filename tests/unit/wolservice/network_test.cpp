@@ -68,7 +68,7 @@ TEST(NumericText, KeepsTheZone) {
 
 TEST(Locate, GivesNothingForWhatIsNoHost) { EXPECT_FALSE(locate("..")); }
 
-// A name may take long to look up, and where it leads is checked later.
+// Looking up a name may take long; its address is checked later.
 TEST(NumericAddress, IsThatOfANumberAlone) {
   EXPECT_TRUE(numericAddress("10.0.0.5"));
   EXPECT_TRUE(numericAddress("fe80::1"));

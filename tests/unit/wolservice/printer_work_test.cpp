@@ -1,4 +1,4 @@
-// The work at one printer: asking it in turn, and sending to it what is due.
+// The work for one printer: asking it until it answers, and sending the packets that are due.
 // SPDX-License-Identifier: Apache-2.0
 #include "wolservice/printer_work.hpp"
 
