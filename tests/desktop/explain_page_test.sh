@@ -1,7 +1,7 @@
 #!/bin/sh
-# The pages of kelmctl explain in a real browser: they need nothing from elsewhere, fit a phone and a
-# large screen, are readable in light and dark, and show the pages that were printed. With KELM_KEEP,
-# pictures of them are left in the test's directory.
+# The pages of kelmctl explain in a real browser: they load nothing else, fit a phone and a large screen, are
+# readable in light and dark, and show the pages that were printed. With KELM_KEEP, screenshots of them are left
+# in the test's directory.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/../system/lib/common.sh"
@@ -12,7 +12,7 @@ PPD=$BUILD/ppd/kelm-ij.ppd
 OPTIONS=$(cat "$SOURCE/examples/options")
 cp "$SOURCE/tests/desktop/page_probe.html" "$W/probe.html"
 
-# browser LIGHT_OR_DARK ARGUMENT... : 1 is Chromium's word for light, 0 for dark
+# browser LIGHT_OR_DARK ARGUMENT... : runs Chromium, for which 1 means light and 0 dark
 browser() {
   word=$([ "$1" = dark ] && echo 0 || echo 1)
   shift
@@ -21,11 +21,11 @@ browser() {
     --disable-background-networking --disable-component-update --disable-sync --disable-dev-shm-usage \
     --user-data-dir="$W/profile" --allow-file-access-from-files --hide-scrollbars \
     --blink-settings=preferredColorScheme="$word" --virtual-time-budget=10000 "$@" 2>"$W/browser_log" || status=$?
-  rm -rf "$W/profile"  # its logs are no texts
+  rm -rf "$W/profile"  # its logs are not text
   return "$status"
 }
 
-# check PAGE LIGHT_OR_DARK WIDTH LINE... : what the browser says of the page has these lines
+# check PAGE LIGHT_OR_DARK WIDTH LINE... : the probe's result for the page has these lines
 check() {
   page=$1 scheme=$2 width=$3
   shift 3
@@ -44,19 +44,19 @@ check() {
 check job.html light 390 'title: Quarterly report' 'pictures: 0 of 0' 'wrong settings: 1'
 check job.html dark 1200 'wrong settings: 1'
 
-# What the printer was sent, with a section that disagrees with the header.
+# A printer stream, with and without a section that disagrees with the header.
 PPD=$PPD "$BUILD/kelmfilter" 1 miller "$(cat "$SOURCE/examples/title")" 1 "$OPTIONS" \
   <"$SOURCE/examples/job.ps" >"$W/good.prn"
 sed 's/^(LongEdge) userdict exch .QVDuplex exch put/(OFF) userdict exch \/QVDuplex exch put/' "$W/good.prn" \
   >"$W/bad.prn"
-cmp -s "$W/good.prn" "$W/bad.prn" && fail "nothing to disagree with"
+cmp -s "$W/good.prn" "$W/bad.prn" && fail "no section could be changed"
 "$BUILD/kelmctl" explain --stream "$W/bad.prn" --ppd "$PPD" --html "$W/stream.html" >"$W/stream.txt" &&
   fail "the disagreement was not found"
 check stream.html light 390 'pictures: 3 of 3' 'wrong settings: 2'
 check stream.html dark 390 'pictures: 3 of 3'
 check stream.html light 1200 'pictures: 3 of 3' 'wrong settings: 2'
 
-# A stream that Ghostscript cannot paint has no pictures, and is explained all the same.
+# A stream that Ghostscript cannot render gets no pictures, but is explained all the same.
 sed 's/^%!PS-Adobe-3.0$/%!PS-Adobe-3.0\nquit/' "$W/good.prn" >"$W/blank.prn"
 "$BUILD/kelmctl" explain --stream "$W/blank.prn" --ppd "$PPD" --html "$W/blank.html" >"$W/blank.txt" ||
   fail "nothing is wrong with the stream"

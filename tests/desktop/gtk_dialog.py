@@ -1,5 +1,5 @@
-# gtk_dialog.py QUEUE : prints two pages through GTK's print dialog with A5, two-sided, tray 2 and three
-# uncollated copies, chosen in the dialog's own controls.
+# gtk_dialog.py QUEUE : prints two pages through GTK's print dialog. It chooses A5, two-sided, tray 2 and three
+# uncollated copies in the dialog's own controls.
 # SPDX-License-Identifier: Apache-2.0
 import os
 import sys
@@ -10,13 +10,13 @@ gi.require_version("Gtk", "3.0")
 from gi.repository import GLib, GObject, Gtk  # noqa: E402
 
 (QUEUE,) = sys.argv[1:]
-# The tab for what has no other place.
+# The controls on the tab for everything that no other tab shows.
 ADVANCED = ["PIN", "Wait after proof copy", "Output method", "Folder", "Job name", "Owner name",
             "Job comment", "Collate copies (override)"]
-# GTK's own controls, with any printer.
+# GTK's own controls, which it shows for every printer.
 OF_GTK = ["Pages per side", "Page ordering", "Priority", "Billing info", "Before", "After",
           "Printer Profile"]
-# The most controls of the printer that a person has to look through on each tab.
+# The largest allowed number of the printer's controls on each tab.
 MOST = {"Page Setup": 4, "Finishing": 41, "Image Quality": 23, "Color": 14, "Advanced": len(ADVANCED)}
 failures = []
 
@@ -40,8 +40,8 @@ def text_of(cell):
     return str(cell)
 
 
-# The combo box that the label `name` belongs to: its mnemonic widget, or inside of it or of the
-# widget next to the label.
+# The combo box that the label `name` belongs to. It is the label's mnemonic widget, or inside that widget or
+# inside the one next to the label.
 def combo_for(dialog, name):
     for widget in widgets(dialog):
         if not isinstance(widget, Gtk.Label) or widget.get_text() != name:
@@ -70,8 +70,8 @@ def choose(dialog, name, choice):
     failures.append(f"{name!r} has no {choice!r}, only {texts(combo)}")
 
 
-# What the tabs show of the printer's own options: the tab's name and the labels of its controls, which
-# are all made of one kind of widget. GTK walks them from the last one to the first.
+# The controls of the printer's options by the name of their tab. They are all the same kind of widget. GTK
+# lists them from the last to the first.
 def tabs(dialog):
     found = {}
     for widget in widgets(dialog):
@@ -92,7 +92,7 @@ def check_tabs(dialog):
         print(name, len(labels), labels)
         own = len([each for each in labels if each not in OF_GTK])
         if own > MOST.get(name, 0):
-            failures.append(f"the tab {name!r} has {own} controls, not {MOST.get(name, 0)} at most")
+            failures.append(f"the tab {name!r} has {own} controls, more than {MOST.get(name, 0)}")
     for name in ("Finishing", "Image Quality", "Color"):
         if not shown.get(name):
             failures.append(f"the tab {name!r} is empty")
@@ -101,7 +101,7 @@ def check_tabs(dialog):
         failures.append(f"the tab 'Advanced' shows {advanced}")
 
 
-# A control's label is beside it, or the control is a box with a text.
+# A control has a label next to it, or it is a check box with a text.
 def label_of(control):
     for widget in widgets(control):
         if isinstance(widget, Gtk.CheckButton) and widget.get_label():
@@ -139,7 +139,7 @@ def fill_in(dialog):
     for widget in widgets(dialog):
         if isinstance(widget, Gtk.Label) and widget.get_text() == "Copies:":
             widget.get_mnemonic_widget().set_value(3)
-    # Grey while there is one copy.
+    # This one is grey as long as there is only one copy.
     for widget in widgets(dialog):
         if isinstance(widget, Gtk.CheckButton) and widget.get_label() == "C_ollate":
             widget.set_active(False)
@@ -157,7 +157,7 @@ def use_dialog():
             combo = combo_for(dialogs[0], each)
             print(each, combo, combo and combo.get_sensitive(), combo and texts(combo))
         shown = [w.get_text() for d in dialogs for w in widgets(d) if isinstance(w, Gtk.Label)]
-        print(f"the dialog never was ready; it shows {shown}", flush=True)
+        print(f"the dialog was never ready; it shows {shown}", flush=True)
         os._exit(1)
     if not dialogs or not is_ready(dialogs[0]):
         if dialogs:

@@ -1,7 +1,6 @@
 #!/bin/sh
-# GTK's own print dialog on a real queue: its controls for two sides, paper source, paper type and
-# output tray are live, its tabs have what belongs there, and what is chosen in it arrives in header and
-# PostScript.
+# GTK's own print dialog with a real queue: its controls for two sides, paper source, paper type and output tray
+# work, each tab shows the right options, and what is chosen arrives in header and PostScript.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/desktop/desktop.sh
 . "${0%/*}/desktop.sh"

@@ -1,6 +1,6 @@
-# libreoffice_dialog.py QUEUE DOCUMENT PIPE : has LibreOffice, which listens on PIPE, print a document through
-# its print dialog, two-sided, from tray 2, in three uncollated copies, chosen in the dialog's own controls.
-# LibreOffice's interface for tests of its own reaches them.
+# libreoffice_dialog.py QUEUE DOCUMENT PIPE : prints a document through the print dialog of the LibreOffice that
+# listens on PIPE. It chooses two-sided, tray 2 and three uncollated copies in the dialog's own controls, through
+# the interface that LibreOffice's own tests use.
 # SPDX-License-Identifier: Apache-2.0
 import sys
 import threading
@@ -55,9 +55,9 @@ def choose(window, name, text):
     failures.append(f"{name} has no {text!r}")
 
 
-# The click returns when the second dialog is closed. The field for paper sides in the first one is left
-# alone: there LibreOffice goes back to one side, with any printer. So is the paper, for which it takes the
-# queue's default once this dialog was open.
+# The click returns when the second dialog is closed. The field for paper sides in the first dialog is left
+# alone, because LibreOffice resets it to one side with any printer. The paper is left alone too, because
+# LibreOffice takes the queue's default once this dialog was open.
 def properties_dialog(screen, dialog):
     click = threading.Thread(target=dialog.getChild("setup").executeAction, args=("CLICK", ()))
     click.start()

@@ -1,6 +1,6 @@
 #!/bin/sh
-# LibreOffice's own print dialog on a real queue: it offers all papers, trays and both edges, and what is
-# chosen in it arrives in header and PostScript; so does the paper of what soffice --pt prints.
+# LibreOffice's own print dialog with a real queue: it offers all papers, all trays and both edges, and what is
+# chosen arrives in header and PostScript. So does the paper of a document that soffice --pt prints.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/desktop/desktop.sh
 . "${0%/*}/desktop.sh"

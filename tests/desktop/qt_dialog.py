@@ -1,5 +1,5 @@
-# qt_dialog.py QUEUE : prints two pages through Qt's print dialog with A5, two-sided, tray 2 and three
-# uncollated copies, chosen in the dialog's own controls by mouse and keyboard.
+# qt_dialog.py QUEUE : prints two pages through Qt's print dialog. It chooses A5, two-sided, tray 2 and three
+# uncollated copies in the dialog's own controls, by mouse and keyboard.
 # SPDX-License-Identifier: Apache-2.0
 import sys
 
@@ -24,7 +24,7 @@ def click(button):
     QTest.mouseClick(button, Qt.LeftButton)
 
 
-# A radio button and a check box react to a click on their mark, at the left.
+# Radio buttons and check boxes react to a click on their mark at the left.
 def click_mark(button):
     if not button.isEnabled() or not button.isVisible():
         failures.append(f"{button.text()} is grey or hidden")
@@ -34,7 +34,7 @@ def click_mark(button):
     QTest.mouseClick(button, Qt.LeftButton, Qt.NoModifier, place)
 
 
-# With the arrow keys, as with the mouse, the combo box tells its dialog what is chosen.
+# The combo box reports choices made with keys as it reports those made with the mouse.
 def choose(combo, text):
     if combo is None or not combo.isEnabled():
         failures.append(f"the control for {text!r} is missing or grey")
@@ -120,7 +120,7 @@ def main():
     dialog = QPrintDialog(printer)
     QTimer.singleShot(1000, lambda: use_dialog(dialog))
     if dialog.exec_() != QPrintDialog.Accepted:
-        failures.append("nothing is to be printed")
+        failures.append("the dialog was not accepted")
     for failure in failures:
         print("FAILED", failure)
     if failures:

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Qt's own print dialog on a real queue: its controls for two sides are live, its page "Advanced" has the
-# groups of the PPD, and what is chosen in it arrives in header and PostScript.
+# Qt's own print dialog with a real queue: its controls for two sides work, its page "Advanced" has the PPD's
+# groups, and what is chosen arrives in header and PostScript.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/desktop/desktop.sh
 . "${0%/*}/desktop.sh"

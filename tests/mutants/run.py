@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-# Breaks the program in one place at a time and looks whether a test notices (make mutants).
+# Breaks the program in one place at a time and checks whether a test notices (make mutants).
 # SPDX-License-Identifier: Apache-2.0
 """run.py [OPTION]... [DIRECTORY | FILE | TEXT]...
 
-Every DIRECTORY.txt beside this file lists mutants of one directory of the product (see README.md there).
-Works in build-mutants/: a copy of the tree, its build without optimisation, and results.txt, with which
-an interrupted run goes on. Arguments choose lists by name, or mutants by a part of their file or text.
+Each DIRECTORY.txt next to this file lists mutants of one directory of the product (see README.md there).
+Works in build-mutants/. That has a copy of the tree, a build without optimisation, and results.txt, from
+which the next run continues. Arguments choose lists by name, or mutants by a part of their file or text.
 """
 import argparse
 import fcntl
@@ -25,24 +25,23 @@ SOURCE = HERE.parents[1]
 WORK = SOURCE / "build-mutants"
 TREE = WORK / "tree"
 BUILD = WORK / "build"
-KEPT = WORK / "kept"  # what BUILD holds for the program as it is
+KEPT = WORK / "kept"  # a copy of BUILD for the unchanged program
 MEASURED = WORK / "measured.json"
 RESULTS = WORK / "results.txt"
 
-# In the order in which they are asked, after those of the mutant's own directory.
+# In the order in which they run, after those of the mutant's own directory.
 UNIT_TESTS = ("base job psrewrite pjl ppdsettings wakeup snmp stdoptions filter explain platform ppd ppdtext "
               "wolservice ctl").split()
 
-# A document or a list that is out of date is no mistake that a printer would notice, and a test of time
-# fails where the machine has other work.
-LEFT_OUT = ("HeaderDocument.IsUpToDate", "EveryVariable.*", "TimeForAPpd.*")
+# A document or a list that is out of date is no mistake that a printer would notice.
+LEFT_OUT = ("HeaderDocument.IsUpToDate", "EveryVariable.*")
 
 MEMORY = 4 << 30  # bytes of address space for a test
 FILE_SIZE = 256 << 20
-SLOWER = 10  # how many times the processor time of the program as it is
+SLOWER = 10  # the limit, as a multiple of the processor time for the unchanged program
 LEAST_SECONDS = 20
-WAITING = 300  # seconds that a test may wait for something that never comes
-SLOW = 0.3  # seconds: a test that takes longer is asked after the others of its program
+WAITING = 300  # seconds that a test may take in all
+SLOW = 0.3  # seconds; a test that takes longer runs after the others of its program
 
 
 class Mutant:
@@ -105,7 +104,7 @@ def read_list(path):
 
 
 def copy_tree():
-    """Makes TREE the same as the files that git knows or would add; unchanged ones keep their time."""
+    """Makes TREE a copy of the files that git knows or would add. Unchanged files keep their time."""
     listed = subprocess.run(["git", "ls-files", "-co", "--exclude-standard", "-z"], cwd=SOURCE,
                             check=True, capture_output=True, text=True).stdout.split("\0")
     wanted = {name for name in listed if name and (SOURCE / name).is_file()}
@@ -133,14 +132,14 @@ def configure():
 
 
 def build(jobs, *targets):
-    """Whether the targets could be built; the log holds why not."""
+    """Builds the targets. Returns whether that worked; if not, the log says why."""
     with open(WORK / "build.log", "w") as log:
         return subprocess.run(["ninja", "-C", BUILD, "-j", str(jobs), *targets], stdout=log,
                               stderr=log, stdin=subprocess.DEVNULL).returncode == 0
 
 
 def build_files():
-    """Every file of BUILD but ninja's own, with its time."""
+    """Every file in BUILD except ninja's own, with its time."""
     for directory, _, names in os.walk(BUILD):
         for name in names:
             path = os.path.join(directory, name)
@@ -149,7 +148,7 @@ def build_files():
 
 
 def keep_build():
-    """Makes KEPT what BUILD is: a mutant costs no second build for the program as it was."""
+    """Makes KEPT a copy of BUILD, so that the unchanged program need not be built again after a mutant."""
     times = {}
     for path, time_of in build_files():
         kept = KEPT / os.path.relpath(path, BUILD)
@@ -161,7 +160,7 @@ def keep_build():
 
 
 def restore_build(times):
-    """Makes BUILD what KEPT is. Times are kept too, so ninja finds nothing to do."""
+    """Makes BUILD a copy of KEPT, with the same times, so ninja finds nothing to do."""
     for path, time_of in build_files():
         if path not in times:
             os.unlink(path)
@@ -171,7 +170,7 @@ def restore_build(times):
 
 
 class Test:
-    """A program of tests, and what its outcome depends on."""
+    """A test program, and the programs that its result depends on."""
 
     def __init__(self, name, command, directory, programs):
         self.name, self.command, self.directory, self.programs = name, command, directory, programs
@@ -181,7 +180,8 @@ class Test:
         self.times = None
 
     def measure(self, known):
-        """What the program as it is fails at; empty when it passes. Notes its times in `known`."""
+        """Runs the tests with the unchanged program. Returns the failure, or an empty text; notes the times in
+        `known`."""
         self.times = self.program_times()
         entry = known.get(self.name, {})
         if entry.get("times") == self.times:
@@ -210,8 +210,8 @@ class Test:
         return self.program_times() != self.times
 
     def ask(self, isOwn):
-        """What a mutant makes it fail at; empty when it passes. Only the mutant's own directory and the
-        golden cases are asked at length."""
+        """Runs the tests with a mutant. Returns the failure, or an empty text. Slow tests run only for the
+        mutant's own directory and for the golden cases."""
         if not self.programs:
             return self.run()
         failure = self.run([], ["-" + ":".join([*LEFT_OUT, *self.slow])])
@@ -226,7 +226,7 @@ class Test:
         resource.setrlimit(resource.RLIMIT_CORE, (0, 0))
 
     def run(self, arguments=(), tests=()):
-        """What it failed at; empty when it passed."""
+        """Runs the program. Returns the failure, or an empty text."""
         environment = {**os.environ, "GTEST_FAIL_FAST": "1", "GTEST_BRIEF": "1", "KELM_BUILD": str(BUILD)}
         environment.update({"GTEST_FILTER": choice for choice in tests})
         with open(WORK / "test.log", "wb") as log:
@@ -237,7 +237,7 @@ class Test:
                 status = process.wait(WAITING)
             except subprocess.TimeoutExpired:
                 status = None
-            if status != 0:  # its own children, if any are left
+            if status != 0:  # its children too, if any are left
                 try:
                     os.killpg(process.pid, signal.SIGKILL)
                 except ProcessLookupError:
@@ -269,19 +269,19 @@ def all_tests():
 
 
 def measure(tests, jobs):
-    """The program as it is passes its tests; says how long they take, where that is not known."""
-    print("building the program as it is", flush=True)
+    """Checks that the unchanged program passes its tests, and measures them if their times are not known."""
+    print("building the unchanged program", flush=True)
     if not build(jobs, *[target for test in tests.values() for target in test.targets]):
         sys.exit(f"the program does not compile: see {WORK / 'build.log'}")
     known = json.loads(MEASURED.read_text()) if MEASURED.exists() else {}
     for test in tests.values():
         if failure := test.measure(known):
-            sys.exit(f"the program as it is fails {failure}; see {WORK / 'test.log'}")
+            sys.exit(f"the unchanged program fails: {failure}; see {WORK / 'test.log'}")
         MEASURED.write_text(json.dumps(known))
 
 
 def system_test(words):
-    """The system test of a line "NAME TARGET...", which needs all programs where it names no targets."""
+    """The system test of a line "NAME TARGET...". Without targets it needs all programs."""
     name, *targets = words.split()
     script = TREE / "tests/system" / f"{name}_test.sh"
     test = Test("system/" + name, ["sh", script], TREE, [])
@@ -310,7 +310,7 @@ def verdict_of(mutant, tests, jobs):
 
 
 def known_results():
-    """The last verdict on each mutant by its key."""
+    """The last result of each mutant, by its key."""
     if not RESULTS.exists():
         return {}
     rows = [line.split("\t") for line in RESULTS.read_text().split("\n") if line]
@@ -349,11 +349,11 @@ def is_chosen(mutant, words):
 def main():
     parser = argparse.ArgumentParser(prog="run.py", description="mutation test of the product")
     parser.add_argument("--jobs", type=int, default=1, help="parallel compilations (1)")
-    parser.add_argument("--minutes", type=float, default=1e6, help="end after this time")
-    parser.add_argument("--tests", help="ask only these: the names of directories, and cases")
-    parser.add_argument("--again", action="store_true", help="repeat also what was killed")
-    parser.add_argument("--check", action="store_true", help="only look whether the lists fit the tree")
-    parser.add_argument("--report", action="store_true", help="only show what is known")
+    parser.add_argument("--minutes", type=float, default=1e6, help="stop after this time")
+    parser.add_argument("--tests", help="run only these: names of directories, and cases")
+    parser.add_argument("--again", action="store_true", help="run killed mutants again, too")
+    parser.add_argument("--check", action="store_true", help="only check that the lists fit the tree")
+    parser.add_argument("--report", action="store_true", help="only show the results so far")
     parser.add_argument("chosen", nargs="*", help="lists, or parts of a file's name or of a text")
     arguments = parser.parse_args()
 
@@ -373,7 +373,7 @@ def main():
         print(f"{len(mutants)} mutants")
         return
     results = known_results()
-    # A killed mutant stays killed until its text changes; the others get another chance.
+    # A killed mutant stays killed until its text changes; the others run again.
     open_ones = [mutant for mutant in mutants
                  if arguments.again or results.get(mutant.key, [""])[0] != "killed"]
     if arguments.report or not open_ones:
@@ -417,4 +417,4 @@ if __name__ == "__main__":
     try:
         main()
     except KeyboardInterrupt:
-        sys.exit("interrupted; the next run goes on here")
+        sys.exit("interrupted; the next run continues here")

@@ -1,6 +1,6 @@
 #!/bin/sh
-# upgrade_test.sh DIRECTORY : installs the packages of DIRECTORY with a queue, upgrades them, removes them,
-# installs them again and purges them. Upgrade and removal lose nothing, and a purge leaves nothing.
+# upgrade_test.sh DIRECTORY : installs the packages in DIRECTORY and makes a queue, then upgrades, removes,
+# installs and purges the packages. Upgrade and removal lose nothing, and a purge leaves nothing.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/packages/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -9,14 +9,14 @@ cups_start() {
   mkdir -p /run/cups
   cupsd -f >"$W/cupsd_log" 2>&1 </dev/null &
   cupsd=$!
-  wait_until 20 cups_answers || fail "cupsd did not come up"
+  wait_until 20 cups_answers || fail "cupsd did not start"
 }
 cups_stop() {
   kill $cupsd
   wait $cupsd || :
 }
 
-# files FILE : every file of the system, except those that stay from any package and any print job
+# files FILE : lists every file of the system, except those that any package and any print job may leave
 files() {
   set -- "$1" -path /proc
   for directory in /sys /dev /run /tmp /packages /source /var/cache /var/log /var/lib/apt /var/lib/dpkg \
@@ -49,7 +49,7 @@ expect_line "$W/page1" '%%BeginFeature: *PageSize A3'
 a_job_wakes
 wait_until 10 service >"$W/service1" || fail "the bus did not start the service"
 
-# Version 2; the administrator's language is German, and the clients of this machine use another server.
+# Version 2. The administrator's language is German, and this machine's clients use another server.
 if LC_ALL=de_DE.UTF-8 lpstat -r | grep 'is running'; then fail "CUPS does not speak German"; fi
 (
   export LC_ALL=de_DE.UTF-8 CUPS_SERVER=192.0.2.9
@@ -60,7 +60,7 @@ expect "version of the driver" 99.0-1 "$(dpkg-query -W -f '${Version}' printer-d
 expect_line /etc/cups/ppd/office.ppd '*FileVersion: "99.0"'
 expect_line /etc/cups/ppd/office.ppd '*DefaultPageSize: A3'
 expect_line "$W/apt_log" 'office: the default OneStaple of QVStapleMode is gone; the new one is OFF'
-kelmctl settings office | diff "$W/facts" - || fail "the facts are others"
+kelmctl settings office | diff "$W/facts" - || fail "the facts differ"
 page "$W/page2"
 expect_line "$W/page2" '@PJL SET QVSTAPLEMODE=OFF'
 expect_line "$W/page2" '%%BeginFeature: *PageSize A3'
@@ -69,15 +69,15 @@ wait_until 10 service >"$W/service2" || fail "the bus did not start the new serv
 
 # Without a server, an upgrade leaves the queue as it is and does not fail.
 cups_stop
-dpkg -i "$W"/version1/printer-driver-kelm_*.deb >>"$W/apt_log" 2>&1 || fail "no way back to version 1"
+dpkg -i "$W"/version1/printer-driver-kelm_*.deb >>"$W/apt_log" 2>&1 || fail "version 1 cannot be installed again"
 dpkg -i "$W"/version2/printer-driver-kelm_*.deb >>"$W/apt_log" 2>&1 || fail "no upgrade without a server"
 cups_start
 expect_line /etc/cups/ppd/office.ppd '*FileVersion: "99.0"'
 
-# Removed, not purged: the queue and its facts stay, and print again when the driver is back. Nothing else
-# stays. (The libraries that nothing else needs are purged, for they have configuration of their own.)
+# After a removal without a purge, the queue and its facts stay, and the queue prints again when the driver is
+# back. Nothing else stays. (Libraries that nothing else needs are purged: they have their own configuration.)
 cp -p /etc/cups/ppd/office.ppd "$W/office.ppd"
-apt-get remove -y -q printer-driver-kelm kelmctl kelm-wol >>"$W/apt_log" 2>&1 || fail "no removal"
+apt-get remove -y -q printer-driver-kelm kelmctl kelm-wol >>"$W/apt_log" 2>&1 || fail "the packages cannot be removed"
 expect "the service" gone "$(service || echo gone)"
 apt-get autoremove --purge -y -q >>"$W/apt_log" 2>&1 || fail "no automatic removal"
 files "$W/after"
@@ -86,13 +86,13 @@ cmp "$W/office.ppd" /etc/cups/ppd/office.ppd || fail "a removal changes the queu
 LC_ALL=C lpstat -v office >"$W/lpstat_log"
 expect_line "$W/lpstat_log" 'device for office: socket://127.0.0.1:9100'
 install_packages "$W/version2"
-kelmctl settings office | diff "$W/facts" - || fail "the facts are others after a removal"
+kelmctl settings office | diff "$W/facts" - || fail "the facts differ after a removal"
 page "$W/page3"
 expect_line "$W/page3" '%%BeginFeature: *PageSize A3'
 
-# Purged.
+# After a purge, nothing stays.
 lpadmin -x office
-apt-get purge -y -q printer-driver-kelm kelmctl kelm-wol >>"$W/apt_log" 2>&1 || fail "no purge"
+apt-get purge -y -q printer-driver-kelm kelmctl kelm-wol >>"$W/apt_log" 2>&1 || fail "the packages cannot be purged"
 apt-get autoremove --purge -y -q >>"$W/apt_log" 2>&1 || fail "no automatic removal"
 dpkg-query -W -f '${Package}\n' | sort | diff "$W/packages_before" - || fail "other packages stay"
 files "$W/after"

@@ -1,5 +1,5 @@
 #!/bin/sh
-# examples/job.ps is what CUPS makes today of the example's document and options.
+# examples/job.ps is what CUPS makes of the example's document and options.
 # SPDX-License-Identifier: Apache-2.0
 set -eu
 

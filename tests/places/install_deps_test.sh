@@ -1,6 +1,6 @@
 #!/bin/sh
-# install_deps_test.sh : scripts/install-deps names a package that the release does not have, and installs
-# nothing then. The package tools are played by short scripts.
+# install_deps_test.sh : if the release does not have a package, scripts/install-deps names it and installs
+# nothing. Short scripts stand in for the package tools.
 # SPDX-License-Identifier: Apache-2.0
 set -eu
 W=$(mktemp -d)
@@ -8,7 +8,7 @@ trap 'rm -rf "$W"' EXIT
 PATH=$W:$PATH
 export W
 
-# tool NAME : a program NAME with the text on standard input
+# tool NAME : makes a program NAME from the script on standard input
 tool() {
   { echo '#!/bin/sh' && cat; } >"$W/$1"
   chmod 755 "$W/$1"
@@ -17,7 +17,7 @@ echo 'echo 0' | tool id
 tool apt-get <<'END'
 echo "$@" >>"$W/calls"
 END
-# Everything but two packages is installed, and one of the two is offered.
+# All packages except two are installed, and one of the two is offered.
 tool dpkg-query <<'END'
 shift 3
 for name; do
@@ -46,7 +46,7 @@ grep -q '^install-deps: on Ubuntu, .*snap install chromium' "$W/out"
   exit 1
 }
 
-# Nothing is missing: quiet, and no call. A chromium that is not a Debian package counts, too.
+# If nothing is missing, it prints nothing and does not call apt-get. Any chromium in PATH counts.
 rm "$W/calls"
 tool chromium </dev/null
 tool dpkg-query <<'END'

@@ -1,9 +1,9 @@
 #!/bin/sh
-# Every language of the PPD has a job that is explained in it, and is named where people read of them.
+# For every language of the PPD there is a case of kelmctl explain, and the documents name it.
 # SPDX-License-Identifier: Apache-2.0
 set -eu
 
-# As the documents name them.
+# The names that the documents use.
 names='en English
 de German
 fr French

@@ -1,6 +1,6 @@
 #!/bin/sh
-# What packaging/macos/build-package puts together, with a pkgbuild that only keeps it. Neither the real
-# pkgbuild nor CUPS on macOS is here.
+# The contents of the package that packaging/macos/build-package makes. A script that only copies them stands
+# in for pkgbuild; neither pkgbuild nor CUPS on macOS is tested.
 # SPDX-License-Identifier: Apache-2.0
 set -eu
 W=$(mktemp -d)

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Every object of the printer's MIB is tested, played by an agent and described.
+# Every object of the printer's MIB is tested, known to the tests' agents, and described.
 # SPDX-License-Identifier: Apache-2.0
 set -eu
 W=$(mktemp -d)
@@ -33,7 +33,7 @@ while read -r name object; do
     missing "$name" "no file of tests/system/printers/ has $played"
 done <"$W/objects"
 
-# An operation that another one calls is tested with that one.
+# An operation that another one calls is tested together with it.
 sed -nE 's/^ *static .* ([A-Za-z_]+)\(.*/\1/p' snmp/qv_snmp_helper.hpp >"$W/operations"
 while read -r name; do
   [ "$(grep -c "$name(" snmp/qv_snmp_helper.cpp)" -gt 1 ] ||

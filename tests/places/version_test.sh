@@ -1,5 +1,5 @@
 #!/bin/sh
-# version_test.sh VERSION : the release's version is the same wherever it is written down.
+# version_test.sh VERSION : all places that state the release's version agree.
 # SPDX-License-Identifier: Apache-2.0
 set -eu
 version=$1

@@ -1,6 +1,6 @@
 #!/bin/sh
-# kelmctl and the wake-up service without some of the streams 0, 1 and 2: they do their work, nothing hangs,
-# and no file or socket of theirs becomes a standard stream. The filter's part is in streams_test.sh.
+# kelmctl and the wake-up service with some of the streams 0, 1 and 2 closed: they do their work, nothing
+# hangs, and none of their files and sockets becomes a standard stream. streams_test.sh tests the filter.
 # Time limit: 120 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
@@ -10,8 +10,8 @@
 
 KELMCTL=$BUILD/kelmctl
 
-# closed REDIRECTIONS COMMAND... : runs the command without these streams, within 20 seconds; $status, and
-# its output in $W/out and $W/err where it has these streams
+# closed REDIRECTIONS COMMAND... : runs the command with these streams closed, for 20 seconds at most. Sets
+# $status; its output is in $W/out and $W/err, as far as these streams are open.
 closed() {
   redirections=$1
   shift
@@ -31,15 +31,15 @@ for streams in '<&-' '>&-' '2>&-' '<&- >&-' '<&- 2>&-' '>&- 2>&-' '<&- >&- 2>&-'
   expect "status of settings without $streams" 0 "$status"
   case $streams in
     *'>&-'*'2>&-'* | '>&-' | '<&- >&-') expect "output without $streams" '' "$(cat "$W/out")" ;;
-    *) cmp "$W/settings" "$W/out" || fail "other settings without $streams" ;;
+    *) cmp "$W/settings" "$W/out" || fail "the settings differ without $streams" ;;
   esac
-  # A printer is asked in processes of its own, whose pipes must not become standard streams either.
+  # kelmctl asks a printer in child processes. Their pipes must not become standard streams either.
   closed "$streams" "$KELMCTL" wake --mac 00:80:92:12:34:56 --address 10.77.0.2
   expect "status of wake without $streams" 0 "$status"
-  # Standard input without a stream is an empty one.
+  # Closed standard input counts as empty.
   closed "$streams" "$KELMCTL" explain --stream -
   expect "status of explain without $streams" 1 "$status"
-  # Messages go nowhere else.
+  # A message does not go to standard output instead.
   closed "$streams" "$KELMCTL" settings nothere
   expect "status of a failure without $streams" 1 "$status"
   expect "output of a failure without $streams" '' "$(cat "$W/out")"
@@ -47,9 +47,9 @@ for streams in '<&-' '>&-' '2>&-' '<&- >&-' '<&- 2>&-' '>&- 2>&-' '<&- >&- 2>&-'
   expect "status of the service without $streams" 2 "$status"
   expect "output of the service without $streams" '' "$(cat "$W/out")"
 done
-wait_until 15 service_is_gone || fail "the service stays without work"
+wait_until 15 service_is_gone || fail "the service does not end without work"
 
-# The service without any standard stream serves as ever: it holds the null device in their places.
+# The service also works without any standard stream: it opens the null device in their places.
 cat >"$W/wake_service" <<END
 #!/bin/sh
 echo \$\$ >>"$W/service_pid"
@@ -61,4 +61,4 @@ pid=$(tail -n 1 "$W/service_pid")
 for stream in 0 1 2; do
   expect "stream $stream of the service" /dev/null "$(readlink "/proc/$pid/fd/$stream")"
 done
-wait_until 15 service_is_gone || fail "the service stays without work"
+wait_until 15 service_is_gone || fail "the service does not end without work"

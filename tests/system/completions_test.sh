@@ -1,5 +1,5 @@
 #!/bin/sh
-# bash and zsh complete the arguments of kelmctl, the names of queues included.
+# bash and zsh complete the arguments of kelmctl, including the names of queues.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -9,7 +9,7 @@
 COMPLETIONS=$SOURCE/packaging/completions
 PATH=$BUILD:$PATH # the completions ask kelmctl for its help
 
-# in_bash WORD... : what bash offers for the last word, in one line
+# in_bash WORD... : what bash offers for the last word, on one line
 in_bash() {
   bash -c '. "$1"; shift; COMP_WORDS=("$@"); COMP_CWORD=$(($# - 1)); _kelmctl; echo "${COMPREPLY[*]}"' \
     bash "$COMPLETIONS/kelmctl.bash" kelmctl "$@"
@@ -27,7 +27,7 @@ cups_queue lobby file:/dev/null "$HERE/lib/queue.ppd"
 cd "$W"
 : >sample.ppd
 
-# In the order of the help text, which is that of the table.
+# In the order of the help text, which is the table's order.
 names=$(sed -n 's/^ *{"\([a-z-]*\)", ".*", declare.*/\1/p' "$SOURCE/ctl/commands.hpp" | tr '\n' ' ')
 [ -n "$names" ] || fail "no subcommands found in ctl/commands.hpp"
 expect "bash: subcommands" "$names--help --version" "$(in_bash '')"

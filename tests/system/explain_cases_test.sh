@@ -1,6 +1,6 @@
 #!/bin/sh
-# kelmctl explain says of every line of the header what it means and where its value comes from: cases
-# written by hand, of ordinary jobs, of jobs with standard options and of the maker's dialog, in every
+# kelmctl explain says what every line of the header means and where its value comes from. The cases are
+# written by hand: ordinary jobs, jobs with standard options, and jobs of the maker's dialog, in every
 # language of the PPD.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh

@@ -1,5 +1,5 @@
 #!/bin/sh
-# kelmctl explain says of the jobs in standard/jobs.txt what the printer gets of them.
+# For the jobs in standard/jobs.txt, kelmctl explain says what the printer gets.
 # Time limit: 300 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh

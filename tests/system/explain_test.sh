@@ -1,6 +1,6 @@
 #!/bin/sh
-# kelmctl explain says where each line of a header comes from, in the person's language, and what a
-# printer was sent.
+# kelmctl explain says where each line of a header comes from, in the user's language, and what was sent
+# to a printer.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -9,7 +9,7 @@
 
 PPD=$SOURCE/tests/ppds/explain.ppd
 
-# explain STATUS ARGUMENT... : the result in $W/out, the messages in $W/err
+# explain STATUS ARGUMENT... : ends with STATUS; the result is in $W/out, the messages are in $W/err
 explain() {
   wanted=$1
   shift
@@ -18,7 +18,7 @@ explain() {
   expect "status of explain $*" "$wanted" "$status"
 }
 
-# A queue's own PPD, in English and German. The example's options are right.
+# With the PPD of a queue, in English and German.
 cups_setup
 cups_start
 cups_queue office file:/dev/null "$PPD"
@@ -36,11 +36,11 @@ grep -qF 'kelmctl: QVStaplMode=OneStaple is not an option of this printer; did y
 grep -qF 'kelmctl: QVJobComment=Custom.a:b has the character ":", which the printer does not accept' \
   "$W/err" || fail "the character is not named: $(cat "$W/err")"
 
-# The printer's own names of trays count for the standard option, too.
+# The standard option also takes the printer's own names of trays.
 explain 0 --ppd "$BUILD/ppd/kelm-ij.ppd" -o InputSlot=FeedTray2 --changed
 grep -q '@PJL SET MEDIASOURCE=TRAY2 ' "$W/out" || fail "no line about the tray: $(cat "$W/out")"
 
-# Standard options in any letter case are right; what CUPS would pass over without a word is named.
+# Standard options are right in any letter case. There are remarks on what CUPS would silently ignore.
 explain 0 --ppd "$BUILD/ppd/kelm-ij.ppd" -n 3 -o collate=false -o MEDIA=A5 -o Duplex=duplexnotumble --changed
 for line in COPIES=3 QVPAGESIZE=A5 DUPLEX=ON; do
   grep -q "@PJL SET $line " "$W/out" || fail "no line $line: $(cat "$W/out")"
@@ -63,7 +63,7 @@ for line in 'Two-sided printing: Long edge .*DUPLEX=ON' 'Two-sided printing: Lon
 done
 if grep -q override "$W/out"; then fail "$(grep override "$W/out")"; fi
 
-# Lines that no choice gives together are shown as they are.
+# Lines that no choice gives together are shown with their own values.
 sed -e 's/SET BINDING=LONGEDGE/SET BINDING=OFF/' -e 's/SET MEDIASOURCE=TRAY2/SET MEDIASOURCE=AUTO/' \
   "$W/standard.prn" >"$W/contrary.prn"
 explain 0 --stream "$W/contrary.prn" --ppd "$BUILD/ppd/kelm-ij.ppd"
@@ -71,7 +71,7 @@ for line in 'Two-sided printing: ON .*DUPLEX=ON' 'Paper source: OFF .*AUTOSELECT
   grep -q "^$line\$" "$W/out" || fail "no line $line: $(cat "$W/out")"
 done
 
-# The defaults that lp would add count, and are named: the user's, those of all users and the queue's.
+# Defaults that lp would add are used and named: the user's, those of all users and the queue's.
 CUPS_SERVERROOT=$CUPS/etc
 export CUPS_SERVERROOT
 mkdir "$W/.cups"
@@ -90,19 +90,19 @@ sed -n 's/.*  \(@PJL SET [^ ]*\)  .*/\1/p' "$W/out" | grep -v QVHOSTNAME >"$W/ex
 printf '%%!PS\nshowpage\n' >"$W/page.ps"
 cups_job office -t report "$W/page.ps" >"$W/job_id" || fail "the job did not end"
 sed -n 's/^\(@PJL SET .*\)$/\1/p' "$W/office.prn" | grep -Fxf "$W/explained" | diff "$W/explained" - ||
-  fail "lp prints otherwise than explain says"
+  fail "lp printed something other than explain says"
 explain 0 office --changed -o QVDuplex=OFF
 if grep -q DUPLEX "$W/out"; then fail "the job's own option does not win: $(cat "$W/out")"; fi
 rm "$W/.cups/lpoptions" "$CUPS/etc/lpoptions"
 lpadmin -p office -R QVJobComment-default 2>"$W/lpadmin_log"
 
-# cupsd takes any default of a queue.
+# cupsd accepts any default for a queue.
 lpadmin -p office -o QVStapleMode-default=Three -o media-default=iso_a4_210x297mm 2>"$W/lpadmin_log"
 explain 1 office -o PageSize=A4
 expect "messages" \
   "kelmctl: QVStapleMode=Three (the queue's default) is not a choice of this option; the choices are OFF OneStaple TwoStaple" \
   "$(cat "$W/err")"
-# PageSize counts before media: a job may use it against a default.
+# PageSize wins over media, so a job can override a default media with it.
 explain 0 office -o PageSize=A3 -o QVStapleMode=OFF
 echo 'Dest office PageSize=A3' >"$W/.cups/lpoptions"
 explain 1 office -o QVStapleMode=OFF -o media=iso_a4_210x297mm
@@ -146,6 +146,6 @@ expect "control characters in a name" 0 "$(LC_ALL=C grep -c "$(printf '\033')" "
 explain 1 --ppd "$BUILD/ppd/kelm-ij.ppd" -o "$(printf -- '-x=\033[31m')"
 expect "control characters in an option" 0 "$(LC_ALL=C cat "$W/out" "$W/err" | grep -c "$(printf '\033')" || true)"
 explain 1 --stream "$W"
-grep -q 'cannot be read to its end: Is a directory' "$W/err" || fail "no word about the read error: $(cat "$W/err")"
+grep -q 'cannot be read to its end: Is a directory' "$W/err" || fail "no message about the read error: $(cat "$W/err")"
 explain 1 --stream "$W/none.prn"
 explain 2 --stream "$W/good.prn" -n 2

@@ -1,6 +1,6 @@
 #!/bin/sh
-# No value of an update job's option makes cupsd store a keyword of the value's own or breaks the
-# queue for later jobs: the PPD does not change, and the system log names the keyword left out.
+# No value of an update job's option makes cupsd store a keyword that is hidden in the value, or breaks the
+# queue for later jobs: the PPD does not change, and the system log names the keyword that was left out.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -36,11 +36,11 @@ refused "apostrophe" PrinterIPAddress "PrinterIPAddress=QQ\\'Forged=1"
 refused "backslash" SharedBoxName0_Part1 'SharedBoxName0_Part1=QQ\\Forged=1'
 refused "control character" SelSharedBoxIndex0 "$(printf 'SelSharedBoxIndex0=1\001Forged=1')"
 refused "non-ASCII" UsePersonalFolder 'UsePersonalFolder=ü'
-# cupsd reads everything after the 2047th byte of a line as a message of its own.
+# cupsd reads everything after the 2047th byte of a line as another message.
 refused "cut line" PrinterIPAddress \
   "PrinterIPAddress=$(printf '%02025d' 0)PPD:Forged=1" "CUPS could not read the PPD"
 
-# A PPD line of more than 255 bytes and a MAC address of five parts: every later job would suffer.
+# A PPD line of more than 255 bytes, and a MAC address of five parts: both would break every later job.
 refused "long community" SnmpCommunityName "SnmpCommunityName=$(printf '%0300d' 0)" \
   "CUPS could not read the PPD"
 refused "short MAC address" PrinterMacAddress \
@@ -53,6 +53,6 @@ cups_job kelm -o UpdatePPDOptions -o "$(printf 'PSFormName0_Part1="QQ==\rForged=
 expect_line "$(cups_queue_ppd kelm)" '*PSFormName0_Part1: QQ=='
 if grep -qi forged "$(cups_queue_ppd kelm)"; then fail "carriage return: a keyword was forged"; fi
 
-# The same keywords with sound values are stored.
+# The same keywords with valid values are stored.
 cups_job kelm -o UpdatePPDOptions -o IsWakeOnLan=1 "$W/page.ps" >"$W/job_id" || fail "the job did not end"
 expect_line "$(cups_queue_ppd kelm)" '*IsWakeOnLan: 1'

@@ -1,6 +1,6 @@
 #!/bin/sh
-# The PostScript stays PostScript: after the header a job runs through Ghostscript without an error
-# and gives the same pages as before the filter; and every code line of the PPD stores its value.
+# The filter's PostScript is valid: Ghostscript runs it without an error and gives the same pages as for the
+# filter's input. And every code line of the PPD stores its value.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -15,10 +15,10 @@ pages() {
   mkdir "$2"
   gs -dSAFER -dBATCH -dNOPAUSE -q -r30 -sDEVICE=ppmraw "-sOutputFile=$2/%d.ppm" "$1" \
     >"$2/log" 2>&1 || fail "$1: $(cat "$2/log")"
-  expect "words of the interpreter" "" "$(cat "$2/log")"
+  expect "messages of the interpreter" "" "$(cat "$2/log")"
 }
 
-# stored FILE KEYWORD... : the values that FILE leaves for the printer, one a line; "-" for none
+# stored FILE KEYWORD... : the values that FILE stores for the printer, one per line; "-" for none
 stored() {
   file=$1
   shift
@@ -28,8 +28,8 @@ stored() {
   gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=nullpage "$file" "$W/probe.ps"
 }
 
-# job NAME OPTIONS : the example document with OPTIONS before and after the filter; their pages
-# are compared
+# job NAME OPTIONS PAGES : compares the pages of the example document with OPTIONS before and after the
+# filter
 job() {
   "$PSTOPS" 7 miller Report 1 "$2" "$SOURCE/examples/document.ps" >"$W/$1.before" 2>"$W/$1.log"
   "$BUILD/kelmfilter" 7 miller Report 1 "$2" <"$W/$1.before" >"$W/$1.prn"
@@ -42,7 +42,7 @@ job() {
   diff -r "$W/$1.pages_before" "$W/$1.pages_after" >&2 || fail "$1: the pages differ"
 }
 
-# An empty page proves nothing.
+# An empty page would prove nothing.
 has_ink() { [ "$(tail -c +20 "$1" | tr -d '\377' | wc -c)" -gt 1000 ]; }
 
 TEXTS='QVOwnerNameInfo=Custom.M\ Miller QVJobNameInfo=Custom.Report\ (2) QVSecretNumInfo=Custom.0042
@@ -50,7 +50,7 @@ TEXTS='QVOwnerNameInfo=Custom.M\ Miller QVJobNameInfo=Custom.Report\ (2) QVSecre
   QVFormSelect1=Custom.Head QVFormSelect2=Custom.Grüße QVZoomRate=Custom.141
   QVImageShiftFrontV=Custom.-150 QVGCCyan=Custom.90'
 
-# The example job, and the document as the maker's dialog would have sent it.
+# The example job, and the document as the maker's dialog would send it.
 job plain "$(cat "$SOURCE/examples/options")" 3
 for picture in "$W"/plain.pages_after/*.ppm; do
   has_ink "$picture" || fail "$picture is empty"
@@ -69,13 +69,13 @@ expect "typed values" "4D204D696C6C6572 5265706F727420283229 0042 48656C6C6F2057
     QVBarcodeSelection QVOutputProfileSelection QVFormSelect1 QVFormSelect2 QVZoomRate \
     QVImageShiftFrontV QVGCCyan QVBarcodeArea QVPageNumPrint | xargs)"
 
-# Wide paper, with the page device asked for its size in 1/100 mm (842 x 595 points).
+# Wide paper of 842 x 595 points; the page device is asked for its size in 1/100 mm.
 job wide 'media=Custom.842x595 PageSize=Custom.842x595 QVOrientation=Landscape' 3
 expect "page size" "29704 20990 Landscape" \
   "$(stored "$W/wide.after" QVPAGESizeWidth QVPAGESizeHeight QVOrientation | xargs)"
 
-# Every code line of the PPD by itself: it stores a string and leaves nothing on the stack. pstops
-# hides errors in features, so here the line is alone.
+# Each code line of the PPD alone stores a string and leaves nothing on the stack. (In a job, pstops hides
+# errors of feature code.)
 awk '
   /^\*(Custom)?QV[A-Za-z0-9]+ [^:]*: "..*"$/ {
     keyword = substr($1, 2)

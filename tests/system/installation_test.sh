@@ -1,5 +1,5 @@
 #!/bin/sh
-# What "make install" puts where, and that the pieces find each other.
+# Where "make install" puts the files, and that they find each other.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -31,7 +31,7 @@ PREFIX/share/zsh/vendor-completions/_kelmctl
 END
 diff "$W/expected" "$W/installed" || fail "other files are installed"
 
-# Bus and systemd start the program that is there, as the user that is made.
+# The bus and systemd start the installed program, as the user that is created.
 unit=$ROOT$PREFIX/lib/systemd/system/kelm-wol.service
 for file in "$unit" "$ROOT$PREFIX/share/dbus-1/system-services/com.kelm.KelmWoLServices.service"; do
   program=$(sed -n 's/^Exec\(Start\)\{0,1\}=//p' "$file")
@@ -40,7 +40,7 @@ for file in "$unit" "$ROOT$PREFIX/share/dbus-1/system-services/com.kelm.KelmWoLS
 done
 mkdir "$ROOT/etc"
 systemd-sysusers --root="$ROOT" "$ROOT$PREFIX/lib/sysusers.d/kelm-wol.conf" 2>"$W/sysusers_log"
-grep -q '^kelmwol:' "$ROOT/etc/passwd" || fail "the service's user is not made"
+grep -q '^kelmwol:' "$ROOT/etc/passwd" || fail "the service's user is not created"
 
 # man prepares the tables of the pages.
 for page in "$ROOT$PREFIX"/share/man/man*/*; do
@@ -64,6 +64,6 @@ expect_line "$ROOT$PREFIX/lib/systemd/system/kelm-sync.service" \
   "ExecStart=$PREFIX/bin/kelmctl sync --all --quiet"
 [ -x "$ROOT$PREFIX/bin/kelmctl" ] || fail "the timer starts a program that is not installed"
 
-# The filter that is installed prints.
+# The installed filter prints.
 printf '%%!PS\n' | "$ROOT/usr/lib/cups/filter/kelmfilter" 1 user title 1 '' >"$W/out"
 expect_line "$W/out" '@PJL ENTER LANGUAGE=POSTSCRIPT'

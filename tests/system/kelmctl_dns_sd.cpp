@@ -1,4 +1,4 @@
-// kelmctl that finds services through dns_sd.h, as it does on macOS (dns_sd_names_test.sh).
+// A kelmctl that finds services through dns_sd.h, as on macOS (dns_sd_service_names_test.sh).
 // SPDX-License-Identifier: Apache-2.0
 #include <iostream>
 

@@ -1,6 +1,6 @@
 #!/bin/sh
-# Too little memory ends kelmctl and the wake-up service with one line and status 1, never by a signal; the
-# filter's part is in streams_test.sh.
+# Too little memory ends kelmctl and the wake-up service with one line and status 1, never by a signal.
+# streams_test.sh tests the filter.
 # Time limit: 180 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
@@ -11,7 +11,8 @@
 KELMCTL=$BUILD/kelmctl
 PPD=$BUILD/ppd/kelm-ij.ppd
 
-# within KILOBYTES COMMAND... : its status, with so much memory at most; its output is in $W/out and $W/err
+# within KILOBYTES COMMAND... : runs the command with a limit on its memory; sets $status, and its output is in
+# $W/out and $W/err
 within() {
   status=0
   (
@@ -22,10 +23,9 @@ within() {
   ) >"$W/out" 2>"$W/err" || status=$?
 }
 
-# Sizes with which a program cannot even be loaded do not count: the dynamic loader has faults of its own
-# then. least COMMAND... : the least size in KB, up to 8 more, with which the command is loaded and ends by 0
-# or 2; nothing when 4 GB are too little, as for a program with a sanitizer, which takes terabytes of
-# addresses.
+# least COMMAND... : the least size in KB, to within 8, with which the command is loaded and ends with 0 or 2.
+# Smaller sizes are not tested, because the dynamic loader may crash with them. Prints nothing if 4 GB are too
+# little, as for a program with a sanitizer, which needs terabytes of addresses.
 least() {
   within 4000000 "$@"
   [ "$status" = 0 ] || [ "$status" = 2 ] || return 0
@@ -39,8 +39,8 @@ least() {
   echo $high
 }
 
-# try LINE STATUSES START STEP COMMAND... : the command, with 40 sizes from START on, ends by one of STATUSES,
-# or by 1 with LINE as the last of its messages, and does so at least once
+# try LINE STATUSES START STEP COMMAND... : runs the command with 40 sizes from START on. It must end with one
+# of STATUSES, or with 1 and LINE as its last message; the latter at least once.
 try() {
   line=$1
   statuses=$2
@@ -52,12 +52,12 @@ try() {
     within "$size" "$@"
     if [ "$(tail -n 1 "$W/err")" = "$line" ]; then
       expect "status of $* with $size KB" 1 "$status"
-      expect "times that it says so" 1 "$(grep -cF "$line" "$W/err")"
+      expect "times that $* says so" 1 "$(grep -cF "$line" "$W/err")"
       tried=$((tried + 1))
     else
       case " $statuses " in
         *" $status "*) ;;
-        *) fail "$* ends by $status with $size KB: $(cat "$W/err")" ;;
+        *) fail "$* ends with $status with $size KB: $(cat "$W/err")" ;;
       esac
     fi
     size=$((size + step))
@@ -73,7 +73,7 @@ if [ -n "$least" ]; then
   try "$line" 0 "$least" 150 "$KELMCTL" explain --ppd "$PPD" -o QVDuplex=LongEdge
 fi
 
-# The wake-up service gets a request of 1.4 MB. The one that has memory for it is told to end.
+# The wake-up service gets a request of 1.4 MB. If it has enough memory for it, the test stops it.
 cat >"$W/wake_service" <<END
 #!/bin/sh
 ulimit -v "\$(cat "$W/size")"
@@ -82,7 +82,7 @@ echo \$! >"$W/service_pid"
 status=0
 wait \$! || status=\$?
 echo \$status >"$W/service_status"
-exit \$status  # by 0, the bus would go on waiting for the service
+exit \$status  # after 0, the bus would go on waiting for the service
 END
 chmod 755 "$W/wake_service"
 has_ended() { test -s "$W/service_status"; }

@@ -1,5 +1,5 @@
 #!/bin/sh
-# The PPD is sound, the print server finds it where it is installed, and a queue can be made of it.
+# The PPD is valid, CUPS finds it where it is installed, and a queue can be made with it.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -9,8 +9,8 @@
 PPD=$BUILD/ppd/kelm-ij.ppd
 DIALOG=$SOURCE/ppd/kelm-ij-dialog.ppd
 
-# cupstestppd looks for the filter under a root of its own. Its remarks are on names that the printer
-# fixes, of papers and of keywords that begin alike: these, and no other.
+# cupstestppd looks for the filter below another root. It may only make the listed remarks. They are about
+# names that the printer determines: names of papers, and keywords with a common beginning.
 install -D -m 755 "$BUILD/kelmfilter" "$W/root/usr/lib/cups/filter/kelmfilter"
 for model in "$PPD" "$DIALOG"; do
   cupstestppd -R "$W/root" -W none "$model" >"$W/report" || fail "cupstestppd: $(cat "$W/report")"
@@ -19,10 +19,10 @@ for model in "$PPD" "$DIALOG"; do
     LC_ALL=C sort >"$W/remarks"
   [ "$model" = "$PPD" ] || cp "$W/remarks" "$W/remarks_of_the_dialog_model"
   LC_ALL=C comm -13 "$HERE/queue/cupstestppd_remarks.txt" "$W/remarks" >"$W/others"
-  [ ! -s "$W/others" ] || fail "other remarks of cupstestppd: $(cat "$W/others")"
+  [ ! -s "$W/others" ] || fail "cupstestppd makes other remarks: $(cat "$W/others")"
 done
 diff "$HERE/queue/cupstestppd_remarks.txt" "$W/remarks_of_the_dialog_model" ||
-  fail "a remark that cupstestppd no longer makes"
+  fail "cupstestppd no longer makes a remark that is listed"
 
 # Installed as "make install" does it.
 mount -t tmpfs none /usr/share/ppd
@@ -36,9 +36,9 @@ grep -q 'kelm/kelm-ij-dialog.ppd KELM IJ PostScript, for jobs of the KELM dialog
   fail "lpinfo -m does not list the model for jobs of the KELM dialog"
 lpadmin -p office -E -v socket://127.0.0.1:9100 -m "$name" 2>"$W/lpadmin_log" ||
   fail "lpadmin refused the model $name"
-cmp "$PPD" "$(cups_queue_ppd office)" || fail "the queue's PPD is another one"
+cmp "$PPD" "$(cups_queue_ppd office)" || fail "the queue's PPD differs"
 
-# Every option of the printer is there for a command line, and no conflict in the defaults.
+# lpoptions lists the printer's options.
 lpoptions -p office -l >"$W/options"
 for option in Duplex InputSlot MediaType ColorModel OutputBin; do
   grep -q "^$option/" "$W/options" || fail "no option $option"

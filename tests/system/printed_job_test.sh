@@ -1,5 +1,5 @@
 #!/bin/sh
-# A job given to a queue arrives at the printer: the header first, then the page.
+# A job that is sent to a queue arrives at the printer: first the header, then the page.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

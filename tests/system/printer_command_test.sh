@@ -1,5 +1,5 @@
 #!/bin/sh
-# kelmctl printer: what an administrator sees of a printer, whatever the SNMP settings are.
+# What kelmctl printer shows of a printer, with any SNMP settings of the machine.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -9,14 +9,14 @@
 P=$HERE/printers
 KELMCTL=$BUILD/kelmctl
 
-# expect_json FILE CONDITION : the JSON object in FILE, named d, fulfils the Python condition
+# expect_json FILE CONDITION : the Python condition is true, with the JSON object in FILE as d
 expect_json() {
   /usr/bin/python3 -c 'import json, sys
 d = json.load(open(sys.argv[1]))
-sys.exit(0 if eval(sys.argv[2]) else 1)' "$1" "$2" || fail "$(cat "$1"): not so: $2"
+sys.exit(0 if eval(sys.argv[2]) else 1)' "$1" "$2" || fail "$(cat "$1"): not true: $2"
 }
 
-# status_of COMMAND... : its exit status; its output goes to $W/out and $W/err
+# status_of COMMAND... : prints the command's exit status; its output goes to $W/out and $W/err
 status_of() {
   status=0
   "$@" >"$W/out" 2>"$W/err" || status=$?
@@ -50,7 +50,7 @@ expect_json "$W/out" 'd["sharedBoxCount"] == 30 and len(d["sharedBoxes"]) == 30'
 expect_json "$W/out" 'd["forms"] == ["Briefkopf", "請求書"] and d["colorProfiles"] == []'
 expect_json "$W/out" 'd["adminLoginModeEnabled"] is False and d["sleepMode"] == 0'
 
-# For people.
+# As a table.
 expect "the status of the table" 0 "$(status_of "$KELMCTL" printer fd77::1)"
 cat >"$W/expected" <<'END'
 MAC address           00:1b:a9:00:00:01
@@ -66,9 +66,9 @@ Barcode areas         1
     1  Kopf links
 Colour profiles       0
 END
-diff "$W/expected" "$W/out" || fail "the table is another one"
+diff "$W/expected" "$W/out" || fail "the table differs"
 
-# What the printer does not give whole is no list; a name cannot steer the terminal.
+# An incomplete list is not shown. A name cannot control the terminal.
 expect "the status with holes" 0 "$(status_of "$KELMCTL" printer 10.77.0.2 --json)"
 expect_json "$W/out" 'd["forms"] is None and d["macAddress"] is None'
 expect_json "$W/out" 'd["sharedBoxes"][1] == {"state": "1", "name": "A\x1b[2JB\x9b"}'
@@ -77,18 +77,18 @@ expect_line "$W/out" 'Forms                 not given by the printer'
 expect_line "$W/out" 'MAC address           not given by the printer'
 expect_line "$W/out" '    2  A\u001B[2JB\u009B'
 
-# On a terminal a line says what is being asked, erased for the next one and in the end.
+# On a terminal, a line says what is being asked. The next line replaces it, and the last one is erased.
 script -qec "'$KELMCTL' printer 10.77.0.1" /dev/null >"$W/terminal" </dev/null
 tr '\r' '\n' <"$W/terminal" | tr '\033' '^' | sed -n 's/^^\[K//p' | head -n 8 >"$W/progress"
 for question in 'sleep mode' 'MAC address' 'administrator log-in' 'number of shared boxes' \
   'shared boxes' forms 'barcode areas' 'colour profiles'; do
   echo "asking 10.77.0.1: $question"
 done >"$W/expected"
-diff "$W/expected" "$W/progress" || fail "other progress lines"
+diff "$W/expected" "$W/progress" || fail "the progress lines differ"
 expect "lines that erase the one before" 9 "$(tr '\033' '^' <"$W/terminal" | grep -o '\^\[K' | wc -l)"
 
-# Neither the user's nor the environment's SNMP settings count. No file of the SNMP library is even
-# looked for, and each question has one socket of its own.
+# SNMP settings of the user and the environment have no effect: no configuration file of the SNMP library is
+# even looked for. Each query has its own socket.
 mkdir -p "$W/home/.snmp" "$W/etc"
 printf "defaultPort 9161\ndefVersion 3\nretries 0\ntimeout 1\nmibs +ALL\n" |
   tee "$W/home/.snmp/snmp.conf" >"$W/etc/snmp.conf"
@@ -99,7 +99,7 @@ expect_json "$W/out" 'd["sleepMode"] == 2 and len(d["forms"]) == 98'
 ! grep -i 'snmp\|mibs' "$W/trace" | grep -v 'libnetsnmp\.so\|\.gcda"' || fail "it looks for SNMP settings"
 expect "sockets" 12 "$(grep -c 'socket(AF_INET, SOCK_DGRAM' "$W/trace")"
 
-# No answer: a word about what to do, status 1.
+# No answer: the message says what to do, and the status is 1.
 expect "the status for a wrong community" 1 \
   "$(status_of "$KELMCTL" printer 10.77.0.1 --community wrong --json)"
 grep -q '"10.77.0.1" does not answer .*"wrong".*--community' "$W/err" || fail "$(cat "$W/err")"
@@ -109,7 +109,7 @@ expect "the status for an unknown host" 1 "$(status_of "$KELMCTL" printer no.suc
 grep -q '"no.such.host.invalid" cannot be asked' "$W/err" || fail "$(cat "$W/err")"
 expect "output for an unknown host" '' "$(cat "$W/out")"
 
-# An answer that comes from elsewhere is none.
+# An answer from another port does not count.
 odd_agent_start elsewhere 10.77.0.3 elsewhere
 expect "the status for an answer from elsewhere" 1 "$(status_of "$KELMCTL" printer 10.77.0.3)"
 grep -q '"10.77.0.3" does not answer' "$W/err" || fail "$(cat "$W/err")"
@@ -125,7 +125,7 @@ expect_json "$W/second" 'd["address"] == "fd77::1" and d["forms"] == ["Briefkopf
 expect "the status of one in two printers" 3 "$(status_of "$KELMCTL" printer fd77::1 10.77.0.3)"
 expect_line "$W/out" 'fd77::1'
 
-# Interrupted: it says which printers were not asked to the end, for programs too.
+# If interrupted, it says which printers were not asked to the end, also as JSON.
 "$KELMCTL" printer 10.77.0.1 10.77.0.3 --json >"$W/out" 2>"$W/err" &
 started interrupted $!
 interrupted=$!

@@ -1,5 +1,5 @@
-// The printer queries against real agents. Each suite wants the printer that
-// printer_queries_test.sh starts for it, at the address PRINTER.
+// The printer queries against real agents. Each suite needs the printer that
+// printer_queries_test.sh starts for it; the variable PRINTER is its address.
 // SPDX-License-Identifier: Apache-2.0
 #include <gmock/gmock.h>
 
@@ -64,7 +64,7 @@ std::optional<std::string> macAddress() {
   return QVSNMPHelper::getMacAddress_community_(printer(), kCommunity);
 }
 
-// Expects the status and the mode of one question for the sleep mode.
+// Expects the status and the mode of one query for the sleep mode.
 void expectSleepMode(int status, std::int32_t mode) {
   std::int32_t found = 99;
   EXPECT_EQ(QVSNMPHelper::getSleepMode_community_sleepMode_(printer(), kCommunity, &found), status);
@@ -297,12 +297,12 @@ TEST(ManyAtATime, AreFoundOrFoundSilent) {
       {"127.0.0.1", true},     // a proper agent
       {"[::1]", true},         // the same over IPv6
       {"[fe80::1%lo]", true},  // with a zone
-      {"127.0.0.5", false},    // of another community
+      {"127.0.0.5", false},    // has another community
       {"127.0.0.20", false},   // keeps silent
       {"127.0.0.31", true},    // answers late
       {"127.0.0.32", true},    // answers the second request
       {"127.0.0.28", true},    // answers with an error
-      {"127.0.0.99", false}};  // refused: no one listens there
+      {"127.0.0.99", false}};  // refused: nothing listens there
   std::map<std::string, bool> found;
   Presence presence;
   const auto start = std::chrono::steady_clock::now();

@@ -1,7 +1,6 @@
 #!/bin/sh
-# The printer's answers as real agents give them, over IPv4 and IPv6, and as only broken ones do.
-# Every agent has a loopback address of its own, so that silent ones can be waited for at the same
-# time.
+# The answers of real agents over IPv4 and IPv6, and of agents that misbehave. Every agent has its own
+# loopback address, so that the waits for silent ones can run in parallel.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -11,14 +10,14 @@
 P=$HERE/printers
 ip -6 addr add fe80::1/64 dev lo nodad
 
-# ask SUITE ADDRESS : the tests of one suite of printer_queries.cpp
+# ask SUITE ADDRESS : runs one suite of printer_queries.cpp with the printer at ADDRESS
 ask() {
   PRINTER=$2 "$BUILD/tests/system/printer_queries" "--gtest_filter=$1.*" >"$W/ask_log.$1.$2" 2>&1 ||
     return 1
   grep -q 'PASSED.* [1-9][0-9]* test' "$W/ask_log.$1.$2"
 }
 
-# ask_meanwhile SUITE ADDRESS : as ask, but not waited for until all_asked
+# ask_meanwhile SUITE ADDRESS : does the same in the background; all_asked waits for the result
 asked=''
 ask_meanwhile() {
   ask "$1" "$2" &
@@ -78,14 +77,14 @@ ask AgentError 127.0.0.28 || fail AgentError
 ask PlainIPv6Address ::1 || fail PlainIPv6Address
 all_asked
 
-# The whole family goes into one request, which is larger than one Ethernet frame holds.
+# A whole family goes into one request, which does not fit into one Ethernet frame.
 size=$(sed -n '2s/ .*//p' "$W/dropping/requests")
 [ "$size" -gt 2200 ] || fail "a request for 100 forms of only $size bytes"
 
 # The test query goes to this machine: version 2c (1), community "public", one GET of sysName.0.
 stop many
 odd_agent_start local 127.0.0.1 doubled
-ask TestValue 127.0.0.1 || fail "TestValue with an agent of its own"
+ask TestValue 127.0.0.1 || fail "TestValue with the odd agent"
 expect "requests of the test query" 1 "$(sed 1d "$W/local/requests" | wc -l)"
 sed -n 2p "$W/local/requests" | grep -q ' 30..02010104067075626c6963a0.*300e300c06082b060102010105000500$' ||
   fail "not the test query: $(sed -n 2p "$W/local/requests")"

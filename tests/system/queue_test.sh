@@ -1,7 +1,7 @@
 #!/bin/sh
-# A real queue with the printer's PPD: what people choose with lp arrives in the header and in the
-# PostScript. Every choice of every option is printed, and every line of both is compared: the jobs
-# and what the printer gets are in queue/.
+# A real queue with the printer's PPD: what is chosen with lp arrives in the header and in the PostScript.
+# Every choice of every option is printed, and every line of the header and of the feature sections is
+# compared. The jobs, and what the printer must get, are in queue/.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -17,13 +17,13 @@ mkdir "$W/jobs"
 awk -v from="$HERE/queue" -v cases="$SOURCE/tests/cases" -v to="$W/jobs" -f "$HERE/lib/queue_jobs.awk" || fail "no jobs"
 jobs=$(find "$W/jobs" -name '*.name' | wc -l)
 
-# Each choice that a person can name is among the jobs' options.
+# Every choice that can be named is among the jobs' options.
 sort "$W"/jobs/*.arguments | sed -n 's/^QV/*QV/p' | sort -u >"$W/printed"
 sed -n 's/^\(\*QV[^ ]*\) \([^/]*\)\/.*: "..*/\1=\2/p' "$PPD" | sort >"$W/choices"
 [ -s "$W/choices" ] || fail "the PPD has no choices"
 expect "choices that no job in tests/system/queue has" "" "$(comm -13 "$W/printed" "$W/choices")"
 
-# lp_job N LP-ARGUMENTS... : submits the job N with its own arguments after these
+# lp_job N LP-ARGUMENT... : submits the job N; its own arguments follow these
 lp_job() {
   file=$W/jobs/$1
   shift
@@ -38,7 +38,7 @@ lp_job() {
 
 no_job_left() { [ -z "$(lpstat -W not-completed -o kelm)" ]; }
 
-# What follows the header: the feature sections, a line each.
+# sections FILE : the feature sections of the PostScript, one per line
 sections() {
   awk '/^%%BeginFeature: / { sub(/^%%BeginFeature: /, ""); section = $0; next }
        /^%%EndFeature/ { print section; section = ""; next }
@@ -58,7 +58,7 @@ while [ $job -le "$jobs" ]; do
 done
 wait_until 30 no_job_left || fail "jobs are left in the queue"
 
-# A job begins with its UEL, which is nowhere else; pstops ends the one before with Ctrl-D.
+# A job begins with its UEL, which is nowhere else. pstops ends the job before with Ctrl-D.
 awk -v to="$W/jobs" '/^\004?\033%-12345X@PJL$/ { file = to "/" ++job ".printed"; next } { print > file }' \
   "$W/printer.out"
 wrong=0
@@ -78,8 +78,7 @@ while [ $job -le "$jobs" ]; do
 done
 expect "headers and sections that are wrong" 0 "$wrong"
 
-# What header and PostScript say never disagrees: kelmctl finds nothing else wrong with the streams
-# than jobs.txt says.
+# Header and PostScript agree: kelmctl finds nothing wrong with the streams except what jobs.txt says.
 job=1
 while [ $job -le "$jobs" ]; do
   file=$W/jobs/$job
@@ -111,8 +110,8 @@ done
 expect "jobs whose PostScript asks for copies" "" \
   "$(grep -liE 'NumCopies [2-9]|RBINumCopies: [2-9]|numcopies\(' "$W"/jobs/*.postscript)"
 
-# Outside of the sections the PostScript is as pstops wrote it: the same job by a queue without the
-# filter.
+# Outside the sections the PostScript is as pstops wrote it. For comparison, a queue without the filter
+# prints the same job.
 sed 's/^\(\*cupsFilter: "application.vnd.cups-postscript 0\) kelmfilter"$/\1 -"/' "$PPD" >"$W/no_filter.ppd"
 cups_queue unfiltered socket://127.0.0.1:9101 "$W/no_filter.ppd"
 printer_start 9101 "$W/unfiltered.out"
@@ -120,20 +119,20 @@ texts=$(job_named 'custom texts with spaces')
 set --
 while read -r argument; do set -- "$@" "$argument"; done <"$W/jobs/$texts.arguments"
 cups_job unfiltered -t Report "$@" "$W/page.ps" >"$W/job_id" || fail "the job did not end"
-# outside_sections FILE : and without the Ctrl-D that ends a job
+# outside_sections FILE : the PostScript without sections and without the Ctrl-D at the end
 outside_sections() {
   sed -e '/^%%BeginFeature: /,/^%%EndFeature/d' "$1" | tr -d '\004'
 }
 outside_sections "$W/unfiltered.out" >"$W/unfiltered"
-[ "$(wc -l <"$W/unfiltered")" -gt 100 ] || fail "no job came without the filter"
+[ "$(wc -l <"$W/unfiltered")" -gt 100 ] || fail "no job arrived without the filter"
 outside_sections "$W/jobs/$texts.postscript" >"$W/filtered"
-diff "$W/unfiltered" "$W/filtered" || fail "the filter changed what is no section"
+diff "$W/unfiltered" "$W/filtered" || fail "the filter changed something outside the sections"
 sections "$W/unfiltered.out" | grep -q XXX || fail "the filter had nothing to fill"
 
-# printed_since BYTES : what the printer got after them
+# printed_since BYTES : what the printer got after the first BYTES
 printed_since() { tail -c "+$(($1 + 1))" "$W/printer.out"; }
 
-# A PDF, as dialogs send it: the same header and the same sections as of PostScript.
+# A PDF, which most dialogs send, gives the same header and the same sections as PostScript.
 gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=pdfwrite "-sOutputFile=$W/page.pdf" "$W/page.ps"
 before=$(wc -c <"$W/printer.out")
 cups_job kelm -t Report "$@" "$W/page.pdf" >"$W/job_id" || fail "the PDF did not end"
@@ -149,7 +148,7 @@ cups_job kelm -o UpdatePPDOptions -o IsWakeOnLan=0 "$W/page.ps" >"$W/job_id" ||
 wait_until 5 grep -q '^\*IsWakeOnLan: 0$' "$(cups_queue_ppd kelm)" || fail "nothing was stored"
 expect "bytes at the printer" "$before" "$(wc -c <"$W/printer.out")"
 
-# Defaults of the server and of its users travel with the job; the filter reads those in the PPD.
+# Defaults of the queue and of users come with the job; the filter reads those in the PPD.
 lpadmin -p kelm -o QVStapleMode-default=TwoStaple -o QVPunchMode=TwoHoles 2>"$W/lpadmin_log"
 CUPS_SERVERROOT=$CUPS/etc
 export CUPS_SERVERROOT

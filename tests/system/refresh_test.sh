@@ -36,7 +36,7 @@ NICK=$(sed -n 's/^\*NickName: *"\(.*\)"/\1/p' "$INSTALLED")
 printf '%%!PS-Adobe-3.0\n%%%%Pages: 1\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n%%%%EOF\n' \
   >"$W/page.ps"
 
-# Version 1: a queue with facts and defaults of its own, one of which has no choice in version 2.
+# Version 1: a queue with facts and its own defaults. Version 2 does not have the choice of one default.
 cups_setup
 cups_start
 printer_start 9100 "$W/printer.out"
@@ -52,7 +52,7 @@ print_page kelm
 run 0 refresh kelm
 expect "output for a queue that is fresh" 'kelm: nothing to do, it has the installed PPD' "$(cat "$W/out")"
 
-# Version 2 is installed: another FileVersion, and one choice less.
+# Version 2 is installed: it has another FileVersion and one choice less.
 sed -e 's/^\*FileVersion:.*/*FileVersion: "99.0"/' -e '/^\*QVStapleMode OneStaple/d' \
   "$BUILD/ppd/kelm-ij.ppd" >"$W/version2"
 cp "$W/version2" "$INSTALLED"
@@ -69,12 +69,12 @@ expect_line "$PPD" '*FileVersion: "99.0"'
 expect_line "$PPD" '*DefaultPageSize: A3'
 expect_line "$PPD" '*DefaultPaperDimension: A3'
 expect_line "$PPD" '*DefaultQVStapleMode: OFF'
-"$KELMCTL" settings kelm --json | diff "$W/facts" - || fail "the facts are others"
+"$KELMCTL" settings kelm --json | diff "$W/facts" - || fail "the facts differ"
 print_page kelm
 run 0 refresh --all
 expect "output for a queue that is fresh" 'kelm: nothing to do, it has the installed PPD' "$(cat "$W/out")"
 
-# Nothing is changed where the new PPD cannot be read, or where the server fails.
+# Nothing changes if the new PPD cannot be read, or if the server fails.
 cp "$PPD" "$W/before"
 awk 'NR == 2 { x = sprintf("%300s", ""); gsub(/ /, "x", x); print "*Long: \"" x "\"" } { print }' \
   "$W/version2" >"$W/broken"
@@ -89,7 +89,7 @@ grep -q '^kelmctl: kelm: .*; it has its old PPD$' "$W/err" || fail "$(cat "$W/er
 umount "$CUPS/etc/ppd"
 cmp "$PPD" "$W/before" || fail "a server that fails changed the queue's PPD"
 
-# Nor where no lock keeps other processes away.
+# Nothing changes if the lock against other processes cannot be taken.
 mount --bind /run/lock /run/lock
 mount -o remount,bind,ro /run/lock
 run 1 refresh kelm --ppd "$W/version3"
@@ -112,7 +112,7 @@ cancel -a busy
 run 0 refresh kelm --ppd "$W/version3"
 expect_line "$PPD" '*FileVersion: "100.0"'
 
-# A PPD that is installed nowhere, a queue that is not ours, no queue.
+# A PPD that is not installed, a queue with another driver, an unknown queue.
 sed "s/$NICK/KELM Unknown/" "$BUILD/ppd/kelm-ij.ppd" >"$W/unknown.ppd"
 cups_queue unknown socket://127.0.0.1 "$W/unknown.ppd"
 run 1 refresh unknown
@@ -122,7 +122,7 @@ cups_queue other socket://127.0.0.1 "$W/other.ppd"
 run 1 refresh other
 grep -q 'other: it does not print with kelmfilter' "$W/err" || fail "$(cat "$W/err")"
 run 3 refresh kelm nothere
-# With several servers, each line says which.
+# With several servers, each line names the server.
 run 3 refresh kelm -h 127.0.0.1:631 -h 127.0.0.1:632
 expect "the first server" '127.0.0.1:631/kelm: nothing to do, it has the installed PPD' "$(cat "$W/out")"
 grep -q '^kelmctl: 127.0.0.1:632/kelm: the print server 127.0.0.1:632 does not answer; start it' "$W/err" ||

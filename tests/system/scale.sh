@@ -1,8 +1,7 @@
 #!/bin/sh
-# A class over two print servers, one of which is killed in the middle and started again: every job is
-# printed, and the jobs that are printed twice are known. KELM_JOBS is the number of jobs, 100 when not given;
-# KELM_ROUNDS are the rounds, each with a printer-error-policy and a parameter for the device URIs;
-# docs/scale.md has figures.
+# A class over two print servers, one of which is killed in the middle and started again: counts the jobs that
+# are printed, printed twice and lost. KELM_JOBS is the number of jobs (default: 100). KELM_ROUNDS lists the
+# rounds, each as a printer-error-policy and a parameter for the device URIs. docs/scale.md has figures.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -13,8 +12,8 @@ JOBS=${KELM_JOBS:-100}
 ROUNDS=${KELM_ROUNDS:-retry-job?waitjob=false}
 FRONT=$W/front
 
-# site NUMBER : a print server of its own network namespace, at 10.99.NUMBER.2, with the queue kelm;
-# its printer keeps each job in a file JOB.NUMBER.ID of $W/printed
+# site NUMBER : a print server in its own network namespace, at 10.99.NUMBER.2, with the queue kelm. Its
+# printer writes each job to a file TITLE.NUMBER.ID in $W/printed.
 site() {
   unshare -n sh -c 'exec sleep 7200' &
   started "site$1" $!
@@ -49,7 +48,7 @@ site_start() {
   nsenter -t "$namespace" -n /usr/sbin/cupsd -f -c "$W/site$1/etc/cupsd.conf" \
     -s "$W/site$1/etc/cups-files.conf" >>"$W/site$1/log/stdout_log" 2>&1 </dev/null &
   started "cupsd$1" $!
-  wait_until 10 site_answers "$1" || fail "site $1 does not come up"
+  wait_until 10 site_answers "$1" || fail "site $1 does not start"
 }
 
 # front_class POLICY PARAMETER : the class "pool" over both sites; PARAMETER is added to the device URIs
@@ -91,14 +90,14 @@ round() {
     "$1" "$JOBS" "$(printed | sort -u | wc -l)" "$(printed | uniq -d | wc -l)" \
     $((JOBS - $(printed | sort -u | wc -l))) "$(find "$W/printed" -name '*.1.*' | wc -l)" \
     "$(find "$W/printed" -name '*.2.*' | wc -l)" $(($(date +%s) - begin))
-  # In front a job is kept until it is printed; with waitjob=false, server 2 may have taken one that it
-  # had not written down yet.
+  # The front server keeps a job until it is printed. With waitjob=false, server 2 may have accepted one job
+  # that it had not saved yet.
   case $1 in
     *waitjob=false) least=$((JOBS - 1)) ;;
     *) least=$JOBS ;;
   esac
   at_least "$least" || fail "jobs are lost: $((JOBS - $(printed | sort -u | wc -l)))"
-  # Whole jobs, through the filter of the site.
+  # The jobs are whole, and went through the site's filter.
   for file in $(find "$W/printed" -type f | head -n 20); do
     expect_line "$file" '@PJL ENTER LANGUAGE=POSTSCRIPT'
     expect_line "$file" '%%EOF'
@@ -121,7 +120,7 @@ for round in $ROUNDS; do
   round "$round"
 done
 
-# Outside a class, the policy decides what a failure of the backend does to the queue and its job.
+# Outside a class, the policy decides what happens to the queue and the job if the backend fails.
 printf '#!/bin/sh\ncat >/dev/null\nexit 1\n' >"$CUPS/bin/backend/broken"
 chmod 755 "$CUPS/bin/backend/broken"
 for policy in stop-printer abort-job retry-job retry-current-job; do

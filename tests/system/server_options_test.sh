@@ -10,21 +10,21 @@
 
 KELMCTL=$BUILD/kelmctl
 
-# on_terminal [PROMPT ANSWER]... -- ARGUMENT... : kelmctl on a terminal; $status, and what it showed in
-# $W/terminal
+# on_terminal [PROMPT ANSWER]... -- COMMAND... : runs a command on a terminal; sets $status, and what the
+# terminal showed is in $W/terminal
 on_terminal() {
   status=0
   /usr/bin/python3 "$HERE/lib/on_terminal.py" "$@" >"$W/terminal" 2>"$W/terminal_log" || status=$?
 }
 
-# A user with a password, who is known in the test's own mount namespace only.
+# A user with a password, who exists only in the test's mount namespace.
 cp /etc/passwd /etc/shadow "$W"
 echo 'clerk:x:61718:65534:Print clerk:/:/usr/sbin/nologin' >>"$W/passwd"
 echo "clerk:$(openssl passwd -6 'open sesame'):19000:0:99999:7:::" >>"$W/shadow"
 mount --bind "$W/passwd" /etc/passwd
 mount --bind "$W/shadow" /etc/shadow
 
-# A job needs the user's password, everything else none. Certificates are made in a directory.
+# A job needs the user's password, everything else none. cupsd makes its certificates in etc/ssl.
 cups_setup
 install -d -m 700 "$CUPS/etc/ssl"
 sed -i 's|^DefaultAuthType.*|DefaultAuthType Basic|; s|^  <Limit All>|  <Limit Create-Job Send-Document Print-Job>\n    AuthType Basic\n    Require user clerk\n    Order deny,allow\n    Allow from all\n  </Limit>\n&|' "$CUPS/etc/cupsd.conf"
@@ -35,21 +35,21 @@ printer_mib "$HERE/printers/few_boxes.mib" | agent_start agent 127.0.0.1
 printer_mib "$HERE/printers/few_boxes.mib" | agent_start second 127.0.0.2
 cups_queue other socket://127.0.0.1 "$HERE/lib/queue.ppd"
 
-# The password is read from the terminal, once for all queues of a server, and not shown.
+# The password is read from the terminal once for all queues of a server, and is not shown.
 on_terminal 'Password for clerk on 127.0.0.1? ' 'open sesame' -- "$KELMCTL" sync kelm other -U clerk
 expect "status with the password" 0 "$status"
 expect "questions" 1 "$(grep -c 'Password for clerk' "$W/terminal")"
 ! grep -q sesame "$W/terminal" || fail "the password is shown"
 expect "queues that are done" 2 "$(grep -c '[a-z]*: done, [0-9]* settings changed' "$W/terminal")"
 
-# Standard output has the results alone. The user may also come from the environment.
+# Standard output has only the results. The user may also come from the environment.
 KELM_OUTPUT=$W/out CUPS_USER=clerk on_terminal 'Password for clerk' 'open sesame' -- \
   "$KELMCTL" sync kelm --address 127.0.0.2 --json
 expect "status with CUPS_USER" 0 "$status"
 expect "lines" 1 "$(wc -l <"$W/out")"
 grep -q '^{"server":"127.0.0.1","queue":"kelm","status":"done"' "$W/out" || fail "$(cat "$W/out")"
 
-# A wrong password is asked for again, and refused in the end.
+# After a wrong password kelmctl asks again, three times in all.
 on_terminal 'Password for' wrong 'Password for' 'open sesame' -- "$KELMCTL" sync kelm -U clerk
 expect "status with the second password" 0 "$status"
 on_terminal 'Password for' wrong 'Password for' wrong 'Password for' wrong 'Password for' wrong \
@@ -58,11 +58,11 @@ on_terminal 'Password for' wrong 'Password for' wrong 'Password for' wrong 'Pass
 expect "status with a wrong password" 1 "$status"
 expect "questions" 3 "$(grep -c 'Password for' "$W/terminal")"
 grep -q 'the print server refuses the update job for the queue "kelm": ' "$W/terminal" ||
-  fail "no word about it: $(cat "$W/terminal")"
+  fail "no message about it: $(cat "$W/terminal")"
 on_terminal 'Password for' '' -- "$KELMCTL" sync kelm -U clerk --address 127.0.0.2
 expect "status without a password" 1 "$status"
 
-# Two servers on one computer: the password for each is asked for by name, and counted by itself.
+# Two servers on one computer: each has its own prompt, with its name, and its own count of attempts.
 cp -a "$CUPS" "$W/second_server"
 sed -i "s|$CUPS|$W/second_server|g; s/127.0.0.1:631/127.0.0.1:632/" "$W/second_server/etc/cupsd.conf" \
   "$W/second_server/etc/cups-files.conf"
@@ -83,20 +83,20 @@ expect "status with the other password" 0 "$status"
 expect "questions" 1 "$(grep -c 'Password for' "$W/terminal")"
 stop second_server
 
-# Without a terminal nothing is asked.
+# Without a terminal, kelmctl does not ask.
 status=0
 setsid -w "$KELMCTL" sync other --address 127.0.0.2 -U clerk >"$W/out" 2>"$W/err" </dev/null || status=$?
 expect "status without a terminal" 1 "$status"
-grep -q 'refuses the update job' "$W/err" || fail "no word about it: $(cat "$W/err")"
+grep -q 'refuses the update job' "$W/err" || fail "no message about it: $(cat "$W/err")"
 expect "jobs left" '' "$(lpstat -W not-completed -o)"
 
-# Encryption: asked for, it is there; a server that has none is not asked.
+# With -E the connection is encrypted. A server without encryption gets no request.
 encrypted() { grep -c 'Connection now encrypted' "$CUPS/log/error_log" || :; }
 expect "connections that are encrypted" 0 "$(encrypted)"
 "$KELMCTL" settings kelm -E >"$W/out" 2>"$W/err" || fail "not with -E: $(cat "$W/err")"
 [ "$(encrypted)" -gt 0 ] || fail "the connection is not encrypted"
 expect_line "$W/out" 'Shared boxes              1  Einkauf'
-# An IPv6 address with brackets and, without a port, without them.
+# IPv6 addresses: with a port only in brackets, without a port also without them.
 sed -i 's/^Listen 127.*/&\nListen [::1]:631/; s/Allow from 127.0.0.1/&\n  Allow from ::1/' "$CUPS/etc/cupsd.conf"
 kill -HUP "$(cat "$W/pids/cupsd")"
 ipv6_listens() { ss -ltn6 'sport = :631' | grep -q LISTEN; }
@@ -115,5 +115,5 @@ status=0
 "$KELMCTL" settings kelm -E -h 127.0.0.1:8080 >"$W/out" 2>"$W/err" || status=$?
 expect "status of a server without encryption" 1 "$status"
 grep -q '^kelmctl: the print server 127.0.0.1:8080 cannot be asked with encryption: ' "$W/err" ||
-  fail "no word about it: $(cat "$W/err")"
+  fail "no message about it: $(cat "$W/err")"
 ! grep -q kelm.ppd "$W/plain_log" || fail "it was asked without encryption"

@@ -1,8 +1,8 @@
 #!/bin/sh
-# soak.sh [JOBS [SECONDS]] : jobs of all kinds on 10 queues of a private cupsd, spread over so many
-# seconds (2,000 and 300 by default), with cancels, restarts of cupsd, full devices and update jobs
-# mixed in. Afterwards every job that was not cancelled has its right bytes, and nothing is left: no
-# process, no temporary file, no descriptor, no memory. Not a part of "make check"; see "make soak".
+# soak.sh [JOBS [SECONDS]] : JOBS jobs (default: 2,000) of all kinds on 10 queues of a private cupsd, spread
+# over SECONDS (default: 300), with cancels, restarts of cupsd, full devices and update jobs mixed in.
+# Afterwards every job that was not cancelled has the right bytes, and no process, temporary file, descriptor
+# or memory is left over. "make soak" runs it; it is not part of "make check".
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -13,7 +13,7 @@ JOBS=${1:-2000}
 SECONDS_IN_ALL=${2:-300}
 OUTSTANDING=20
 
-# The device of a queue: keeps each job under its number once it is whole; "full" loses it all.
+# The backend of the queues: it keeps each complete job in a file with its number; "full" loses all jobs.
 write_device() {
   cat >"$CUPS/bin/backend/keep" <<END
 #!/bin/sh
@@ -49,7 +49,7 @@ memory() { sed -n 's/^VmRSS:[[:space:]]*\([0-9]*\).*/\1/p' "/proc/$(cupsd_pid)/s
 descriptors() { find "/proc/$(cupsd_pid)/fd" -mindepth 1 | wc -l; }
 
 cups_setup
-# A short history of jobs: the server keeps it in memory.
+# The server keeps the history of jobs in memory, so it must be short.
 sed -i 's/^LogLevel.*/LogLevel warn/; s/^MaxJobs.*/MaxJobs 200/' "$CUPS/etc/cupsd.conf"
 write_device
 install -d -o lp -g lp -m 755 "$W/jobs"
@@ -67,10 +67,10 @@ for number in 0 1 2 3 4 5 6 7 8 9; do
   lpadmin -p "soak$number" -o printer-error-policy=retry-current-job 2>"$W/lpadmin_log"
 done
 
-# One job of each kind on its own, to compare the others with.
+# One job of each kind is printed alone. The other jobs are compared with these.
 for kind in plain custom dialog large; do
   id=$(submit soak0 $kind)
-  wait_until 30 test -e "$W/jobs/$id" || fail "the first job of the kind $kind did not come"
+  wait_until 30 test -e "$W/jobs/$id" || fail "the first job of the kind $kind did not arrive"
   mv "$W/jobs/$id" "$W/right.$kind"
   head -c 9 "$W/right.$kind" | grep -qa '%-12345X' || fail "no header in a job of the kind $kind"
   grep -qa '^showpage' "$W/right.$kind" || fail "no end in a job of the kind $kind"
@@ -100,8 +100,8 @@ while [ $number -lt "$JOBS" ]; do
     cancel "$id" 2>"$W/cancel_err" || :
   fi
   echo "$id $kind $fate" >>"$W/submitted"
-  # Each question takes as long as a job.
-  [ $((number % 5)) != 0 ] || wait_until 60 few_wait || fail "the jobs do not go on: $(waiting) wait"
+  # Asking for the queue takes as long as a job.
+  [ $((number % 5)) != 0 ] || wait_until 60 few_wait || fail "the queue does not get shorter: $(waiting) wait"
   if [ $((number % 250)) = 0 ]; then
     echo "$number jobs, $(memory) KB in cupsd, $(descriptors) descriptors"
     [ "$memory_before" != 0 ] || memory_before=$(memory)
@@ -131,4 +131,4 @@ sleep 1
 [ "$(descriptors)" -le $((descriptors_before + 2)) ] || fail "$(descriptors) descriptors, $descriptors_before before"
 [ $((${memory_after:-0} * 100)) -le $((memory_before * 120)) ] ||
   fail "cupsd grew from $memory_before to $memory_after KB"
-echo "all right: every job's bytes, no process, file or descriptor left"
+echo "every job has the right bytes; no process, file or descriptor is left over"

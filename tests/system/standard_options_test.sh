@@ -1,6 +1,6 @@
 #!/bin/sh
-# What people choose in any program reaches header and PostScript, and the two never disagree: the
-# default model on a real queue. The jobs and what the printer gets are in standard/jobs.txt.
+# Standard options on a real queue with the default model: what is chosen reaches header and PostScript, and
+# the two never disagree. The jobs, and what the printer must get, are in standard/jobs.txt.
 # Time limit: 900 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
@@ -18,7 +18,7 @@ export CUPS_SERVERROOT
 
 cups_setup
 cups_start
-# Two queues print the jobs at the same time, each to a printer of its own.
+# Two queues print the jobs at the same time, each to its own printer.
 printer_start 9100 "$W/kelm.out"
 printer_start 9101 "$W/second.out"
 cups_queue kelm socket://127.0.0.1:9100 "$BUILD/ppd/kelm-ij.ppd"
@@ -35,7 +35,8 @@ for name in document one_page; do
 done
 
 gs -dSAFER -dBATCH -dNOPAUSE -q -sDEVICE=jpeg -r30 "-sOutputFile=$W/photo.jpg" "$W/one_page.ps"
-# What phones send by AirPrint. A page of 827 x 1169 white pixels at 100 dpi: 4 times 256 lines, and 145.
+# The format that phones send by AirPrint. A page has 827 x 1169 white pixels at 100 dpi; the lines are encoded
+# as 4 times 256 and once 145.
 urf_page() {
   printf '\010\000\001\004\000\000\000\000\000\000\000\000\000\000\003\073\000\000\004\221\000\000\000\144'
   printf '\000\000\000\000\000\000\000\000\377\200\377\200\377\200\377\200\220\200'
@@ -45,7 +46,7 @@ urf_page() {
 python3 "$HERE/lib/standard_jobs.py" "$HERE/standard/jobs.txt" "$W" "$BUILD/kelmctl" kelm second ||
   fail "a job went wrong"
 
-# What the queue tells clients that it can do.
+# The queue offers clients the right attributes.
 cat >"$W/attributes.test" <<'END'
 {
   OPERATION Get-Printer-Attributes
@@ -76,7 +77,7 @@ while read -r name values; do
   done
 done <"$HERE/standard/attributes.txt"
 
-# A driverless queue made from the shared one offers two sides, trays and types, and prints right.
+# A driverless queue for the shared queue offers two sides, trays and paper types, and prints correctly.
 ln -sfn /usr/lib/cups/backend/ipp "$CUPS/bin/backend/ipp"
 lpadmin -p everywhere -E -v ipp://127.0.0.1:631/printers/kelm -m everywhere 2>"$W/everywhere_log" ||
   fail "no driverless queue: $(cat "$W/everywhere_log")"

@@ -1,6 +1,6 @@
 #!/bin/sh
-# An update job makes the print server store every kind of fact about the printer in the queue's
-# PPD, and they are read back as they were: from the server and from the file.
+# An update job makes CUPS store every kind of fact about the printer in the queue's PPD. kelmctl reads the
+# same facts back, from the server and from the file.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -25,15 +25,15 @@ cups_start
 printer_start 9100 "$W/printer.out"
 cups_queue kelm socket://127.0.0.1:9100 "$HERE/lib/queue.ppd"
 
-# More than a pipe holds: the job must end although the filter does not read it.
+# The document is larger than a pipe's buffer: the job must end although the filter does not read it.
 {
   printf '%%!PS-Adobe-3.0\n%%%%Pages: 1\n%%%%EndComments\n%%%%Page: 1 1\n'
   yes '100 100 moveto 200 200 lineto stroke' | head -n 20000
   printf 'showpage\n%%%%EOF\n'
 } >"$W/large.ps"
 
-# "Poststelle Süd" is UG9zdHN0ZWxsZSBTw7xk: its parts end where no text ends. Box 1 is missing, box
-# 7 has a gap in its parts, box 99 is the last.
+# "Poststelle Süd" is UG9zdHN0ZWxsZSBTw7xk in Base64; its parts end within encoded characters. Box 1 is
+# missing, box 7 has a gap in its parts, box 99 is the last one.
 update PPDOptionsUpdated=1 IsCustomSnmpCommunity=1 IsWakeOnLan=0 IsOverTheRouter=1 \
   UsePersonalFolder=1 AdminLoginModeEnabled=0 \
   "SnmpCommunityName=$(encoded 'Büro Süd')" \
@@ -98,11 +98,11 @@ expect "copies of the PPD left over" "" "$(ls "$W/tmp")"
 diff "$W/expected.json" "$W/file.json" >&2 || fail "the file's facts are not what was sent"
 expect "bytes at the printer" 0 "$(wc -c <"$W/printer.out")"
 
-# The keywords as the print server stores them.
+# The keywords as CUPS stores them.
 expect_line "$(cups_queue_ppd kelm)" '*IsWakeOnLan: 0'
 expect_line "$(cups_queue_ppd kelm)" '*SharedBoxName0_Part2: 0ZWxsZSBTw'
 if grep -q 'UpdatePPDOptions\|SharedBoxName100\|ColorProfileName30' "$(cups_queue_ppd kelm)"; then
-  fail "a keyword that is none of the printer's facts was stored"
+  fail "a keyword was stored that is not a fact about the printer"
 fi
 
 # A later update replaces what it names and keeps the rest.

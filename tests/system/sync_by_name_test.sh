@@ -1,5 +1,5 @@
 #!/bin/sh
-# The queue of a printer that announces itself: kelmctl sync finds the printer by its name.
+# A queue whose device URI has a service's name: kelmctl sync finds the printer that announces this name.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -35,7 +35,7 @@ cups_queue kelm 'dnssd://My.Printer%202._pdl-datastream._tcp.local/' "$HERE/lib/
 "$BUILD/kelmctl" sync kelm >"$W/out" 2>"$W/err" || fail "kelmctl sync: $(cat "$W/err")"
 has_box || fail "no shared box is stored: $(cat "$W/out")"
 
-# With --address, a name that is gone is not looked up.
+# With --address, the name is not looked up.
 lpadmin -p kelm -v dnssd://Nobody._pdl-datastream._tcp.local/ 2>"$W/lpadmin_log"
 before=$(date +%s%N)
 "$BUILD/kelmctl" sync kelm --address 127.0.0.1 --dry-run >"$W/out" 2>"$W/err" ||

@@ -1,6 +1,6 @@
 #!/bin/sh
-# From the printer to its next job: the printer's answers, kelmctl sync, the update job, the queue's PPD, kelmctl
-# settings and the next print job; and everything that can break it.
+# kelmctl sync from beginning to end: the printer's answers, the update job, the queue's PPD, kelmctl settings,
+# and the next print job; and what can go wrong on the way.
 # Time limit: 240 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
@@ -24,27 +24,27 @@ run() {
   [ $status = "$wanted" ] || fail "kelmctl $*: status $status: $(cat "$W/err")"
 }
 
-# expect_message PATTERN : the last run said why it failed, in one line, and nothing else
+# expect_message PATTERN : the last run printed one line, which says why it failed
 expect_message() {
   grep -q -e "^kelmctl: .*$1" "$W/err" || fail "no message '$1', but: $(cat "$W/err")"
   expect "the lines of the message" 1 "$(wc -l <"$W/err")"
   expect "standard output" '' "$(cat "$W/out")"
 }
 
-# expect_unchanged : the queue's PPD is as "keep" found it
+# keep : copies the queue's PPD; expect_unchanged : the PPD is still the same
 keep() { cp "$(cups_queue_ppd kelm)" "$W/kept.ppd"; }
-expect_unchanged() { cmp "$W/kept.ppd" "$(cups_queue_ppd kelm)" || fail "the PPD is another one"; }
+expect_unchanged() { cmp "$W/kept.ppd" "$(cups_queue_ppd kelm)" || fail "the PPD changed"; }
 
-# settings EXPRESSION : of the stored settings, named d
+# settings CONDITION : the Python condition is true, with the stored settings as d
 settings() {
   "$KELMCTL" settings kelm --json >"$W/settings.json"
   /usr/bin/python3 -c 'import json, sys
 d = json.load(open(sys.argv[1]))
 sys.exit(0 if eval(sys.argv[2]) else 1)' "$W/settings.json" "$1" ||
-    fail "$(cut -c 1-200 "$W/settings.json"): not so: $1"
+    fail "$(cut -c 1-200 "$W/settings.json"): not true: $1"
 }
 
-# play FILE... : the printer is now the one of these data files
+# play FILE... : from now on, the printer answers from these data files
 play() {
   [ ! -e "$W/pids/agent" ] || stop agent
   printer_mib "$@" | agent_start agent 127.0.0.1
@@ -75,7 +75,7 @@ END
 diff "$W/expected" "$W/out" || fail "the dry run shows something else"
 expect_unchanged
 
-# The circle.
+# The sync stores the facts.
 run 0 sync kelm
 expect "standard error" '' "$(cat "$W/err")"
 cat >"$W/expected" <<'END'
@@ -92,7 +92,7 @@ Forms: 0 -> 2
   + 1  Briefkopf
   + 2  請求書
 END
-diff "$W/expected" "$W/out" || fail "the changes are others"
+diff "$W/expected" "$W/out" || fail "the changes differ"
 settings 'd["printerMacAddress"] == "00:1b:a9:00:00:01" and d["printerIPAddress"] == "127.0.0.1"'
 settings 'd["snmpCommunityName"] == "public" and not d["isCustomSnmpCommunity"]'
 settings 'd["sharedBoxes"] == ["Einkauf", "Müller \"intern\""]'
@@ -101,7 +101,7 @@ settings 'd["colorProfiles"] == [] and not d["adminLoginModeEnabled"] and d["ppd
 settings 'd["isWakeOnLan"] and not d["isOverTheRouter"] and not d["usePersonalFolder"]'
 expect "what the printer got of it" '' "$(cat "$W/printer.out")"
 
-# A print job goes through the changed PPD with all its features.
+# A print job with the changed PPD has the header and the feature sections.
 printf '%%!PS-Adobe-3.0\n%%%%Pages: 1\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n%%%%EOF\n' \
   >"$W/page.ps"
 print_page() {
@@ -113,23 +113,23 @@ print_page() {
 }
 print_page
 
-# What is stored already is not sent again.
+# Facts that are stored already are not sent again.
 lpstat -W completed -o >"$W/jobs"
 run 0 sync kelm
 expect "the second time" 'Nothing changed.' "$(cat "$W/out")"
 lpstat -W completed -o | diff "$W/jobs" - || fail "an update job that changes nothing"
 
-# A box that moves is a change, with both numbers.
+# A box with another number is shown as a change, with both numbers.
 printf 'boxState 17 integer 0\nboxState 5 integer 1\nboxName 5 text Müller "intern"\n' |
   play "$P/few_boxes.mib" -
 run 0 sync kelm
 printf 'Shared boxes: 2 -> 2\n  - 17  Müller "intern"\n  + 5  Müller "intern"\n' |
-  diff - "$W/out" || fail "a box that moves is shown otherwise"
+  diff - "$W/out" || fail "a box that moves is shown differently"
 play "$P/few_boxes.mib"
 run 0 sync kelm --json
 grep -q '"sharedBoxNumbers":{"before":\[1,5\],"after":\[1,17\]}' "$W/out" || fail "$(cat "$W/out")"
 
-# Entries come and go; the longest text that fits takes six parts.
+# Entries are added and removed. The longest text that fits takes six parts.
 play "$P/few_boxes.mib" "$P/changed.mib"
 run 0 sync kelm
 settings 'd["sharedBoxes"] == ["Buchhaltung", 1038 * "n"] and d["forms"] == ["請求書"]'
@@ -142,14 +142,14 @@ play "$P/few_boxes.mib"
 run 0 sync kelm
 settings 'd["sharedBoxes"] == ["Einkauf", "Müller \"intern\""] and len(d["barcodeAreas"]) == 1'
 
-# A text that is too long is refused by name, and nothing of the rest is stored.
+# A text that is too long is refused by name, and nothing is stored.
 keep
 echo 'boxName 17 long 1039' | play "$P/few_boxes.mib" "$P/changed.mib" -
 run 1 sync kelm
 expect_message 'shared box 17 "nnnnnn.* of 1039 bytes is too long'
 expect_unchanged
 
-# A MAC address is stored as the next job understands it; one that would end the next job is not.
+# A MAC address is stored in the form that jobs understand. An invalid one would end jobs, and is not stored.
 echo 'macAddress 0 text 001BA9000002' | play "$P/few_boxes.mib" -
 run 0 sync kelm
 expect_line "$W/out" 'MAC address: 00:1b:a9:00:00:01 -> 00:1B:A9:00:00:02'
@@ -159,39 +159,39 @@ expect_line "$W/out" 'MAC address: 00:1B:A9:00:00:02 -> 00:1b:a9:00:00:01'
 echo 'macAddress 0 text 00-1B-A9-00-00' | play "$P/few_boxes.mib" -
 run 3 sync kelm
 expect "the changes" 'Nothing changed.' "$(cat "$W/out")"
-grep -q 'no MAC address of six hexadecimal parts' "$W/err" || fail "no word about the MAC address"
+grep -q 'no MAC address of six hexadecimal parts' "$W/err" || fail "no message about the MAC address"
 print_page
 
-# A list that is not given at all stays as it is stored.
+# A list that the printer does not give stays as it is stored.
 printf 'formState 1-100 absent\n' | play "$P/few_boxes.mib" -
 run 3 sync kelm
 expect "the changes" 'Nothing changed.' "$(cat "$W/out")"
-grep -q 'no complete list of its forms' "$W/err" || fail "no word about the forms"
+grep -q 'no complete list of its forms' "$W/err" || fail "no message about the forms"
 
-# A single box that cannot be read is left out, named, and stays as it is stored. Another list with such an
-# entry is not stored at all: the entries after it would get other numbers.
+# A single box that cannot be read is named and stays as it is stored. Any other list with such an entry is not
+# stored at all, because the entries after it would get other numbers.
 printf 'boxName 17 bytes ff\nboxState 2 integer 1\nboxName 2 text Neu\nformName 5 bytes ff\nformName 9 text Neu\n' |
   play "$P/few_boxes.mib" -
 run 3 sync kelm
-printf 'Shared boxes: 2 -> 3\n  + 2  Neu\n' | diff - "$W/out" || fail "other changes"
+printf 'Shared boxes: 2 -> 3\n  + 2  Neu\n' | diff - "$W/out" || fail "the changes differ"
 cat >"$W/expected" <<'END'
 kelmctl: the printer gives no complete list of its forms; what is stored is not changed
 kelmctl: the printer gives no readable shared box 17; what is stored is not changed
 kelmctl: the printer gives no readable form 5; what is stored is not changed
 END
-diff "$W/expected" "$W/err" || fail "other messages"
+diff "$W/expected" "$W/err" || fail "the messages differ"
 settings 'd["forms"] == ["Briefkopf", "請求書"]'
 printf 'areaName 1 bytes ff\nprofileState 2-3 integer 1\nprofileName 2 bytes ff\nprofileName 3 text Matt\n' |
   play "$P/few_boxes.mib" -
 run 3 sync kelm
-printf 'Shared boxes: 3 -> 2\n  - 2  Neu\n' | diff - "$W/out" || fail "other changes"
+printf 'Shared boxes: 3 -> 2\n  - 2  Neu\n' | diff - "$W/out" || fail "the changes differ"
 cat >"$W/expected" <<'END'
 kelmctl: the printer gives no complete list of its barcode areas; what is stored is not changed
 kelmctl: the printer gives no complete list of its colour profiles; what is stored is not changed
 kelmctl: the printer gives no readable barcode area 1; what is stored is not changed
 kelmctl: the printer gives no readable colour profile 2; what is stored is not changed
 END
-diff "$W/expected" "$W/err" || fail "other messages"
+diff "$W/expected" "$W/err" || fail "the messages differ"
 settings 'd["barcodeAreas"] == ["Kopf links"] and d["colorProfiles"] == []'
 play "$P/few_boxes.mib"
 run 0 sync kelm
@@ -205,17 +205,17 @@ play "$P/few_boxes.mib"
 run 0 sync fresh
 expect_line "$(cups_queue_ppd fresh)" '*PPDOptionsUpdated: 1'
 
-# A lost answer changes no fact: the printer keeps silent on the log-in mode alone.
+# A missing answer changes no fact: here only the query for the log-in mode gets no answer.
 printf '127.0.0.8 nologin\n127.0.0.7 printer\n' | fleet_agents_start
 run 0 sync fresh --address 127.0.0.7
 sed -i 's/^\*AdminLoginModeEnabled: 0/*AdminLoginModeEnabled: 1/' "$(cups_queue_ppd fresh)"
 cp "$(cups_queue_ppd fresh)" "$W/on.ppd"
 lpadmin -p fresh -P "$W/on.ppd" 2>"$W/lpadmin_log"
 run 3 sync fresh --address 127.0.0.8
-grep -q 'no administrator log-in mode' "$W/err" || fail "no word about the log-in mode"
+grep -q 'no administrator log-in mode' "$W/err" || fail "no message about the log-in mode"
 expect_line "$(cups_queue_ppd fresh)" '*AdminLoginModeEnabled: 1'
 
-# A device URI from which a job takes another address is named, and one that works.
+# If jobs would derive another address from the device URI, kelmctl says so and names a device URI that works.
 lpadmin -p fresh -v socket://127.0.0.1:9100 2>"$W/lpadmin_log"
 run 0 sync fresh
 grep -q '"socket://127.0.0.1:9100" makes jobs take .*; "socket://127.0.0.1" works$' "$W/err" ||
@@ -223,7 +223,7 @@ grep -q '"socket://127.0.0.1:9100" makes jobs take .*; "socket://127.0.0.1" work
 "$KELMCTL" address socket://127.0.0.1:9100 >"$W/out" 2>"$W/err"
 grep -q '; "socket://127.0.0.1" works$' "$W/err" || fail "no advice: $(cat "$W/err")"
 
-# The same for a link-local address, whose zone a job takes after "+" alone; what is named works.
+# The same for a link-local address: jobs need "+" before its zone. The device URI that is named works.
 ip addr add fe80::1/64 dev lo nodad
 printer_mib "$P/few_boxes.mib" | agent_start linklocal '[fe80::1%lo]'
 printf '#!/bin/sh\nexec cat\n' >"$CUPS/bin/backend/ipp"
@@ -242,7 +242,7 @@ expect "with the device URI that works" 'Nothing changed.' "$(cat "$W/out" "$W/e
 expect "the address" 'fe80::1%lo (IPv6)' "$(cat "$W/out")"
 lpadmin -p fresh -v socket://127.0.0.1:9100 2>"$W/lpadmin_log"
 
-# Everything a printer can have: 330 entries in one job; 100 names of 600 bytes in another.
+# The most that a printer can have: 330 entries in one job, and 100 names of 600 bytes in another.
 play "$P/many_boxes.mib"
 run 0 sync kelm
 settings '(len(d["sharedBoxes"]), len(d["forms"])) == (99, 98)'
@@ -258,7 +258,7 @@ run 1 sync kelm
 expect_message 'lists take [0-9]* bytes.*shorten names'
 expect_unchanged
 
-# Another community, stored, is used the next time; another address on demand.
+# Another community is stored and used the next time. --address replaces the address.
 COMMUNITY=secret
 play "$P/few_boxes.mib"
 run 0 sync kelm --community secret
@@ -273,7 +273,7 @@ expect "with another address" 'IP address: 127.0.0.1 -> ::1' "$(cat "$W/out")"
 run 0 sync kelm --address '[::1]'
 expect "with brackets" 'Nothing changed.' "$(cat "$W/out")"
 
-# A host name that has an IPv6 address only.
+# A host name that has only an IPv6 address.
 ip addr add fd77::9/128 dev lo nodad
 printer_mib "$P/few_boxes.mib" | agent_start six '[fd77::9]'
 cp /etc/hosts "$W/hosts"
@@ -283,7 +283,7 @@ lpadmin -p kelm -v socket://six.example 2>"$W/lpadmin_log"
 run 0 sync kelm
 expect "a host name with an IPv6 address" 'IP address: ::1 -> fd77::9' "$(cat "$W/out")"
 
-# Addresses that no printer can have are not asked, nor is a name that leads to one.
+# kelmctl asks no address that no printer can have, and no name with such an address.
 printf '224.0.0.1 group.example\n127.0.0.1 forwarded.example\n' >>"$W/hosts"
 for address in 224.0.0.1 ff02::1 255.255.255.255 0.0.0.0 ::; do
   run 1 sync kelm --address $address
@@ -294,11 +294,11 @@ expect_message 'no printer can have the address "224.0.0.1" of the host "group.e
 lpadmin -p kelm -v socket://group.example 2>"$W/lpadmin_log"
 run 1 sync kelm
 expect_message 'no printer can have the address "224.0.0.1"'
-# This computer's own addresses are asked: a printer's port may be forwarded to one.
+# It does ask this computer's own addresses, because a printer's port may be forwarded to one.
 run 0 sync kelm --address forwarded.example --dry-run
 lpadmin -p kelm -v socket://127.0.0.1 2>"$W/lpadmin_log"
 
-# What can be wrong: the printer, the queue, the print server.
+# Errors of the printer, the queue and the print server.
 keep
 odd_agent_start foreign 127.0.0.9 error 2
 run 1 sync kelm --address 127.0.0.9
@@ -332,14 +332,14 @@ sed 's/kelmfilter/-/' "$HERE/lib/queue.ppd" >"$W/other.ppd"
 cups_queue other 'file:/dev/null' "$W/other.ppd"
 run 1 sync other --address ::1 --community secret
 expect_message '"other" does not print with kelmfilter'
-# For programs, each of these is an object with its message.
+# As JSON, each of these is an object with its message.
 run 1 sync nothere raw class usb other kelm --json
 /usr/bin/python3 -c 'import json, sys
 objects = [json.loads(line) for line in open(sys.argv[1])]
 assert [d["queue"] for d in objects] == ["nothere", "raw", "class", "usb", "other", "kelm"], objects
 for d in objects:
     assert d["status"] == "failed" and d["message"] and d["changes"] == {} and d["missing"] == [], d' \
-  "$W/out" || fail "other objects"
+  "$W/out" || fail "the objects differ"
 cupsreject kelm
 run 1 sync kelm --address ::1
 expect_message 'refuses the update job .*"kelm": .*not accepting jobs'
@@ -351,7 +351,7 @@ cupsenable kelm
 expect "jobs left" '' "$(lpstat -W not-completed -o)"
 expect_unchanged
 
-# An update job that is cancelled while its backend hangs: what it stored all the same is shown.
+# An update job that is cancelled while its backend hangs: kelmctl shows what it has stored nevertheless.
 install -d -m 1777 "$W/hung"
 printf '#!/bin/sh\ncat >"%s/job"\n: >"%s/read"\nexec sleep 30\n' "$W/hung" "$W/hung" \
   >"$CUPS/bin/backend/hang"
@@ -364,10 +364,10 @@ cancel -a hung
 status=0
 wait $hung || status=$?
 expect "exit status for a cancelled update job" 1 "$status"
-grep -q 'the update job hung-[0-9]* was stopped' "$W/err" || fail "no word about it: $(cat "$W/err")"
+grep -q 'the update job hung-[0-9]* was stopped' "$W/err" || fail "no message about it: $(cat "$W/err")"
 expect_line "$W/out" 'IP address: (none) -> ::1'
 
-# A job that holds the queue up: the update job is taken back after --wait.
+# Another job blocks the queue: after --wait, the update job is cancelled.
 cups_queue busy hang://127.0.0.1 "$HERE/lib/queue.ppd"
 rm -f "$W/hung/read"
 lp -d busy "$W/page.ps" >"$W/lp_log"
@@ -376,17 +376,17 @@ run 1 sync busy --address ::1 --community secret --wait 1
 expect_message 'the update job busy-[0-9]* did not end in time and is cancelled'
 expect "jobs in the busy queue" 1 "$(lpstat -W not-completed -o busy | wc -l)"
 
-# Two processes at one queue: the second waits for the first; it says so, and gives up in the end.
+# Two processes for one queue: the second says that it waits for the first, and gives up after --wait.
 "$KELMCTL" sync busy --address ::1 --community secret --wait 4 >"$W/first_out" 2>&1 &
 first=$!
 sleep 1
 run 1 sync busy --address ::1 --community secret --wait 1
 grep -q "^kelmctl: process $first is updating the queue \"busy\"; waiting for it\$" "$W/err" ||
-  fail "no word about the other process: $(cat "$W/err")"
+  fail "no message about the other process: $(cat "$W/err")"
 wait $first || :
 cancel -a busy
 
-# A server that restarts is waited for; one that stays silent or is gone is not waited for without end.
+# kelmctl waits for a server that restarts. It does not wait without end for one that is silent or gone.
 cups_stop
 "$KELMCTL" sync kelm --address ::1 --community secret >"$W/out" 2>"$W/err" &
 waiting=$!
@@ -403,7 +403,7 @@ kill -CONT "$server"
 [ $(($(date +%s) - begin)) -le 35 ] || fail "a silent server is waited for too long"
 grep -q 'print server 127.0.0.1 accepts connections but does not answer' "$W/err" || fail "$(cat "$W/err")"
 
-# A server without a place: the sync waits until one is free.
+# A server with no free connection: the sync waits until one is free.
 cups_stop
 sed -i 's/^MaxJobs.*/&\nMaxClients 3/' "$CUPS/etc/cupsd.conf"
 cups_start
@@ -411,13 +411,13 @@ python3 -c 'import socket, time
 places = [socket.create_connection(("127.0.0.1", 631)) for _ in range(3)]
 time.sleep(4)' 2>"$W/places_log" &
 started places $!
-wait_until 3 grep -q 'Max clients reached' "$CUPS/log/error_log" || fail "the server has places left"
+wait_until 3 grep -q 'Max clients reached' "$CUPS/log/error_log" || fail "the server has free connections"
 run 0 sync kelm --address ::1 --community secret
 cups_stop
 cups_write_conf >"$CUPS/etc/cupsd.conf"
 cups_start
 
-# Several servers, one of which is not there; the server on the command line wins.
+# Several servers, one of which does not run. The server on the command line wins over the environment.
 run 3 sync kelm --address ::1 --community secret -h 127.0.0.1:631 -h 127.0.0.1:632
 grep -q '^127.0.0.1:631/kelm: ' "$W/out" || fail "not the first server: $(cat "$W/out")"
 grep -q '^127.0.0.1:632/kelm: failed: .*does not answer' "$W/out" || fail "not the second server"
@@ -426,7 +426,7 @@ cups_stop
 begin=$(date +%s)
 run 1 sync kelm fresh busy
 [ $(($(date +%s) - begin)) -le 30 ] || fail "a server that is gone is waited for once for each queue"
-expect "words about waiting" 1 "$(grep -c 'does not answer; trying again for 15 s' "$W/err")"
+expect "messages about waiting" 1 "$(grep -c 'does not answer; trying again for 15 s' "$W/err")"
 expect "queues that failed" 3 "$(grep -c ': failed: the print server 127.0.0.1 does not answer' "$W/out")"
 run 1 sync --all --json
 /usr/bin/python3 -c 'import json, sys

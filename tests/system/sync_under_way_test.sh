@@ -1,6 +1,6 @@
 #!/bin/sh
-# kelmctl sync while its update job is under way: interrupted, and met by another one that calls the print
-# server differently. What it says is what is stored.
+# kelmctl sync that is interrupted while its update job is under way, or that meets another sync of the same
+# queue. It must say what is stored.
 # Time limit: 120 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
@@ -52,7 +52,7 @@ lpadmin -p begun -v slow://127.0.0.1 2>"$W/lpadmin_log"
 printer_mib "$HERE/printers/few_boxes.mib" | agent_start agent 127.0.0.1
 printf '%%!PS-Adobe-3.0\nshowpage\n' >"$W/page.ps"
 
-# The update job waits for another one: it is cancelled, and nothing is stored.
+# The update job waits for another job: it is cancelled, and nothing is stored.
 cp "$(cups_queue_ppd held)" "$W/held.ppd"
 lp -d held "$W/page.ps" >"$W/lp_log"
 wait_until 5 test -e "$W/taken/hang" || fail "no job in the queue"
@@ -64,14 +64,14 @@ expect "the changes" '' "$(cat "$W/out")"
 expect "jobs in the queue" 1 "$(jobs_of held)"
 cmp "$W/held.ppd" "$(cups_queue_ppd held)" || fail "something was stored"
 
-# The update job is being processed: its end is waited for, and what it stored is shown.
+# The update job is being processed: kelmctl waits for its end and shows what it stored.
 sync_start begun --address 127.0.0.1
 wait_until 10 test -e "$W/taken/slow" || fail "no update job: $(cat "$W/err")"
 interrupt 0
 expect_line "$W/out" 'IP address: (none) -> 127.0.0.1'
 expect_line "$(cups_queue_ppd begun)" '*PrinterIPAddress: MTI3LjAuMC4x'
 
-# It does not end: that is said, too.
+# The update job does not end: kelmctl says so.
 rm -f "$W/taken/hang"
 sync_start hung --address 127.0.0.1
 wait_until 10 test -e "$W/taken/hang" || fail "no update job: $(cat "$W/err")"
@@ -80,7 +80,7 @@ grep -q '^kelmctl: the update job hung-[0-9]* is still being processed$' "$W/err
 expect "the changes" '' "$(cat "$W/out")"
 cancel -a hung
 
-# The print server hangs while it has the update job: that is said, and what is not known.
+# The print server hangs while it has the update job: kelmctl says that the result is not known.
 cups_queue unknown slow://127.0.0.1 "$HERE/lib/queue.ppd"
 rm -f "$W/taken/slow"
 sync_start unknown --address 127.0.0.1
@@ -92,7 +92,7 @@ kill -CONT "$(cat "$W/pids/cupsd")"
 grep -q '^kelmctl: the update job unknown-[0-9]* was sent; whether it was done is not known: ' "$W/err" ||
   fail "$(cat "$W/err")"
 
-# Asked for all queues, it ends as soon, even if a server keeps silent.
+# With several queues it ends as fast, even if a server does not answer.
 socat -u TCP-LISTEN:8080,bind=127.0.0.1,reuseaddr,fork OPEN:/dev/null &
 started silent_server $!
 wait_until 5 printer_listens 8080 || fail "no silent server"
@@ -104,7 +104,7 @@ for queue in held begun; do
 done
 expect "messages" 1 "$(wc -l <"$W/err")"
 
-# A request that is to be encrypted is given up as soon as any other.
+# With encryption, kelmctl gives up a silent server as fast as without.
 for encryption in '' -E; do
   begin=$(date +%s)
   status=0
@@ -112,21 +112,21 @@ for encryption in '' -E; do
   expect "status with a silent server" 1 "$status"
   [ $(($(date +%s) - begin)) -le 20 ] || fail "a silent server is waited for too long ($encryption)"
   grep -q '^kelmctl: the print server 127.0.0.1:8080 accepts connections but does not answer' "$W/err" ||
-    fail "no word about it: $(cat "$W/err")"
+    fail "no message about it: $(cat "$W/err")"
 done
 
-# A queue has one name, whatever the case of its letters.
+# The letter case of a queue's name does not matter.
 "$KELMCTL" sync begun Begun BEGUN --address 127.0.0.1 >"$W/out" 2>"$W/err" && fail "--address with three names"
 "$KELMCTL" settings begun >"$W/settings"
-"$KELMCTL" settings BEGUN | diff "$W/settings" - || fail "other settings"
+"$KELMCTL" settings BEGUN | diff "$W/settings" - || fail "the settings differ"
 lpadmin -p begun -v socket://127.0.0.1 2>"$W/lpadmin_log"
 "$KELMCTL" sync begun Begun BEGUN --quiet --json >"$W/out" 2>"$W/err" || fail "$(cat "$W/err")"
 expect "objects" 1 "$(wc -l <"$W/out")"
 grep -q '^{"server":"127.0.0.1","queue":"begun","status":"unchanged",' "$W/out" || fail "$(cat "$W/out")"
 lpadmin -p begun -v slow://127.0.0.1 2>"$W/lpadmin_log"
 
-# Two computers update a queue at the same time, each with another printer: the lists of both do not become
-# one. The directory of the locks is that of another computer here.
+# Two computers update a queue at the same time, each with another printer: the two lists must not be mixed.
+# A second directory for locks stands for the other computer.
 printf 'boxState 5 integer 1\nboxName 5 text Lager\n' | printer_mib "$HERE/printers/few_boxes.mib" - |
   agent_start other_agent 127.0.0.2
 cups_queue met slow://127.0.0.1 "$HERE/lib/queue.ppd"
@@ -145,7 +145,7 @@ boxes = {"127.0.0.1": [1, 17], "127.0.0.2": [1, 5, 17]}
 assert d["sharedBoxNumbers"] == boxes[d["printerIPAddress"]], d' "$W/settings" ||
   fail "the lists of two printers are mixed"
 
-# One print server, whatever it is called: the second sync of a queue says who is at it.
+# The same print server under other names: the second sync of a queue names the process that updates it.
 sync_start held --address 127.0.0.1 --wait 20 -h 127.0.0.1:631
 wait_until 10 has_jobs held 2 || fail "no update job: $(cat "$W/err")"
 for name in localhost "$CUPS/state/cups.sock"; do
@@ -153,11 +153,11 @@ for name in localhost "$CUPS/state/cups.sock"; do
   "$KELMCTL" sync held --address 127.0.0.1 --wait 0 -h "$name" >"$W/second_out" 2>"$W/second_err" || status=$?
   expect "status of the second sync ($name)" 1 "$status"
   grep -q "^kelmctl: process $sync is updating the queue \"held\"" "$W/second_err" ||
-    fail "no word about the first sync ($name): $(cat "$W/second_err")"
+    fail "no message about the first sync ($name): $(cat "$W/second_err")"
 done
 expect "jobs in the queue" 2 "$(jobs_of held)"
 
-# A refresh waits for it as well, under any name of the queue.
+# A refresh also waits for it, with any letter case of the queue's name.
 sed 's/^\*FileVersion:.*/*FileVersion: "7.0"/' "$HERE/lib/queue.ppd" >"$W/version7"
 status=0
 "$KELMCTL" refresh HELD --ppd "$W/version7" --wait 1 >"$W/second_out" 2>"$W/second_err" || status=$?
@@ -166,5 +166,5 @@ cat >"$W/expected" <<END
 kelmctl: held: process $sync is updating it; waiting for it
 kelmctl: held: process $sync is updating it; try again later
 END
-diff "$W/expected" "$W/second_err" || fail "other messages"
+diff "$W/expected" "$W/second_err" || fail "the messages differ"
 interrupt 1

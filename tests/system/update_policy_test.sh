@@ -1,17 +1,17 @@
 #!/bin/sh
-# The policy that docs/security.md recommends: users who may not print on a queue cannot change its facts.
+# The policy that docs/security.md recommends: users who must not print on a queue cannot change its facts.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh
 . "$HERE/lib/cups.sh"
 
-# The policy as the document states it; the test machine's group is lp.
+# The policy from the document; here the group is lp.
 policy() {
   sed -n '/^    <Policy kelm-office>/,/^    <\/Policy>/p' "$SOURCE/docs/security.md" | sed 's/@office/@lp/'
 }
 
-# submit USER : an update job, over the local socket, on which cupsd knows its peer
+# submit USER : sends an update job over the local socket, on which cupsd knows the user
 submit() {
   runuser -u "$1" -- env CUPS_SERVER="$CUPS/state/cups.sock" CUPS_STATEDIR="$CUPS/state" HOME="$W/home" \
     lp -d office -o UpdatePPDOptions -o IsWakeOnLan=0 "$W/page.ps" </dev/null >"$W/submitted" 2>&1

@@ -1,5 +1,5 @@
 #!/bin/sh
-# kelmctl wake with several queues: woken, silent and not woken, for people and for programs.
+# kelmctl wake with several queues: printers that are woken, silent or not woken; as text and as JSON.
 # Time limit: 240 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
@@ -20,19 +20,19 @@ cups_queue port socket://10.77.0.2:9100 "$W/on.ppd"
 lpadmin -p raw -E -v socket://10.77.0.2 2>"$W/lpadmin_log"
 lpadmin -p here -c pool 2>"$W/lpadmin_log"
 
-# On a terminal, a line counts those that are over; one printer stays silent for the service's minute.
+# On a terminal, a line counts the finished printers. One printer does not answer for the service's minute.
 /usr/bin/python3 "$HERE/lib/on_terminal.py" -- "$BUILD/kelmctl" wake here gone >"$W/terminal" &
 started terminal $!
 terminal=$!
 
-# For programs: an object for each printer.
+# As JSON, with an object for each printer.
 wake 0 six here --json
 sort "$W/out" | sed 's/"seconds":[0-9],/"seconds":N,/' >"$W/sorted"
 cat >"$W/expected" <<'END'
 {"name":"here","address":"10.77.0.2","result":"woken","seconds":N,"message":""}
 {"name":"six","address":"fd77::2","result":"woken","seconds":N,"message":""}
 END
-diff "$W/expected" "$W/sorted" || fail "other objects"
+diff "$W/expected" "$W/sorted" || fail "the objects differ"
 expect "standard error" '' "$(cat "$W/err")"
 wake 0 here --json
 expect "lines for one printer" 1 "$(grep -c '^{"name":"here",.*"result":"woken"' "$W/out")"
@@ -40,7 +40,7 @@ wake 3 here unsynced --json
 grep -q '^{"name":"unsynced",.*"result":"not woken","seconds":0,"message":"the queue .* kelmctl sync unsynced"}' \
   "$W/out" || fail "no object for unsynced: $(cat "$W/out")"
 
-# For people, and for timers.
+# As text, and with --quiet.
 wake 0 here six
 expect "queues that are woken" 2 "$(grep -c '^\(here\|six\): woken after [0-5] s$' "$W/out")"
 expect "the summary" '2 of 2 printers are awake' "$(tail -n 1 "$W/out")"
@@ -56,13 +56,13 @@ kelmctl: nothere: not woken: the queue "nothere" is not known to the print serve
 kelmctl: off: not woken: the queue "off" has its wake-up switched off; switch it on in the print dialog, or give --mac and --address
 kelmctl: pool: not woken: "pool" is a class; name its queues, "lpstat -c pool" lists them
 END
-grep -v 'port:\|raw:\|unsynced:' "$W/sorted" | diff "$W/expected" - || fail "other messages"
+grep -v 'port:\|raw:\|unsynced:' "$W/sorted" | diff "$W/expected" - || fail "the messages differ"
 grep -q '^kelmctl: port: not woken: the printer "socket://10.77.0.2:9100" .* cannot be woken: .*kelmctl address' \
-  "$W/sorted" || fail "no word about the device URI: $(cat "$W/sorted")"
+  "$W/sorted" || fail "no message about the device URI: $(cat "$W/sorted")"
 grep -q '^kelmctl: raw: not woken: the queue "raw" has no PPD (raw or driverless queue)' "$W/sorted" ||
-  fail "no word about the raw queue: $(cat "$W/sorted")"
+  fail "no message about the raw queue: $(cat "$W/sorted")"
 grep -q '^kelmctl: unsynced: not woken: .* store it: kelmctl sync unsynced$' "$W/sorted" ||
-  fail "no word about the queue without facts: $(cat "$W/sorted")"
+  fail "no message about the queue without facts: $(cat "$W/sorted")"
 wake 1 unsynced off
 expect "the summary" '0 of 2 printers are awake' "$(cat "$W/out")"
 
@@ -80,7 +80,7 @@ interrupt() {
   wait $interrupted || status=$?
 }
 
-# Interrupted: it says which printers were not waited for.
+# If interrupted, it says for which printers it did not wait.
 interrupt '^here: woken' here gone
 expect "status of an interrupted wake-up" 3 "$status"
 grep -q '^kelmctl: gone: interrupted after [0-9]* s: the printer was not waited for$' "$W/err" ||
@@ -95,7 +95,7 @@ interrupt 'waiting for' gone
 expect "status of one interrupted wake-up" 1 "$status"
 grep -q '^kelmctl: gone: interrupted after [0-9]* s: ' "$W/err" || fail "$(cat "$W/err")"
 
-# A server that restarts is waited for. Interrupted there, it says which queues were not asked.
+# It waits for a server that restarts. If interrupted then, it says which queues it could not handle.
 cups_stop
 "$BUILD/kelmctl" wake here six >"$W/out" 2>"$W/err" &
 waiting=$!
@@ -109,12 +109,12 @@ interrupt 'trying again' here six --json
 expect "status without a server" 1 "$status"
 for queue in here six; do
   echo '{"name":"'$queue'","address":null,"result":"interrupted","seconds":0,"message":"the wake-up service was not asked"}'
-done | diff - "$W/out" || fail "other objects"
+done | diff - "$W/out" || fail "the objects differ"
 interrupt 'trying again' here six
 grep -v 'trying again' "$W/err" >"$W/lines"
 for queue in here six; do
   echo "kelmctl: $queue: interrupted: the wake-up service was not asked"
-done | diff - "$W/lines" || fail "other messages"
+done | diff - "$W/lines" || fail "the messages differ"
 begin=$(date +%s)
 wake 1 here six
 [ $(($(date +%s) - begin)) -le 25 ] || fail "a server that is gone is waited for once for each queue"

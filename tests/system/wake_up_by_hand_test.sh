@@ -1,5 +1,5 @@
 #!/bin/sh
-# kelmctl wake without a queue: a printer that stays silent, one beyond a router, bad arguments.
+# kelmctl wake without a queue: a printer that does not answer, one beyond a router, wrong arguments.
 # Time limit: 240 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
@@ -15,7 +15,7 @@ printer_host_start
 bus_start
 bus_wake_service
 
-# Two printers that sleep on are asked once a second, both of them.
+# Two printers that stay asleep: both are asked once a second.
 questions() { wc -l <"$W/questions_$1"; }
 asked_thrice() { [ "$(questions 3)" -ge 3 ] && [ "$(questions 4)" -ge 3 ]; }
 for printer in 3 4; do
@@ -38,12 +38,12 @@ for printer in 3 4; do
   stop "sleeper_$printer"
 done
 
-# expect_packet_for_mac : whatever the form in which the MAC address was given
+# expect_packet_for_mac : the packet is for $MAC, whatever form of it was given
 expect_packet_for_mac() {
   expect "the packet" ffffffffffff008092123456 "$(head -c 12 "$W/packets" | od -An -tx1 | tr -d ' ')"
 }
 
-# Beyond a router, the packet comes to the printer's own address as well; nothing else uses it.
+# Beyond a router, packets also go to the printer's own address.
 magic_packets_start 10.88.0.2
 "$BUILD/kelmctl" wake --mac 00-80-92-12-34-56 --address 10.88.0.2 --over-router >"$W/out" 2>"$W/err" &
 started kelmctl $!
@@ -54,12 +54,12 @@ wait_until 15 grep -q '^10.88.0.2: woken after [0-9]* s$' "$W/out" || fail "no e
 expect_line "$W/out" 'waiting for the wake-up service: 0 s'
 expect "messages" "" "$(cat "$W/err")"
 
-# The switch off: nothing is sent to the printer's own address.
+# Without --over-router, nothing is sent to the printer's own address.
 : >"$W/packets"
 wake 0 --mac $MAC --address 10.88.0.2
 expect "bytes beyond the router" 0 "$(stat -c %s "$W/packets")"
 
-# On a terminal a line says how long it has taken so far.
+# On a terminal, a line says how long it has taken so far.
 script -qec "'$BUILD/kelmctl' wake --mac $MAC --address 10.77.0.2 --community another" /dev/null \
   >"$W/terminal" 2>"$W/script_log" </dev/null &
 started terminal $!
@@ -69,12 +69,13 @@ progress_is_shown() {
 wait_until 5 progress_is_shown || fail "no progress line on a terminal: $(cat "$W/terminal")"
 stop terminal
 
-# Another community than the printer's (and than the one above, which it would join): no answer; the service calls back after a minute.
+# With a wrong community there is no answer, and the service calls back after a minute. (The community differs
+# from the one above too, because an equal request would join that one.)
 "$BUILD/kelmctl" wake --mac $MAC --address 10.77.0.2 --community other >"$W/silent_out" 2>&1 &
 started silent $!
 silent=$!
 
-# Meanwhile others are served, and arguments that make no sense are refused.
+# Meanwhile other requests are served, and wrong arguments are refused.
 wake 0 --mac $MAC --address 10.77.0.2
 wake 0 --mac $MAC --address fd77::2
 grep -q '^fd77::2: woken after [0-5] s$' "$W/out" ||
@@ -92,16 +93,16 @@ request() {
     /com/kelm/KelmWoLServices com.kelm.KelmWoLServiceProtocol.XpcSnmpWakeUpOnLan "$@"
 }
 
-# What the service refuses it calls back for at once; the bus carries it as the filter would send it.
+# The service refuses a request that the filter could send, and logs it.
 refused() { grep -q 'refused a request' "$W/service_log"; }
 request string:'' string:$MAC string:public string:YES string:NO
 wait_until 5 refused || fail "an empty address was not refused"
 
-# An address that no printer can have is refused too.
+# It also refuses an address that no printer can have.
 wake 1 --mac $MAC --address 127.0.0.1
 grep -q 'no printer can have the address' "$W/err" || fail "no reason: $(cat "$W/err")"
 
-# A request with other arguments than five strings is refused too.
+# It also refuses a request whose arguments are not five strings.
 not_five() { [ "$(grep -c 'its arguments are not five strings' "$W/service_log")" = "$1" ]; }
 request string:10.77.0.2 string:$MAC
 wait_until 5 not_five 1 || fail "two strings were not refused"
@@ -113,8 +114,8 @@ grep -q '^kelmctl: 10.77.0.2: silent after \(59\|60\|61\) s: ' "$W/silent_out" |
   fail "kelmctl wake said: $(cat "$W/silent_out")"
 grep -q '10.77.0.2 does not answer after 60 s' "$W/service_log" || fail "not the service's own limit"
 
-# A service without work ends; the next one wakes as many printers as it may, and not one more.
-wait_until 15 service_is_gone || fail "the service stays without work"
+# A service without work ends. The next one wakes 64 printers, its limit.
+wait_until 15 service_is_gone || fail "the service does not end without work"
 : >"$W/service_log"
 "$BUILD/kelmctl" wake --mac $MAC --address 10.77.0.2 --community other >"$W/last_out" 2>&1 &
 started last $!
@@ -128,7 +129,8 @@ done
 wait_until 5 woken 64 || fail "64 printers are not woken at the same time"
 ! one_too_many || fail "64 printers were too many"
 
-# The one too many is told so, after its magic packets were sent; an equal request takes no place.
+# One more request gets its magic packets and is then refused. A request that equals one under way is joined
+# to it and does not count.
 : >"$W/packets"
 wake 1 --mac 008092123456 --address 10.88.0.2 --over-router --community more
 one_too_many || fail "more than 64 printers are woken"
@@ -140,7 +142,7 @@ request string:10.77.9.1 string:$MAC string:public string:NO string:NO
 joined() { grep -q 'waking 10.77.9.1 for .* too$' "$W/service_log"; }
 wait_until 5 joined || fail "an equal request was not joined"
 
-# Told to end, it calls back those who wait; so does the bus's end for the next one.
+# When the service gets SIGTERM, it calls back all waiting callers. When the bus ends, service and caller end.
 kill -TERM "$(tail -n 1 "$W/service_pid")"
 wait_until 5 gone "$last" || fail "no caller was called back at the service's end"
 grep -q '^kelmctl: 10.77.0.2: refused after [0-9]* s: the service is ending$' "$W/last_out" || fail "$(cat "$W/last_out")"
@@ -152,6 +154,6 @@ last=$!
 wait_until 5 woken 1 || fail "the service was not asked again"
 stop bus
 wait_until 5 service_is_gone || fail "the service outlives the bus"
-grep -q 'lost the system bus' "$W/service_log" || fail "no word about the bus"
+grep -q 'lost the system bus' "$W/service_log" || fail "no message about the bus"
 wait_until 5 gone "$last" || fail "kelmctl wake waits without a bus"
 grep -q 'not woken' "$W/last_out" || fail "$(cat "$W/last_out")"

@@ -1,6 +1,6 @@
 // wake_up_caller REQUEST... : one caller of the wake-up service with several requests, each
-// "ADDRESS ON" (ON is YES or NO: whether to send magic packets). Says what it is told, until it is
-// ended.
+// "ADDRESS ON" (ON is YES or NO: whether to send magic packets). It prints the service's answers
+// until it is stopped.
 // SPDX-License-Identifier: Apache-2.0
 #include <systemd/sd-bus.h>
 

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Nothing that goes wrong with the wake-up keeps a job from being printed, or makes it wait.
+# Whatever goes wrong with the wake-up, the job is printed, and soon.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -17,8 +17,8 @@ cups_queue kelm socket://10.77.0.2 "$W/wol.ppd"
 mkdir "$W/programs"
 ln -s "$BUILD/kelmfilter" "$W/programs/kelm"
 
-# run_filter PPD [SETPRIV_ARGUMENT...] : as cupsd does for the queue kelm; the output in $W/out, its
-# status in $status, how long it took in $milliseconds
+# run_filter PPD [SETPRIV_ARGUMENT...] : runs the filter as cupsd does for the queue kelm; the output is in
+# $W/out, its status in $status, its time in $milliseconds
 run_filter() {
   ppd=$1
   shift
@@ -29,7 +29,7 @@ run_filter() {
   milliseconds=$((($(date +%s%N) - before) / 1000000))
 }
 
-# expect_job WHAT LIMIT : the whole job came, after LIMIT milliseconds at most
+# expect_job WHAT LIMIT : the whole job was written, after LIMIT milliseconds at most
 expect_job() {
   expect "exit status with $1" 0 "$status"
   sed -n '/^%!PS-Adobe/,$p' "$W/out" >"$W/arrived.ps"

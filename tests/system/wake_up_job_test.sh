@@ -1,5 +1,5 @@
 #!/bin/sh
-# A job for a sleeping printer: the printer gets the magic packet, wakes up, and only then the job.
+# A job for a sleeping printer: the printer gets the magic packet and wakes up, and only then gets the job.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -10,7 +10,7 @@
 # shellcheck source=tests/system/lib/printer_host.sh
 . "$HERE/lib/printer_host.sh"
 
-# 00:80:92:12:34:56, six bytes FF before and sixteen times
+# Six bytes FF, then sixteen times 00:80:92:12:34:56
 magic_packet_hex() {
   printf 'ffffffffffff'
   for _ in 1 2 3 4 5 6 7 8 9 10 11 12 13 14 15 16; do printf '008092123456'; done
@@ -25,7 +25,7 @@ bus_start
 bus_wake_service
 magic_packets_start 0.0.0.0
 
-# The facts as the print dialog stores them: the MAC address in Base64.
+# The facts as the print dialog stores them, with the MAC address in Base64.
 sed '/^\*cupsFilter/a *IsWakeOnLan: "1"\n*PrinterMacAddress: "MDA6ODA6OTI6MTI6MzQ6NTY="' \
   "$HERE/lib/queue.ppd" >"$W/wol.ppd"
 cups_setup
@@ -51,7 +51,7 @@ expect "bytes of the job at the sleeping printer" 0 "$(stat -c %s "$W/printer.ou
 expect "call-backs so far" 0 "$(grep -c ' after ' "$W/service_log" || :)"
 
 printer_agent_start
-wait_until 10 job_has_ended || fail "the job did not come"
+wait_until 10 job_has_ended || fail "the job did not arrive"
 grep -q '10.77.0.2 answers after' "$W/service_log" || fail "the service did not call back for an answer"
 expect_line "$W/printer.out" '@PJL ENTER LANGUAGE=POSTSCRIPT'
 sed -n '/^%!PS-Adobe/,$p' "$W/printer.out" >"$W/arrived.ps"
@@ -62,4 +62,4 @@ cmp "$W/page.ps" "$W/arrived.ps" || fail "the job is not complete"
 grep -q '^kelm: woken after [01] s$' "$W/ctl_out" ||
   fail "kelmctl wake said: $(cat "$W/ctl_out")"
 
-wait_until 15 service_is_gone || fail "the service stays without work"
+wait_until 15 service_is_gone || fail "the service does not end without work"

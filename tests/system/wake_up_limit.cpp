@@ -1,4 +1,4 @@
-// The filter with a queue of its own and a clock on which a second takes 20 ms: says on standard
+// The filter with a fake queue and a clock on which a second takes 20 ms. It prints on standard
 // error how many steps it waited for the wake-up service.
 // SPDX-License-Identifier: Apache-2.0
 #include <chrono>

@@ -1,6 +1,5 @@
 #!/bin/sh
-# A service that is stopped or dies after the request: the job waits its 240 steps and no longer, and
-# is printed.
+# A service that hangs or dies after the request: the job waits 240 steps and no longer, and is printed.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"

@@ -1,6 +1,6 @@
 #!/bin/sh
-# What the wake-up service does for one caller with many requests, and for names whose address no
-# printer can have: no caller takes all places, and nothing is sent where no printer is.
+# The wake-up service, one caller with many requests, and names with addresses that no printer can have: no
+# caller can use up the service's limit, and nothing is sent to such an address.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -11,7 +11,7 @@
 
 CALLER=$BUILD/tests/system/wake_up_caller
 
-# ask NAME REQUEST... : a caller that stays; what it is told goes to $W/NAME_told
+# ask NAME REQUEST... : starts a caller; the service's answers to it go to $W/NAME_told
 ask() {
   name=$1
   shift
@@ -27,7 +27,7 @@ bus_start
 bus_wake_service
 magic_packets_start 0.0.0.0
 
-# One caller has eight places. The ninth request is turned away, after its magic packets.
+# One caller may have eight requests. The ninth gets its magic packets and is then refused.
 ask greedy '10.77.9.1 NO' '10.77.9.2 NO' '10.77.9.3 NO' '10.77.9.4 NO' '10.77.9.5 NO' \
   '10.77.9.6 NO' '10.77.9.7 NO' '10.77.9.8 NO' '10.77.9.9 YES'
 too_many='too many printers are being woken for the same caller'
@@ -37,13 +37,13 @@ expect "printers that are woken" 8 "$(grep -c ' waking ' "$W/service_log")"
 ! said 'waking 10.77.9.9 ' || fail "the ninth request was served"
 wait_until 5 packets_arrived 3 || fail "no magic packets for the ninth request"
 
-# Another caller has places of its own, and may join a wake-up of the first.
+# Another caller has its own limit, and may join a wake-up of the first.
 ask modest '10.77.9.9 NO' '10.77.9.1 NO'
-wait_until 5 waking 10 || fail "another caller found no place"
+wait_until 5 waking 10 || fail "another caller was refused"
 said 'waking 10.77.9.1 for ' || fail "no wake-up was joined"
 told modest "refused: $too_many" 0 || fail "another caller was turned away"
 
-# The first caller's places are free again when it has been called back; SIGTERM does that.
+# SIGTERM makes the service call back for every request.
 kill -TERM "$(tail -n 1 "$W/service_pid")"
 wait_until 5 told greedy 'called back' 9 || fail "not every request was called back for"
 wait_until 5 told modest 'called back' 2 || fail "the other caller was not called back"
@@ -51,7 +51,7 @@ stop greedy
 stop modest
 wait_until 5 service_is_gone || fail "the service does not end"
 
-# Addresses in numbers are refused at once.
+# Numeric addresses are refused immediately.
 : >"$W/service_log"
 numbers='224.0.0.251 127.0.0.1 127.1.2.3 0.0.0.0 0.1.2.3 255.255.255.255 ff02::1 ::1 :: ::ffff:127.0.0.1 ::ffff:224.0.0.1'
 set --
@@ -63,7 +63,7 @@ wait_until 5 told numbers 'called back' $# || fail "a refused caller was not cal
 stop numbers
 ! said ' waking ' || fail "an address that no printer can have is woken"
 
-# Names are looked up. Whatever they lead to, neither a question nor a packet goes there.
+# Names are looked up. Neither a query nor a packet goes to such an address.
 cp /etc/hosts "$W/hosts"
 cat >>"$W/hosts" <<END
 224.0.0.251 group.example
@@ -96,7 +96,7 @@ for name in group loop zero all group6 loop6 zero6 both; do
 done
 expect "bytes to this machine" 0 "$(stat -c %s "$W/strays")"
 
-# A name with a printer at its address is asked at its IPv4 address.
+# If a name has a printer's addresses, the service asks the IPv4 address.
 printer_agent_start
 ask printer 'printer.example NO'
 wait_until 10 told printer 'called back' 1 || fail "no call-back for a printer's name"

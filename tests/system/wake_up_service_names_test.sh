@@ -1,6 +1,6 @@
 #!/bin/sh
-# A printer that announces itself is found by the name in its device URI, dots and spaces included;
-# one that is not there costs 3 seconds at each place where its name may end.
+# A printer that announces itself is found by the name in its device URI, even with dots and spaces in it. For
+# a printer that is not there, each place where its name may end costs 3 seconds.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -11,10 +11,10 @@
 # shellcheck source=tests/system/lib/avahi.sh
 . "$HERE/lib/avahi.sh"
 
-# Another program of the build can be given, to be tested in place of kelmctl.
+# The argument may name another program of the build, which is tested instead of kelmctl.
 program=$BUILD/${1:-kelmctl}
 
-# address STATUS URI : kelmctl address, its result in $W/out, how long it took in $milliseconds
+# address STATUS URI : kelmctl address ends with STATUS; its result is in $result, its time in $milliseconds
 address() {
   before=$(date +%s%N)
   status=0
@@ -24,7 +24,7 @@ address() {
   result=$(tr -d ' \n' <"$W/out")
 }
 
-# expect_time WHAT LEAST MOST : milliseconds
+# expect_time WHAT LEAST MOST : $milliseconds is within these limits
 expect_time() {
   { [ "$milliseconds" -ge "$2" ] && [ "$milliseconds" -le "$3" ]; } ||
     fail "$1 took $milliseconds ms, not $2 to $3"
@@ -36,21 +36,21 @@ resolvable() { avahi-resolve -4 -n printer.local >"$W/resolve_out" 2>&1 && grep 
 printer_host_start
 mount -t tmpfs none /run
 
-# Two machines, two buses: the printer's first.
+# Two machines with a bus each; the printer's first.
 near_bus=$DBUS_SYSTEM_BUS_ADDRESS
 mkdir "$W/far"
 DBUS_SYSTEM_BUS_ADDRESS=unix:path=$W/far/bus.sock
 bus_configuration | sed "s|$W/bus.sock|$W/far/bus.sock|; /<include>/d" >"$W/far/bus.conf"
 dbus-daemon --config-file="$W/far/bus.conf" --nofork --nopidfile --nosyslog >"$W/far/bus_log" 2>&1 &
 started far_bus $!
-wait_until 5 test -S "$W/far/bus.sock" || fail "the printer's bus did not come up"
+wait_until 5 test -S "$W/far/bus.sock" || fail "the printer's bus did not start"
 avahi_start printer far nsenter -t "$PRINTER_HOST" -n -m
 avahi-publish-service "My.Printer 2" _pdl-datastream._tcp 9100 ty=KELM >"$W/publish_log" 2>&1 &
 started publish $!
 wait_until 10 published || fail "the service was not published"
 DBUS_SYSTEM_BUS_ADDRESS=$near_bus
 
-# Without a daemon there is no question and no wait.
+# Without a daemon there is no query and no wait.
 bus_start
 address 1 dnssd://My.Printer%202._pdl-datastream._tcp.local/
 expect "address without a daemon" '{"ipv6":false,"address":null}' "$result"
@@ -72,13 +72,13 @@ expect_time "one split point" 3000 3900
 address 1 dnssd://Nobody._ipp._tcp.local._pdl-datastream._tcp.local/
 expect_time "two split points" 6000 6900
 
-# A daemon that hangs: the limit holds all the same.
+# The time limit also holds if the daemon hangs.
 daemon=$(cat "$W/pids/office")
 kill -STOP "$daemon"
 address 1 dnssd://My.Printer%202._pdl-datastream._tcp.local/
 expect_time "asking a daemon that hangs" 3000 3900
 kill -CONT "$daemon"
 
-# Too few parts: no question is sent.
+# With too few parts no query is sent.
 address 1 dnssd://Nobody._pdl-datastream._tcp/
 expect_time "a name of three parts" 0 900

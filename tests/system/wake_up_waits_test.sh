@@ -1,6 +1,6 @@
 #!/bin/sh
-# The limits of a job's wait for a sleeping printer (docs/wake-up-bus.md), each with its server
-# stopped, and that a cancelled job ends each wait.
+# The time limits of a job's wait for a sleeping printer (docs/wake-up-bus.md), each with its server stopped.
+# Cancelling the job ends each wait.
 # Time limit: 240 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
@@ -14,14 +14,14 @@
 # shellcheck source=tests/system/lib/printer_host.sh
 . "$HERE/lib/printer_host.sh"
 
-# A stopped server cannot end.
+# A stopped server must be continued before it can end.
 trap 'for pid in "$W"/pids/*; do kill -CONT "$(cat "$pid")" || :; done 2>/dev/null; clean_up' EXIT
 
 milliseconds() { echo $(($(date +%s%N) / 1000000)); }
 freeze() { kill -STOP "$(cat "$W/pids/$1")"; }
 thaw() { kill -CONT "$(cat "$W/pids/$1")"; }
 
-# job_start [NAME=VALUE...] : a job as cupsd starts it for the queue kelm, or the one in $queue
+# job_start [NAME=VALUE...] : starts the filter as cupsd does, for the queue $queue
 queue=kelm
 job_start() {
   started_at=$(milliseconds)
@@ -31,7 +31,7 @@ job_start() {
   job=$!
 }
 
-# job_ends WHAT FROM TO : the job ends, FROM to TO milliseconds after its start, and is whole
+# job_ends WHAT FROM TO : the job ends FROM to TO milliseconds after its start, and is whole
 job_ends() {
   wait_until 60 gone "$job" || fail "$1: the job does not end"
   took=$(($(milliseconds) - started_at))
@@ -40,7 +40,7 @@ job_ends() {
   echo "$1: $took ms"
 }
 
-# job_is_cancelled WHAT [NAME=VALUE...] : SIGTERM after half a second ends the same wait at once
+# job_is_cancelled WHAT [NAME=VALUE...] : SIGTERM after half a second ends the same wait immediately
 job_is_cancelled() {
   what=$1
   shift
@@ -65,7 +65,7 @@ echo "SetEnv DBUS_SYSTEM_BUS_ADDRESS $DBUS_SYSTEM_BUS_ADDRESS" >>"$CUPS/etc/cups
 cups_start
 cups_queue kelm socket://10.77.0.2 "$W/wol.ppd"
 
-# The list of queues: 10 seconds. No service is on the bus, which ends the rest at once.
+# The list of queues: 10 seconds. The rest needs no time, because there is no service on the bus.
 freeze cupsd
 job_start
 job_ends "cupsd stopped" 9900 11500
@@ -101,10 +101,10 @@ job_ends "bus stopped" 14900 17000
 job_is_cancelled "bus stopped"
 thaw bus
 
-# A bus that takes 4 seconds to let a program in, and never says anything again: 5 seconds for its answer
-# after the request, which it got. libcups, too, waits for this bus.
+# A bus that greets a program after 4 seconds and then never answers: after the request, which it gets, the job
+# waits 5 seconds for its answer. libcups waits for this bus, too.
 cat >"$W/slow_bus.py" <<'END'
-"""slow_bus.py SOCKET REQUESTS : greets each program after 4 s; appends to REQUESTS what they say then"""
+"""slow_bus.py SOCKET REQUESTS : greets each program after 4 s; appends what it sends then to REQUESTS"""
 import socket, struct, sys, threading, time
 
 def padded(text, to):
@@ -160,7 +160,7 @@ job_ends "slow bus" 18900 21000
 grep -qa XpcSnmpWakeUpOnLan "$W/requests" || fail "the slow bus got no request"
 stop slow_bus
 
-# A job that is cancelled before the wait, here while its file is opened, does not wait at all.
+# A job that is cancelled before the wait (here: while its file is being opened) does not wait at all.
 freeze cupsd
 mkfifo "$W/fifo"
 env PPD="$W/wol.ppd" PATH="$W/programs:$PATH" kelm 1 user title 1 '' "$W/fifo" >"$W/out" 2>"$W/filter_log" &
@@ -174,7 +174,7 @@ cat "$W/page.ps" >"$W/fifo"
 job_ends "cancelled before the wait" 0 3000
 thaw cupsd
 
-# The call-back: cancelled while the service asks a silent printer.
+# The wait for the call-back: the job is cancelled while the service asks a silent printer.
 bus_wake_service
 waking() { grep -q 'waking 10.77.0.2' "$W/service_log" 2>/dev/null; }
 lp -d kelm "$W/page.ps" >"$W/lp_out"

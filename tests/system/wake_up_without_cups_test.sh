@@ -1,6 +1,6 @@
 #!/bin/sh
-# A job for a sleeping printer where no CUPS server runs, as in a printer application: the printer's
-# address comes from DEVICE_URI.
+# A job for a sleeping printer without a CUPS server, as in a printer application: the printer's address comes
+# from DEVICE_URI.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
@@ -9,7 +9,7 @@
 # shellcheck source=tests/system/lib/printer_host.sh
 . "$HERE/lib/printer_host.sh"
 
-# No server answers: neither here nor at the address that the machine's configuration names.
+# No server answers, neither here nor at the address in the machine's configuration.
 mount -t tmpfs none /run
 export CUPS_SERVER=127.0.0.1:631
 
@@ -22,7 +22,8 @@ sed '/^\*cupsFilter/a *IsWakeOnLan: "1"\n*PrinterMacAddress: "MDA6ODA6OTI6MTI6Mz
 printf '%%!PS-Adobe-3.0\n%%%%Pages: 1\n%%%%EndComments\n%%%%Page: 1 1\nshowpage\n%%%%EOF\n' \
   >"$W/page.ps"
 
-# job [NAME=VALUE] : the filter, as the application starts it; the bus lets CUPS' user call the service
+# job [NAME=VALUE] : runs the filter as the application does. The user is CUPS' user, lp, whom the bus allows to
+# call the service.
 job() {
   install -m 755 "$BUILD/kelmfilter" "$W/office"
   env PPD="$W/wol.ppd" "$@" setpriv --reuid=lp --regid=lp --clear-groups \
@@ -40,7 +41,7 @@ grep -q '10.77.0.2 answers after' "$W/service_log" || fail "the service did not 
 whole_job || fail "the job is not complete"
 
 # Without the variable there is no address: the service refuses the request, and the job is written.
-wait_until 15 service_is_gone || fail "the service stays without work"
+wait_until 15 service_is_gone || fail "the service does not end without work"
 : >"$W/service_log"
 job
 whole_job || fail "the job without an address is not complete"

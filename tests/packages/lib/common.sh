@@ -1,8 +1,7 @@
-# common.sh : what the tests of the packages read first:  . "${0%/*}/lib/common.sh". They run in a throw-away
-# Debian whose whole file system they may change (scripts/check-packages). It sets
-#   W            the test's directory: version1/ holds the packages, version2/ the next version of them, whose
-#                PPD has another FileVersion and no choice OneStaple of QVStapleMode
-#   192.0.2.1    is this machine; 192.0.2.9 is a printer that never answers
+# common.sh : the tests of the packages read it first:  . "${0%/*}/lib/common.sh". They run in a throw-away
+# Debian whose whole file system they may change (scripts/check-packages). It sets W, the test's directory. In
+# it, version1/ holds the packages, and version2/ the next version of them, whose PPD has another FileVersion and
+# no choice OneStaple of QVStapleMode. This machine has the address 192.0.2.1; 192.0.2.9 never answers.
 # shellcheck shell=sh disable=SC2034
 # SPDX-License-Identifier: Apache-2.0
 set -eu
@@ -33,13 +32,13 @@ wait_until() {
 }
 cups_answers() { LC_ALL=C lpstat -h /run/cups/cups.sock -r 2>/dev/null | grep -q 'is running'; }
 
-# install_packages DIRECTORY : the packages of DIRECTORY, as docs/install.md says
+# install_packages DIRECTORY : installs the packages in DIRECTORY as docs/install.md says
 install_packages() {
   apt-get install -y -q -o Dpkg::Use-Pty=0 --no-install-recommends "$1"/*.deb >>"$W/apt_log" 2>&1 ||
     fail "the packages of $1 cannot be installed"
 }
 
-# office_queue : a queue of version 1 that prints to $W/printed, with facts and defaults
+# office_queue : makes a queue that prints to $W/printed, with facts and defaults
 office_queue() {
   socat -u TCP-LISTEN:9100,bind=127.0.0.1,reuseaddr,fork "OPEN:$W/printed,creat,append" &
   lpinfo -m >"$W/models"
@@ -55,15 +54,15 @@ office_queue() {
 }
 facts_are_stored() { kelmctl settings office | grep -q '00:11:22:33:44:55'; }
 
-# page FILE : prints a page, and FILE is what the printer got
+# page FILE : prints a page, and writes to FILE what the printer got
 page() {
   : >"$W/printed"
   job=$(lp -d office -t Report "$W/page.ps" | sed 's/.*-\([0-9]*\) .*/\1/')
-  wait_until 20 grep -qa '^%%EOF' "$W/printed" || fail "job $job did not come to the printer"
+  wait_until 20 grep -qa '^%%EOF' "$W/printed" || fail "job $job did not arrive at the printer"
   mv "$W/printed" "$1"
 }
 
-# a_job_wakes : the wake-up service has work for a minute
+# a_job_wakes : gives the wake-up service work for a minute
 a_job_wakes() {
   kelmctl wake --mac 00:11:22:33:44:55 --address 192.0.2.9 >"$W/wake_log" 2>&1 &
 }

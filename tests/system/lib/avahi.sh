@@ -1,4 +1,4 @@
-# avahi.sh : mDNS daemons; read after common.sh and bus.sh. Each needs a bus and a /run of its own.
+# avahi.sh : mDNS daemons; read after common.sh and bus.sh. Each needs its own bus and its own /run.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
@@ -20,8 +20,8 @@ publish-workstation=no
 END
 }
 
-# avahi_start NAME INTERFACE [COMMAND...] : a daemon on the bus of DBUS_SYSTEM_BUS_ADDRESS, run by
-# COMMAND (a program, as "nsenter ...")
+# avahi_start NAME INTERFACE [COMMAND...] : a daemon on the bus of DBUS_SYSTEM_BUS_ADDRESS, started through
+# COMMAND (such as "nsenter ...")
 avahi_start() {
   name=$1
   interface=$2
@@ -31,7 +31,7 @@ avahi_start() {
   "$@" /usr/sbin/avahi-daemon -f "$W/$name.conf" --no-drop-root --no-chroot --no-rlimits \
     --no-proc-title >"$W/${name}_log" 2>&1 </dev/null &
   started "$name" $!
-  wait_until 5 avahi_answers || fail "the mDNS daemon $name did not come up"
+  wait_until 5 avahi_answers || fail "the mDNS daemon $name did not start"
 }
 
 avahi_answers() {

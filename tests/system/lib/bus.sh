@@ -1,6 +1,6 @@
-# bus.sh : a private system bus; read after common.sh. It has the policy of a real one: method calls
-# and names are refused unless the packaged file allows them. The service's user, which an
-# installation makes, is known in the test's own mount namespace only.
+# bus.sh : a private system bus; read after common.sh. It has the policy of a real one: it refuses method
+# calls and names unless the packaged file allows them. The service's user, whom an installation creates,
+# exists only in the test's mount namespace.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
@@ -19,7 +19,7 @@ bus_start() {
   dbus-daemon --config-file="$W/bus.conf" --nofork --nopidfile --nosyslog \
     >"$W/bus_log" 2>&1 </dev/null &
   started bus $!
-  wait_until 5 test -S "$W/bus.sock" || fail "the bus did not come up"
+  wait_until 5 test -S "$W/bus.sock" || fail "the bus did not start"
 }
 
 bus_configuration() {
@@ -53,14 +53,14 @@ bus_configuration() {
 END
 }
 
-# bus_service PROGRAM : the packaged activation file, with PROGRAM instead of the installed one. The
-# bus starts it as its own user, root.
+# bus_service PROGRAM : the packaged activation file, with PROGRAM instead of the installed one. The bus
+# runs as root, and starts it as root.
 bus_service() {
   sed "s|^Exec=.*|Exec=$1|" "$BUILD/packaging/com.kelm.KelmWoLServices.service" \
     >"$W/services/com.kelm.KelmWoLServices.service"
 }
 
-# bus_wake_service : the real one, its messages in $W/service_log; it runs as its own user
+# bus_wake_service : the real service, which runs as its own user; its messages are in $W/service_log
 bus_wake_service() {
   cat >"$W/wake_service" <<END
 #!/bin/sh

@@ -1,5 +1,5 @@
-# case_files.py : what the tests of jobs share that are written down in files: reading the files, running
-# the commands, telling what is wrong.
+# case_files.py : shared by the tests whose jobs are in files: reads the files, runs the commands, reports
+# what is wrong.
 # SPDX-License-Identifier: Apache-2.0
 import subprocess
 import sys
@@ -8,7 +8,7 @@ import sys
 def read_cases(path, word, new_case, add_line):
     """The cases of a file. A line "WORD WHAT" begins one: new_case(WHAT) makes it, and add_line(case, word,
     rest, line) adds each line after it, or returns False if it does not know the line. Empty lines and
-    lines that begin with "#" are passed over."""
+    lines that begin with "#" are ignored."""
     cases = []
     for line in open(path, encoding="utf-8"):
         line = line.rstrip("\n")
@@ -18,12 +18,12 @@ def read_cases(path, word, new_case, add_line):
         if first == word:
             cases.append(new_case(rest))
         elif not cases or add_line(cases[-1], first, rest, line) is False:
-            sys.exit(f"{path}: what is this? {line}")
+            sys.exit(f"{path}: unknown line: {line}")
     return cases
 
 
 def run(command, **others):
-    """Runs the command, with its output as text unless the others say something else."""
+    """Runs the command and returns its result. The output is text, unless `others` say something else."""
     return subprocess.run(command, **{"capture_output": True, "text": True, "timeout": 60,
                                       "check": False, **others})
 

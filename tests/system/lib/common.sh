@@ -1,11 +1,11 @@
-# common.sh : what every system test reads first:  . "${0%/*}/lib/common.sh"
+# common.sh : every system test reads it first:  . "${0%/*}/lib/common.sh"
 # shellcheck shell=sh disable=SC2034
-# It moves the test into namespaces of its own (network, mounts, host name), so that every port is
-# free and nothing leaves the machine, and sets
+# It moves the test into its own namespaces (network, mounts, host name), so that every port is free and
+# nothing leaves the machine, and sets
 #   W       the test's temporary directory (mode 755: filters run as another user); removed at the end,
 #           unless KELM_KEEP is set
 #   SOURCE  the top of the source tree
-#   BUILD   the build directory (KELM_BUILD, else SOURCE/build)
+#   BUILD   the build directory (KELM_BUILD, by default SOURCE/build)
 #   HERE    the directory of the tests, with lib/ in it
 # SPDX-License-Identifier: Apache-2.0
 set -eu
@@ -22,11 +22,11 @@ umask 022
 W=$(mktemp -d)
 chmod 755 "$W"
 mkdir "$W/pids"
-# CUPS' commands keep a user's choices in the home directory: no test reads or changes it.
+# CUPS' commands keep a user's defaults in the home directory. Tests must not read or change the real one.
 export HOME="$W"
 ip link set lo up multicast on
 
-# alive PID : a zombie counts as gone
+# alive PID : succeeds if the process runs; a zombie does not count
 alive() {
   state=$(sed -n 's/^State:[[:space:]]*\(.\).*/\1/p' "/proc/$1/status" 2>/dev/null) || return 1
   [ -n "$state" ] && [ "$state" != Z ]
@@ -43,12 +43,12 @@ wait_until() {
   done
 }
 
-# started NAME PID : PID is stopped at the end of the test, or by "stop NAME"
+# started NAME PID : the end of the test, or "stop NAME", stops PID
 started() { echo "$2" >"$W/pids/$1"; }
 
 gone() { ! alive "$1"; }
 
-# stop NAME : TERM, then up to 5 s until the process is gone
+# stop NAME : sends TERM, and waits up to 5 s until the process is gone
 stop() {
   pid=$(cat "$W/pids/$1")
   rm -f "$W/pids/$1"
@@ -83,7 +83,7 @@ clean_up() {
   exit $status
 }
 
-# The ends of all log files, when a test fails.
+# Shows the ends of all log files if a test fails.
 show_logs() {
   find "$W" -path "$W/pids" -prune -o -name '*log*' -type f -size +0 -print | while read -r file; do
     echo "--- $file" >&2

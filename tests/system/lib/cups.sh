@@ -1,5 +1,5 @@
-# cups.sh : a private cupsd under $W/cups; read after common.sh. Nothing of it is installed on the
-# machine: its ServerBin holds links to the machine's filters and the built kelmfilter.
+# cups.sh : a private cupsd in $W/cups; read after common.sh. Nothing is installed on the machine: the
+# ServerBin has links to the machine's filters, and the built kelmfilter.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
@@ -7,10 +7,10 @@ CUPS=$W/cups
 CUPS_SERVER=127.0.0.1:631
 export CUPS_SERVER
 
-# cups_setup : lays out the tree; afterwards its two configuration files can still be added to
+# cups_setup : makes the directories and files; a test may change the configuration before cups_start
 cups_setup() {
   [ -x /usr/sbin/cupsd ] || fail "no /usr/sbin/cupsd: install the package cups"
-  # The locks of kelmctl: a queue of another test has the same name.
+  # For the locks of kelmctl, because queues of other tests have the same names.
   mkdir -p /run/lock
   mount -t tmpfs -o mode=1777 none /run/lock
   install -d -m 755 "$CUPS" "$CUPS/etc" "$CUPS/etc/ppd" "$CUPS/cache" "$CUPS/state" "$CUPS/log" \
@@ -76,15 +76,15 @@ END
 
 cups_answers() { LC_ALL=C lpstat -r 2>/dev/null | grep -q 'is running'; }
 
-# cups_start : runs cupsd and waits until it answers, at most CUPS_START_LIMIT (5) seconds
+# cups_start : runs cupsd and waits until it answers, at most CUPS_START_LIMIT seconds (default: 5)
 cups_start() {
   /usr/sbin/cupsd -f -c "$CUPS/etc/cupsd.conf" -s "$CUPS/etc/cups-files.conf" \
     >"$CUPS/log/stdout_log" 2>&1 </dev/null &
   started cupsd $!
-  wait_until "${CUPS_START_LIMIT:-5}" cups_answers || fail "cupsd did not come up"
+  wait_until "${CUPS_START_LIMIT:-5}" cups_answers || fail "cupsd did not start"
 }
 
-# cups_stop : also done at the end of the test
+# cups_stop : the end of the test does this too
 cups_stop() { stop cupsd; }
 
 # cups_queue QUEUE DEVICE PPD : DEVICE is socket://127.0.0.1:PORT or file:PATH
@@ -97,7 +97,7 @@ cups_queue_ppd() { echo "$CUPS/etc/ppd/$1.ppd"; }
 
 cups_job_left() { ! lpstat -W not-completed -o | grep -q "^$1 "; }
 
-# cups_job QUEUE lp-arguments... : submits a job, waits (20 s) until it left the queue, prints its id
+# cups_job QUEUE LP-ARGUMENT... : submits a job, waits up to 20 s until it has left the queue, prints its id
 cups_job() {
   queue=$1
   shift
@@ -106,7 +106,7 @@ cups_job() {
   echo "$id"
 }
 
-# printer_start PORT FILE : a printer that keeps what it is sent, all jobs one after the other
+# printer_start PORT FILE : a printer that appends everything it gets to FILE
 printer_start() {
   : >"$2"
   socat -u "TCP-LISTEN:$1,bind=127.0.0.1,reuseaddr,fork" "OPEN:$2,append" &

@@ -1,17 +1,17 @@
-# explain_cases.py : compares what kelmctl explain says of jobs with what is written in files.
+# explain_cases.py : compares what kelmctl explain says about jobs with cases in files.
 #
 #   explain_cases.py KELMCTL PPD HEADER_TABLE FILE...
 #
 # Lines of a FILE:
 #   case WHAT             begins a case
-#   language LOCALE       the user's language; en_US when not given
+#   language LOCALE       the user's language (default: en_US)
 #   title TITLE           of the job
 #   -x ARGUMENT           an argument of kelmctl explain, quoted as for a shell
 #   VARIABLE=VALUE | NAME: CHOICE | SOURCE
 #                         a line of the header, what it means and where its value comes from
-#   says TEXT             a message about the options; there is none that no line gives
-# Every line of the header that the options change has a line in the case. HEADER_TABLE is
-# docs/pjl-header.md: each of its variables has a line in at least one case.
+#   says TEXT             a message about the options; all messages must be listed
+# A case must have a line for every line of the header that its options change. HEADER_TABLE is
+# docs/pjl-header.md: each of its variables must have a line in at least one case.
 # SPDX-License-Identifier: Apache-2.0
 import os
 import re

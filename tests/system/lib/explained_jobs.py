@@ -1,9 +1,9 @@
-# explained_jobs.py : compares what kelmctl explain says of the lp jobs of a file with what the printer
-# gets of them.
+# explained_jobs.py : compares what kelmctl explain says about the lp jobs in a file with what the printer
+# gets.
 #
 #   explained_jobs.py JOBS QUEUE KELMCTL
 #
-# JOBS is described in standard_jobs.py, which prints these jobs.
+# standard_jobs.py, which prints these jobs, describes the file JOBS.
 # SPDX-License-Identifier: Apache-2.0
 import json
 import shlex

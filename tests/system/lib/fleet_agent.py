@@ -3,9 +3,9 @@
 """fleet_agent.py FILE : the SNMPv1 agents of many printers in one process, each on UDP port 161 of its
 address. FILE has a line "ADDRESS KIND" for each; the kinds are
   printer   30 shared boxes (1 and 17 in use), 2 forms, 1 barcode area, 30 colour profiles not in use
-  silent    keeps silent
-  nologin   a printer that keeps silent about its administrator's log-in mode alone
-It prints "ready" when all are there.
+  silent    never answers
+  nologin   a printer that does not answer queries for the administrator's log-in mode
+It prints "ready" when all agents listen.
 """
 import functools
 import selectors
@@ -38,7 +38,7 @@ def number(value):
 
 
 def value_of(oid):
-    """The encoded value of an object that all printers share; None when they do not have it."""
+    """The encoded value of an object that is the same for all printers; None if they do not have it."""
     if oid in (LOGIN, ARC + "1.1.6.0"):
         return number(0)
     if not oid.startswith(LISTS):
@@ -53,7 +53,7 @@ def value_of(oid):
 
 @functools.lru_cache(maxsize=None)
 def shared_answer(bindings):
-    """The error status and the encoded variables of an answer, without what each has of its own."""
+    """The error status and the encoded variables of an answer, as far as all printers give the same."""
     names = [children(binding)[0] for _, binding in children(bindings)]
     values = [value_of(dotted(name)) for _, name in names]
     if None in values:

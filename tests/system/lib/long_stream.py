@@ -1,4 +1,4 @@
-# long_stream.py : has kelmctl explain read streams that come through a pipe, and measures its memory.
+# long_stream.py : sends long streams to kelmctl explain through a pipe, and measures its memory.
 #
 #   long_stream.py FRONT KELMCTL
 #
@@ -23,7 +23,7 @@ MOST_GROWTH = 2 * 1024
 
 
 def explained(kelmctl, front, blocks):
-    """What kelmctl says of a stream, the offset of its last section, and kelmctl's peak memory."""
+    """Lets kelmctl explain a stream, checks the result, and returns kelmctl's peak memory."""
     with tempfile.TemporaryFile() as out:
         reader, writer = os.pipe()
         process = subprocess.Popen([kelmctl, "explain", "--stream", "-", "--json"], stdin=reader,
@@ -50,7 +50,7 @@ def explained(kelmctl, front, blocks):
         sys.exit(f"{report['size']} bytes are read of {size}")
     wrong = {each["offset"] for each in report["findings"]}
     if wrong != {len(front) + blocks * MEGABYTE + 1}:
-        sys.exit(f"the contradiction in the last section is not named alone: {report['findings']}")
+        sys.exit(f"the contradiction in the last section is not the only finding: {report['findings']}")
     return usage.ru_maxrss
 
 

@@ -1,16 +1,16 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: Apache-2.0
-"""odd_agent.py ADDRESS BEHAVIOUR [NUMBER] : an SNMPv1 agent on UDP port 161 that answers as no proper
-one does. Every value it gives is the INTEGER 1. Behaviours:
+"""odd_agent.py ADDRESS BEHAVIOUR [NUMBER] : an SNMPv1 agent on UDP port 161 that misbehaves. Every value
+that it gives is the INTEGER 1. Behaviours:
   late SECONDS     answers each request that much later
-  after COUNT      keeps silent COUNT times, then answers
-  never            keeps silent
+  after COUNT      does not answer the first COUNT requests
+  never            does not answer
   fewer COUNT      leaves out the last COUNT variables
   doubled          answers twice
   elsewhere        answers from another port of its address
-  garbled          answers with bytes that are no SNMP message first, then properly
+  garbled          answers with bytes that are not an SNMP message first, then properly
   error STATUS     reports the error, with no variables
-It prints "ready" first, then for each request a line with its number of bytes and its bytes.
+It prints "ready" first, then for each request a line with its size and its bytes in hex.
 """
 import socket
 import sys
@@ -18,7 +18,7 @@ import time
 
 
 def read_tlv(data, at):
-    """The tag at `at`, its contents, and the place after it."""
+    """The tag at `at`, its contents, and the position after them."""
     tag, length, at = data[at], data[at + 1], at + 2
     if length & 0x80:
         size = length & 0x7F

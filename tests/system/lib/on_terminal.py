@@ -1,9 +1,9 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: Apache-2.0
-"""on_terminal.py [PROMPT ANSWER]... -- COMMAND... : runs COMMAND on a terminal of its own, types each ANSWER
-and Enter when PROMPT is shown, and ends with COMMAND's status. Standard output is what the terminal
-showed; it is given up after 100 seconds, and standard error then says where each of its threads waits. The
-command's standard output is the terminal too, or the file that KELM_OUTPUT names."""
+"""on_terminal.py [PROMPT ANSWER]... -- COMMAND... : runs COMMAND on a new terminal, types each ANSWER and
+Enter when its PROMPT is shown, and ends with COMMAND's status. Prints what the terminal showed. After 100
+seconds it kills COMMAND and says on standard error where each of its threads waits. If KELM_OUTPUT names a
+file, the command's standard output goes there instead of to the terminal."""
 import glob
 import os
 import pty
@@ -30,7 +30,7 @@ def text_of(path):
 
 
 def family(process):
-    """The process and its children, theirs too."""
+    """The process and all its descendants."""
     found = [process]
     for each in found:
         for children in glob.glob(f"/proc/{each}/task/*/children"):

@@ -1,6 +1,6 @@
-# printer_host.sh : a second machine on a wire, the printer's; read after common.sh.
-# This end of the wire is 10.77.0.1 and fd77::1, the printer is 10.77.0.2 and fd77::2; it is 10.88.0.2
-# too, an address in another network, as if beyond a router.
+# printer_host.sh : a second machine, the printer's, at the other end of a wire; read after common.sh.
+# The test has the addresses 10.77.0.1 and fd77::1, the printer 10.77.0.2 and fd77::2. The printer also has
+# 10.88.0.2, an address in another network, as if it were beyond a router.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
@@ -28,10 +28,10 @@ printer_host_is_apart() {
     at_printer mountpoint -q /run
 }
 
-# at_printer COMMAND... : runs it on the printer's machine
+# at_printer COMMAND... : runs the command on the printer's machine
 at_printer() { nsenter -t "$PRINTER_HOST" -n -m "$@"; }
 
-# at_printer_start NAME COMMAND... : runs it there in the background until the end of the test or
+# at_printer_start NAME COMMAND... : runs the command there in the background until the end of the test or
 # "stop NAME"
 at_printer_start() {
   name=$1
@@ -40,8 +40,8 @@ at_printer_start() {
   started "$name" $!
 }
 
-# magic_packets_start ADDRESS : keeps the payloads that come to UDP port 9 of ADDRESS (0.0.0.0: of all)
-# in $W/packets, one after the other
+# magic_packets_start ADDRESS : appends the payloads that arrive at UDP port 9 of ADDRESS (0.0.0.0: of any
+# address) to $W/packets
 magic_packets_start() {
   : >"$W/packets"
   at_printer_start magic_packets \
@@ -53,7 +53,7 @@ magic_port_is_open() { at_printer ss -lun 'sport = :9' | grep -q ':9 '; }
 
 packets_arrived() { [ "$(stat -c %s "$W/packets")" -ge $((102 * $1)) ]; }
 
-# printer_agent_start : the printer wakes up: a real SNMP agent with a sleep mode of 0
+# printer_agent_start : wakes the printer: starts a real SNMP agent that says the sleep mode is 0
 printer_agent_start() {
   [ -x /usr/sbin/snmpd ] || fail "no /usr/sbin/snmpd: install the package snmpd"
   mkdir -p "$W/agent/var"

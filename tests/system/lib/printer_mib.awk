@@ -1,13 +1,13 @@
 # printer_mib.awk : turns a printer's data file (tests/system/printers/) into lines for snmpd.conf.
-# A line is  OBJECT INDEX TYPE VALUE, later lines replace earlier ones:
-#   INDEX   a number, or FROM-TO; 0 for the objects that are single
+# A line is  OBJECT INDEX TYPE VALUE; later lines replace earlier ones:
+#   INDEX   a number, or FROM-TO; 0 for objects that are not in a list
 #   TYPE    integer NUMBER
 #           text TEXT    up to the end of the line; every # in it becomes the index
-#           bytes HEX    two digits a byte, no spaces
-#           long COUNT   COUNT times "n"; snmpd's configuration holds at most 4094
-#           settable     a text that agent_set of snmp.sh gives its value
+#           bytes HEX    two digits per byte, no spaces
+#           long COUNT   COUNT times "n", at most 4094 times in snmpd's configuration
+#           settable     a text that agent_set (snmp.sh) sets
 #           absent       the printer does not have the object
-# Empty lines and lines that begin with "//" say nothing.
+# Empty lines and lines that begin with "//" are ignored.
 # SPDX-License-Identifier: Apache-2.0
 BEGIN {
   lists = ".1.3.6.1.4.1.47193.1.2.2.2."
@@ -43,7 +43,7 @@ function value_of(type, text, index_) {
 /^$/ || /^\/\// { next }
 
 {
-  if (!($1 in oid)) { print "printer_mib.awk: what is " $1 "?" >"/dev/stderr"; exit 1 }
+  if (!($1 in oid)) { print "printer_mib.awk: unknown object " $1 >"/dev/stderr"; exit 1 }
   text = $0
   sub(/^[^ ]+ +[^ ]+ +[^ ]+ ?/, "", text)
   last = split($2, range, "-")

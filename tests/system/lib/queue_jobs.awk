@@ -1,11 +1,11 @@
-# queue_jobs.awk : the jobs to print, and what the printer must get for each.
+# queue_jobs.awk : makes the jobs to print, and what the printer must get for each.
 #
 #   awk -v from=tests/system/queue -v cases=tests/cases -v to=DIRECTORY -f queue_jobs.awk
 #
-# For each job N it writes the files N.name (what it is), N.env, N.arguments (one argument of lp per
-# line), N.header (the header) and N.sections (one feature section per line: the opening comment
-# without "%%BeginFeature: ", then the section's lines, each after a "|"), and N.findings (what kelmctl
-# explain finds wrong).
+# For each job N it writes the files N.name (what it is), N.env, N.arguments (one argument of lp per line),
+# N.header (the header), N.sections (one feature section per line: the opening comment without
+# "%%BeginFeature: ", then the section's lines, each after a "|") and N.findings (what kelmctl explain finds
+# wrong).
 # SPDX-License-Identifier: Apache-2.0
 BEGIN {
   load("plain")
@@ -22,9 +22,9 @@ function fail(text) {
   exit 1
 }
 
-# The header and the sections of a job without options, of either kind: the golden cases' header and
-# the PPD's default sections, with what is different for this kind of job in this queue. The first line
-# of the header, the UEL, separates the jobs in the printer's input.
+# The header and the sections of a job without options, of either kind: the golden cases' base header and
+# the PPD's default sections, with the changes for this kind of job in this queue. The first line of the
+# header, the UEL, is left out: it separates the jobs in the printer's input.
 function load(base,    line, file) {
   file = cases "/" base ".pjl"
   getline line < file
@@ -51,7 +51,7 @@ function new_job(number, name) {
 function argument(job, text) { arguments[job, ++arguments_of[job]] = text }
 function change(job, text) { changes[job, ++changes_of[job]] = text }
 
-# An option that several lines of choices.txt speak of is given once.
+# An option that is in several lines of choices.txt is given once.
 function option(job, text) {
   if ((job, text) in given) return
   given[job, text] = 1
@@ -88,7 +88,7 @@ function choice(job, keyword, variable, rule, text,    name, value) {
   else if (rule != "same") fail("unknown rule " rule)
 }
 
-# Each paper is the medium of a job, and the output paper of the next one.
+# Each paper is the medium of one job, and the output paper of the next job.
 function paper(word,    job) {
   job = 2 * papers++ + 1
   new_job(job, "medium " word[2])
@@ -129,7 +129,7 @@ function read_jobs(file,    line) {
   }
 }
 
-# NAME=VALUE replaces the line of NAME, OLD>NAME=VALUE the line of OLD; OLD+NAME=VALUE follows it.
+# NAME=VALUE replaces the line of NAME, OLD>NAME=VALUE the line of OLD; OLD+NAME=VALUE adds a line after OLD.
 function change_header(job, text,    at, old, new, count) {
   match(text, /^[A-Z0-9_]+/)
   old = substr(text, 1, RLENGTH)

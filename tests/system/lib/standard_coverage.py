@@ -1,12 +1,12 @@
-# standard_coverage.py : names the values of standard options that no job of a file asks for.
+# standard_coverage.py : names the values of standard options that no job in a file asks for.
 #
 #   standard_coverage.py PPD STANDARD_CHOICES ATTRIBUTES JOBS
 #
-# The values are the choices of the PPD's standard options and finishings, those that the filter's table
-# (stdoptions/standard_choices.hpp) knows, and those that the queue tells clients (standard/attributes.txt).
-# A job of JOBS (standard_jobs.py describes it) asks for each of them by lp, by Print-Job and by Create-Job,
-# and each time with a PostScript document, a PDF and a text. A word in "media" is asked for by each way with
-# any document.
+# The values are the choices of the PPD's standard options and finishings, those in the filter's table
+# (stdoptions/standard_choices.hpp), and those that the queue offers to clients (standard/attributes.txt).
+# JOBS (described in standard_jobs.py) must ask for each value by lp, by Print-Job and by Create-Job, and by
+# each of them for a PostScript document, a PDF and a text. Words in "media" need each of the three ways, but
+# only one document.
 # SPDX-License-Identifier: Apache-2.0
 import re
 import shlex
@@ -15,9 +15,9 @@ import sys
 from standard_jobs import WAYS, read_jobs
 
 FORMATS = ("ps", "pdf", "text")
-# Numbers of the words that ipptool prints (RFC 8011, 5.2.13).
+# The numbers for the words that ipptool prints (RFC 8011, 5.2.13).
 QUALITIES = {"draft": "3", "normal": "4", "high": "5"}
-# What a queue tells by another name than a job asks; finishings are taken from the PPD, by their numbers.
+# Attributes whose values jobs write differently. The finishings come from the PPD, by their numbers.
 NOT_ASKED_FOR = ("finishings", "urf", "job-password", "job-password-encryption")
 
 
@@ -30,7 +30,7 @@ def choice_tables(source):
 
 
 def wanted_values(ppd, source, attributes):
-    """Pairs of an option and a value; the words of media apart."""
+    """Pairs of an option and a value, and separately the words of media."""
     tables = choice_tables(source)
     wanted = {(name, choice) for where, name, choices in tables if name != "media" for choice in choices}
     for name in {name for where, name, _ in tables if where == "Marked"}:
@@ -46,7 +46,7 @@ def wanted_values(ppd, source, attributes):
 
 
 def asked_for(way, lines):
-    """Pairs of an option and a value that a job's lines for a way in ask for."""
+    """The pairs of an option and a value that a job's lines for one way of submission ask for."""
     if way == "lp":
         words = shlex.split(" ".join(lines))
         pairs = [word.partition("=")[::2] for word in words if "=" in word]

@@ -1,25 +1,26 @@
-# standard_jobs.py : prints the jobs of a file and compares what the printer gets of each.
+# standard_jobs.py : prints the jobs in a file and checks what the printer gets.
 #
 #   standard_jobs.py JOBS DIRECTORY KELMCTL QUEUE...
 #
 # DIRECTORY holds the documents, and for each queue the file QUEUE.out, to which its printer appends. The
-# queues are alike and print at the same time. Lines of JOBS:
+# queues have the same settings and print at the same time. Lines of JOBS:
 #   job WHAT                  begins a job
-#   queue ARGUMENTS           lpadmin arguments for the queue before the job; such a job is alone in the
-#                             first queue
-#   afterwards ARGUMENTS      and after it
-#   other ARGUMENTS           the same for the server's other queue, "other", before the job
-#   document NAME...          what is printed, by each way in: names of DOCUMENTS; ps when not given
-#   lp ARGUMENTS              printed by lp with these arguments
-#   ipp ATTRIBUTE             an attribute line of ipptool, one each: printed by Print-Job, and
-#                             again by Create-Job and Send-Document
+#   queue ARGUMENTS           lpadmin arguments for the queue before the job; such a job is printed alone, by
+#                             the first queue
+#   afterwards ARGUMENTS      the same after the job
+#   other ARGUMENTS           lpadmin arguments for another queue of the server, "other", before the job
+#   document NAME...          the documents to print, each by every way of submission: names in DOCUMENTS
+#                             (default: ps)
+#   lp ARGUMENTS              submitted by lp with these arguments
+#   ipp ATTRIBUTE             an attribute line of ipptool: submitted by Print-Job, and again by Create-Job
+#                             and Send-Document
 #   print-job ATTRIBUTE       the same for Print-Job only
-#   create-job ATTRIBUTE      and for Create-Job only
+#   create-job ATTRIBUTE      the same for Create-Job only
 #   NAME=VALUE                a line of the header
-#   KEYWORD: VALUE            what the printer finds in userdict, or no value after the colon
-#   pages N                   how many pages the PostScript has
-# A job with lines for several ways in is printed once by each. In every job, whatever its lines say,
-# kelmctl explain compares header and PostScript: they never disagree, and only the header asks for
+#   KEYWORD: VALUE            what the printer finds in userdict; without VALUE, an empty text
+#   pages N                   the number of pages in the PostScript
+# A job with lines for several ways of submission is printed once by each. Whatever the lines of a job say,
+# kelmctl explain must not find that its header and PostScript disagree, and only the header may ask for
 # copies.
 # SPDX-License-Identifier: Apache-2.0
 import os
@@ -33,11 +34,11 @@ from case_files import read_cases, report, run
 
 UEL = b"\x1b%-12345X@PJL\n"
 WAYS = ("lp", "print-job", "create-job")
-# The documents have two pages: CUPS takes Duplex back for a single one.
+# Most documents have two pages: for a single page, CUPS switches Duplex off.
 DOCUMENTS = {"ps": "document.ps", "pdf": "document.pdf", "text": "document.txt",
              "one-page-ps": "one_page.ps", "one-page-pdf": "one_page.pdf", "one-page-text": "one_page.txt",
              "photo": "photo.jpg", "urf": "document.urf"}
-# So many jobs are in the queues at once: cupsd keeps 500.
+# The number of jobs that are in the queues at the same time. cupsd keeps 500.
 BATCH = 200
 
 
@@ -73,7 +74,7 @@ def read_jobs(path):
 
 
 def submissions(jobs):
-    """Each job once for every way in and document. Its output is found by its title."""
+    """Each job once for every way of submission and document. The title identifies its output."""
     every = [{"job": job, "way": way, "document": document}
              for job in jobs for way in WAYS if way in job["ways"] for document in job["documents"]]
     for number, each in enumerate(every, 1):
@@ -126,7 +127,7 @@ def wait_for_queues():
 
 
 def streams(outputs):
-    """What the printers got since the last call, by the titles of the jobs."""
+    """What the printers got since the last call, by job title."""
     found = {}
     for output in outputs:
         for stream in output.read().replace(b"\x04", b"").split(UEL)[1:]:
@@ -140,14 +141,14 @@ def facts(stream):
     head, _, postscript = stream.decode("utf-8", "replace").partition(
         "@PJL ENTER LANGUAGE=POSTSCRIPT\n")
     header = dict(re.findall(r"^@PJL SET ([A-Z0-9]+)=(.*)$", head, re.M))
-    # The operand is a string, or a number that the code makes a string of.
+    # The operand is a string, or a number that the code turns into a string.
     stored = {key: text or number for text, number, key in re.findall(
         r"^(?:\((.*)\)|(-?\d+)\n20 string cvs) userdict exch /(QV\w+) exch put$", postscript, re.M)}
     return header, stored, postscript
 
 
 def disagreements(kelmctl, stream):
-    """What kelmctl finds wrong with header and PostScript."""
+    """What kelmctl finds wrong between header and PostScript."""
     done = run([kelmctl, "explain", "--stream", "-"], input=stream, text=False)
     found = re.findall(r"^WRONG (.*)$", done.stdout.decode("utf-8"), re.M)
     if done.returncode != (1 if found else 0) or not done.stdout:
@@ -178,7 +179,7 @@ def change_queue(queue, arguments):
         run(["lpadmin", "-p", queue, *shlex.split(arguments)], check=True)
 
 
-# A job that changes the queue is alone in it.
+# A job that changes a queue is a batch of its own.
 def batches(all_submissions):
     batch = []
     for each in all_submissions:

@@ -1,9 +1,9 @@
-# system_log.sh : a system log of the test's own; read after common.sh.
+# system_log.sh : a private system log; read after common.sh.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh
 
-# system_log_start FILE : what programs give to syslog(3) is appended to FILE. The test's mount
-# namespace gets a /dev of its own for that.
+# system_log_start FILE : appends to FILE what programs send to the system log. The test's mount namespace
+# gets its own /dev for that.
 system_log_start() {
   mkdir "$W/dev"
   mount -t tmpfs none "$W/dev"

@@ -1,4 +1,4 @@
-# wake_up_site.sh : a print server whose wake-up service reaches a printer on another machine; read after
+# wake_up_site.sh : a CUPS server whose wake-up service reaches a printer on another machine; read after
 # common.sh. It reads cups.sh, bus.sh and printer_host.sh.
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck shell=sh

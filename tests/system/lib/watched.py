@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 # SPDX-License-Identifier: Apache-2.0
-"""watched.py FILE COMMAND... : runs COMMAND and ends with its status. FILE then has one line with its time
-in ms, the most memory in kB that it had at a time (the proportional share of each process, with all its
-descendants), and its processor time in ms."""
+"""watched.py FILE COMMAND... : runs COMMAND and ends with its status. Writes one line to FILE: COMMAND's
+time in ms, its peak memory in kB (the sum of the proportional set sizes of COMMAND and all its descendants),
+and its processor time in ms."""
 import os
 import sys
 import time

@@ -1,9 +1,9 @@
-# zsh_tab.zsh DIRECTORY TEXT : prints what the command line TEXT becomes after a tab, in an interactive
-# zsh with the completions of DIRECTORY.
+# zsh_tab.zsh DIRECTORY TEXT : prints what the command line TEXT becomes after a tab, in an interactive zsh
+# with the completions in DIRECTORY.
 # SPDX-License-Identifier: Apache-2.0
 zmodload zsh/zpty
 zpty shell zsh -f -i
-# The line is shown between two marks that no terminal control gets into.
+# The line is printed between two marks, so that the terminal's control sequences stay outside.
 zpty -w shell "PS1= RPS1=; unsetopt zle_bracketed_paste prompt_cr prompt_sp; TERM=dumb"
 zpty -w shell "fpath=(${(q)1} \$fpath); autoload -Uz compinit; compinit -u -D"
 zpty -w shell 'show() { print -rn -- "<<<$BUFFER>>>"; zle kill-buffer; zle accept-line }'

@@ -1,5 +1,5 @@
-// The work for a job or a PPD may only grow with its size, whatever its shape. Four times the size
-// may cost six times the work, which leaves room for sorting.
+// The work for a job or a PPD of any shape may only grow in proportion to its size. Four times the
+// size may cost six times the work, which leaves room for sorting.
 // SPDX-License-Identifier: Apache-2.0
 #include <gtest/gtest.h>
 

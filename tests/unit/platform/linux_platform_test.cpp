@@ -41,7 +41,7 @@ TEST(LinuxComputerName, MayBeEmpty) {
             "[]");
 }
 
-// The console user of a computer for whose first seat logind has written this file.
+// The console user of a computer where logind has written this file for the first seat.
 std::string consoleUserOfSeat(const std::string& seat) {
   return onOwnComputer([&] {
     std::filesystem::create_directories("/run/systemd/seats");

@@ -44,7 +44,7 @@ class Description {
   const std::vector<Option>& options() const { return options_; }
   // Null when there is no such option.
   const Option* find(std::string_view keyword) const;
-  // The options of the printer's own, without paper sizes.
+  // The printer's own options, without paper sizes.
   std::vector<const Option*> printerOptions() const;
 
  private:
