@@ -10,7 +10,7 @@ set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "" FORCE)
 endif()
-# Functions and lines for backtraces; the preset "debug" has the variables, too.
+# -g1 has functions and lines for backtraces. The preset "debug" has the variables, too.
 set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g1")
 set(CMAKE_CXX_FLAGS_DEBUG "-O0 -g")
 
@@ -18,7 +18,7 @@ set(KELM_SANITIZE "" CACHE STRING "sanitizers, as -fsanitize= takes them")
 option(KELM_COVERAGE "measure coverage with gcov" OFF)
 option(KELM_FUZZ "build the fuzz targets with libFuzzer" OFF)
 
-# Without these, ccache leaves out every file that uses a precompiled header.
+# Without these settings, ccache does not cache files that use a precompiled header.
 if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache$")
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
     CCACHE_SLOPPINESS=pch_defines,time_macros ${CMAKE_CXX_COMPILER_LAUNCHER})
@@ -30,8 +30,8 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   target_compile_options(kelm_settings INTERFACE -fpch-preprocess)  # ccache needs it
 endif()
 
-# kelm_compile_option(FLAG...), kelm_link_option(FLAG...): for every target, if this compiler and this
-# linker know the flags.
+# kelm_compile_option(FLAG...), kelm_link_option(FLAG...): add the flags to every target, if this compiler or
+# linker knows them.
 function(kelm_compile_option)
   string(MAKE_C_IDENTIFIER "KELM_COMPILES${ARGN}" KNOWN)
   list(JOIN ARGN " " FLAGS)
@@ -48,8 +48,8 @@ function(kelm_link_option)
   endif()
 endfunction()
 
-# The filter reads bytes that are not trusted: every binary is hardened
-# (tests/unit/build/hardening_test.cpp). These options follow the packager's CXXFLAGS and win.
+# The filter reads bytes that are not trusted, so every program is hardened
+# (tests/unit/build/hardening_test.cpp). These options follow the packager's CXXFLAGS, so they win.
 kelm_compile_option(-fPIE)
 kelm_compile_option(-fstack-protector-strong)
 kelm_compile_option(-fstack-clash-protection)
@@ -62,14 +62,14 @@ endif()
 if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
   kelm_compile_option(-Wno-unused-command-line-argument)
 endif()
-# For x86 only.
+# Only compilers for x86 have this one.
 kelm_compile_option(-fcf-protection=full)
 target_compile_definitions(kelm_settings INTERFACE _GLIBCXX_ASSERTIONS)
 kelm_link_option(-pie)
 kelm_link_option(-Wl,-z,relro,-z,now,-z,noexecstack,--as-needed)
 
 if(KELM_SANITIZE)
-  # The sanitizers' own code makes g++ warn of variables in its library that are initialised.
+  # With sanitizers, g++ wrongly warns of uninitialised variables in its own library.
   if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     target_compile_options(kelm_settings INTERFACE -Wno-maybe-uninitialized)
   endif()
@@ -77,11 +77,11 @@ if(KELM_SANITIZE)
     -fsanitize=${KELM_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(kelm_settings INTERFACE -fsanitize=${KELM_SANITIZE})
 elseif(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
-  # First without: a packager's CPPFLAGS may define another level.
+  # Undefined first, because a packager's CPPFLAGS may define another level.
   target_compile_options(kelm_settings INTERFACE -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=3)
 endif()
 if(KELM_FUZZ)
-  # The profile gives the coverage by line (scripts/fuzz).
+  # The profile is for the line coverage (scripts/fuzz).
   target_compile_options(kelm_settings INTERFACE
     -fsanitize=fuzzer-no-link -fprofile-instr-generate -fcoverage-mapping)
   target_link_options(kelm_settings INTERFACE -fprofile-instr-generate)
@@ -91,8 +91,8 @@ if(KELM_COVERAGE)
   target_link_options(kelm_settings INTERFACE --coverage)
 endif()
 
-# The tests' own code compiles quickly; the code that is tested is optimised.
+# The tests' own code is not optimised, so that it compiles quickly. The tested code is.
 add_library(kelm_test_settings INTERFACE)
 target_compile_options(kelm_test_settings INTERFACE "SHELL:-O0 -g1 -U_FORTIFY_SOURCE")
-# Avahi's users have this macro: with it everywhere, one precompiled header fits all tests.
+# Files that use Avahi have this macro. Now all tests have it, so that they can share a precompiled header.
 target_compile_definitions(kelm_test_settings INTERFACE _REENTRANT)

@@ -1,4 +1,4 @@
-# Each directory is a static library, and links exactly what it may use.
+# Each directory is a static library that links exactly what it may use.
 # SPDX-License-Identifier: Apache-2.0
 
 # All libraries share one precompiled header, because a compiler spends most of its time on reading the same
@@ -22,7 +22,7 @@ function(kelm_library NAME)
   target_precompile_headers(${NAME} REUSE_FROM kelm_shared_headers)
 endfunction()
 
-# kelm_program(NAME SOURCES file... [LINKS target...]): left in the top of the build directory; its
+# kelm_program(NAME SOURCES file... [LINKS target...]): a program at the top of the build directory, whose
 # hardening is tested.
 function(kelm_program NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
@@ -33,9 +33,9 @@ function(kelm_program NAME)
   set_property(GLOBAL APPEND PROPERTY KELM_PROGRAM_NAMES ${NAME})
 endfunction()
 
-# kelm_test_program(NAME SOURCES file... LINKS target...): a program of the tests. All share one
-# precompiled header, that of the test support library, and several files are compiled as one: each file
-# would instantiate the same templates again. Names in unnamed namespaces differ within a directory.
+# kelm_test_program(NAME SOURCES file... LINKS target...): a program of the tests. All share the precompiled
+# header of the test support library. Several files are compiled as one, because each would instantiate the
+# same templates; so names in unnamed namespaces must differ within a directory.
 function(kelm_test_program NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${NAME} ${ARG_SOURCES})
@@ -47,8 +47,8 @@ function(kelm_test_program NAME)
   endif()
 endfunction()
 
-# kelm_unit_tests(DIRECTORY SOURCES file... LINKS target... [NAMESPACES filter]): its tests, as one
-# program. The filter names the tests that need namespaces or root (scripts/check).
+# kelm_unit_tests(DIRECTORY SOURCES file... LINKS target... [NAMESPACES filter]): the tests of a directory, as
+# one program. The filter names the tests that need namespaces or root (scripts/check).
 function(kelm_unit_tests DIRECTORY)
   cmake_parse_arguments(ARG "" "NAMESPACES" "SOURCES;LINKS" ${ARGN})
   kelm_test_program(${DIRECTORY}_test SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} GTest::gmock_main)

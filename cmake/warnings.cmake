@@ -1,4 +1,4 @@
-# The warnings that every target of this project is held to. The presets make each one an error.
+# The warnings for every target of this project. The presets make them errors.
 # SPDX-License-Identifier: Apache-2.0
 add_library(kelm_warnings INTERFACE)
 target_compile_options(kelm_warnings INTERFACE

@@ -2,7 +2,7 @@
 # Subcommands, options and the kinds of their values come from the help of kelmctl itself.
 # SPDX-License-Identifier: Apache-2.0
 
-# _kelmctl_values KIND WORD : what a value can be that the help calls KIND
+# _kelmctl_values KIND WORD : completes WORD to a value that the help calls KIND
 _kelmctl_values() {
   case $1 in
     FILE)
