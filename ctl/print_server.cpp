@@ -33,6 +33,7 @@ constexpr double kPauseBetweenLooks = 1;   // seconds
 constexpr auto kLimitOfPpdList = 120s;
 constexpr auto kPauseBetweenAttempts = 500ms;
 constexpr int kMostQuestions = 3;
+constexpr int kHttpsPort = 443;  // encrypted from the first byte
 constexpr char kTitle[] = "Printer settings";
 // The document is in the filter's own format, so that no other filter runs before kelmfilter. It
 // has no page, in case the queue does not have kelmfilter.
@@ -186,21 +187,34 @@ int PrintServer::goOnWaiting(http_t* http, void* server) {
   return 0;
 }
 
-// Encryption begins after that: httpConnect2 would wait a minute for the server's part in it.
+// Encryption begins after that, so that messages tell a server that cannot be reached from one that
+// does not encrypt. httpConnect2 would begin with it for port 443: it gets the addresses with that
+// port, and another port.
+bool PrintServer::connectPlain() {
+  const std::unique_ptr<http_addrlist_t, void (*)(http_addrlist_t*)> addresses(
+      httpAddrGetList(host_.c_str(), AF_UNSPEC, std::to_string(port_).c_str()), httpAddrFreeList);
+  if (addresses == nullptr) return false;
+  http_.reset(httpConnect2(host_.c_str(), IPP_PORT, addresses.get(), AF_UNSPEC,
+                           HTTP_ENCRYPTION_IF_REQUESTED, 1, kConnectLimit, nullptr));
+  return http_ != nullptr;
+}
+
 bool PrintServer::connect() {
   if (http_ != nullptr) return true;
-  http_.reset(httpConnect2(host_.c_str(), port_, nullptr, AF_UNSPEC, HTTP_ENCRYPTION_IF_REQUESTED,
-                           1, kConnectLimit, nullptr));
-  if (http_ == nullptr) {
+  if (!connectPlain()) {
     failure_ = Failure::kUnreachable;
     return false;
   }
   requestStart_ = Clock::now();
   httpSetTimeout(http_.get(), kPauseBetweenLooks, goOnWaiting, this);
-  const http_encryption_t encryption = cupsEncryption();
+  const http_encryption_t encryption =
+      port_ == kHttpsPort ? HTTP_ENCRYPTION_ALWAYS : cupsEncryption();
   if (encryption == HTTP_ENCRYPTION_IF_REQUESTED) return true;
   if (httpEncryption(http_.get(), encryption) == 0) return true;
-  if (failure_ == Failure::kNone) failure_ = Failure::kUnencrypted;
+  // For the beginning of TLS, libcups has a limit of its own: kAnswerLimit for each answer.
+  const bool isSilent =
+      failure_ == Failure::kSilent || Clock::now() - requestStart_ >= kAnswerLimit;
+  failure_ = isSilent ? Failure::kSilent : Failure::kUnencrypted;
   http_.reset();
   return false;
 }

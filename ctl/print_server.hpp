@@ -117,6 +117,7 @@ class PrintServer {
   const char* askForPassword();
   static int goOnWaiting(http_t* http, void* server);
   void makeCurrent();
+  bool connectPlain();
   bool connect();
   bool attempt(const std::function<bool()>& request);
   bool perform(const std::function<bool()>& request);

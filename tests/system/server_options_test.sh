@@ -96,7 +96,26 @@ expect "connections that are encrypted" 0 "$(encrypted)"
 "$KELMCTL" settings kelm -E >"$W/out" 2>"$W/err" || fail "not with -E: $(cat "$W/err")"
 [ "$(encrypted)" -gt 0 ] || fail "the connection is not encrypted"
 expect_line "$W/out" 'Shared boxes              1  Einkauf'
-# IPv6 addresses: with a port only in brackets, without a port also without them.
+# On port 443, everything is encrypted. Another server there that does not encrypt is not asked.
+sed -i 's/^Listen 127.*/&\nListen 127.0.0.1:443/' "$CUPS/etc/cupsd.conf"
+kill -HUP "$(cat "$W/pids/cupsd")"
+wait_until 5 printer_listens 443 || fail "no server on port 443"
+before=$(encrypted)
+for options in '' -E; do
+  "$KELMCTL" settings kelm -h 127.0.0.1:443 $options >"$W/out" 2>"$W/err" || fail "not on port 443: $(cat "$W/err")"
+  expect_line "$W/out" 'Shared boxes              1  Einkauf'
+done
+[ "$(encrypted)" -ge $((before + 2)) ] || fail "connections to port 443 are not encrypted"
+(cd "$W/pids" && exec /usr/bin/python3 -m http.server 443 --bind 127.0.0.2 >"$W/plain443_log" 2>&1) &
+started plain443 $!
+plain443_listens() { ss -ltn 'src 127.0.0.2:443' | grep -q LISTEN; }
+wait_until 5 plain443_listens || fail "no server on port 443 without encryption"
+status=0
+"$KELMCTL" settings kelm -h 127.0.0.2:443 >"$W/out" 2>"$W/err" || status=$?
+expect "status of a server on port 443 without encryption" 1 "$status"
+grep -q '^kelmctl: the print server 127.0.0.2:443 cannot be asked with encryption: ' "$W/err" ||
+  fail "no word about it: $(cat "$W/err")"
+# An IPv6 address with brackets and, without a port, without them.
 sed -i 's/^Listen 127.*/&\nListen [::1]:631/; s/Allow from 127.0.0.1/&\n  Allow from ::1/' "$CUPS/etc/cupsd.conf"
 kill -HUP "$(cat "$W/pids/cupsd")"
 ipv6_listens() { ss -ltn6 'sport = :631' | grep -q LISTEN; }
