@@ -18,7 +18,7 @@ using PpdHandle = std::unique_ptr<ppd_file_t, PpdCloser>;
 struct OpenedPpd {
   PpdHandle ppd;
   std::string problem;
-  bool isAbsent = false;  // the queue exists and has none
+  bool isForeign = false;  // the queue exists and does not print with kelmfilter
 };
 
 OpenedPpd openPpdFile(const std::string& path);

@@ -40,7 +40,7 @@ constexpr char kTitle[] = "Printer settings";
 constexpr char kFormat[] = "application/vnd.cups-postscript";
 constexpr std::string_view kDocument = "%!PS-Adobe-3.0\n%%Pages: 0\n%%EndComments\n%%EOF\n";
 constexpr const char* kQueueAttributes[] = {"printer-name", "device-uri", "printer-state",
-                                            "printer-type"};
+                                            "printer-type", "printer-is-temporary"};
 
 // No answer, or one that only says "later".
 bool isWorthAnotherAttempt() {
@@ -61,13 +61,20 @@ void addQueueAttributes(ipp_t* request) {
                 static_cast<int>(std::size(kQueueAttributes)), nullptr, kQueueAttributes);
 }
 
+std::string textOf(ipp_attribute_t* attribute) {
+  const char* text = ippGetString(attribute, 0, nullptr);
+  return text != nullptr ? text : "";
+}
+
 // Reads one attribute of a queue into its record.
 void readAttribute(ipp_attribute_t* attribute, Queue& queue) {
   const std::string_view name = ippGetName(attribute);
   if (name == "printer-name") {
-    queue.name = ippGetString(attribute, 0, nullptr);
+    queue.name = textOf(attribute);
+  } else if (name == "printer-is-temporary") {
+    queue.isTemporary = ippGetBoolean(attribute, 0) != 0;
   } else if (name == "device-uri") {
-    queue.deviceUri = ippGetString(attribute, 0, nullptr);
+    queue.deviceUri = textOf(attribute);
   } else if (name == "printer-state") {
     queue.isStopped = ippGetInteger(attribute, 0) == IPP_PSTATE_STOPPED;
     queue.isPrinting = ippGetInteger(attribute, 0) == IPP_PSTATE_PROCESSING;
@@ -126,10 +133,6 @@ std::string nameOfPpd(ipp_t* response, std::string_view makeAndModel) {
 }
 
 }  // namespace
-
-std::string classProblem(const std::string& name) {
-  return inQuotes(name) + " is a class; name its queues, \"lpstat -c " + name + "\" lists them";
-}
 
 PrintServer::PrintServer(const std::string& name, const Console& console,
                          std::chrono::seconds patience)
@@ -323,7 +326,8 @@ Queues PrintServer::queue(const std::string& name) {
   if (failure_ == Failure::kNone && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
     return {{},
             "the queue " + inQuotes(name) + " is not known to the print server " + name_ +
-                "; \"lpstat -v\" lists the queues"};
+                "; \"lpstat -v\" lists its queues (those that only \"lpstat -e\" lists do not "
+                "exist yet)"};
   }
   return {{}, lastProblemAndAdvice()};
 }
@@ -332,16 +336,17 @@ OpenedPpd PrintServer::openPpdOfQueue(const std::string& name) {
   const Queues found = queue(name);
   if (!found.problem.empty()) return {nullptr, found.problem};
   if (found.queues.front().isClass) return {nullptr, classProblem(name)};
-  return openPpd(name);
+  return openPpd(found.queues.front());
 }
 
-OpenedPpd PrintServer::openPpd(const std::string& queue) {
+OpenedPpd PrintServer::openPpd(const Queue& queue) {
   const PpdCopy copy = copyPpd(queue);
-  if (!copy.problem.empty()) return {nullptr, copy.problem, copy.isAbsent};
-  OpenedPpd opened = openPpdAt(copy.path, "the PPD of the queue " + inQuotes(queue),
-                               "give the queue a valid one: lpadmin -p " + queue + " -P FILE");
+  if (!copy.problem.empty()) return {nullptr, copy.problem, copy.isForeign};
+  OpenedPpd opened = openPpdAt(copy.path, "the PPD of the queue " + inQuotes(queue.name),
+                               "give the queue a valid one: lpadmin -p " + queue.name + " -P FILE");
   unlink(copy.path.c_str());
-  return opened;
+  if (opened.ppd == nullptr || printsWithKelmfilter(opened.ppd.get())) return opened;
+  return {nullptr, foreignProblem(queue, opened.ppd.get()), true};
 }
 
 PrintServer::Destination PrintServer::destination(const std::string& name) {
@@ -373,14 +378,14 @@ PrintServer::PpdCopy PrintServer::copyOnce(
 }
 
 // Not cupsGetPPD2, which makes a connection of its own for each PPD.
-PrintServer::PpdCopy PrintServer::copyPpd(const std::string& queue) {
+PrintServer::PpdCopy PrintServer::copyPpd(const Queue& queue) {
   PpdCopy copy =
-      copyOnce("the PPD of the queue " + inQuotes(queue), [&]() -> std::optional<std::string> {
+      copyOnce("the PPD of the queue " + inQuotes(queue.name), [&]() -> std::optional<std::string> {
         char path[HTTP_MAX_URI];
         const int file = cupsTempFd(path, sizeof path);
         if (file < 0) return std::nullopt;
         const http_status_t status =
-            cupsGetFd(http_.get(), ("/printers/" + queue + ".ppd").c_str(), file);
+            cupsGetFd(http_.get(), ("/printers/" + queue.name + ".ppd").c_str(), file);
         close(file);
         if (status == HTTP_STATUS_OK) return path;
         unlink(path);
@@ -388,13 +393,9 @@ PrintServer::PpdCopy PrintServer::copyPpd(const std::string& queue) {
       });
   if (copy.problem.empty() || failure_ != Failure::kNone) return copy;
   // "Not found" means a queue that does not exist, or one without a PPD.
-  const Queues found = this->queue(queue);
-  if (!found.problem.empty()) {
-    copy.problem = found.problem;
-  } else {
-    copy.problem = "the queue " + inQuotes(queue) + " has no PPD (raw or driverless queue)";
-    copy.isAbsent = true;
-  }
+  const Queues found = this->queue(queue.name);
+  copy.isForeign = found.problem.empty();
+  copy.problem = copy.isForeign ? foreignProblem(queue, nullptr) : found.problem;
   return copy;
 }
 

@@ -11,28 +11,18 @@
 #include <string>
 #include <vector>
 
+#include "ctl/foreign_queue.hpp"
 #include "ctl/opened_ppd.hpp"
 #include "ctl/subcommand.hpp"
 #include "ctl/update_lines.hpp"
 
 namespace kelm::ctl {
 
-struct Queue {
-  std::string name;
-  std::string deviceUri;
-  bool isClass = false;
-  bool isStopped = false;
-  bool isPrinting = false;
-};
-
 // The queues asked for or, when `problem` is not empty, why there are none and what to do.
 struct Queues {
   std::vector<Queue> queues;
   std::string problem;
 };
-
-// Why a class is refused, and what to do. CUPS would give the PPD of one of the class's queues.
-std::string classProblem(const std::string& name);
 
 // The number of a job that was sent or, when `problem` is not empty, why none was and what to do.
 struct SentJob {
@@ -66,10 +56,11 @@ class PrintServer {
   // One queue or class.
   Queues queue(const std::string& name);
 
-  // The queue's PPD; libcups' temporary copy is removed.
-  OpenedPpd openPpd(const std::string& queue);
+  // The queue's PPD; libcups' temporary copy is removed. A queue that does not print with
+  // kelmfilter is refused.
+  OpenedPpd openPpd(const Queue& queue);
 
-  // Like openPpd, but refuses a class.
+  // The same by the queue's name; a class is refused.
   OpenedPpd openPpdOfQueue(const std::string& name);
 
   // The queue with the options that lp(1) would send for it, of the server and of lpoptions(1);
@@ -85,10 +76,10 @@ class PrintServer {
   struct PpdCopy {
     std::string path;
     std::string problem;
-    bool isAbsent = false;  // the queue exists and has none
+    bool isForeign = false;  // the queue exists and has none
   };
   PpdCopy copyInstalledPpd(const std::string& makeAndModel);
-  PpdCopy copyPpd(const std::string& queue);
+  PpdCopy copyPpd(const Queue& queue);
 
   // Gives the queue the PPD in the file. Returns what went wrong; empty when nothing did.
   std::string setPpd(const std::string& queue, const std::string& path);

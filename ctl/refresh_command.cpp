@@ -89,7 +89,7 @@ struct Ppd {
   std::string text;
   PpdHandle ppd;
   std::string problem;
-  bool isAbsent = false;
+  bool isForeign = false;
 };
 
 Ppd readPpd(const std::string& path, const std::string& description, const std::string& advice) {
@@ -134,7 +134,7 @@ class Refresh {
           complainOf(queue, found.problem.empty() ? classProblem(queue) : found.problem);
         } else {
           // CUPS finds a queue in any letter case, but its lock has one name.
-          count(server, found.queues.front().name);
+          count(server, found.queues.front());
         }
       }
       return;
@@ -142,12 +142,14 @@ class Refresh {
     const Queues found = server.allQueues();
     if (!found.problem.empty()) complainOf("", found.problem);
     for (const Queue& queue : found.queues) {
-      if (!queue.isClass) count(server, queue.name);
+      if (!queue.isClass) count(server, queue);
     }
   }
 
-  void count(PrintServer& server, const std::string& queue) {
-    if (Interruption::isWanted()) return complainOf(queue, "interrupted; nothing was changed");
+  void count(PrintServer& server, const Queue& queue) {
+    if (Interruption::isWanted()) {
+      return complainOf(queue.name, "interrupted; nothing was changed");
+    }
     if (refresh(server, queue)) ++done_;
   }
 
@@ -161,49 +163,48 @@ class Refresh {
   }
 
   // False when it failed, which was reported, or when the queue does not use this driver.
-  bool refresh(PrintServer& server, const std::string& queue) {
-    if (!locks_.problem().empty()) return complainOf(queue, locks_.problem()), false;
+  bool refresh(PrintServer& server, const Queue& queue) {
+    if (!locks_.problem().empty()) return complainOf(queue.name, locks_.problem()), false;
     const pid_t holder = lock(server, queue);
     if (holder != 0) {
-      complainOf(queue, "process " + std::to_string(holder) + " is updating it; try again later");
+      complainOf(queue.name,
+                 "process " + std::to_string(holder) + " is updating it; try again later");
       return false;
     }
     const bool isDone = refreshLocked(server, queue);
-    locks_.unlock(server.lockName(), queue);
+    locks_.unlock(server.lockName(), queue.name);
     return isDone;
   }
 
-  pid_t lock(PrintServer& server, const std::string& queue) {
+  pid_t lock(PrintServer& server, const Queue& queue) {
     const auto end = Clock::now() + std::chrono::seconds(arguments_.wait);
-    pid_t holder = locks_.tryLock(server.lockName(), queue);
+    pid_t holder = locks_.tryLock(server.lockName(), queue.name);
     if (holder > 0 && arguments_.wait > 0) {
-      complain(console_, label_ + queue + ": process " + std::to_string(holder) +
+      complain(console_, label_ + queue.name + ": process " + std::to_string(holder) +
                              " is updating it; waiting for it");
     }
     while (holder > 0 && Clock::now() < end && !Interruption::isWanted()) {
       std::this_thread::sleep_for(kPause);
-      holder = locks_.tryLock(server.lockName(), queue);
+      holder = locks_.tryLock(server.lockName(), queue.name);
     }
     return holder;
   }
 
-  bool refreshLocked(PrintServer& server, const std::string& queue) {
+  bool refreshLocked(PrintServer& server, const Queue& queue) {
     const Ppd old = queuePpd(server, queue);
-    const bool isOurs = printsWithKelmfilter(old.ppd.get());
-    if (arguments_.queues.all && (old.isAbsent || (old.ppd != nullptr && !isOurs))) return false;
-    if (old.ppd == nullptr) return complainOf(queue, old.problem), false;
-    if (!isOurs) return complainOf(queue, "it does not print with kelmfilter"), false;
+    if (arguments_.queues.all && old.isForeign) return false;
+    if (old.ppd == nullptr) return complainOf(queue.name, old.problem), false;
     const Ppd& fresh = installedPpd(server, attributeOf(old.ppd.get(), "NickName"));
-    if (fresh.ppd == nullptr) return complainOf(queue, fresh.problem), false;
+    if (fresh.ppd == nullptr) return complainOf(queue.name, fresh.problem), false;
     const RefreshedPpd merged = refreshedPpd(fresh.text, fresh.ppd.get(), old.ppd.get());
     const std::string versions = "FileVersion " + attributeOf(old.ppd.get(), "FileVersion") +
                                  " -> " + attributeOf(fresh.ppd.get(), "FileVersion");
     if (haveSameLines(merged.text, old.text)) {
-      say(queue, "nothing to do, it has the installed PPD");
+      say(queue.name, "nothing to do, it has the installed PPD");
       return true;
     }
     if (!arguments_.dryRun && !replace(server, queue, old, merged)) return false;
-    tell(queue, versions, merged);
+    tell(queue.name, versions, merged);
     return true;
   }
 
@@ -216,8 +217,9 @@ class Refresh {
   }
 
   // Gives the queue the PPD and checks that the queue has it; if not, gives it the old one again.
-  bool replace(PrintServer& server, const std::string& queue, const Ppd& old,
+  bool replace(PrintServer& server, const Queue& found, const Ppd& old,
                const RefreshedPpd& merged) {
+    const std::string& queue = found.name;
     const TemporaryFile file(merged.text);
     const TemporaryFile backup(old.text);
     if (!file.isWhole() || !backup.isWhole()) {
@@ -229,7 +231,7 @@ class Refresh {
     const std::string reason = whyNotIdle(server, queue);
     if (!reason.empty()) return complainOf(queue, reason + "; nothing was changed"), false;
     std::string problem = server.setPpd(queue, file.path());
-    const Ppd now = queuePpd(server, queue);
+    const Ppd now = queuePpd(server, found);
     if (problem.empty() && now.ppd != nullptr && haveSameLines(now.text, merged.text)) return true;
     if (problem.empty())
       problem = now.ppd == nullptr ? now.problem : "the print server did not keep the new PPD";
@@ -253,13 +255,15 @@ class Refresh {
     }
   }
 
-  Ppd queuePpd(PrintServer& server, const std::string& queue) const {
+  // The PPD of a queue that prints with kelmfilter.
+  Ppd queuePpd(PrintServer& server, const Queue& queue) const {
     const PrintServer::PpdCopy copy = server.copyPpd(queue);
-    if (!copy.problem.empty()) return {{}, nullptr, copy.problem, copy.isAbsent};
-    Ppd ppd = readPpd(copy.path, "the PPD of the queue " + inQuotes(queue),
-                      "give the queue a valid one: lpadmin -p " + queue + " -P FILE");
+    if (!copy.problem.empty()) return {{}, nullptr, copy.problem, copy.isForeign};
+    Ppd ppd = readPpd(copy.path, "the PPD of the queue " + inQuotes(queue.name),
+                      "give the queue a valid one: lpadmin -p " + queue.name + " -P FILE");
     unlink(copy.path.c_str());
-    return ppd;
+    if (ppd.ppd == nullptr || printsWithKelmfilter(ppd.ppd.get())) return ppd;
+    return {{}, nullptr, foreignProblem(queue, ppd.ppd.get()), true};
   }
 
   // Read once for all queues of a server.

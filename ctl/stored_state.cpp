@@ -41,18 +41,8 @@ StoredLines storedLinesOf(ppd_file_t* ppd) {
 }
 
 StoredState storedStateOf(ppd_file_t* ppd) {
-  return {printsWithKelmfilter(ppd), ppdsettings::KelmSNMPHelper::snmpCommunityName_(ppd),
-          storedLinesOf(ppd), storedSettings(ppd)};
-}
-
-// A line of *cupsFilter ends with the program's name, which may have a path.
-bool printsWithKelmfilter(const ppd_file_t* ppd) {
-  if (ppd == nullptr) return false;
-  for (const char* filter : std::span(ppd->filters, static_cast<std::size_t>(ppd->num_filters))) {
-    const std::string_view line = filter;
-    if (line.substr(line.find_last_of(" /\t") + 1) == "kelmfilter") return true;
-  }
-  return false;
+  return {ppdsettings::KelmSNMPHelper::snmpCommunityName_(ppd), storedLinesOf(ppd),
+          storedSettings(ppd)};
 }
 
 }  // namespace kelm::ctl

@@ -18,7 +18,6 @@ namespace kelm::ctl {
 using StoredLines = std::map<std::string, std::string>;
 
 struct StoredState {
-  bool isOurs = false;  // the queue prints with kelmfilter
   std::string community;
   StoredLines lines;
   std::vector<StoredSetting> settings;
@@ -30,8 +29,5 @@ StoredLines storedLinesOf(ppd_file_t* ppd);
 bool belongsTo(std::string_view keyword, const ppdsettings::StoredFact& fact);
 
 StoredState storedStateOf(ppd_file_t* ppd);
-
-// Whether the PPD names kelmfilter as a filter.
-bool printsWithKelmfilter(const ppd_file_t* ppd);
 
 }  // namespace kelm::ctl

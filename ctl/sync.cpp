@@ -194,19 +194,14 @@ class Sync {
 
   void prepare(Task& task) {
     if (task.queue.isClass) return fail(task, classProblem(task.queue.name));
-    const OpenedPpd opened = task.server->openPpd(task.queue.name);
-    if (request_.queues.empty() &&
-        (opened.isAbsent || (opened.ppd != nullptr && !printsWithKelmfilter(opened.ppd.get())))) {
+    const OpenedPpd opened = task.server->openPpd(task.queue);
+    if (request_.queues.empty() && opened.isForeign) {
       task.isSkipped = true;
       return finish(task);
     }
     if (opened.ppd == nullptr) return fail(task, opened.problem);
     task.before = storedStateOf(opened.ppd.get());
     if (task.repeats == 0) task.result.before = task.before.settings;
-    if (!task.before.isOurs) {
-      return fail(task,
-                  "the queue " + inQuotes(task.queue.name) + " does not print with kelmfilter");
-    }
     if (task.queue.isStopped && !request_.dryRun) {
       return fail(task, "the queue " + inQuotes(task.queue.name) +
                             " is stopped; start it: cupsenable " + task.queue.name);
@@ -312,7 +307,7 @@ class Sync {
   // `problem` says what became of the job; it is empty if the job is completed. An interrupted job
   // that has stored everything anyway has no problem.
   void readBack(Task& task, std::string problem, SyncStatus failure = SyncStatus::kFailed) {
-    const OpenedPpd opened = task.server->openPpd(task.queue.name);
+    const OpenedPpd opened = task.server->openPpd(task.queue);
     if (opened.ppd == nullptr) {
       if (problem.empty()) problem = jobName(task) + " was sent; whether it was done is not known";
       return fail(task, problem + ": " + opened.problem, failure);

@@ -47,7 +47,7 @@ WakePlan wakePlanOf(PrintServer& server, const std::string& queue) {
   const Queues found = server.queue(queue);
   if (!found.problem.empty()) return {{}, found.problem};
   if (found.queues.front().isClass) return {{}, classProblem(queue)};
-  const OpenedPpd opened = server.openPpd(queue);
+  const OpenedPpd opened = server.openPpd(found.queues.front());
   if (opened.ppd == nullptr) return {{}, opened.problem};
   const wakeup::WakeUpSettings settings = wakeup::wakeUpSettingsOf(opened.ppd.get());
   const std::string problem = problemOf(settings, queue);

@@ -120,7 +120,7 @@ grep -q 'has no PPD for "KELM Unknown.* installed; give one with --ppd' "$W/err"
 sed 's/ kelmfilter/ -/' "$BUILD/ppd/kelm-ij.ppd" >"$W/other.ppd"
 cups_queue other socket://127.0.0.1 "$W/other.ppd"
 run 1 refresh other
-grep -q 'other: it does not print with kelmfilter' "$W/err" || fail "$(cat "$W/err")"
+grep -q '^kelmctl: other: the queue "other" does not print with kelmfilter: its PPD is "KELM IJ' "$W/err" || fail "$(cat "$W/err")"
 run 3 refresh kelm nothere
 # With several servers, each line names the server.
 run 3 refresh kelm -h 127.0.0.1:631 -h 127.0.0.1:632

@@ -310,9 +310,7 @@ run 1 sync nothere --address ::1
 expect_message '"nothere" is not known to the print server'
 lpadmin -p raw -E -v socket://127.0.0.1 2>"$W/lpadmin_log"
 run 1 sync raw
-expect_message '"raw" has no PPD (raw or driverless queue)'
-run 1 settings raw
-expect_message '"raw" has no PPD (raw or driverless queue)'
+expect_message '"raw" has no PPD: it is raw, or '
 lpadmin -p kelm -c class 2>"$W/lpadmin_log"
 run 1 sync class
 expect_message '"class" is a class; name its queues'
@@ -320,8 +318,6 @@ for subcommand in wake settings explain; do
   run 1 $subcommand class
   expect_message '"class" is a class; name its queues, "lpstat -c class" lists them'
 done
-run 1 wake raw
-expect_message '"raw" has no PPD'
 cups_queue unsynced socket://127.0.0.1 "$HERE/lib/queue.ppd"
 run 1 wake unsynced
 expect_message '"unsynced" does not know its printer.s MAC address; store it: kelmctl sync unsynced'

@@ -1,0 +1,110 @@
+// Queues that do not print with this driver: what they are, and what to do about them.
+// SPDX-License-Identifier: Apache-2.0
+#include "ctl/foreign_queue.hpp"
+
+#include <cups/cups.h>
+
+#include <span>
+#include <string_view>
+
+// libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
+#pragma GCC diagnostic ignored "-Wdeprecated-declarations"
+
+namespace kelm::ctl {
+namespace {
+
+std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
+
+// What follows `start`, up to a "?"; empty when the text does not begin with it.
+std::string_view nameAfter(std::string_view start, std::string_view text) {
+  if (!text.starts_with(start)) return {};
+  text.remove_prefix(start.size());
+  return text.substr(0, text.find('?'));
+}
+
+// HOST[:PORT] as -h takes it.
+std::string serverName(std::string host, int port) {
+  if (host.find(':') != std::string::npos) host = '[' + host + ']';
+  return port == ippPort() ? host : host + ':' + std::to_string(port);
+}
+
+// What to do where the device is a queue or class of a print server; empty when it is not.
+std::string adviceForRemote(const std::string& deviceUri) {
+  char scheme[HTTP_MAX_URI];
+  char user[HTTP_MAX_URI];
+  char host[HTTP_MAX_URI];
+  char resource[HTTP_MAX_URI];
+  int port = 0;
+  if (httpSeparateURI(HTTP_URI_CODING_ALL, deviceUri.c_str(), scheme, sizeof scheme, user,
+                      sizeof user, host, sizeof host, &port, resource,
+                      sizeof resource) < HTTP_URI_STATUS_OK) {
+    return {};
+  }
+  const std::string_view path = resource;
+  // The name of a service is followed by its type; a queue of CUPS has the path "/cups".
+  if (std::string_view(scheme) == "dnssd") {
+    if (path != "/cups" && !path.starts_with("/cups?")) return {};
+    return "do this on the print server that announces " +
+           inQuotes(std::string_view(host).substr(0, std::string_view(host).rfind("._ipp")));
+  }
+  if (!std::string_view(scheme).starts_with("ipp") && !std::string_view(scheme).starts_with("http"))
+    return {};
+  for (const std::string_view start : {"/printers/", "/classes/"}) {
+    const std::string_view name = nameAfter(start, path);
+    if (name.empty()) continue;
+    return "its jobs go to " + inQuotes(name) + " on another print server; do this there: -h " +
+           serverName(host, port) + ' ' + std::string(name);
+  }
+  return {};
+}
+
+std::string adviceFor(const Queue& queue) {
+  const std::string advice = adviceForRemote(queue.deviceUri);
+  if (!advice.empty()) return advice;
+  // Even with another PPD, CUPS removes a temporary queue.
+  return (queue.isTemporary
+              ? "make a queue for it: lpadmin -p NAME -E -v " + queue.deviceUri + " -m MODEL"
+              : "give it the printer's PPD: lpadmin -p " + queue.name + " -m MODEL") +
+         ", where lpinfo -m lists the models";
+}
+
+// The names that CUPS and cups-filters give to the PPDs that they make.
+bool isDriverless(std::string_view nickName) {
+  return nickName.ends_with("IPP Everywhere") || nickName.find("driverless") != nickName.npos;
+}
+
+std::string whatItIs(const Queue& queue, ppd_file_t* ppd) {
+  if (ppd == nullptr) {
+    return "has no PPD: it is raw, or driverless with a printer that CUPS could not ask";
+  }
+  const std::string name = "does not print with kelmfilter: ";
+  if (queue.isTemporary) return name + "CUPS made it by itself, and will remove it";
+  const ppd_attr_t* attribute = ppdFindAttr(ppd, "NickName", nullptr);
+  const std::string_view nickName =
+      attribute != nullptr && attribute->value != nullptr ? attribute->value : "";
+  if (isDriverless(nickName)) return name + "it is driverless, with a PPD that CUPS made";
+  return name + "its PPD is " + inQuotes(nickName);
+}
+
+}  // namespace
+
+std::string classProblem(const std::string& name) {
+  return inQuotes(name) + " is a class; name its queues, \"lpstat -c " + name + "\" lists them";
+}
+
+// A line of *cupsFilter ends with the program's name, which may have a path.
+bool printsWithKelmfilter(const ppd_file_t* ppd) {
+  if (ppd == nullptr) return false;
+  for (const char* filter : std::span(ppd->filters, static_cast<std::size_t>(ppd->num_filters))) {
+    const std::string_view line = filter;
+    if (line.substr(line.find_last_of(" /\t") + 1) == "kelmfilter") return true;
+  }
+  return false;
+}
+
+std::string foreignProblem(const Queue& queue, ppd_file_t* ppd) {
+  if (printsWithKelmfilter(ppd)) return {};
+  return "the queue " + inQuotes(queue.name) + ' ' + whatItIs(queue, ppd) + "; " + adviceFor(queue);
+}
+
+}  // namespace kelm::ctl

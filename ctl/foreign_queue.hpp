@@ -1,0 +1,30 @@
+// Queues that do not print with this driver: what they are, and what to do about them.
+// SPDX-License-Identifier: Apache-2.0
+#pragma once
+
+#include <cups/ppd.h>
+
+#include <string>
+
+namespace kelm::ctl {
+
+struct Queue {
+  std::string name;
+  std::string deviceUri;
+  bool isClass = false;
+  bool isTemporary = false;
+  bool isStopped = false;
+  bool isPrinting = false;
+};
+
+// Why a class is refused, and what to do. CUPS would give the PPD of one of the class's queues.
+std::string classProblem(const std::string& name);
+
+// Whether the PPD names kelmfilter as a filter.
+bool printsWithKelmfilter(const ppd_file_t* ppd);
+
+// Why a queue with this PPD is refused, and what to do; null: it has none. Empty when it prints
+// with kelmfilter.
+std::string foreignProblem(const Queue& queue, ppd_file_t* ppd);
+
+}  // namespace kelm::ctl
