@@ -10,6 +10,7 @@ namespace kelm::ctl {
 
 struct Queue {
   std::string name;
+  std::string uuid;  // CUPS gives each queue one and keeps it; empty: the server gives none
   std::string deviceUri;
   bool isClass = false;
   bool isTemporary = false;

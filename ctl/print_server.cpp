@@ -39,7 +39,8 @@ constexpr char kTitle[] = "Printer settings";
 // has no page, in case the queue does not have kelmfilter.
 constexpr char kFormat[] = "application/vnd.cups-postscript";
 constexpr std::string_view kDocument = "%!PS-Adobe-3.0\n%%Pages: 0\n%%EndComments\n%%EOF\n";
-constexpr const char* kQueueAttributes[] = {"printer-name", "device-uri", "printer-state",
+constexpr const char* kQueueAttributes[] = {"printer-name", "printer-uuid",
+                                            "device-uri",   "printer-state",
                                             "printer-type", "printer-is-temporary"};
 
 // No answer, or one that only says "later".
@@ -71,6 +72,8 @@ void readAttribute(ipp_attribute_t* attribute, Queue& queue) {
   const std::string_view name = ippGetName(attribute);
   if (name == "printer-name") {
     queue.name = textOf(attribute);
+  } else if (name == "printer-uuid") {
+    queue.uuid = textOf(attribute);
   } else if (name == "printer-is-temporary") {
     queue.isTemporary = ippGetBoolean(attribute, 0) != 0;
   } else if (name == "device-uri") {
@@ -146,11 +149,12 @@ PrintServer::PrintServer(const std::string& name, const Console& console,
   if (name.empty() && isOwnPort) name_ += ":" + std::to_string(port_);
 }
 
-std::string PrintServer::lockName() const {
-  std::string name = host_;
-  std::transform(name.begin(), name.end(), name.begin(),
+std::string PrintServer::lockName(const Queue& queue) const {
+  if (!queue.uuid.empty()) return queue.uuid;
+  std::string host = host_;
+  std::transform(host.begin(), host.end(), host.begin(),
                  [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return name.starts_with('/') ? name : name + ":" + std::to_string(port_);
+  return host + ':' + std::to_string(port_) + '/' + queue.name;
 }
 
 // Some calls of libcups make queue URIs for its current server, even over a connection to another

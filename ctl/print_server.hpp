@@ -48,8 +48,8 @@ class PrintServer {
   // The name as messages show it.
   const std::string& name() const { return name_; }
 
-  // The name for QueueLocks: the same for each way to write the host and its port.
-  std::string lockName() const;
+  // The queue's name for QueueLocks: the same whatever name this server is called by.
+  std::string lockName(const Queue& queue) const;
 
   Queues allQueues();
 

@@ -9,39 +9,27 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
-#include <string_view>
 
 namespace kelm::ctl {
 namespace {
 
-constexpr char kFile[] = "/run/lock/kelmctl.lock";
 constexpr mode_t kForAllUsers = 0666;
 
 // Uses O_CREAT only when the file is missing: in that directory, the kernel does not let root open
 // another user's file with it (fs.protected_regular).
-int openLockFile() {
-  const int existing = open(kFile, O_RDWR | O_NOFOLLOW | O_CLOEXEC);
+int openLockFile(const char* path) {
+  const int existing = open(path, O_RDWR | O_NOFOLLOW | O_CLOEXEC);
   if (existing >= 0 || errno != ENOENT) return existing;
-  const int file = open(kFile, O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_CREAT | O_EXCL, kForAllUsers);
-  if (file < 0 && errno == EEXIST) return open(kFile, O_RDWR | O_NOFOLLOW | O_CLOEXEC);
+  const int file = open(path, O_RDWR | O_NOFOLLOW | O_CLOEXEC | O_CREAT | O_EXCL, kForAllUsers);
+  if (file < 0 && errno == EEXIST) return open(path, O_RDWR | O_NOFOLLOW | O_CLOEXEC);
   if (file >= 0) fchmod(file, kForAllUsers);
   return file;
 }
 
-// This computer's print server has several names, but each of its queues has only one lock.
-std::string_view serverKey(std::string_view server) {
-  const auto begins = [&](std::string_view start) { return server.starts_with(start); };
-  const bool isLocal = server.empty() || begins("/") || begins("localhost") || begins("127.") ||
-                       begins("[::1]") || begins("::1");
-  return isLocal ? std::string_view() : server;
-}
-
 // FNV-1a, the same in every process, cut to a file offset.
-off_t offsetOf(const std::string& server, const std::string& queue) {
+off_t offsetOf(const std::string& queue) {
   std::uint64_t hash = 0xCBF29CE484222325U;
-  for (const char c : std::string(serverKey(server)) + '\n' + queue) {
-    hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
-  }
+  for (const char c : queue) hash = (hash ^ static_cast<unsigned char>(c)) * 0x100000001B3U;
   return static_cast<off_t>(hash >> 2);
 }
 
@@ -56,24 +44,25 @@ struct flock lockFor(short type, off_t offset) {
 
 }  // namespace
 
-QueueLocks::QueueLocks() : file_(openLockFile()) {
+QueueLocks::QueueLocks(const std::string& path) : file_(openLockFile(path.c_str())) {
   if (file_ >= 0) return;
-  problem_ = "the lock file ";
-  problem_.append(kFile).append(" cannot be opened: ").append(std::strerror(errno));
-  problem_ += "; without it two updates of one queue could mix";
+  problem_ = "the lock file " + path + " cannot be opened: " + std::strerror(errno) +
+             "; without it two updates of one queue could mix";
 }
 
 QueueLocks::~QueueLocks() {
   if (file_ >= 0) close(file_);
 }
 
-pid_t QueueLocks::tryLock(const std::string& server, const std::string& queue) {
+// The kernel would give this process its own lock a second time.
+pid_t QueueLocks::tryLock(const std::string& queue) {
   constexpr int kAttempts = 10;  // the holder may end between the two calls below
-  const off_t offset = offsetOf(server, queue);
+  const off_t offset = offsetOf(queue);
+  if (held_.count(offset) > 0) return getpid();
   for (int attempt = 0; attempt < kAttempts; ++attempt) {
     struct flock lock = lockFor(F_WRLCK, offset);
     if (fcntl(file_, F_SETLK, &lock) == 0) {
-      ++held_[offset];
+      held_.insert(offset);
       return 0;
     }
     struct flock holder = lockFor(F_WRLCK, offset);
@@ -83,12 +72,11 @@ pid_t QueueLocks::tryLock(const std::string& server, const std::string& queue) {
   return -1;
 }
 
-void QueueLocks::unlock(const std::string& server, const std::string& queue) {
-  const auto held = held_.find(offsetOf(server, queue));
-  if (held == held_.end() || --held->second > 0) return;
-  struct flock lock = lockFor(F_UNLCK, held->first);
+void QueueLocks::unlock(const std::string& queue) {
+  const off_t offset = offsetOf(queue);
+  if (held_.erase(offset) == 0) return;
+  struct flock lock = lockFor(F_UNLCK, offset);
   fcntl(file_, F_SETLK, &lock);
-  held_.erase(held);
 }
 
 }  // namespace kelm::ctl

@@ -4,7 +4,7 @@
 
 #include <sys/types.h>
 
-#include <map>
+#include <set>
 #include <string>
 
 namespace kelm::ctl {
@@ -13,7 +13,7 @@ namespace kelm::ctl {
 // process ends. They do not keep another machine from changing the same queue.
 class QueueLocks {
  public:
-  QueueLocks();
+  explicit QueueLocks(const std::string& path = "/run/lock/kelmctl.lock");
   ~QueueLocks();
   QueueLocks(const QueueLocks&) = delete;
   QueueLocks& operator=(const QueueLocks&) = delete;
@@ -21,16 +21,15 @@ class QueueLocks {
   // Why there can be no locks, and what to do; empty when there can.
   const std::string& problem() const { return problem_; }
 
-  // 0: this process has the lock now; otherwise the process that has it, -1 when it is not known.
-  // `server` is a PrintServer's lockName(). Each success needs its own `unlock`: the print servers
-  // of this computer share their locks.
-  pid_t tryLock(const std::string& server, const std::string& queue);
-  void unlock(const std::string& server, const std::string& queue);
+  // 0: this process has the lock from now on; otherwise the process that has it, which may be this
+  // one, -1 when it is not known. `queue` is a PrintServer's lockName().
+  pid_t tryLock(const std::string& queue);
+  void unlock(const std::string& queue);
 
  private:
   int file_;
   std::string problem_;
-  std::map<off_t, int> held_;  // how often each lock was taken
+  std::set<off_t> held_;
 };
 
 }  // namespace kelm::ctl

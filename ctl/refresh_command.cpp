@@ -172,20 +172,20 @@ class Refresh {
       return false;
     }
     const bool isDone = refreshLocked(server, queue);
-    locks_.unlock(server.lockName(), queue.name);
+    locks_.unlock(server.lockName(queue));
     return isDone;
   }
 
   pid_t lock(PrintServer& server, const Queue& queue) {
     const auto end = Clock::now() + std::chrono::seconds(arguments_.wait);
-    pid_t holder = locks_.tryLock(server.lockName(), queue.name);
+    pid_t holder = locks_.tryLock(server.lockName(queue));
     if (holder > 0 && arguments_.wait > 0) {
       complain(console_, label_ + queue.name + ": process " + std::to_string(holder) +
                              " is updating it; waiting for it");
     }
     while (holder > 0 && Clock::now() < end && !Interruption::isWanted()) {
       std::this_thread::sleep_for(kPause);
-      holder = locks_.tryLock(server.lockName(), queue.name);
+      holder = locks_.tryLock(server.lockName(queue));
     }
     return holder;
   }

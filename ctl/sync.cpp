@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/sync.hpp"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <iterator>
 #include <memory>
@@ -45,7 +47,8 @@ struct Task {
   bool isSkipped = false;  // all queues were asked for, and this one is not ours
   StoredState before;
   std::string community;
-  pid_t lockHolder = 0;
+  bool hasLock = false;
+  pid_t lockHolder = 0;  // another process that is waited for
   int job = 0;
   int repeats = 0;  // because another program changed the queue as well
   bool isCancelled = false;
@@ -175,9 +178,11 @@ class Sync {
       fail(task, locks_.problem());
       return false;
     }
-    const bool isFirst = task.lockHolder == 0;
-    task.lockHolder = locks_.tryLock(task.server->lockName(), task.queue.name);
-    if (task.lockHolder == 0) return true;
+    const pid_t found = locks_.tryLock(task.server->lockName(task.queue));
+    task.hasLock = found == 0;
+    // This process has it when it calls one server by two names.
+    if (task.hasLock || found == getpid()) return task.hasLock;
+    const bool isFirst = std::exchange(task.lockHolder, found) == 0;
     const std::string holder = "process " + std::to_string(task.lockHolder) +
                                " is updating the queue " + inQuotes(task.queue.name);
     if (isFirst) {
@@ -186,10 +191,14 @@ class Sync {
     }
     task.nextLook = Clock::now() + 200ms;
     if (Clock::now() >= task.limit) {
-      task.lockHolder = 0;
       fail(task, holder + " and does not end; try again later");
     }
     return false;
+  }
+
+  void unlock(Task& task) {
+    if (task.hasLock) locks_.unlock(task.server->lockName(task.queue));
+    task.hasLock = false;
   }
 
   void prepare(Task& task) {
@@ -344,7 +353,7 @@ class Sync {
     if (failure == SyncStatus::kInterrupted || ++task.repeats > kMostRepeats) {
       return fail(task, std::string(task.result.problem), failure);
     }
-    locks_.unlock(task.server->lockName(), task.queue.name);
+    unlock(task);
     task.job = 0;
     task.pause = kFirstLook;
     task.stage = Stage::kWaiting;
@@ -366,9 +375,7 @@ class Sync {
 
   void finish(Task& task) {
     task.stage = Stage::kOver;
-    if (!request_.dryRun && locks_.problem().empty() && task.lockHolder == 0) {
-      locks_.unlock(task.server->lockName(), task.queue.name);
-    }
+    unlock(task);
   }
 
   // A job that has not begun is cancelled; one that is being processed ends by itself. A job may

@@ -42,6 +42,7 @@ jobs_of() { lpstat -W not-completed -o "$1" | wc -l; }
 has_jobs() { [ "$(jobs_of "$1")" = "$2" ]; }
 
 cups_setup
+echo 'ServerAlias *' >>"$CUPS/etc/cupsd.conf"
 cups_start
 backend slow 3
 backend hang 200
@@ -157,10 +158,29 @@ boxes = {"127.0.0.1": [1, 17], "127.0.0.2": [1, 5, 17]}
 assert d["sharedBoxNumbers"] == boxes[d["printerIPAddress"]], d' "$W/settings" ||
   fail "the lists of two printers are mixed"
 
-# The same print server under other names: the second sync of a queue names the process that updates it.
+# One print server, whatever it is called: the second sync of a queue says who is at it. Another server on this
+# computer has another queue of that name, which is free.
+cp /etc/hosts "$W/hosts"
+echo '127.0.0.1 print1 print1.example' >>"$W/hosts"
+mount --bind "$W/hosts" /etc/hosts
+sed "s|$CUPS|$W/second|g; s/127.0.0.1:631/127.0.0.1:632/" "$CUPS/etc/cupsd.conf" >"$W/second.conf"
+sed "s|$CUPS|$W/second|g" "$CUPS/etc/cups-files.conf" >"$W/second-files.conf"
+cp -a "$CUPS" "$W/second"
+rm -r "$W/second/etc" "$W/second/spool" "$W/second/cache"
+mkdir -p "$W/second/etc/ppd" "$W/second/spool/tmp" "$W/second/cache"
+/usr/sbin/cupsd -f -c "$W/second.conf" -s "$W/second-files.conf" >"$W/second_log" 2>&1 </dev/null &
+started second $!
+wait_until 5 printer_listens 632 || fail "no second print server"
+lpadmin -h 127.0.0.1:632 -p held -E -v socket://127.0.0.1 -P "$HERE/lib/queue.ppd" 2>"$W/lpadmin_log"
+printer_start 9100 "$W/printer.out"
 sync_start held --address 127.0.0.1 --wait 20 -h 127.0.0.1:631
 wait_until 10 has_jobs held 2 || fail "no update job: $(cat "$W/err")"
-for name in localhost "$CUPS/state/cups.sock"; do
+for name in print1:632 127.0.0.1:632; do
+  "$KELMCTL" sync held --address 127.0.0.1 --wait 5 -h "$name" >"$W/second_out" 2>"$W/second_err" ||
+    fail "the queue of another server is not free ($name): $(cat "$W/second_err")"
+  expect "what is said of the other server ($name)" '' "$(cat "$W/second_err")"
+done
+for name in localhost "$CUPS/state/cups.sock" print1 print1:631 PRINT1 Print1.Example:631; do
   status=0
   "$KELMCTL" sync held --address 127.0.0.1 --wait 0 -h "$name" >"$W/second_out" 2>"$W/second_err" || status=$?
   expect "status of the second sync ($name)" 1 "$status"
@@ -168,6 +188,13 @@ for name in localhost "$CUPS/state/cups.sock"; do
     fail "no message about the first sync ($name): $(cat "$W/second_err")"
 done
 expect "jobs in the queue" 2 "$(jobs_of held)"
+# Called by two names in one call, the other server's queue gets its update jobs one after the other.
+printer_mib "$HERE/printers/few_boxes.mib" | agent_start third_agent 127.0.0.3
+"$KELMCTL" sync held --address 127.0.0.3 --wait 5 -h print1:632 -h PRINT1:632 -h 127.0.0.1:632 >"$W/second_out" \
+  2>"$W/second_err" || fail "one server by three names: $(cat "$W/second_err")"
+sed 's/.*: //' "$W/second_out" | head -n 3 | cut -d, -f1 | tr '\n' ' ' >"$W/results"
+expect "the results under three names" 'done unchanged unchanged ' "$(cat "$W/results")"
+expect "messages about one server by three names" '' "$(cat "$W/second_err")"
 
 # A refresh also waits for it, with any letter case of the queue's name.
 sed 's/^\*FileVersion:.*/*FileVersion: "7.0"/' "$HERE/lib/queue.ppd" >"$W/version7"
