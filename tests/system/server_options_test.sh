@@ -115,7 +115,7 @@ status=0
 expect "status of a server on port 443 without encryption" 1 "$status"
 grep -q '^kelmctl: the print server 127.0.0.2:443 cannot be asked with encryption: ' "$W/err" ||
   fail "no word about it: $(cat "$W/err")"
-# An IPv6 address with brackets and, without a port, without them.
+# IPv6 addresses: with a port only in brackets, without a port also without them.
 sed -i 's/^Listen 127.*/&\nListen [::1]:631/; s/Allow from 127.0.0.1/&\n  Allow from ::1/' "$CUPS/etc/cupsd.conf"
 kill -HUP "$(cat "$W/pids/cupsd")"
 ipv6_listens() { ss -ltn6 'sport = :631' | grep -q LISTEN; }

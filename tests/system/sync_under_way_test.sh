@@ -1,6 +1,6 @@
 #!/bin/sh
-# kelmctl sync while its update job is under way: interrupted, and met by another one that calls the print
-# server differently. What it says is what is stored.
+# kelmctl sync that is interrupted while its update job is under way, or that meets another sync of the same
+# queue. It must say what is stored.
 # Time limit: 240 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
