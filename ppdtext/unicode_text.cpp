@@ -14,7 +14,7 @@ namespace {
 // The longest result that one character can grow to, in code units: the most that Unicode's case
 // mappings give, and the bytes of UTF-8 for one unit.
 constexpr std::size_t kGrowth = 3;
-constexpr std::size_t kMaxUnits = std::numeric_limits<std::int32_t>::max() / kGrowth;
+constexpr std::size_t kMaxIcuUnits = std::numeric_limits<std::int32_t>::max() / kGrowth;
 
 constexpr UChar32 kReplacement = 0xFFFD;
 
@@ -37,7 +37,7 @@ std::int32_t unitsOf(std::u16string_view text) { return static_cast<std::int32_t
 }  // namespace
 
 std::optional<std::u16string> toUtf16(std::string_view utf8) {
-  if (utf8.size() > kMaxUnits) return std::nullopt;
+  if (utf8.size() > kMaxIcuUnits) return std::nullopt;
   return filled<std::u16string>(utf8.size(), [&](auto* units, auto room, auto* length,
                                                  auto* status) {
     u_strFromUTF8(units, room, length, utf8.data(), static_cast<std::int32_t>(utf8.size()), status);
@@ -45,7 +45,7 @@ std::optional<std::u16string> toUtf16(std::string_view utf8) {
 }
 
 std::string toUtf8(std::u16string_view text) {
-  text = text.substr(0, kMaxUnits);
+  text = text.substr(0, kMaxIcuUnits);
   const auto convert = [&](auto* bytes, auto room, auto* length, auto* status) {
     u_strToUTF8WithSub(bytes, room, length, text.data(), unitsOf(text), kReplacement, nullptr,
                        status);
@@ -60,7 +60,7 @@ std::string_view wholeCharacters(std::string_view utf8, std::size_t bytes) {
 }
 
 std::u16string upperCase(std::u16string_view text) {
-  text = text.substr(0, kMaxUnits);
+  text = text.substr(0, kMaxIcuUnits);
   const auto convert = [&](auto* units, auto room, auto* length, auto* status) {
     *length = u_strToUpper(units, room, text.data(), unitsOf(text), "", status);
   };
@@ -68,7 +68,7 @@ std::u16string upperCase(std::u16string_view text) {
 }
 
 std::u16string foldedCase(std::u16string_view text) {
-  text = text.substr(0, kMaxUnits);
+  text = text.substr(0, kMaxIcuUnits);
   const auto convert = [&](auto* units, auto room, auto* length, auto* status) {
     *length = u_strFoldCase(units, room, text.data(), unitsOf(text), U_FOLD_CASE_DEFAULT, status);
   };

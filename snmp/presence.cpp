@@ -28,10 +28,10 @@ constexpr std::array<Question, 2> kQuestions{
 enum class Outcome { kNone, kAnswer, kSilence };
 
 // A single session of the library. Other sessions are in a list that `get` would wait for.
-struct CloseSession {
+struct CloseSingleSession {
   void operator()(void* session) const { snmp_sess_close(session); }
 };
-using SingleSession = std::unique_ptr<void, CloseSession>;
+using SingleSession = std::unique_ptr<void, CloseSingleSession>;
 
 // The set may hold descriptors above FD_SETSIZE.
 void readFrom(void* session, int socket) {
