@@ -1,23 +1,19 @@
-// The console user on macOS: the owner of the console device, which is root while no user is logged
-// in.
+// The console user on macOS, as the system's configuration has it.
 // SPDX-License-Identifier: Apache-2.0
-#include <sys/stat.h>
+#include <SystemConfiguration/SystemConfiguration.h>
 
+#include "platform/macos/core_foundation.hpp"
 #include "platform/macos/macos_platform.hpp"
-#include "platform/posix/login_name.hpp"
 
 namespace kelm::platform::macos_platform {
-namespace {
 
-constexpr uid_t kRoot = 0;
-
-}  // namespace
-
+// While nobody is logged in, the system has no name, or that of its login window.
 std::string MacosConsoleUser::name() {
-  const std::string device = platform().fileRoot->locate("/dev/console");
-  struct stat console {};
-  if (stat(device.c_str(), &console) != 0 || console.st_uid == kRoot) return {};
-  return posix_platform::loginName(console.st_uid);
+  const Owned<SCDynamicStoreRef> store(
+      SCDynamicStoreCreate(nullptr, CFSTR("GetConsoleUser"), nullptr, nullptr));
+  if (!store) return {};
+  const Owned<CFStringRef> user(SCDynamicStoreCopyConsoleUser(store.get(), nullptr, nullptr));
+  return utf8Of(user.get());
 }
 
 }  // namespace kelm::platform::macos_platform

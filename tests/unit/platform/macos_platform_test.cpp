@@ -3,72 +3,15 @@
 #include "platform/macos/macos_platform.hpp"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <chrono>
-#include <filesystem>
 
-#include "platform/fake/fake_platform.hpp"
 #include "tests/support/child.hpp"
-#include "tests/support/temporary_directory.hpp"
 
 namespace kelm::platform::macos_platform {
 namespace {
 
 using std::chrono::milliseconds;
-
-// A computer whose console device belongs to `user`, or which has no console device. Only root can
-// change the owner of a file.
-class Console {
- public:
-  explicit Console(std::optional<uid_t> user) {
-    system_.fileRoot.root = root_.path();
-    std::filesystem::create_directory(root_.path() / "dev");
-    if (!user) return;
-    const std::filesystem::path device = root_.path() / "dev" / "console";
-    tests::writeFile(device, "");
-    owned_ = chown(device.c_str(), *user, static_cast<gid_t>(-1)) == 0;
-  }
-  bool owned() const { return owned_; }
-
- private:
-  FakePlatform system_;
-  tests::TemporaryDirectory root_;
-  bool owned_ = false;
-};
-
-// The user `daemon` has the number 1 on Linux and macOS.
-TEST(MacosConsoleUser, IsTheOwnerOfTheConsole) {
-  if (geteuid() == 0) {
-    const Console console(1);
-    ASSERT_TRUE(console.owned());
-    EXPECT_EQ(MacosConsoleUser().name(), "daemon");
-  } else {
-    const Console console(geteuid());
-    ASSERT_TRUE(console.owned());
-    EXPECT_NE(MacosConsoleUser().name(), "");
-  }
-}
-
-TEST(MacosConsoleUser, IsNobodyWithoutAConsole) {
-  const Console console(std::nullopt);
-  EXPECT_EQ(MacosConsoleUser().name(), "");
-}
-
-using MacosConsoleOfRoot = testing::Test;
-
-// Only root can make files that belong to root, or to users that no user database has.
-TEST(MacosConsoleOfRoot, IsNobodys) {
-  const Console console(0);
-  ASSERT_TRUE(console.owned());
-  EXPECT_EQ(MacosConsoleUser().name(), "");
-}
-
-TEST(MacosConsoleOfRoot, MayBeOfAnUnknownUser) {
-  const Console console(3999999999);
-  ASSERT_TRUE(console.owned());
-  EXPECT_EQ(MacosConsoleUser().name(), "");
-}
 
 TEST(MacosSteadyClock, SleepsAsLongAsItIsTold) {
   MacosSteadyClock clock;

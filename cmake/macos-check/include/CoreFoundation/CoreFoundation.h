@@ -1,5 +1,5 @@
-// What this project uses of macOS's Core Foundation, for "make macos-check" on computers without
-// Apple's headers. Only declarations; a build on macOS uses the system's own.
+// What this project uses of macOS's Core Foundation, for "make macos-check" and unit tests on computers
+// without Apple's headers. Only declarations; a build on macOS uses the system's own.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
@@ -21,7 +21,11 @@ extern const CFStringRef kCFPreferencesAnyHost;
 extern const CFStringRef kCFPreferencesAnyUser;
 extern const CFStringRef kCFPreferencesCurrentApplication;
 
+#ifdef __APPLE__
 #define CFSTR(text) reinterpret_cast<CFStringRef>(__builtin___CFStringMakeConstantString(text))
+#else
+CFStringRef CFSTR(const char* text);  // the unit tests have it
+#endif
 
 void CFRelease(CFTypeRef object);
 CFArrayRef CFArrayCreate(CFAllocatorRef allocator, const void** values, CFIndex count,
