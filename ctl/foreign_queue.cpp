@@ -7,6 +7,8 @@
 #include <span>
 #include <string_view>
 
+#include "ctl/safe_text.hpp"
+
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
 
@@ -53,7 +55,7 @@ std::string adviceForRemote(const std::string& deviceUri) {
     const std::string_view name = nameAfter(start, path);
     if (name.empty()) continue;
     return "its jobs go to " + inQuotes(name) + " on another print server; do this there: -h " +
-           serverName(host, port) + ' ' + std::string(name);
+           shellWord(serverName(host, port)) + ' ' + shellWord(name);
   }
   return {};
 }
@@ -63,8 +65,9 @@ std::string adviceFor(const Queue& queue) {
   if (!advice.empty()) return advice;
   // Even with another PPD, CUPS removes a temporary queue.
   return (queue.isTemporary
-              ? "make a queue for it: lpadmin -p NAME -E -v " + queue.deviceUri + " -m MODEL"
-              : "give it the printer's PPD: lpadmin -p " + queue.name + " -m MODEL") +
+              ? "make a queue for it: lpadmin -p NAME -E -v " + shellWord(queue.deviceUri) +
+                    " -m MODEL"
+              : "give it the printer's PPD: lpadmin -p " + shellWord(queue.name) + " -m MODEL") +
          ", where lpinfo -m lists the models";
 }
 

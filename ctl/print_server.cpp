@@ -14,6 +14,7 @@
 #include "ctl/interruption.hpp"
 #include "ctl/job_options.hpp"
 #include "ctl/message.hpp"
+#include "ctl/safe_text.hpp"
 #include "ctl/terminal.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
@@ -346,8 +347,9 @@ OpenedPpd PrintServer::openPpdOfQueue(const std::string& name) {
 OpenedPpd PrintServer::openPpd(const Queue& queue) {
   const PpdCopy copy = copyPpd(queue);
   if (!copy.problem.empty()) return {nullptr, copy.problem, copy.isForeign};
-  OpenedPpd opened = openPpdAt(copy.path, "the PPD of the queue " + inQuotes(queue.name),
-                               "give the queue a valid one: lpadmin -p " + queue.name + " -P FILE");
+  OpenedPpd opened =
+      openPpdAt(copy.path, "the PPD of the queue " + inQuotes(queue.name),
+                "give the queue a valid one: lpadmin -p " + shellWord(queue.name) + " -P FILE");
   unlink(copy.path.c_str());
   if (opened.ppd == nullptr || printsWithKelmfilter(opened.ppd.get())) return opened;
   return {nullptr, foreignProblem(queue, opened.ppd.get()), true};

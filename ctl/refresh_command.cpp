@@ -237,8 +237,9 @@ class Refresh {
       problem = now.ppd == nullptr ? now.problem : "the print server did not keep the new PPD";
     const bool isOld = now.ppd != nullptr && haveSameLines(now.text, old.text);
     const bool isBack = isOld || server.setPpd(queue, backup.path()).empty();
-    complainOf(queue, problem + (isBack ? "; it has its old PPD"
-                                        : "; give it a PPD: lpadmin -p " + queue + " -P FILE"));
+    complainOf(queue,
+               problem + (isBack ? "; it has its old PPD"
+                                 : "; give it a PPD: lpadmin -p " + shellWord(queue) + " -P FILE"));
     return false;
   }
 
@@ -259,8 +260,9 @@ class Refresh {
   Ppd queuePpd(PrintServer& server, const Queue& queue) const {
     const PrintServer::PpdCopy copy = server.copyPpd(queue);
     if (!copy.problem.empty()) return {{}, nullptr, copy.problem, copy.isForeign};
-    Ppd ppd = readPpd(copy.path, "the PPD of the queue " + inQuotes(queue.name),
-                      "give the queue a valid one: lpadmin -p " + queue.name + " -P FILE");
+    Ppd ppd =
+        readPpd(copy.path, "the PPD of the queue " + inQuotes(queue.name),
+                "give the queue a valid one: lpadmin -p " + shellWord(queue.name) + " -P FILE");
     unlink(copy.path.c_str());
     if (ppd.ppd == nullptr || printsWithKelmfilter(ppd.ppd.get())) return ppd;
     return {{}, nullptr, foreignProblem(queue, ppd.ppd.get()), true};

@@ -91,6 +91,15 @@ std::string safeText(std::string_view text) {
   });
 }
 
+std::string shellWord(std::string_view text) {
+  constexpr std::string_view kHarmless =
+      "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789%+,-./:=@_";
+  if (!text.empty() && text.find_first_not_of(kHarmless) == text.npos) return std::string(text);
+  std::string word = "'";
+  for (const char c : text) word += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  return word + '\'';
+}
+
 // The line feeds are those of the layout.
 std::string safeJson(std::string_view json) {
   return ofEachCharacter(json, [](std::string_view character) {

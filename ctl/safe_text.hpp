@@ -12,6 +12,10 @@ namespace kelm::ctl {
 // backslash doubled: the name of a printer, queue or file cannot control a terminal.
 std::string safeText(std::string_view text);
 
+// `text` as one word of a shell: in apostrophes unless all its characters are harmless. For
+// commands in messages, which users copy.
+std::string shellWord(std::string_view text);
+
 // `json`, a JSON text, with the control characters that JSON allows in its strings (all but C0)
 // written as \u and four hexadecimal digits: it says the same, and cannot control a terminal
 // either.

@@ -82,7 +82,8 @@ TEST(ForeignProblem, NamesTheQueueOnAnotherPrintServer) {
   EXPECT_THAT(advice("ipps://print1:8631/printers/kelm?waitjob=false"),
               EndsWith(": -h print1:8631 kelm"));
   EXPECT_THAT(advice("http://print1:631/printers/kelm"), EndsWith(": -h print1 kelm"));
-  EXPECT_THAT(advice("ipp://[2001:db8::7]/classes/pool"), EndsWith(": -h [2001:db8::7] pool"));
+  EXPECT_THAT(advice("ipp://[2001:db8::7]/classes/pool"), EndsWith(": -h '[2001:db8::7]' pool"));
+  EXPECT_THAT(advice("ipp://192.0.2.7/printers/a;reboot"), EndsWith(": -h 192.0.2.7 'a;reboot'"));
   EXPECT_THAT(advice("dnssd://kelm%20%40%20office._ipp._tcp.local/cups?uuid=1"),
               EndsWith("; do this on the print server that announces \"kelm @ office\""));
   for (const char* uri : {"ipp://192.0.2.7/ipp/print", "ipp://print1/printers/", "not a URI",

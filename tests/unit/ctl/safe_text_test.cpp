@@ -37,5 +37,14 @@ TEST(SafeJson, EscapesWhatJsonAllowsAndLeavesWhatItEscapes) {
             "{\n  \"a\": \"\\u001B\\\\ \\u007F\\u009B\\u202E\\u2069 共有\"\n}");
 }
 
+TEST(ShellWord, IsInApostrophesUnlessAllCharactersAreHarmless) {
+  EXPECT_EQ(shellWord("ipp://192.0.2.7:631/a%20b_c"), "ipp://192.0.2.7:631/a%20b_c");
+  EXPECT_EQ(shellWord("[fe80::1]:8631"), "'[fe80::1]:8631'");
+  EXPECT_EQ(shellWord("dnssd://A;reboot/cups?uuid=1"), "'dnssd://A;reboot/cups?uuid=1'");
+  EXPECT_EQ(shellWord("$(reboot)"), "'$(reboot)'");
+  EXPECT_EQ(shellWord("a'b"), "'a'\\''b'");
+  EXPECT_EQ(shellWord(""), "''");
+}
+
 }  // namespace
 }  // namespace kelm::ctl
