@@ -40,7 +40,7 @@ int showAddress(const Arguments& arguments, const Console& console) {
   }
   if (arguments.uri.find(':') == std::string::npos) {
     return fail(console,
-                "\"" + arguments.uri + "\" is not a URI; \"lpstat -v\" shows those of queues");
+                '"' + arguments.uri + R"(" is not a URI; "lpstat -v" shows those of queues)");
   }
   return fail(console, "no address is found for \"" + arguments.uri +
                            "\"; check that it is a URI and that its host or service is known");

@@ -61,7 +61,7 @@ std::string adviceForRemote(const std::string& deviceUri) {
 }
 
 std::string adviceFor(const Queue& queue) {
-  const std::string advice = adviceForRemote(queue.deviceUri);
+  std::string advice = adviceForRemote(queue.deviceUri);
   if (!advice.empty()) return advice;
   // Even with another PPD, CUPS removes a temporary queue.
   return (queue.isTemporary
