@@ -18,11 +18,11 @@ struct Feature {
   // A row of feature_writers.hpp.
   template <class Row>
   constexpr Feature(const Row& row)
-      : keyword(row.keyword), code(row.code), writer(row), dialogOnly(row.isDialogOnly()) {}
+      : keyword(row.keyword), writer(row), code(row.code), dialogOnly(row.isDialogOnly()) {}
 
   const char* keyword;
-  std::int32_t code;  // by hundreds: stamps and shifts, gutters, colour, paper and trays, identity
   FeatureWriter writer;
+  std::int32_t code;  // by hundreds: stamps and shifts, gutters, colour, paper and trays, identity
   bool dialogOnly = false;  // the option does nothing in jobs without the maker's dialog
 };
 
