@@ -11,19 +11,10 @@
 . "$HERE/lib/avahi.sh"
 # shellcheck source=tests/system/lib/cups.sh
 . "$HERE/lib/cups.sh"
+# shellcheck source=tests/system/lib/kelmctl.sh
+. "$HERE/lib/kelmctl.sh"
 # shellcheck source=tests/system/lib/snmp.sh
 . "$HERE/lib/snmp.sh"
-
-KELMCTL=$BUILD/kelmctl
-
-# run STATUS ARGUMENT... : kelmctl ends with STATUS; its output is in $W/out and $W/err
-run() {
-  wanted=$1
-  shift
-  status=0
-  "$KELMCTL" "$@" >"$W/out" 2>"$W/err" || status=$?
-  [ $status = "$wanted" ] || fail "kelmctl $*: status $status: $(cat "$W/err")"
-}
 
 # expect_refused QUEUE MESSAGE : by every subcommand that takes a queue, with this one line
 expect_refused() {

@@ -7,22 +7,13 @@
 . "${0%/*}/lib/common.sh"
 # shellcheck source=tests/system/lib/cups.sh
 . "$HERE/lib/cups.sh"
+# shellcheck source=tests/system/lib/kelmctl.sh
+. "$HERE/lib/kelmctl.sh"
 # shellcheck source=tests/system/lib/snmp.sh
 . "$HERE/lib/snmp.sh"
 
 P=$HERE/printers
-KELMCTL=$BUILD/kelmctl
-
 encoded() { printf '%s' "$1" | base64 -w 0; }
-
-# run STATUS ARGUMENT... : kelmctl ends with STATUS; its output is in $W/out and $W/err
-run() {
-  wanted=$1
-  shift
-  status=0
-  "$KELMCTL" "$@" >"$W/out" 2>"$W/err" || status=$?
-  [ $status = "$wanted" ] || fail "kelmctl $*: status $status: $(cat "$W/err")"
-}
 
 # expect_message PATTERN : the last run printed one line, which says why it failed
 expect_message() {
