@@ -107,7 +107,7 @@ bool isIdle(const Request& request, const Option& option, const ppd_option_t& kn
   if (request.isDialogJob() || option.value == known.defchoice) return false;
   if (rowOf(option.name, false)) return false;
   return std::ranges::any_of(psrewrite::features(), [&](const psrewrite::Feature& feature) {
-    return feature.dialogOnly && option.name == feature.keyword;
+    return feature.dialogOnly() && option.name == feature.keyword;
   });
 }
 

@@ -18,12 +18,24 @@ struct Feature {
   // A row of feature_writers.hpp.
   template <class Row>
   constexpr Feature(const Row& row)
-      : keyword(row.keyword), writer(row), code(row.code), dialogOnly(row.isDialogOnly()) {}
+      : keyword(row.keyword),
+        writer(row),
+        code(row.code),
+        row_(&row),
+        isDialogOnly_(
+            [](const void* self) { return static_cast<const Row*>(self)->isDialogOnly(); }) {}
 
   const char* keyword;
   FeatureWriter writer;
   std::int32_t code;  // by hundreds: stamps and shifts, gutters, colour, paper and trays, identity
-  bool dialogOnly = false;  // the option does nothing in jobs without the maker's dialog
+
+  // Whether the option does nothing in jobs without the maker's dialog. Found when it is asked for:
+  // g++ with the sanitizers does not compare functions while it compiles.
+  bool dialogOnly() const { return isDialogOnly_ != nullptr && isDialogOnly_(row_); }
+
+ private:
+  const void* row_ = nullptr;
+  bool (*isDialogOnly_)(const void* row) = nullptr;
 };
 
 // All features in the order in which a line is searched for them.

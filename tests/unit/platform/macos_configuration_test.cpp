@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -58,12 +59,12 @@ const CFStringRef kCFPreferencesCurrentApplication = nullptr;
 
 // As on macOS, a constant text has no owner.
 CFStringRef CFSTR(const char* text) {
-  static std::vector<CoreFoundationObject*> objects;
-  for (CoreFoundationObject* each : objects) {
-    if (each->text == text) return reinterpret_cast<CFStringRef>(each);
+  static std::vector<std::unique_ptr<CoreFoundationObject>> objects;
+  for (const auto& each : objects) {
+    if (each->text == text) return reinterpret_cast<CFStringRef>(each.get());
   }
-  objects.push_back(new CoreFoundationObject{text, {}});
-  return reinterpret_cast<CFStringRef>(objects.back());
+  objects.push_back(std::make_unique<CoreFoundationObject>(CoreFoundationObject{text, {}}));
+  return reinterpret_cast<CFStringRef>(objects.back().get());
 }
 
 void CFRelease(CFTypeRef object) {

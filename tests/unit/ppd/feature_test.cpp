@@ -238,7 +238,7 @@ TEST_F(FeatureSection, DoesNothingInAPlainJobWhereThePpdNamesTheDialog) {
   }
   std::vector<std::string> idle;
   for (const psrewrite::Feature& feature : psrewrite::features()) {
-    if (feature.dialogOnly) idle.emplace_back(feature.keyword);
+    if (feature.dialogOnly()) idle.emplace_back(feature.keyword);
   }
   EXPECT_THAT(idle, testing::UnorderedElementsAreArray(named))
       << "ppd/kelm-ij-dialog.ppd: put \"(KELM dialog)\" into the text of such an option or of its "
