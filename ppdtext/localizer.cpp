@@ -34,7 +34,9 @@ std::u16string lineKey(std::u16string_view subject, std::u16string_view keyword)
   return std::u16string(subject).append(u"/").append(keyword);
 }
 
-char16_t lowerUnit(char16_t c) { return c >= u'A' && c <= u'Z' ? c - u'A' + u'a' : c; }
+char16_t lowerUnit(char16_t c) {
+  return c >= u'A' && c <= u'Z' ? static_cast<char16_t>(c - u'A' + u'a') : c;
+}
 
 std::u16string lowerAscii(std::u16string_view text) {
   std::u16string lower(text);
