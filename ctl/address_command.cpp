@@ -21,7 +21,7 @@ struct Arguments {
 };
 
 void printJson(std::ostream& out, bool ipv6, const wakeup::Text& address) {
-  const Json object{{"ipv6", ipv6}, {"address", address ? Json(*address) : Json(nullptr)}};
+  const Json object{{"ipv6", ipv6}, {"address", address}};
   out << textOf(object, JsonLayout::kIndented) << '\n';
 }
 

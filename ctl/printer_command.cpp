@@ -41,8 +41,6 @@ struct Arguments {
   bool quiet = false;
 };
 
-Json jsonOf(const Names& names) { return names ? Json(*names) : Json(nullptr); }
-
 Json jsonOf(const std::optional<std::vector<SharedBox>>& boxes) {
   if (!boxes) return nullptr;
   Json list = Json::array();
@@ -52,16 +50,15 @@ Json jsonOf(const std::optional<std::vector<SharedBox>>& boxes) {
 
 Json jsonOf(const PrinterFacts& facts) {
   return {
-      {"sharedBoxCount", facts.sharedBoxCount ? Json(*facts.sharedBoxCount) : Json()},
+      {"sharedBoxCount", facts.sharedBoxCount},
       {"sharedBoxes", jsonOf(facts.sharedBoxes)},
-      {"forms", jsonOf(facts.forms)},
-      {"barcodeAreas", jsonOf(facts.barcodeAreas)},
-      {"colorProfiles", jsonOf(facts.colorProfiles)},
-      {"adminLoginModeEnabled",
-       facts.adminLoginModeEnabled ? Json(*facts.adminLoginModeEnabled) : Json()},
+      {"forms", facts.forms},
+      {"barcodeAreas", facts.barcodeAreas},
+      {"colorProfiles", facts.colorProfiles},
+      {"adminLoginModeEnabled", facts.adminLoginModeEnabled},
       {"sleepMode", facts.sleepMode},
       {"sleepModeStatus", facts.sleepModeStatus},
-      {"macAddress", facts.macAddress ? Json(*facts.macAddress) : Json(nullptr)},
+      {"macAddress", facts.macAddress},
   };
 }
 

@@ -50,7 +50,7 @@ void printReadable(std::ostream& out, ppd_file_t* ppd) {
 }
 
 void printJson(std::ostream& out, ppd_file_t* ppd) {
-  Json object;
+  Json object = Json::object();
   for (const StoredSetting& setting : storedSettings(ppd)) {
     std::visit([&](const auto& value) { object[setting.member] = value; }, setting.value);
     if (setting.numbersMember != nullptr) object[setting.numbersMember] = setting.numbers;

@@ -3,9 +3,12 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <atomic>
 #include <chrono>
+#include <cstdint>
+#include <iterator>
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <thread>
 #include <vector>
@@ -99,15 +102,21 @@ Outcome wake(const platform::WakeUpRequest& request) {
               "; check that KelmWoLServices is installed and run this as root"};
 }
 
-// From one process to another.
+// From one process to another: the result and the seconds, a line each, then the reason.
 std::string packed(const Outcome& outcome) {
-  return textOf({outcome.result, outcome.time.count(), outcome.reason}, JsonLayout::kOneLine);
+  return outcome.result + '\n' + std::to_string(outcome.time.count()) + '\n' + outcome.reason;
 }
 
 Outcome unpacked(const std::optional<std::string>& bytes) {
-  const Json values = Json::parse(bytes.value_or(""), nullptr, false);
-  if (values.is_discarded()) return {kNotWoken, {}, "its process died"};
-  return {values[0], std::chrono::seconds(values[1]), values[2]};
+  std::istringstream lines(bytes.value_or(""));
+  Outcome outcome;
+  std::int64_t seconds = 0;
+  if (!std::getline(lines, outcome.result) || !(lines >> seconds) || lines.get() != '\n') {
+    return {kNotWoken, {}, "its process died"};
+  }
+  outcome.time = std::chrono::seconds(seconds);
+  outcome.reason.assign(std::istreambuf_iterator<char>(lines), {});
+  return outcome;
 }
 
 struct Task {
@@ -233,7 +242,7 @@ class Waking {
   void tellJson(const Task& task, const Outcome& outcome) const {
     const auto& address = task.plan.request.address;
     console_.out << textOf({{"name", task.name},
-                            {"address", address ? Json(*address) : Json()},
+                            {"address", address},
                             {"result", outcome.result},
                             {"seconds", outcome.time.count()},
                             {"message", outcome.reason}},

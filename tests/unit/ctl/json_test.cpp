@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <vector>
+
 namespace kelm::ctl {
 namespace {
 
@@ -12,6 +15,28 @@ TEST(TextOf, IsOneLineOrIndented) {
   EXPECT_EQ(textOf(object, JsonLayout::kOneLine), R"({"queue":"kelm","boxes":[1,2]})");
   EXPECT_EQ(textOf(object, JsonLayout::kIndented),
             "{\n  \"queue\": \"kelm\",\n  \"boxes\": [\n    1,\n    2\n  ]\n}");
+}
+
+TEST(TextOf, HasEachKindOfValue) {
+  const Json values{nullptr,
+                    true,
+                    -1,
+                    18446744073709551615U,
+                    "text",
+                    std::vector<int>(),
+                    std::optional<int>(),
+                    std::optional<int>(7),
+                    Json::array(),
+                    Json::object()};
+  EXPECT_EQ(textOf(values, JsonLayout::kOneLine),
+            R"([null,true,-1,18446744073709551615,"text",[],null,7,[],{}])");
+}
+
+TEST(TextOf, KeepsTheOrderOfMembers) {
+  Json object{{"b", 1}, {"a", 2}, {"b", 3}};
+  object["c"] = 4;
+  object.update({{"a", 5}, {"d", 6}});
+  EXPECT_EQ(textOf(object, JsonLayout::kOneLine), R"({"b":3,"a":5,"c":4,"d":6})");
 }
 
 TEST(TextOf, ReplacesBytesThatAreNotUtf8) {
