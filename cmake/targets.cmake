@@ -13,6 +13,15 @@ set(KELM_SHARED_HEADERS
   <string_view> <utility> <variant> <vector> <cups/cups.h> <cups/ppd.h>)
 target_precompile_headers(kelm_shared_headers PRIVATE ${KELM_SHARED_HEADERS})
 
+# Several files of a directory are compiled as one, because each would read the same headers and instantiate the
+# same templates; so names in unnamed namespaces must differ within a directory. The preset "clang" and the
+# Debian packages compile each file alone.
+if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
+  set(CMAKE_UNITY_BUILD ON)
+  # g++ takes each of the files for a header.
+  kelm_compile_option(-Wno-subobject-linkage)
+endif()
+
 # kelm_library(NAME SOURCES file... [LINKS target...])
 function(kelm_library NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
@@ -34,17 +43,13 @@ function(kelm_program NAME)
 endfunction()
 
 # kelm_test_program(NAME SOURCES file... LINKS target...): a program of the tests. All share the precompiled
-# header of the test support library. Several files are compiled as one, because each would instantiate the
-# same templates; so names in unnamed namespaces must differ within a directory.
+# header of the test support library.
 function(kelm_test_program NAME)
   cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
   add_executable(${NAME} ${ARG_SOURCES})
   target_link_libraries(${NAME}
     PRIVATE ${ARG_LINKS} GTest::gmock kelm_settings kelm_test_settings kelm_warnings)
   target_precompile_headers(${NAME} REUSE_FROM kelm_test_support)
-  if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS)
-    set_target_properties(${NAME} PROPERTIES UNITY_BUILD ON)
-  endif()
 endfunction()
 
 # kelm_unit_tests(DIRECTORY SOURCES file... LINKS target... [NAMESPACES filter]): the tests of a directory, as

@@ -28,6 +28,7 @@
 #include "ctl/server_options.hpp"
 #include "explain/explanation.hpp"
 #include "explain/stream.hpp"
+#include "explain/words.hpp"
 #include "job/ppd_calls.hpp"
 #include "job/print_job.hpp"
 
@@ -94,8 +95,7 @@ bool wrotePage(const Arguments& arguments, const Page& page, const Console& cons
 }
 
 std::string copiesProblem(const std::string& text) {
-  const bool isNumber = !text.empty() && text.size() <= 4 &&
-                        text.find_first_not_of("0123456789") == std::string::npos;
+  const bool isNumber = text.size() <= 4 && explain::isDigits(text);
   return isNumber && base::leadingInteger(text.c_str()) > 0 ? ""
                                                             : "must be a number from 1 to 9999";
 }

@@ -7,6 +7,7 @@
 #include <span>
 #include <string_view>
 
+#include "ctl/message.hpp"
 #include "ctl/safe_text.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
@@ -14,8 +15,6 @@
 
 namespace kelm::ctl {
 namespace {
-
-std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
 
 // What follows `start`, up to a "?"; empty when the text does not begin with it.
 std::string_view nameAfter(std::string_view start, std::string_view text) {

@@ -5,14 +5,14 @@
 namespace kelm::ctl {
 namespace {
 
-volatile std::sig_atomic_t wanted = 0;
+volatile std::sig_atomic_t isSignalled = 0;
 
-void note(int /*signal*/) { wanted = 1; }
+void note(int /*signal*/) { isSignalled = 1; }
 
 }  // namespace
 
 Interruption::Interruption() {
-  wanted = 0;
+  isSignalled = 0;
   struct sigaction action {};
   action.sa_handler = note;
   action.sa_flags = static_cast<int>(SA_RESETHAND);
@@ -25,6 +25,6 @@ Interruption::~Interruption() {
   sigaction(SIGTERM, &previousTermination_, nullptr);
 }
 
-bool Interruption::isWanted() { return wanted != 0; }
+bool Interruption::isWanted() { return isSignalled != 0; }
 
 }  // namespace kelm::ctl

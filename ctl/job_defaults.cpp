@@ -14,11 +14,11 @@ namespace {
 constexpr int kMostLines = 10000;  // of an lpoptions file
 
 // Attributes of the queue that libcups keeps among a destination's options and no job has.
-constexpr std::string_view kQueueAttributes[] = {"printer-", "marker-", "device-", "auth-info",
-                                                 "cups-",    "uri-",    "queued-"};
+constexpr std::string_view kQueuePrefixes[] = {"printer-", "marker-", "device-", "auth-info",
+                                               "cups-",    "uri-",    "queued-"};
 
 bool isQueueAttribute(std::string_view name) {
-  for (const std::string_view front : kQueueAttributes) {
+  for (const std::string_view front : kQueuePrefixes) {
     if (name.starts_with(front)) return true;
   }
   return false;

@@ -15,6 +15,8 @@ void complain(const Console& console, std::string_view text) {
   console.err << "kelmctl: " << safeText(text) << std::endl;
 }
 
+std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
+
 int fail(const Console& console, std::string_view problem) {
   complain(console, problem);
   return kExitFailed;

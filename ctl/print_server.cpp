@@ -119,8 +119,6 @@ JobState stateOf(int state) {
   }
 }
 
-std::string inQuotes(const std::string& text) { return "\"" + text + "\""; }
-
 // The name of the PPD of exactly this make and model in an answer to CUPS-Get-PPDs, which also
 // lists models whose names begin with it. Empty when there is none.
 std::string nameOfPpd(ipp_t* response, std::string_view makeAndModel) {

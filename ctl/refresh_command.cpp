@@ -106,8 +106,6 @@ std::string attributeOf(ppd_file_t* ppd, const char* name) {
   return attribute != nullptr && attribute->value != nullptr ? attribute->value : "";
 }
 
-std::string inQuotes(const std::string& text) { return "\"" + text + "\""; }
-
 class Refresh {
  public:
   Refresh(const Arguments& arguments, const Console& console)

@@ -26,7 +26,7 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr auto kTurn = 20ms;
+constexpr auto kSyncTurn = 20ms;
 constexpr auto kFirstLook = 40ms;
 constexpr auto kLongestPause = 1000ms;
 constexpr auto kLongestCancel = 5s;
@@ -67,8 +67,6 @@ bool isOfPrinterList(const std::string& keyword) {
   return std::any_of(std::begin(kPrinterLists), std::end(kPrinterLists),
                      [&](const auto& fact) { return belongsTo(keyword, fact); });
 }
-
-std::string inQuotes(const std::string& text) { return "\"" + text + "\""; }
 
 class Sync {
  public:
@@ -137,7 +135,7 @@ class Sync {
   // Printers are asked first: the answers of some are stored while silent ones are waited for.
   void turn() {
     const bool prepared = prepareOne();
-    printers_.wait(prepared ? 0ms : std::chrono::milliseconds(kTurn));
+    printers_.wait(prepared ? 0ms : std::chrono::milliseconds(kSyncTurn));
     showProgress();
     if (prepared) return;
     for (const auto& task : tasks_) {
@@ -408,7 +406,7 @@ class Sync {
     };
     task.isEnding = isUnderWay(task.server->jobState(task.job));
     while (task.isEnding && Clock::now() < end) {
-      std::this_thread::sleep_for(kTurn);
+      std::this_thread::sleep_for(kSyncTurn);
       task.isEnding = isUnderWay(task.server->jobState(task.job));
     }
   }

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "explain/labels.hpp"
+#include "explain/words.hpp"
 #include "job/paper.hpp"
 #include "job/text_fields.hpp"
 #include "job/validators.hpp"
@@ -73,11 +74,7 @@ bool isOneOf(std::string_view value, std::initializer_list<std::string_view> wor
   return std::ranges::find(words, value) != words.end();
 }
 
-bool isDigits(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
-bool isNumber(std::string_view text) {
+bool isDecimal(std::string_view text) {
   if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
   const std::size_t point = text.find('.');
   if (point == std::string_view::npos) return isDigits(text);
@@ -112,7 +109,7 @@ bool hasForm(Form form, std::string_view value) {
     case Form::kLength:
       return isDigits(value);
     case Form::kNumber:
-      return isNumber(value);
+      return isDecimal(value);
     case Form::kPaper:
       return isPaper(value);
     case Form::kTargetPaper:

@@ -11,6 +11,7 @@
 #include <optional>
 #include <span>
 
+#include "explain/words.hpp"
 #include "job/ppd_calls.hpp"
 #include "stdoptions/standard_choices.hpp"
 
@@ -164,7 +165,7 @@ const ppd_option_t* standardOption(ppd_file_t* ppd, const ppd_option_t& own) {
 bool isLength(std::string_view variable, std::string_view value) {
   const bool named = variable.ends_with("WIDTH") || variable.ends_with("HEIGHT");
   if (value.starts_with('-')) value.remove_prefix(1);
-  return named && !value.empty() && value.find_first_not_of("0123456789") == std::string::npos;
+  return named && isDigits(value);
 }
 
 std::string millimetres(const std::string& hundredths) {

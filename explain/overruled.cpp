@@ -88,9 +88,9 @@ std::vector<Part> partsOf(const Option& option) {
   return {{option, {}, ""}};
 }
 
-class Job {
+class HeaderTrials {
  public:
-  explicit Job(const Request& request)
+  explicit HeaderTrials(const Request& request)
       : request_(request),
         base_(headerOf(request, {})),
         whole_(headerOf(request, request.options)) {}
@@ -106,7 +106,7 @@ class Job {
   const Header whole_;
 };
 
-Header Job::without(const Option& option, const Part& part) const {
+Header HeaderTrials::without(const Option& option, const Part& part) const {
   std::vector<Option> options = request_.options;
   if (part.rest) {
     std::ranges::replace(options, option, *part.rest);
@@ -116,7 +116,7 @@ Header Job::without(const Option& option, const Part& part) const {
   return headerOf(request_, std::move(options));
 }
 
-const Option* Job::winnerOver(const Option& option, const Part& part) const {
+const Option* HeaderTrials::winnerOver(const Option& option, const Part& part) const {
   const Header alone = headerOf(request_, {part.alone});
   const auto lost = std::ranges::find_if(alone, [&](const auto& line) {
     return line.second != linesOf(base_, line.first) && line.second != linesOf(whole_, line.first);
@@ -140,7 +140,7 @@ std::string problemOf(const Part& part, const Option& winner) {
 
 void addOverruled(const Request& request, std::vector<Remark>& remarks) {
   if (request.ppd == nullptr || request.isDialogJob() || request.options.size() < 2) return;
-  const Job job(request);
+  const HeaderTrials trials(request);
   const std::size_t before = remarks.size();
   for (const Option& option : request.options) {
     const auto isSame = [&](const Remark& remark) { return remark.option == option; };
@@ -148,7 +148,7 @@ void addOverruled(const Request& request, std::vector<Remark>& remarks) {
         std::any_of(remarks.begin(), remarks.begin() + std::ptrdiff_t(before), isSame);
     if (option.giver != Giver::kJob || isNamed) continue;
     for (const Part& part : partsOf(option)) {
-      const Option* winner = job.winnerOver(option, part);
+      const Option* winner = trials.winnerOver(option, part);
       if (winner != nullptr) remarks.push_back({option, problemOf(part, *winner), {}, ""});
     }
   }

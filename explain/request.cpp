@@ -70,7 +70,7 @@ std::string memberOf(const std::string& collection, const char* name) {
 }
 
 // So near in points, CUPS takes one size for another.
-constexpr float kNear = 5.0F;
+constexpr float kNearPoints = 5.0F;
 
 // cupsd makes a paper of the PPD from "media=Custom.21x29.7cm" where the size fits one. libcups,
 // which marks the choices, does not.
@@ -86,13 +86,14 @@ void addPaperOfCustomSize(const Request& request, CupsOptions& options) {
   if (custom == nullptr || std::string_view(custom->name) != "Custom") return;
   const float width = custom->width;
   const float length = custom->length;
-  constexpr float kHundredthsPerPoint = 2540.0F / 72.0F;
+  constexpr float kUnitsPerPoint = 2540.0F / 72.0F;  // hundredths of a millimetre
   const std::string paper =
-      paperOfSize(request.ppd, static_cast<int>(std::lround(width * kHundredthsPerPoint)),
-                  static_cast<int>(std::lround(length * kHundredthsPerPoint)));
+      paperOfSize(request.ppd, static_cast<int>(std::lround(width * kUnitsPerPoint)),
+                  static_cast<int>(std::lround(length * kUnitsPerPoint)));
   const ppd_size_t* page = job::r_ppdPageSize(request.ppd, paper.c_str());
   if (page == nullptr || std::string_view(page->name) == "Custom") return;
-  if (std::abs(page->width - width) > kNear || std::abs(page->length - length) > kNear) return;
+  if (std::abs(page->width - width) > kNearPoints || std::abs(page->length - length) > kNearPoints)
+    return;
   add(options, "PageSize", paper);
 }
 

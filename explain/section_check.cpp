@@ -15,6 +15,7 @@
 
 #include "explain/request.hpp"
 #include "explain/row_facts.hpp"
+#include "explain/words.hpp"
 
 namespace kelm::explain {
 namespace {
@@ -27,10 +28,6 @@ constexpr double kSizeTolerance = 100.0;
 
 bool equalButForCase(const std::string& one, const std::string& other) {
   return strcasecmp(one.c_str(), other.c_str()) == 0;
-}
-
-bool isNumber(std::string_view text) {
-  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
 }
 
 // The name of the job option whose value the section has.
@@ -131,8 +128,8 @@ bool SectionCheck::agrees(const Section& section, const RowFacts& row,
   if (writtenFor(section, value, row, line)) return true;
   if (equalButForCase(value, line.value)) return true;
   if (value.empty() && line.value == "OFF") return true;
-  if (report_.isDialogJob && row.table && isNumber(value)) return true;
-  const bool isNoChoice = row.table ? !row.hasChoice(value) : isNumber(value);
+  if (report_.isDialogJob && row.table && isDigits(value)) return true;
+  const bool isNoChoice = row.table ? !row.hasChoice(value) : isDigits(value);
   return isNoChoice && writtenFor(section, section.choice, row, line);
 }
 

@@ -64,9 +64,13 @@ std::string nearestOf(std::string_view text, const std::vector<std::string>& can
   return nearest == nullptr ? "" : *nearest;
 }
 
+bool isDigits(std::string_view text) {
+  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 bool isNumber(std::string_view text) {
   if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
-  return !text.empty() && text.find_first_not_of("0123456789") == std::string_view::npos;
+  return isDigits(text);
 }
 
 std::vector<std::string> wordsOf(std::string_view list) {
