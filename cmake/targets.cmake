@@ -52,16 +52,23 @@ function(kelm_test_program NAME)
   target_precompile_headers(${NAME} REUSE_FROM kelm_test_support)
 endfunction()
 
+# kelm_add_suites(PROGRAM DIRECTORY [NAMESPACES filter]): a test of ctest for each test suite of the program
+# (test_suites.cmake).
+function(kelm_add_suites PROGRAM DIRECTORY)
+  cmake_parse_arguments(ARG "" "NAMESPACES" "" ${ARGN})
+  set(SUITES ${CMAKE_CURRENT_BINARY_DIR}/${PROGRAM}_suites.cmake)
+  file(GENERATE OUTPUT ${SUITES} CONTENT "set(PROGRAM \"$<TARGET_FILE:${PROGRAM}>\")
+set(DIRECTORY ${DIRECTORY})
+set(NAMESPACES \"${ARG_NAMESPACES}\")
+include(\"${PROJECT_SOURCE_DIR}/cmake/test_suites.cmake\")
+")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${SUITES})
+endfunction()
+
 # kelm_unit_tests(DIRECTORY SOURCES file... LINKS target... [NAMESPACES filter]): the tests of a directory, as
 # one program. The filter names the tests that need namespaces or root (scripts/check).
 function(kelm_unit_tests DIRECTORY)
   cmake_parse_arguments(ARG "" "NAMESPACES" "SOURCES;LINKS" ${ARGN})
   kelm_test_program(${DIRECTORY}_test SOURCES ${ARG_SOURCES} LINKS ${ARG_LINKS} GTest::gmock_main)
-  if(ARG_NAMESPACES)
-    gtest_discover_tests(${DIRECTORY}_test TEST_PREFIX "${DIRECTORY}/" DISCOVERY_MODE PRE_TEST
-      TEST_FILTER "${ARG_NAMESPACES}" PROPERTIES TIMEOUT 120 LABELS namespaces)
-    set(ARG_NAMESPACES "-${ARG_NAMESPACES}")
-  endif()
-  gtest_discover_tests(${DIRECTORY}_test TEST_PREFIX "${DIRECTORY}/" DISCOVERY_MODE PRE_TEST
-    TEST_FILTER "${ARG_NAMESPACES}" PROPERTIES TIMEOUT 120)
+  kelm_add_suites(${DIRECTORY}_test ${DIRECTORY} NAMESPACES "${ARG_NAMESPACES}")
 endfunction()

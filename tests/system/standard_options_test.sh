@@ -43,7 +43,7 @@ urf_page() {
 }
 { printf 'UNIRAST\000\000\000\000\002'; urf_page; urf_page; } >"$W/document.urf"
 
-python3 "$HERE/lib/standard_jobs.py" "$HERE/standard/jobs.txt" "$W" "$BUILD/kelmctl" kelm second ||
+python3 "$HERE/lib/standard_jobs.py" "$HERE/standard/jobs.txt" "$W" "$BUILD/tests/system/stream_problems" kelm second ||
   fail "a job went wrong"
 
 # The queue offers clients the right attributes.

@@ -1,6 +1,6 @@
 # standard_jobs.py : prints the jobs in a file and checks what the printer gets.
 #
-#   standard_jobs.py JOBS DIRECTORY KELMCTL QUEUE...
+#   standard_jobs.py JOBS DIRECTORY STREAM_PROBLEMS QUEUE...
 #
 # DIRECTORY holds the documents, and for each queue the file QUEUE.out, to which its printer appends. The
 # queues have the same settings and print at the same time. Lines of JOBS:
@@ -19,9 +19,9 @@
 #   NAME=VALUE                a line of the header
 #   KEYWORD: VALUE            what the printer finds in userdict; without VALUE, an empty text
 #   pages N                   the number of pages in the PostScript
-# A job with lines for several ways of submission is printed once by each. Whatever the lines of a job say,
-# kelmctl explain must not find that its header and PostScript disagree, and only the header may ask for
-# copies.
+# A job with lines for several ways of submission is printed once by each. Whatever the lines of a job say, its
+# header and PostScript must not disagree, and only the header may ask for copies: the program STREAM_PROBLEMS,
+# which reads streams as kelmctl explain does, must find nothing wrong.
 # SPDX-License-Identifier: Apache-2.0
 import os
 import re
@@ -147,21 +147,31 @@ def facts(stream):
     return header, stored, postscript
 
 
-def disagreements(kelmctl, stream):
-    """What kelmctl finds wrong between header and PostScript."""
-    done = run([kelmctl, "explain", "--stream", "-"], input=stream, text=False)
-    found = re.findall(r"^WRONG (.*)$", done.stdout.decode("utf-8"), re.M)
-    if done.returncode != (1 if found else 0) or not done.stdout:
-        found.append(f"kelmctl explain: status {done.returncode}, {done.stderr.decode()}")
-    return found
+def disagreements(stream_problems, directory, found):
+    """What is wrong between header and PostScript in each stream, by job title."""
+    files = []
+    for title, titled in found.items():
+        files.append(os.path.join(directory, title + ".stream"))
+        with open(files[-1], "wb") as file:
+            file.write(titled[0])
+    if not files:
+        return {}
+    done = run([stream_problems, *files])
+    if done.returncode != 0:
+        sys.exit(f"stream_problems: status {done.returncode}, {done.stderr}")
+    problems = {}
+    for line in done.stdout.splitlines():
+        file, _, problem = line.partition(".stream: ")
+        problems.setdefault(os.path.basename(file), []).append(problem)
+    return problems
 
 
-def check(each, found, kelmctl):
+def check(each, found, problems):
     job = each["job"]
     if len(found) != 1:
         return [f"printed {len(found)} times"]
     header, stored, postscript = facts(found[0])
-    wrong = disagreements(kelmctl, found[0])
+    wrong = list(problems)
     for name, value in job["header"].items():
         if header.get(name) != value:
             wrong.append(f"{name}={header.get(name)}, not {value}")
@@ -195,7 +205,7 @@ def batches(all_submissions):
         yield batch
 
 
-def print_batch(batch, directory, kelmctl, queues, outputs):
+def print_batch(batch, directory, stream_problems, queues, outputs):
     first = batch[0]["job"]
     change_queue("other", first["other"])
     change_queue(queues[0], first["queue"])
@@ -203,19 +213,22 @@ def print_batch(batch, directory, kelmctl, queues, outputs):
         list(pool.map(lambda number, each: submit(each, directory, queues[number % len(queues)]),
                       range(len(batch)), batch))
         wait_for_queues()
-        change_queue(queues[0], first["afterwards"])
-        found = streams(outputs)
-        problems = pool.map(
-            lambda each: each["refused"] or check(each, found.get(each["title"], []), kelmctl), batch)
-        return sum(report(f"{each['job']['what']} ({each['way']}, {each['document']})", wrong)
-                   for each, wrong in zip(batch, problems))
+    change_queue(queues[0], first["afterwards"])
+    found = streams(outputs)
+    problems = disagreements(stream_problems, directory, found)
+    wrong = 0
+    for each in batch:
+        title = each["title"]
+        wrong += report(f"{each['job']['what']} ({each['way']}, {each['document']})",
+                        each["refused"] or check(each, found.get(title, []), problems.get(title, [])))
+    return wrong
 
 
 def main():
-    jobs_file, directory, kelmctl, *queues = sys.argv[1:]
+    jobs_file, directory, stream_problems, *queues = sys.argv[1:]
     every = submissions(read_jobs(jobs_file))
     outputs = [open(os.path.join(directory, queue + ".out"), "rb") for queue in queues]
-    wrong = sum(print_batch(batch, directory, kelmctl, queues, outputs) for batch in batches(every))
+    wrong = sum(print_batch(batch, directory, stream_problems, queues, outputs) for batch in batches(every))
     print(f"{len(every)} jobs, in each of which header and PostScript were compared; {wrong} wrong")
     return wrong != 0
 

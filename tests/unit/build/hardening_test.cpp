@@ -129,8 +129,8 @@ std::vector<std::string> productCommands() {
   std::ifstream file(KELM_COMPILE_COMMANDS);
   std::vector<std::string> result;
   for (const auto& each : nlohmann::json::parse(file)) {
-    const std::string source = each["file"];
-    if (!source.starts_with(KELM_SOURCE_DIRECTORY "/tests/")) result.push_back(each["command"]);
+    const std::string command = each["command"];
+    if (command.find(" -o tests/") == std::string::npos) result.push_back(command);
   }
   return result;
 }

@@ -3,6 +3,8 @@
 #include "tests/unit/ppdtext/plain_reader.hpp"
 
 #include <algorithm>
+#include <map>
+#include <utility>
 
 #include "ppdtext/ppd_text.hpp"
 
@@ -10,6 +12,15 @@ namespace kelm::ppdtext::plain {
 namespace {
 
 using Text = std::u16string_view;
+
+// ICU takes longer to compile a pattern than to search a short text. A reference is valid until the
+// next call.
+const Pattern& compiled(const std::u16string& pattern, Letters letters) {
+  constexpr std::size_t kMost = 1000;
+  static std::map<std::pair<std::u16string, Letters>, Pattern> patterns;
+  if (patterns.size() == kMost) patterns.clear();
+  return patterns.try_emplace({pattern, letters}, pattern, letters).first->second;
+}
 
 std::u16string put(const char16_t* before, Text keyword, const char16_t* after) {
   return std::u16string(before).append(keyword).append(after);
@@ -71,12 +82,12 @@ std::vector<ModelAttribute> attributesIn(Text text) {
 
 std::vector<Match> allMatches(Text text, const std::u16string& pattern) {
   SearchBudget budget(text);
-  return Pattern(pattern).allMatches(text, budget);
+  return compiled(pattern, Letters::kExact).allMatches(text, budget);
 }
 
 std::optional<Match> firstMatch(Text text, const std::u16string& pattern, Letters letters) {
   SearchBudget budget(text);
-  return Pattern(pattern, letters).firstMatch(text, budget);
+  return compiled(pattern, letters).firstMatch(text, budget);
 }
 
 TextRange optionRange(Text text, Text keyword) {
