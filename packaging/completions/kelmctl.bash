@@ -2,6 +2,17 @@
 # Subcommands, options and the kinds of their values come from the help of kelmctl itself.
 # SPDX-License-Identifier: Apache-2.0
 
+# _kelmctl_queues WORD : completes WORD to a queue's name. The names come from the print server: none is
+# expanded, and each is inserted as one quoted word.
+_kelmctl_queues() {
+  local names=() name quoted
+  mapfile -t names < <(lpstat -e 2>/dev/null)
+  for name in "${names[@]}"; do
+    printf -v quoted %q "$name"
+    [[ $name == "$1"* || $quoted == "$1"* ]] && COMPREPLY+=("$quoted")
+  done
+}
+
 # _kelmctl_values KIND WORD : completes WORD to a value that the help calls KIND
 _kelmctl_values() {
   case $1 in
@@ -9,7 +20,7 @@ _kelmctl_values() {
       compopt -o filenames 2>/dev/null
       mapfile -t COMPREPLY < <(compgen -f -- "$2")
       ;;
-    QUEUE) mapfile -t COMPREPLY < <(compgen -W "$(lpstat -e 2>/dev/null)" -- "$2") ;;
+    QUEUE) _kelmctl_queues "$2" ;;
     ADDRESS | HOST) mapfile -t COMPREPLY < <(compgen -A hostname -- "$2") ;;
     USER) mapfile -t COMPREPLY < <(compgen -u -- "$2") ;;
   esac

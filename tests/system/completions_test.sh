@@ -60,3 +60,22 @@ expect "zsh: queue to refresh" "kelmctl refresh office " "$(in_zsh 'kelmctl refr
 expect "zsh: option of kelmctl" "kelmctl --version " "$(in_zsh 'kelmctl --ver')"
 expect "zsh: queue after a queue" "kelmctl sync lobby office " "$(in_zsh 'kelmctl sync lobby of')"
 expect "zsh: file" "kelmctl settings --ppd sample.ppd " "$(in_zsh 'kelmctl settings --ppd sam')"
+
+# The names of queues come from the print server. They are words, never commands.
+mkdir "$W/hostile"
+cat >"$W/hostile/lpstat" <<'END'
+#!/bin/sh
+printf '%s\n' 'x$(touch${IFS}pwned)' 'y`touch${IFS}pwned`' 'a;id' 'two words' office
+END
+chmod 755 "$W/hostile/lpstat"
+PATH=$W/hostile:$PATH
+# shellcheck disable=SC2016 # the names as bash quotes them
+expect "bash: names with the shell's characters" \
+  'x\$\(touch\$\{IFS\}pwned\) y\`touch\$\{IFS\}pwned\` a\;id two\ words office' "$(in_bash settings '')"
+expect "bash: a name with a semicolon" 'a\;id' "$(in_bash settings a)"
+expect "bash: a name that is quoted already" 'a\;id' "$(in_bash settings 'a\;')"
+expect "bash: a name with a space" 'two\ words' "$(in_bash settings tw)"
+expect "zsh: a name with an expansion" 'kelmctl settings x\$\(touch\$\{IFS\}pwned\) ' \
+  "$(in_zsh 'kelmctl settings x')"
+expect "zsh: a name with a semicolon" 'kelmctl settings a\;id ' "$(in_zsh 'kelmctl settings a')"
+[ ! -e pwned ] || fail "a queue's name ran a command"
