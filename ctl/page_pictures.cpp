@@ -9,13 +9,16 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
-#include <fstream>
 #include <iterator>
 #include <string_view>
-#include <thread>
+#include <utility>
+
+#include "platform/pipe.hpp"
+
+extern char** environ;
 
 namespace kelm::ctl {
 namespace {
@@ -24,12 +27,43 @@ using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
 constexpr auto kLimit = 20s;  // for all pages
-constexpr auto kTurn = 10ms;
+constexpr auto kTurn = 100ms;
 constexpr rlim_t kProcessorSeconds = 20;
 constexpr rlim_t kMostMemory = rlim_t{1} << 30U;
-constexpr rlim_t kLargestPicture = rlim_t{1} << 20U;
+constexpr std::size_t kMostBytes = std::size_t{4} << 20U;  // of all pictures
 constexpr std::size_t kLongestHeader = std::size_t{1} << 20U;
 constexpr std::string_view kEnter = "@PJL ENTER LANGUAGE=POSTSCRIPT\n";
+constexpr std::string_view kSignature = "\x89PNG\r\n\x1A\n";
+constexpr std::size_t kChunkFrame = 12;  // length, type and checksum
+
+// -dSAFER lets PostScript read, write and remove all files in the directory for temporary files.
+// This is none, so no file can be made or found there.
+constexpr const char* kTemporaryVariables[] = {"TMPDIR", "TEMP"};
+constexpr char kNoDirectory[] = "=/dev/null";
+
+// This process's environment, with no directory for temporary files. A list for exec.
+class PainterEnvironment {
+ public:
+  PainterEnvironment() {
+    for (const char* name : kTemporaryVariables) own_.push_back(std::string(name) + kNoDirectory);
+    for (char** each = environ; *each != nullptr; ++each) {
+      if (!isReplaced(*each)) list_.push_back(*each);
+    }
+    for (std::string& variable : own_) list_.push_back(variable.data());
+    list_.push_back(nullptr);
+  }
+  char** list() { return list_.data(); }
+
+ private:
+  static bool isReplaced(std::string_view variable) {
+    return std::any_of(
+        std::begin(kTemporaryVariables), std::end(kTemporaryVariables),
+        [&](std::string_view name) { return variable.substr(0, variable.find('=')) == name; });
+  }
+
+  std::vector<std::string> own_;
+  std::vector<char*> list_;
+};
 
 // The type of `resource` is not the same on all systems.
 void limit(auto resource, rlim_t most) {
@@ -38,58 +72,68 @@ void limit(auto resource, rlim_t most) {
 }
 
 // Between fork and exec: only calls that are safe there.
-[[noreturn]] void becomePainter(int input, const char* directory) {
+[[noreturn]] void becomePainter(int input, int output, char** environment) {
   const int null = open("/dev/null", O_RDWR);
   dup2(input, STDIN_FILENO);
-  dup2(null, STDOUT_FILENO);
+  dup2(output, STDOUT_FILENO);
   dup2(null, STDERR_FILENO);
   limit(RLIMIT_CPU, kProcessorSeconds);
   limit(RLIMIT_AS, kMostMemory);
-  limit(RLIMIT_FSIZE, kLargestPicture);
+  limit(RLIMIT_FSIZE, 0);
   limit(RLIMIT_CORE, 0);
-  if (chdir(directory) == 0) {
+  // A library that cannot write its cache goes on without.
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_DFL);
+  if (chdir("/") == 0) {
+    environ = environment;
     execlp("gs", "gs", "-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-sDEVICE=png16m", "-r40",
            "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4", "-dFirstPage=1", "-dLastPage=4",
-           "-sOutputFile=%d.png", "-_", nullptr);
+           "-sBandListStorage=memory", "-sstdout=%stderr", "-sOutputFile=%stdout", "-_", nullptr);
   }
   _exit(127);
 }
 
+std::size_t bigEndian(std::string_view bytes) {
+  std::size_t number = 0;
+  for (const char byte : bytes.substr(0, 4))
+    number = number << 8U | static_cast<unsigned char>(byte);
+  return number;
+}
+
+// The length of the PNG file at the front of `bytes`; 0: it is not complete.
+std::size_t lengthOfPicture(std::string_view bytes) {
+  if (!bytes.starts_with(kSignature)) return 0;
+  std::size_t at = kSignature.size();
+  while (at + kChunkFrame <= bytes.size()) {
+    const bool isLast = bytes.substr(at + 4, 4) == "IEND";
+    at += kChunkFrame + bigEndian(bytes.substr(at));
+    if (isLast) return at <= bytes.size() ? at : 0;
+  }
+  return 0;
+}
+
 }  // namespace
 
-PagePictures::PagePictures() : end_(Clock::now() + kLimit) {
-  const char* temporary = std::getenv("TMPDIR");
-  std::string name = std::string(temporary == nullptr ? "/tmp" : temporary) + "/kelmctl.XXXXXX";
-  if (mkdtemp(name.data()) == nullptr) return;
-  directory_ = name;
-  start();
-}
+PagePictures::PagePictures() : end_(Clock::now() + kLimit) { start(); }
 
-PagePictures::~PagePictures() {
-  stopSending();
-  end_ = Clock::now();
-  waitForEnd();
-  if (directory_.empty()) return;
-  for (int page = 1; page <= kMostPages; ++page) unlink(pathOf(page).c_str());
-  rmdir(directory_.c_str());
-}
+PagePictures::~PagePictures() { stopPainting(); }
 
 void PagePictures::start() {
-  int pair[2];
-  if (socketpair(AF_UNIX, SOCK_STREAM, 0, pair) != 0) return;
-  for (const int end : pair) fcntl(end, F_SETFD, FD_CLOEXEC);
-  painter_ = fork();
-  if (painter_ == 0) becomePainter(pair[1], directory_.c_str());
-  close(pair[1]);
-  socket_ = pair[0];
-  if (painter_ < 0) stopSending();
+  int input[2];
+  int output[2];
+  if (socketpair(AF_UNIX, SOCK_STREAM, 0, input) != 0) return;
+  for (const int end : input) fcntl(end, F_SETFD, FD_CLOEXEC);
+  socket_ = input[0];
+  if (platform::openPipe(output)) {
+    PainterEnvironment environment;
+    painter_ = fork();
+    if (painter_ == 0) becomePainter(input[1], output[1], environment.list());
+    close(output[1]);
+    painted_ = output[0];
+  }
+  close(input[1]);
+  if (painter_ < 0) stopPainting();
 }
-
-std::string PagePictures::pathOf(int page) const {
-  return directory_ + "/" + std::to_string(page) + ".png";
-}
-
-bool PagePictures::isPainted(int page) const { return access(pathOf(page).c_str(), F_OK) == 0; }
 
 void PagePictures::feed(std::span<const char> bytes) {
   if (socket_ < 0) return;
@@ -108,16 +152,15 @@ void PagePictures::feed(std::span<const char> bytes) {
 
 void PagePictures::send(std::string_view bytes) {
   while (!bytes.empty() && socket_ >= 0) {
-    // A page's file is made when the whole page has been read.
-    if (Clock::now() >= end_ || isPainted(kMostPages)) return stopSending();
+    wait(0ms);
+    if (socket_ < 0) return;
     const ssize_t sent = ::send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
     if (sent > 0) {
       bytes.remove_prefix(static_cast<std::size_t>(sent));
     } else if (errno == EAGAIN || errno == EWOULDBLOCK) {
-      pollfd room{socket_, POLLOUT, 0};
-      poll(&room, 1, 100);
+      wait(kTurn);
     } else if (errno != EINTR) {
-      return stopSending();
+      stopSending();
     }
   }
 }
@@ -127,33 +170,44 @@ void PagePictures::stopSending() {
   socket_ = -1;
 }
 
-// Ends Ghostscript when its time is over.
-void PagePictures::waitForEnd() {
-  if (painter_ <= 0) return;
-  while (waitpid(painter_, nullptr, WNOHANG) == 0) {
-    if (Clock::now() >= end_) {
-      kill(painter_, SIGKILL);
-      waitpid(painter_, nullptr, 0);
-      break;
-    }
-    std::this_thread::sleep_for(kTurn);
+// Until Ghostscript takes or gives something, for at most `most`.
+void PagePictures::wait(std::chrono::milliseconds most) {
+  pollfd ends[] = {{painted_, POLLIN, 0}, {socket_, POLLOUT, 0}};
+  poll(ends, std::size(ends), static_cast<int>(most.count()));
+  if (ends[0].revents != 0) receive();
+  if (Clock::now() >= end_) stopPainting();
+}
+
+void PagePictures::receive() {
+  char bytes[65536];
+  const ssize_t count = read(painted_, bytes, sizeof bytes);
+  if (count < 0 && errno == EINTR) return;
+  if (count <= 0) return stopPainting();
+  received_.append(bytes, static_cast<std::size_t>(count));
+  count_ += static_cast<std::size_t>(count);
+  while (const std::size_t length = lengthOfPicture(received_)) {
+    pictures_.push_back(received_.substr(0, length));
+    received_.erase(0, length);
   }
+  if (pictures_.size() >= kMostPages || count_ >= kMostBytes) stopPainting();
+}
+
+void PagePictures::stopPainting() {
+  stopSending();
+  if (painted_ >= 0) close(painted_);
+  painted_ = -1;
+  if (painter_ <= 0) return;
+  kill(painter_, SIGKILL);
+  waitpid(painter_, nullptr, 0);
   painter_ = -1;
 }
 
 std::vector<std::string> PagePictures::finish() {
   if (!afterHeader_ && !head_.empty()) send(head_);
   stopSending();
-  waitForEnd();
-  std::vector<std::string> pictures;
-  for (int page = 1; page <= kMostPages; ++page) {
-    std::ifstream file(pathOf(page), std::ios::binary);
-    std::string picture(std::istreambuf_iterator<char>(file), {});
-    // The file of a page that was not finished is not complete.
-    if (picture.find("IEND") == std::string::npos) break;
-    pictures.push_back(std::move(picture));
-  }
-  return pictures;
+  while (painted_ >= 0) wait(kTurn);
+  if (pictures_.size() > kMostPages) pictures_.resize(kMostPages);
+  return std::move(pictures_);
 }
 
 }  // namespace kelm::ctl

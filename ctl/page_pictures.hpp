@@ -5,6 +5,7 @@
 #include <sys/types.h>
 
 #include <chrono>
+#include <cstddef>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,12 +15,12 @@
 
 namespace kelm::ctl {
 
-// The stream may hold anything: Ghostscript runs with -dSAFER, in a directory of its own, with
-// limits on time, memory and what it writes. Nothing here fails: without Ghostscript, or when it
-// gives up, there are fewer pictures or none.
+// The stream may hold anything: Ghostscript runs with -dSAFER, with limits on time and memory, and
+// cannot write to a file. The pictures come through a pipe, at most 4 MB of them. Nothing here
+// fails: without Ghostscript, or when it gives up, there are fewer pictures or none.
 class PagePictures {
  public:
-  static constexpr int kMostPages = 4;
+  static constexpr std::size_t kMostPages = 4;
 
   PagePictures();
   ~PagePictures();
@@ -36,15 +37,18 @@ class PagePictures {
   void start();
   void send(std::string_view bytes);
   void stopSending();
-  bool isPainted(int page) const;
-  std::string pathOf(int page) const;
-  void waitForEnd();
+  void wait(std::chrono::milliseconds most);
+  void receive();
+  void stopPainting();
 
-  std::string directory_;  // empty when there is none
   pid_t painter_ = -1;
   int socket_ = -1;   // Ghostscript's standard input
+  int painted_ = -1;  // its standard output
   std::string head_;  // of the stream, until its PostScript begins
   bool afterHeader_ = false;
+  std::string received_;   // of the next picture
+  std::size_t count_ = 0;  // of all bytes received
+  std::vector<std::string> pictures_;
   std::chrono::steady_clock::time_point end_;
 };
 
