@@ -4,9 +4,10 @@
 
 #include <cstdlib>
 #include <fstream>
-#include <memory>
 #include <span>
 #include <string_view>
+
+#include "ctl/ipp.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -24,14 +25,10 @@ bool isQueueAttribute(std::string_view name) {
   return false;
 }
 
-struct IppDeleter {
-  void operator()(ipp_t* message) const { ippDelete(message); }
-};
-
 // Whether libcups sends the option with a job.
 bool isSent(const cups_option_t& option) {
   if (isQueueAttribute(option.name)) return false;
-  const std::unique_ptr<ipp_t, IppDeleter> job(ippNewRequest(IPP_OP_CREATE_JOB));
+  const Ipp job(ippNewRequest(IPP_OP_CREATE_JOB));
   cups_option_t copy = option;
   cupsEncodeOptions2(job.get(), 1, &copy, IPP_TAG_JOB);
   return ippFindAttribute(job.get(), option.name, IPP_TAG_ZERO) != nullptr;

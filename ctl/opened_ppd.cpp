@@ -21,6 +21,11 @@ std::string lastPpdProblem(int errorNumber) {
   return std::string(ppdErrorString(status)) + " on line " + std::to_string(line);
 }
 
+OpenedPpd opened(ppd_file_t* ppd, const std::string& description, const std::string& advice) {
+  if (ppd != nullptr) return {PpdHandle(ppd), {}};
+  return {nullptr, description + " cannot be read: " + lastPpdProblem(errno) + "; " + advice};
+}
+
 }  // namespace
 
 void PpdCloser::operator()(ppd_file_t* ppd) const { job::r_ppdClose(ppd); }
@@ -28,9 +33,13 @@ void PpdCloser::operator()(ppd_file_t* ppd) const { job::r_ppdClose(ppd); }
 OpenedPpd openPpdAt(const std::string& path, const std::string& description,
                     const std::string& advice) {
   errno = 0;
-  PpdHandle ppd(job::r_ppdOpenFile(path.c_str()));
-  if (ppd != nullptr) return {std::move(ppd), {}};
-  return {nullptr, description + " cannot be read: " + lastPpdProblem(errno) + "; " + advice};
+  return opened(job::r_ppdOpenFile(path.c_str()), description, advice);
+}
+
+OpenedPpd openPpdIn(const TemporaryFile& file, const std::string& description,
+                    const std::string& advice) {
+  errno = 0;
+  return opened(ppdOpenFd(file.descriptorAtTheBeginning()), description, advice);
 }
 
 OpenedPpd openPpdFile(const std::string& path) {

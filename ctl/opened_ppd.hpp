@@ -7,6 +7,8 @@
 #include <memory>
 #include <string>
 
+#include "ctl/temporary_file.hpp"
+
 namespace kelm::ctl {
 
 struct PpdCloser {
@@ -18,13 +20,15 @@ using PpdHandle = std::unique_ptr<ppd_file_t, PpdCloser>;
 struct OpenedPpd {
   PpdHandle ppd;
   std::string problem;
-  bool isForeign = false;  // the queue exists and does not print with kelmfilter
+  bool isForeign = false;  // a queue's: it has no PPD, or one that does not use kelmfilter
 };
 
 OpenedPpd openPpdFile(const std::string& path);
 
 // As openPpdFile; `description` and `advice` are for the message.
 OpenedPpd openPpdAt(const std::string& path, const std::string& description,
+                    const std::string& advice);
+OpenedPpd openPpdIn(const TemporaryFile& file, const std::string& description,
                     const std::string& advice);
 
 }  // namespace kelm::ctl

@@ -2,17 +2,16 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/print_server.hpp"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cctype>
+#include <cstring>
 #include <ctime>
-#include <string_view>
+#include <span>
 #include <thread>
+#include <tuple>
 #include <utility>
 
 #include "ctl/interruption.hpp"
-#include "ctl/job_options.hpp"
 #include "ctl/message.hpp"
 #include "ctl/safe_text.hpp"
 #include "ctl/terminal.hpp"
@@ -26,10 +25,11 @@ namespace {
 using namespace std::chrono_literals;
 using Clock = std::chrono::steady_clock;
 
-constexpr int kConnectLimit = 5000;  // milliseconds
-constexpr auto kAnswerLimit = 10s;
-constexpr auto kAnswerLimitAtTheEnd = 3s;  // after SIGINT or SIGTERM
-constexpr double kPauseBetweenLooks = 1;   // seconds
+constexpr int kConnectLimit = 5000;         // milliseconds
+constexpr auto kTlsLimit = 10s;             // libcups' own, for each answer while encryption begins
+constexpr auto kSilenceAtTheEnd = 3s;       // after SIGINT or SIGTERM
+constexpr auto kWholeAnswerAtTheEnd = 10s;  // after SIGINT or SIGTERM
+constexpr double kPauseBetweenLooks = 1;    // seconds
 // The first list of PPDs after an upgrade: CUPS reads all that are installed.
 constexpr auto kLimitOfPpdList = 120s;
 constexpr auto kPauseBetweenAttempts = 500ms;
@@ -45,8 +45,8 @@ constexpr const char* kQueueAttributes[] = {"printer-name", "printer-uuid",
                                             "printer-type", "printer-is-temporary"};
 
 // No answer, or one that only says "later".
-bool isWorthAnotherAttempt() {
-  switch (cupsLastError()) {
+bool isWorthAnotherAttempt(ipp_status_t status) {
+  switch (status) {
     case IPP_STATUS_ERROR_SERVICE_UNAVAILABLE:
     case IPP_STATUS_ERROR_TEMPORARY:
     case IPP_STATUS_ERROR_TIMEOUT:
@@ -137,13 +137,12 @@ std::string nameOfPpd(ipp_t* response, std::string_view makeAndModel) {
 }  // namespace
 
 PrintServer::PrintServer(const std::string& name, const Console& console,
-                         std::chrono::seconds patience)
-    : console_(console), patience_(patience), argument_(name) {
+                         std::chrono::seconds patience, AnswerLimits limits)
+    : console_(console), patience_(patience), argument_(name), limits_(limits) {
   makeCurrent();
   host_ = cupsServer();
   port_ = ippPort();
   name_ = name.empty() ? host_ : name;
-  answerLimit_ = kAnswerLimit;
   const bool isOwnPort = port_ != IPP_PORT && !host_.starts_with('/');
   if (name.empty() && isOwnPort) name_ += ":" + std::to_string(port_);
 }
@@ -177,19 +176,27 @@ const char* PrintServer::askForPassword() {
   if (++questions_ > kMostQuestions) return nullptr;
   const auto answer =
       askSecretly(std::string("Password for ") + cupsUser() + " on " + name_ + "? ");
+  requestStart_ = Clock::now();
   password_ = answer.value_or("");
   return answer ? password_.c_str() : nullptr;
+}
+
+bool PrintServer::isLate() const {
+  const auto limit =
+      Interruption::isWanted() ? std::min(limits_.whole, kWholeAnswerAtTheEnd) : limits_.whole;
+  return Clock::now() - requestStart_ >= limit;
 }
 
 // Called by libcups for each second in which nothing comes from the server; 0 ends the request. The
 // last activity is in the computer's time, which may be set meanwhile.
 int PrintServer::goOnWaiting(http_t* http, void* server) {
   auto& self = *static_cast<PrintServer*>(server);
-  const auto limit = Interruption::isWanted() ? std::min(self.answerLimit_, kAnswerLimitAtTheEnd)
-                                              : self.answerLimit_;
+  const auto limit = Interruption::isWanted() ? std::min(self.limits_.silence, kSilenceAtTheEnd)
+                                              : self.limits_.silence;
   const std::chrono::seconds silence(std::time(nullptr) - httpGetActivity(http));
-  if (silence + 1s < limit || Clock::now() - self.requestStart_ < limit) return 1;
-  self.failure_ = Failure::kSilent;
+  const bool isSilent = silence + 1s >= limit && Clock::now() - self.requestStart_ >= limit;
+  if (!isSilent && !self.isLate()) return 1;
+  self.failure_ = isSilent ? Failure::kSilent : Failure::kSlow;
   return 0;
 }
 
@@ -217,10 +224,9 @@ bool PrintServer::connect() {
       port_ == kHttpsPort ? HTTP_ENCRYPTION_ALWAYS : cupsEncryption();
   if (encryption == HTTP_ENCRYPTION_IF_REQUESTED) return true;
   if (httpEncryption(http_.get(), encryption) == 0) return true;
-  // For the beginning of TLS, libcups has a limit of its own: kAnswerLimit for each answer.
-  const bool isSilent =
-      failure_ == Failure::kSilent || Clock::now() - requestStart_ >= kAnswerLimit;
+  const bool isSilent = failure_ == Failure::kSilent || Clock::now() - requestStart_ >= kTlsLimit;
   failure_ = isSilent ? Failure::kSilent : Failure::kUnencrypted;
+  note(cupsLastError(), cupsLastErrorString());
   http_.reset();
   return false;
 }
@@ -228,13 +234,16 @@ bool PrintServer::connect() {
 // False when the server could not be asked or said "later"; any other failure is not tried again.
 bool PrintServer::attempt(const std::function<bool()>& request) {
   failure_ = Failure::kNone;
+  note(IPP_STATUS_OK, "");
   if (!connect()) return false;
   makeCurrent();
   requestStart_ = Clock::now();
-  if (request()) return true;
-  if (failure_ == Failure::kNone && !isWorthAnotherAttempt()) return true;
-  http_.reset();
-  return false;
+  const bool isDone = request();
+  const bool isFinal = failure_ == Failure::kTooLarge ||
+                       (failure_ == Failure::kNone && !isWorthAnotherAttempt(status_));
+  // In the middle of an answer, a connection cannot be used for another request.
+  if (!(isDone || isFinal) || httpGetState(http_.get()) != HTTP_STATE_WAITING) http_.reset();
+  return isDone || isFinal;
 }
 
 // If a server did not come back in time, it is not waited for again, not even for another queue.
@@ -264,13 +273,17 @@ std::string PrintServer::lastProblem() const {
     case Failure::kUnreachable:
       return server + " does not answer";
     case Failure::kUnencrypted:
-      return server + " cannot be asked with encryption: " + cupsLastErrorString();
+      return server + " cannot be asked with encryption: " + statusText_;
     case Failure::kSilent:
       return server +
              " accepts connections but does not answer: it hangs, or takes no more clients "
              "(MaxClients)";
+    case Failure::kSlow:
+      return server + " does not come to the end of its answer";
+    case Failure::kTooLarge:
+      return server + " answers with too much data";
     default:
-      return server + " says: " + cupsLastErrorString();
+      return server + " says: " + statusText_;
   }
 }
 
@@ -279,17 +292,67 @@ std::string PrintServer::lastProblemAndAdvice() const {
   return lastProblem() + (isUnreachable ? "; start it, or name another one (-h, CUPS_SERVER)" : "");
 }
 
-PrintServer::Ipp PrintServer::ask(const std::function<Ipp()>& request, const char* resource) {
+void PrintServer::note(ipp_status_t status, const std::string& text) {
+  status_ = status;
+  statusText_ = text;
+}
+
+// A silent server has already been noted.
+void PrintServer::noteFailure(ServerAnswer::Failure failure) {
+  const int error = httpError(http_.get());
+  note(IPP_STATUS_ERROR_INTERNAL, error != 0 ? std::strerror(error) : "its answer is malformed");
+  if (failure_ != Failure::kNone) return;
+  if (failure == ServerAnswer::Failure::kTooLarge) failure_ = Failure::kTooLarge;
+  if (failure == ServerAnswer::Failure::kLate) failure_ = Failure::kSlow;
+}
+
+// What HTTP says is enough; the body is only for people.
+void PrintServer::noteRefusal(http_status_t status) {
+  if (status == HTTP_STATUS_ERROR) return noteFailure(ServerAnswer::Failure::kBroken);
+  note(ippStatusOf(status), httpStatus(status));
+  answer(limits_.message).skipRest();
+}
+
+ServerAnswer PrintServer::answer(std::size_t most) {
+  return ServerAnswer(http_.get(), most, [this] { return isLate(); });
+}
+
+// The message at the beginning of the answer; what follows is not read.
+Ipp PrintServer::beginExchange(ipp_t* request, const char* resource, std::string_view document) {
+  const http_status_t refusal = sendIpp(http_.get(), request, resource, document);
+  if (refusal != HTTP_STATUS_OK) {
+    noteRefusal(refusal);
+    return nullptr;
+  }
+  ServerAnswer body = answer(limits_.message);
+  Ipp message = body.readMessage();
+  if (message == nullptr) {
+    noteFailure(body.failure());
+    return nullptr;
+  }
+  const ipp_status_t status = ippGetStatusCode(message.get());
+  ipp_attribute_t* text = ippFindAttribute(message.get(), "status-message", IPP_TAG_TEXT);
+  note(status, text != nullptr ? textOf(text) : ippErrorString(status));
+  return message;
+}
+
+Ipp PrintServer::exchange(ipp_t* request, const char* resource, std::string_view document) {
+  Ipp message = beginExchange(request, resource, document);
+  if (message != nullptr) answer(limits_.message).skipRest();
+  return message;
+}
+
+Ipp PrintServer::ask(const std::function<Ipp()>& request, const char* resource,
+                     std::string_view document) {
   Ipp response;
   perform([&] {
-    response.reset(cupsDoRequest(http_.get(), request().release(), resource));
-    return response != nullptr &&
-           ippGetStatusCode(response.get()) < IPP_STATUS_REDIRECTION_OTHER_SITE;
+    response = exchange(request().get(), resource, document);
+    return response != nullptr && !isRefused();
   });
   return response;
 }
 
-PrintServer::Ipp PrintServer::queueRequest(ipp_op_t operation, const std::string& queue) const {
+Ipp PrintServer::queueRequest(ipp_op_t operation, const std::string& queue) const {
   char uri[HTTP_MAX_URI];
   httpAssembleURIf(HTTP_URI_CODING_ALL, uri, sizeof uri, "ipp", nullptr, "localhost", 0,
                    "/printers/%s", queue.c_str());
@@ -297,6 +360,12 @@ PrintServer::Ipp PrintServer::queueRequest(ipp_op_t operation, const std::string
   ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_URI, "printer-uri", nullptr, uri);
   ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "requesting-user-name", nullptr,
                cupsUser());
+  return request;
+}
+
+Ipp PrintServer::jobRequest(ipp_op_t operation, const std::string& queue, int job) const {
+  Ipp request = queueRequest(operation, queue);
+  ippAddInteger(request.get(), IPP_TAG_OPERATION, IPP_TAG_INTEGER, "job-id", job);
   return request;
 }
 
@@ -309,8 +378,8 @@ Queues PrintServer::allQueues() {
       },
       "/");
   // A server without a queue reports that as "not found".
-  if (response == nullptr || cupsLastError() >= IPP_STATUS_REDIRECTION_OTHER_SITE) {
-    if (cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) return {};
+  if (response == nullptr || isRefused()) {
+    if (status_ == IPP_STATUS_ERROR_NOT_FOUND) return {};
     return {{}, lastProblemAndAdvice()};
   }
   return {queuesOf(response.get()), {}};
@@ -326,7 +395,7 @@ Queues PrintServer::queue(const std::string& name) {
       "/");
   std::vector<Queue> queues = queuesOf(response.get());
   if (!queues.empty()) return {queues, {}};
-  if (failure_ == Failure::kNone && cupsLastError() == IPP_STATUS_ERROR_NOT_FOUND) {
+  if (failure_ == Failure::kNone && status_ == IPP_STATUS_ERROR_NOT_FOUND) {
     return {{},
             "the queue " + inQuotes(name) + " is not known to the print server " + name_ +
                 "; \"lpstat -v\" lists its queues (those that only \"lpstat -e\" lists do not "
@@ -346,9 +415,8 @@ OpenedPpd PrintServer::openPpd(const Queue& queue) {
   const PpdCopy copy = copyPpd(queue);
   if (!copy.problem.empty()) return {nullptr, copy.problem, copy.isForeign};
   OpenedPpd opened =
-      openPpdAt(copy.path, "the PPD of the queue " + inQuotes(queue.name),
+      openPpdIn(copy.file, "the PPD of the queue " + inQuotes(queue.name),
                 "give the queue a valid one: lpadmin -p " + shellWord(queue.name) + " -P FILE");
-  unlink(copy.path.c_str());
   if (opened.ppd == nullptr || printsWithKelmfilter(opened.ppd.get())) return opened;
   return {nullptr, foreignProblem(queue, opened.ppd.get()), true};
 }
@@ -361,41 +429,49 @@ PrintServer::Destination PrintServer::destination(const std::string& name) {
   perform([&] {
     destination.reset(cupsGetNamedDest(http_.get(), queue.c_str(),
                                        instance.empty() ? nullptr : instance.c_str()));
+    note(cupsLastError(), cupsLastErrorString());
     return destination != nullptr;
   });
   return destination;
 }
 
-PrintServer::PpdCopy PrintServer::copyOnce(
-    const std::string& description, const std::function<std::optional<std::string>()>& copy) {
-  PpdCopy result;
-  const bool asked = perform([&] {
-    const auto path = copy();
-    result.path = path.value_or("");
-    return path.has_value();
-  });
-  if (!asked || result.path.empty()) {
-    result.problem = description + " cannot be read: " +
-                     (asked ? std::string(cupsLastErrorString()) : lastProblemAndAdvice());
+// Reads the rest of an answer into the file.
+bool PrintServer::savePpd(TemporaryFile& file) {
+  ServerAnswer body = answer(limits_.ppd);
+  char bytes[65536];
+  while (const std::size_t count = body.read(bytes)) {
+    if (!file.append(std::span(bytes, count))) return false;
   }
-  return result;
+  if (body.failure() == ServerAnswer::Failure::kNone) return true;
+  noteFailure(body.failure());
+  return false;
 }
 
-// Not cupsGetPPD2, which makes a connection of its own for each PPD.
+// After `request`, the rest of the answer is the PPD. A file that cannot be written is no reason
+// for another attempt.
+PrintServer::PpdCopy PrintServer::copyOnce(const std::string& description,
+                                           const std::function<bool()>& request) {
+  PpdCopy copy;
+  bool isWhole = false;
+  perform([&] {
+    isWhole = copy.file.open() && request() && savePpd(copy.file);
+    return isWhole || !copy.file.problem().empty();
+  });
+  if (isWhole) return copy;
+  copy.problem = description + " cannot be read: " +
+                 (copy.file.problem().empty() ? lastProblemAndAdvice() : copy.file.problem());
+  return copy;
+}
+
 PrintServer::PpdCopy PrintServer::copyPpd(const Queue& queue) {
-  PpdCopy copy =
-      copyOnce("the PPD of the queue " + inQuotes(queue.name), [&]() -> std::optional<std::string> {
-        char path[HTTP_MAX_URI];
-        const int file = cupsTempFd(path, sizeof path);
-        if (file < 0) return std::nullopt;
-        const http_status_t status =
-            cupsGetFd(http_.get(), ("/printers/" + queue.name + ".ppd").c_str(), file);
-        close(file);
-        if (status == HTTP_STATUS_OK) return path;
-        unlink(path);
-        return std::nullopt;
-      });
-  if (copy.problem.empty() || failure_ != Failure::kNone) return copy;
+  PpdCopy copy = copyOnce("the PPD of the queue " + inQuotes(queue.name), [&] {
+    const http_status_t status = sendGet(http_.get(), "/printers/" + queue.name + ".ppd");
+    if (status != HTTP_STATUS_OK) noteRefusal(status);
+    return status == HTTP_STATUS_OK;
+  });
+  const bool isNotFound = copy.file.problem().empty() && failure_ == Failure::kNone &&
+                          status_ == IPP_STATUS_ERROR_NOT_FOUND;
+  if (copy.problem.empty() || !isNotFound) return copy;
   // "Not found" means a queue that does not exist, or one without a PPD.
   const Queues found = this->queue(queue.name);
   copy.isForeign = found.problem.empty();
@@ -404,7 +480,7 @@ PrintServer::PpdCopy PrintServer::copyPpd(const Queue& queue) {
 }
 
 PrintServer::PpdCopy PrintServer::copyInstalledPpd(const std::string& makeAndModel) {
-  answerLimit_ = kLimitOfPpdList;
+  const auto silence = std::exchange(limits_.silence, std::max(limits_.silence, kLimitOfPpdList));
   const Ipp response = ask(
       [&] {
         Ipp request(ippNewRequest(IPP_OP_CUPS_GET_PPDS));
@@ -413,7 +489,7 @@ PrintServer::PpdCopy PrintServer::copyInstalledPpd(const std::string& makeAndMod
         return request;
       },
       "/");
-  answerLimit_ = kAnswerLimit;
+  limits_.silence = silence;
   if (response == nullptr) return {{}, lastProblem()};
   const std::string ppdName = nameOfPpd(response.get(), makeAndModel);
   if (ppdName.empty()) {
@@ -421,32 +497,44 @@ PrintServer::PpdCopy PrintServer::copyInstalledPpd(const std::string& makeAndMod
             "the print server " + name_ + " has no PPD for " + inQuotes(makeAndModel) +
                 " installed; give one with --ppd"};
   }
-  return copyOnce("the installed PPD " + inQuotes(ppdName), [&]() -> std::optional<std::string> {
-    const char* path = cupsGetServerPPD(http_.get(), ppdName.c_str());
-    if (path == nullptr) return std::nullopt;
-    return path;
+  return copyOnce("the installed PPD " + inQuotes(ppdName), [&] {
+    const Ipp request(ippNewRequest(IPP_OP_CUPS_GET_PPD));
+    ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "ppd-name", nullptr,
+                 ppdName.c_str());
+    return beginExchange(request.get(), "/", {}) != nullptr && !isRefused();
   });
 }
 
-std::string PrintServer::setPpd(const std::string& queue, const std::string& path) {
-  const bool asked = perform([&] {
-    Ipp request = queueRequest(IPP_OP_CUPS_ADD_MODIFY_PRINTER, queue);
-    const Ipp response(cupsDoFileRequest(http_.get(), request.release(), "/admin/", path.c_str()));
-    return cupsLastError() < IPP_STATUS_REDIRECTION_OTHER_SITE;
-  });
-  if (asked && cupsLastError() < IPP_STATUS_REDIRECTION_OTHER_SITE) return {};
-  if (!asked) return lastProblem();
+std::string PrintServer::setPpd(const std::string& queue, const std::string& ppd) {
+  ask([&] { return queueRequest(IPP_OP_CUPS_ADD_MODIFY_PRINTER, queue); }, "/admin/", ppd);
+  if (failure_ != Failure::kNone || isWorthAnotherAttempt(status_)) return lastProblem();
+  if (!isRefused()) return {};
   return "the print server " + name_ + " does not accept the PPD for the queue " + inQuotes(queue) +
-         ": " + cupsLastErrorString();
+         ": " + statusText_;
 }
 
+// The document is sent with the request.
 bool PrintServer::sendDocument(const std::string& queue, int job) {
-  if (cupsStartDocument(http_.get(), queue.c_str(), job, kTitle, kFormat, 1) !=
-      HTTP_STATUS_CONTINUE) {
-    return false;
+  const Ipp request = jobRequest(IPP_OP_SEND_DOCUMENT, queue, job);
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "document-name", nullptr, kTitle);
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_MIMETYPE, "document-format", nullptr,
+               kFormat);
+  ippAddBoolean(request.get(), IPP_TAG_OPERATION, "last-document", 1);
+  const Ipp response = exchange(request.get(), ("/printers/" + queue).c_str(), kDocument);
+  return response != nullptr && !isRefused();
+}
+
+// The number of the job; 0 when there is none.
+int PrintServer::createJob(const std::string& queue, const JobOptions& options) {
+  const Ipp request = queueRequest(IPP_OP_CREATE_JOB, queue);
+  ippAddString(request.get(), IPP_TAG_OPERATION, IPP_TAG_NAME, "job-name", nullptr, kTitle);
+  for (const ipp_tag_t group : {IPP_TAG_OPERATION, IPP_TAG_JOB, IPP_TAG_SUBSCRIPTION}) {
+    cupsEncodeOptions2(request.get(), options.count(), options.options(), group);
   }
-  cupsWriteRequestData(http_.get(), kDocument.data(), kDocument.size());
-  return cupsFinishDocument(http_.get(), queue.c_str()) < IPP_STATUS_REDIRECTION_OTHER_SITE;
+  const Ipp response = exchange(request.get(), ("/printers/" + queue).c_str(), {});
+  return isRefused()
+             ? 0
+             : ippGetInteger(ippFindAttribute(response.get(), "job-id", IPP_TAG_INTEGER), 0);
 }
 
 // A job whose document does not arrive is cancelled; the next attempt sends another one.
@@ -454,20 +542,17 @@ SentJob PrintServer::sendUpdate(const std::string& queue, const std::vector<Upda
   const JobOptions options(lines);
   SentJob sent;
   const bool asked = perform([&] {
-    sent.job =
-        cupsCreateJob(http_.get(), queue.c_str(), kTitle, options.count(), options.options());
-    if (sent.job == 0) return false;
-    if (sendDocument(queue, sent.job)) return true;
-    const std::string reason = cupsLastErrorString();
-    cupsCancelJob2(http_.get(), queue.c_str(), sent.job, 0);
-    sent = {0, reason};
+    sent.job = createJob(queue, options);
+    if (sent.job == 0 || sendDocument(queue, sent.job)) return sent.job != 0;
+    const auto outcome = std::tuple(failure_, status_, statusText_);
+    cancel(queue, std::exchange(sent.job, 0));
+    std::tie(failure_, status_, statusText_) = outcome;
     return false;
   });
   if (sent.job != 0) return {sent.job, {}};
-  if (!asked) return {0, lastProblem()};
+  if (!asked || failure_ != Failure::kNone) return {0, lastProblem()};
   return {0, "the print server refuses the update job for the queue " + inQuotes(queue) + ": " +
-                 (sent.problem.empty() ? cupsLastErrorString() : sent.problem) +
-                 "; its policy or error log says why"};
+                 statusText_ + "; its policy or error log says why"};
 }
 
 JobState PrintServer::jobState(int job) {
@@ -491,7 +576,10 @@ JobState PrintServer::jobState(int job) {
 
 void PrintServer::cancel(const std::string& queue, int job) {
   makeCurrent();
-  if (connect()) cupsCancelJob2(http_.get(), queue.c_str(), job, 0);
+  if (http_ != nullptr && httpGetState(http_.get()) != HTTP_STATE_WAITING) http_.reset();
+  if (!connect()) return;
+  requestStart_ = Clock::now();
+  exchange(jobRequest(IPP_OP_CANCEL_JOB, queue, job).get(), "/jobs/", {});
 }
 
 }  // namespace kelm::ctl

@@ -1,7 +1,6 @@
 // kelmctl refresh: gives queues the installed PPD and keeps their facts and defaults.
 // SPDX-License-Identifier: Apache-2.0
 #include <cups/cups.h>
-#include <unistd.h>
 
 #include <chrono>
 #include <map>
@@ -23,6 +22,7 @@
 #include "ctl/refreshed_ppd.hpp"
 #include "ctl/safe_text.hpp"
 #include "ctl/stored_state.hpp"
+#include "ctl/temporary_file.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -44,9 +44,8 @@ struct Arguments {
   unsigned wait = 120;  // seconds
 };
 
-// The text of a PPD file, unpacked where it is compressed; nothing when it cannot be read.
-std::optional<std::string> textOf(const std::string& path) {
-  cups_file_t* file = cupsFileOpen(path.c_str(), "r");
+// The text of a PPD, unpacked where it is compressed; nothing when it cannot be read.
+std::optional<std::string> textOf(cups_file_t* file) {
   if (file == nullptr) return std::nullopt;
   std::string text;
   char block[65536];
@@ -59,31 +58,6 @@ std::optional<std::string> textOf(const std::string& path) {
   return isWhole ? std::optional(text) : std::nullopt;
 }
 
-// A text in a file that is removed at the end.
-class TemporaryFile {
- public:
-  explicit TemporaryFile(const std::string& text) {
-    char path[1024];
-    const int file = cupsTempFd(path, sizeof path);
-    if (file < 0) return;
-    path_ = path;
-    isWhole_ = write(file, text.data(), text.size()) == static_cast<ssize_t>(text.size());
-    close(file);
-  }
-  ~TemporaryFile() {
-    if (!path_.empty()) unlink(path_.c_str());
-  }
-  TemporaryFile(const TemporaryFile&) = delete;
-  TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-  const std::string& path() const { return path_; }
-  bool isWhole() const { return isWhole_; }
-
- private:
-  std::string path_;
-  bool isWhole_ = false;
-};
-
 // A PPD as text and as libcups reads it, or the problem.
 struct Ppd {
   std::string text;
@@ -92,13 +66,25 @@ struct Ppd {
   bool isForeign = false;
 };
 
-Ppd readPpd(const std::string& path, const std::string& description, const std::string& advice) {
-  OpenedPpd opened = openPpdAt(path, description, advice);
-  std::optional<std::string> text = textOf(path);
+Ppd ppdOf(OpenedPpd opened, cups_file_t* file, const std::string& description,
+          const std::string& advice) {
+  std::optional<std::string> text = textOf(file);
   if (opened.ppd != nullptr && !text) {
     return {{}, nullptr, description + " cannot be read to its end; " + advice};
   }
   return {text.value_or(""), std::move(opened.ppd), std::move(opened.problem)};
+}
+
+Ppd readPpd(const std::string& path, const std::string& description, const std::string& advice) {
+  return ppdOf(openPpdAt(path, description, advice), cupsFileOpen(path.c_str(), "r"), description,
+               advice);
+}
+
+// One after the other: all descriptors of the file share their place in it.
+Ppd readPpd(const TemporaryFile& file, const std::string& description, const std::string& advice) {
+  OpenedPpd opened = openPpdIn(file, description, advice);
+  return ppdOf(std::move(opened), cupsFileOpenFd(file.descriptorAtTheBeginning(), "r"), description,
+               advice);
 }
 
 std::string attributeOf(ppd_file_t* ppd, const char* name) {
@@ -218,23 +204,21 @@ class Refresh {
   bool replace(PrintServer& server, const Queue& found, const Ppd& old,
                const RefreshedPpd& merged) {
     const std::string& queue = found.name;
-    const TemporaryFile file(merged.text);
-    const TemporaryFile backup(old.text);
-    if (!file.isWhole() || !backup.isWhole()) {
-      return complainOf(queue, "no space for a temporary file (TMPDIR); nothing was changed"),
-             false;
+    TemporaryFile file;
+    if (!file.open() || !file.append(merged.text)) {
+      return complainOf(queue, file.problem() + "; nothing was changed"), false;
     }
-    const Ppd check = readPpd(file.path(), "the new PPD", "nothing was changed");
+    const Ppd check = readPpd(file, "the new PPD", "nothing was changed");
     if (check.ppd == nullptr) return complainOf(queue, check.problem), false;
     const std::string reason = whyNotIdle(server, queue);
     if (!reason.empty()) return complainOf(queue, reason + "; nothing was changed"), false;
-    std::string problem = server.setPpd(queue, file.path());
+    std::string problem = server.setPpd(queue, merged.text);
     const Ppd now = queuePpd(server, found);
     if (problem.empty() && now.ppd != nullptr && haveSameLines(now.text, merged.text)) return true;
     if (problem.empty())
       problem = now.ppd == nullptr ? now.problem : "the print server did not keep the new PPD";
     const bool isOld = now.ppd != nullptr && haveSameLines(now.text, old.text);
-    const bool isBack = isOld || server.setPpd(queue, backup.path()).empty();
+    const bool isBack = isOld || server.setPpd(queue, old.text).empty();
     complainOf(queue,
                problem + (isBack ? "; it has its old PPD"
                                  : "; give it a PPD: lpadmin -p " + shellWord(queue) + " -P FILE"));
@@ -259,9 +243,8 @@ class Refresh {
     const PrintServer::PpdCopy copy = server.copyPpd(queue);
     if (!copy.problem.empty()) return {{}, nullptr, copy.problem, copy.isForeign};
     Ppd ppd =
-        readPpd(copy.path, "the PPD of the queue " + inQuotes(queue.name),
+        readPpd(copy.file, "the PPD of the queue " + inQuotes(queue.name),
                 "give the queue a valid one: lpadmin -p " + shellWord(queue.name) + " -P FILE");
-    unlink(copy.path.c_str());
     if (ppd.ppd == nullptr || printsWithKelmfilter(ppd.ppd.get())) return ppd;
     return {{}, nullptr, foreignProblem(queue, ppd.ppd.get()), true};
   }
@@ -277,9 +260,8 @@ class Refresh {
     }
     const PrintServer::PpdCopy copy = server.copyInstalledPpd(nickName);
     if (!copy.problem.empty()) return installed_[nickName] = {{}, nullptr, copy.problem};
-    Ppd& ppd = installed_[nickName] = readPpd(copy.path, "the installed PPD " + inQuotes(nickName),
+    Ppd& ppd = installed_[nickName] = readPpd(copy.file, "the installed PPD " + inQuotes(nickName),
                                               "install a valid one; nothing was changed");
-    unlink(copy.path.c_str());
     return ppd;
   }
 

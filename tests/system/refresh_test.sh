@@ -80,6 +80,13 @@ grep -q '^kelmctl: kelm: .*; it has its old PPD$' "$W/err" || fail "$(cat "$W/er
 umount "$CUPS/etc/ppd"
 cmp "$PPD" "$W/before" || fail "a server that fails changed the queue's PPD"
 
+# A PPD that cannot be read is a failure also with --all, and no sign of another driver.
+for subcommand in refresh sync; do
+  TMPDIR=/nonexistent run 1 $subcommand --all
+  grep -q '"kelm" cannot be read: no temporary file (TMPDIR) can be written: No such file or directory' "$W/err" "$W/out" ||
+    fail "kelmctl $subcommand --all: $(cat "$W/out" "$W/err")"
+done
+
 # Nothing changes if the lock against other processes cannot be taken.
 mount --bind /run/lock /run/lock
 mount -o remount,bind,ro /run/lock

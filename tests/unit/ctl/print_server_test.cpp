@@ -1,0 +1,303 @@
+// Print servers that answer with errors, too slowly, or with too much.
+// SPDX-License-Identifier: Apache-2.0
+#include "ctl/print_server.hpp"
+
+#include <arpa/inet.h>
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <sys/resource.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <csignal>
+#include <cstdlib>
+#include <functional>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+#include "base/byte_source.hpp"
+#include "platform/child_process.hpp"
+#include "tests/support/child.hpp"
+#include "tests/support/temporary_directory.hpp"
+
+namespace kelm::ctl {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr std::string_view kPpd = "*PPD-Adobe: \"4.3\"\n*cupsFilter: \"application/pdf 0 -\"\n";
+
+bool writeBytes(int connection, std::string_view bytes) {
+  return base::writeAll(connection, bytes) == 0;
+}
+
+std::string header(const char* status, const std::string& fields = "Content-Length: 0\r\n") {
+  return std::string("HTTP/1.1 ") + status + "\r\nContent-Type: application/ipp\r\n" + fields +
+         "\r\n";
+}
+
+std::string whole(const char* status, std::string_view body) {
+  return header(status, "Content-Length: " + std::to_string(body.size()) + "\r\n").append(body);
+}
+
+ssize_t appendTo(void* text, ipp_uchar_t* bytes, std::size_t count) {
+  static_cast<std::string*>(text)->append(reinterpret_cast<const char*>(bytes), count);
+  return static_cast<ssize_t>(count);
+}
+
+// The answer that lists so many queues.
+std::string listOfQueues(int count) {
+  const Ipp request(ippNewRequest(IPP_OP_CUPS_GET_PRINTERS));
+  const Ipp response(ippNewResponse(request.get()));
+  for (int i = 0; i < count; ++i) {
+    if (i > 0) ippAddSeparator(response.get());
+    ippAddString(response.get(), IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr,
+                 ("kelm" + std::to_string(i)).c_str());
+    ippAddString(response.get(), IPP_TAG_PRINTER, IPP_TAG_URI, "device-uri", nullptr,
+                 "socket://printer-in-the-second-floor.example.com");
+    ippAddString(response.get(), IPP_TAG_PRINTER, IPP_TAG_URI, "printer-uuid", nullptr,
+                 "urn:uuid:08fac458-2419-3cfa-6e68-871fd0e4c447");
+  }
+  std::string text;
+  ippWriteIO(&text, appendTo, 1, nullptr, response.get());
+  return text;
+}
+
+// A server in a process of its own: `answer` writes what follows a request of this method.
+class FakeServer {
+ public:
+  using Answer = std::function<void(int connection, std::string_view method)>;
+
+  explicit FakeServer(const Answer& answer) {
+    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    socklen_t size = sizeof address;
+    auto* generic = reinterpret_cast<sockaddr*>(&address);
+    EXPECT_EQ(bind(listener, generic, size), 0);
+    EXPECT_EQ(listen(listener, 5), 0);
+    EXPECT_EQ(getsockname(listener, generic, &size), 0);
+    name_ = "127.0.0.1:" + std::to_string(ntohs(address.sin_port));
+    const pid_t parent = getpid();
+    process_ = fork();
+    if (process_ == 0) serve(listener, answer, parent);
+    close(listener);
+  }
+  ~FakeServer() {
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+  }
+  FakeServer(const FakeServer&) = delete;
+  FakeServer& operator=(const FakeServer&) = delete;
+
+  const std::string& name() const { return name_; }
+
+ private:
+  [[noreturn]] static void serve(int listener, const Answer& answer, pid_t parent) {
+    platform::endWithParent(parent);
+    std::signal(SIGPIPE, SIG_IGN);
+    for (;;) {
+      const int connection = accept(listener, nullptr, nullptr);
+      while (answerOne(connection, answer)) {
+      }
+      close(connection);
+    }
+  }
+
+  static bool answerOne(int connection, const Answer& answer) {
+    std::string request;
+    char byte = 0;
+    while (!request.ends_with("\r\n\r\n")) {
+      if (read(connection, &byte, 1) <= 0) return false;
+      request += byte;
+    }
+    const std::size_t field = request.find("Content-Length: ");
+    long rest = field == std::string::npos ? 0 : std::strtol(&request[field + 16], nullptr, 10);
+    if (rest > 0) writeBytes(connection, "HTTP/1.1 100 Continue\r\n\r\n");
+    for (; rest > 0; --rest) {
+      if (read(connection, &byte, 1) <= 0) return false;
+    }
+    answer(connection, request.substr(0, request.find(' ')));
+    return true;
+  }
+
+  std::string name_;
+  pid_t process_ = -1;
+};
+
+// A server with one queue, whose PPD is what `ppd` writes.
+FakeServer::Answer withPpd(const std::function<void(int connection)>& ppd) {
+  return [ppd](int connection, std::string_view method) {
+    if (method == "POST") writeBytes(connection, whole("200 OK", listOfQueues(1)));
+    if (method == "GET") ppd(connection);
+  };
+}
+
+FakeServer::Answer withPpdText(const std::string& answer) {
+  return withPpd([answer](int connection) { writeBytes(connection, answer); });
+}
+
+void writeWithoutEnd(int connection, std::string_view bytes,
+                     std::chrono::milliseconds pause = 0ms) {
+  while (writeBytes(connection, bytes)) usleep(static_cast<useconds_t>(pause / 1us));
+}
+
+class PrintServerAnswer : public testing::Test {
+ protected:
+  PrintServer server(const FakeServer& fake, AnswerLimits limits = {}) {
+    return PrintServer(fake.name(), console_, 0s, limits);
+  }
+
+  OpenedPpd ppdFrom(const FakeServer& fake, AnswerLimits limits = {}) {
+    Queue queue;
+    queue.name = "kelm";
+    return server(fake, limits).openPpd(queue);
+  }
+
+  std::ostringstream out_;
+  Console console_{out_, out_};
+};
+
+std::string unreadable(const FakeServer& fake, const std::string& reason) {
+  return "the PPD of the queue \"kelm\" cannot be read: the print server " + fake.name() + reason;
+}
+
+TEST_F(PrintServerAnswer, ThatThereIsNoPpdMakesAQueueForeign) {
+  const FakeServer fake(withPpdText(header("404 Not Found")));
+  const OpenedPpd opened = ppdFrom(fake);
+  EXPECT_TRUE(opened.isForeign);
+  EXPECT_EQ(opened.problem.find("the queue \"kelm\" has no PPD: it is raw"), 0U) << opened.problem;
+}
+
+TEST_F(PrintServerAnswer, WithAnotherErrorDoesNotMakeAQueueForeign) {
+  for (const char* status : {"403 Forbidden", "500 Internal Server Error", "400 Bad Request"}) {
+    const FakeServer fake(withPpdText(header(status)));
+    const OpenedPpd opened = ppdFrom(fake);
+    EXPECT_FALSE(opened.isForeign) << status;
+    EXPECT_EQ(opened.ppd, nullptr) << status;
+    EXPECT_EQ(opened.problem.find(unreadable(fake, " says: ")), 0U) << opened.problem;
+  }
+}
+
+TEST_F(PrintServerAnswer, NeedsATemporaryFile) {
+  const FakeServer fake(withPpdText(whole("200 OK", kPpd)));
+  EXPECT_EQ(tests::inChild([&] {
+              setenv("TMPDIR", "/nonexistent", 1);
+              const OpenedPpd opened = ppdFrom(fake);
+              return (opened.isForeign ? "foreign: " : "") + opened.problem;
+            }),
+            "the PPD of the queue \"kelm\" cannot be read: no temporary file (TMPDIR) can be "
+            "written: No such file or directory");
+}
+
+TEST_F(PrintServerAnswer, NeedsRoomForATemporaryFile) {
+  const FakeServer fake(withPpdText(whole("200 OK", std::string(kPpd) + std::string(9000, '\n'))));
+  EXPECT_EQ(tests::inChild([&] {
+              std::signal(SIGXFSZ, SIG_IGN);
+              const rlimit limit{4096, 4096};
+              setrlimit(RLIMIT_FSIZE, &limit);
+              const OpenedPpd opened = ppdFrom(fake);
+              return (opened.isForeign ? "foreign: " : "") + opened.problem;
+            }),
+            "the PPD of the queue \"kelm\" cannot be read: no temporary file (TMPDIR) can be "
+            "written: File too large");
+}
+
+TEST_F(PrintServerAnswer, LeavesNoTemporaryFileUnderAName) {
+  const tests::TemporaryDirectory directory;
+  const FakeServer fake(withPpdText(whole("200 OK", kPpd)));
+  EXPECT_EQ(tests::inChild([&] {
+              setenv("TMPDIR", directory.path().c_str(), 1);
+              Queue queue;
+              queue.name = "kelm";
+              const PrintServer::PpdCopy copy = server(fake).copyPpd(queue);
+              return copy.problem + std::to_string(directory.names().size());
+            }),
+            "0");
+}
+
+TEST_F(PrintServerAnswer, WithAPpdIsRead) {
+  const std::string length = "Content-Length: " + std::to_string(kPpd.size()) + "\r\n";
+  const std::string chunk = "35\r\n" + std::string(kPpd) + "\r\n0\r\n\r\n";
+  ASSERT_EQ(kPpd.size(), 0x35U);
+  for (const std::string& answer :
+       {header("200 OK", length) + std::string(kPpd),
+        header("200 OK", "Transfer-Encoding: chunked\r\n") + chunk}) {
+    const FakeServer fake(withPpdText(answer));
+    const OpenedPpd opened = ppdFrom(fake);
+    EXPECT_TRUE(opened.isForeign);
+    EXPECT_NE(opened.problem.find("does not print with kelmfilter"), std::string::npos)
+        << opened.problem;
+  }
+}
+
+TEST_F(PrintServerAnswer, ThatIsCutOffIsNoPpd) {
+  for (const char* field : {"Content-Length: 1000\r\n", "Transfer-Encoding: chunked\r\n"}) {
+    const FakeServer fake(withPpd([field](int connection) {
+      writeBytes(connection, header("200 OK", field) + "35\r\n" + std::string(kPpd));
+      shutdown(connection, SHUT_RDWR);
+    }));
+    const OpenedPpd opened = ppdFrom(fake);
+    EXPECT_EQ(opened.ppd, nullptr);
+    EXPECT_FALSE(opened.isForeign);
+    EXPECT_EQ(opened.problem.find(unreadable(fake, " says: ")), 0U) << opened.problem;
+  }
+}
+
+TEST_F(PrintServerAnswer, WithAPpdThatIsTooLargeIsGivenUp) {
+  const FakeServer fake(withPpd([](int connection) {
+    writeBytes(connection, header("200 OK", "Transfer-Encoding: chunked\r\n"));
+    writeWithoutEnd(connection, "1000\r\n" + std::string(4096, '\n') + "\r\n");
+  }));
+  AnswerLimits limits;
+  limits.ppd = 1U << 20;
+  const OpenedPpd opened = ppdFrom(fake, limits);
+  EXPECT_FALSE(opened.isForeign);
+  EXPECT_EQ(opened.problem, unreadable(fake, " answers with too much data"));
+}
+
+TEST_F(PrintServerAnswer, ThatDoesNotEndIsGivenUp) {
+  const FakeServer fake(withPpd([](int connection) {
+    writeBytes(connection, header("200 OK", "Transfer-Encoding: chunked\r\n"));
+    writeWithoutEnd(connection, "2\r\n\n\n\r\n", 100ms);
+  }));
+  AnswerLimits limits;
+  limits.whole = 1s;
+  const auto start = std::chrono::steady_clock::now();
+  const OpenedPpd opened = ppdFrom(fake, limits);
+  EXPECT_EQ(opened.problem, unreadable(fake, " does not come to the end of its answer"));
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
+}
+
+TEST_F(PrintServerAnswer, WithAnEndlessMessageIsGivenUp) {
+  const FakeServer fake([](int connection, std::string_view) {
+    // The beginning of a message, and the name of one queue after another.
+    writeBytes(connection, header("200 OK", "Transfer-Encoding: chunked\r\n"));
+    writeBytes(connection, std::string("9\r\n\2\0\0\0\0\0\0\1\4\r\n", 14));
+    writeWithoutEnd(connection, std::string("15\r\n\x42\0\x0Cprinter-name\0\4kelm\r\n", 27));
+  });
+  AnswerLimits limits;
+  limits.message = 1U << 16;
+  const Queues found = server(fake, limits).allQueues();
+  EXPECT_TRUE(found.queues.empty());
+  EXPECT_EQ(found.problem, "the print server " + fake.name() + " answers with too much data");
+}
+
+TEST_F(PrintServerAnswer, MayListTenThousandQueues) {
+  const std::string list = listOfQueues(10000);
+  const FakeServer fake([&](int connection, std::string_view) {
+    writeBytes(connection, whole("200 OK", list));
+  });
+  const Queues found = server(fake).allQueues();
+  EXPECT_EQ(found.problem, "");
+  ASSERT_EQ(found.queues.size(), 10000U);
+  EXPECT_EQ(found.queues.back().name, "kelm9999");
+}
+
+}  // namespace
+}  // namespace kelm::ctl
