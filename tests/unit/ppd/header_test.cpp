@@ -5,8 +5,8 @@
 #include <strings.h>
 
 #include <algorithm>
+#include <cctype>
 #include <map>
-#include <regex>
 #include <set>
 #include <string>
 #include <variant>
@@ -56,10 +56,11 @@ struct Collector {
   }
   // Such a row names its sources in prose.
   void operator()(const pjl::OwnVariable* row) {
-    static const std::regex kKeyword("QV[A-Za-z0-9]+");
     const std::string prose = row->plainSource;
-    for (std::sregex_iterator at(prose.begin(), prose.end(), kKeyword), end; at != end; ++at) {
-      sources.others.insert(at->str());
+    for (std::size_t at = prose.find("QV"); at != prose.npos; at = prose.find("QV", at)) {
+      const std::size_t start = at;
+      while (at < prose.size() && std::isalnum(static_cast<unsigned char>(prose[at]))) ++at;
+      sources.others.insert(prose.substr(start, at - start));
     }
   }
 

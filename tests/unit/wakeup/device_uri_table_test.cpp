@@ -6,8 +6,9 @@
 
 #include <cstring>
 #include <fstream>
-#include <regex>
+#include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/fake/fake_platform.hpp"
@@ -21,15 +22,30 @@ struct Row {
   std::string address;
 };
 
+// What is between the back quotes; `nothing` stands for an empty text.
+std::optional<std::string> valueIn(std::string_view cell, std::string_view nothing) {
+  if (cell == nothing) return "";
+  if (cell.size() < 3 || cell.front() != '`' || cell.back() != '`') return std::nullopt;
+  return std::string(cell.substr(1, cell.size() - 2));
+}
+
+std::optional<Row> rowIn(std::string_view line) {
+  const std::size_t second = line.find(" | ");
+  const std::size_t end = line.find(" |", second + 3);
+  if (!line.starts_with("| ") || second == line.npos || end == line.npos) return std::nullopt;
+  const auto uri = valueIn(line.substr(2, second - 2), "an empty one");
+  const auto address = valueIn(line.substr(second + 3, end - second - 3), "none");
+  return uri && address ? std::optional(Row{*uri, *address}) : std::nullopt;
+}
+
 std::vector<Row> rowsOf(const char* page) {
-  const std::regex row("\\| (?:`([^`]+)`|an empty one) \\| (?:`([^`]+)`|none) \\|.*");
   std::ifstream file(page);
   std::vector<Row> rows;
   bool isInTable = false;
   for (std::string line; std::getline(file, line);) {
     if (line.starts_with('#')) isInTable = line == "### Addresses of device URIs";
-    std::smatch cells;
-    if (isInTable && std::regex_match(line, cells, row)) rows.push_back({cells[1], cells[2]});
+    const std::optional<Row> row = rowIn(line);
+    if (isInTable && row) rows.push_back(*row);
   }
   return rows;
 }
