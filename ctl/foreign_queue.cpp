@@ -7,8 +7,8 @@
 #include <span>
 #include <string_view>
 
+#include "ctl/advised_command.hpp"
 #include "ctl/message.hpp"
-#include "ctl/safe_text.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -23,10 +23,10 @@ std::string_view nameAfter(std::string_view start, std::string_view text) {
   return text.substr(0, text.find('?'));
 }
 
-// HOST[:PORT] as -h takes it.
+// HOST[:PORT] as -h takes it. Without a port, it is the usual one.
 std::string serverName(std::string host, int port) {
   if (host.find(':') != std::string::npos) host = '[' + host + ']';
-  return port == ippPort() ? host : host + ':' + std::to_string(port);
+  return port == IPP_PORT ? host : host + ':' + std::to_string(port);
 }
 
 // What to do where the device is a queue or class of a print server; empty when it is not.
@@ -53,21 +53,24 @@ std::string adviceForRemote(const std::string& deviceUri) {
   for (const std::string_view start : {"/printers/", "/classes/"}) {
     const std::string_view name = nameAfter(start, path);
     if (name.empty()) continue;
-    return "its jobs go to " + inQuotes(name) + " on another print server; do this there: -h " +
-           shellWord(serverName(host, port)) + ' ' + shellWord(name);
+    const auto words = shellWords({"-h", serverName(host, port), std::string(name)});
+    return "its jobs go to " + inQuotes(name) + " on another print server; do this there" +
+           (words ? ": " + *words : "");
   }
   return {};
 }
 
 std::string adviceFor(const Queue& queue) {
-  std::string advice = adviceForRemote(queue.deviceUri);
-  if (!advice.empty()) return advice;
+  std::string remote = adviceForRemote(queue.deviceUri);
+  if (!remote.empty()) return remote;
   // Even with another PPD, CUPS removes a temporary queue.
-  return (queue.isTemporary
-              ? "make a queue for it: lpadmin -p NAME -E -v " + shellWord(queue.deviceUri) +
-                    " -m MODEL"
-              : "give it the printer's PPD: lpadmin -p " + shellWord(queue.name) + " -m MODEL") +
-         ", where lpinfo -m lists the models";
+  const std::string made = queue.isTemporary
+                               ? advice("make a queue for it", "lpadmin", queue.server,
+                                        {"-p", "NAME", "-E", "-v", queue.deviceUri, "-m", "MODEL"})
+                               : advice("give it the printer's PPD", "lpadmin", queue.server,
+                                        {"-p", queue.name, "-m", "MODEL"});
+  return made + ", where " + advisedCommand("lpinfo", queue.server, {"-m"}).value_or("lpinfo -m") +
+         " lists the models";
 }
 
 // The names that CUPS and cups-filters give to the PPDs that they make.
@@ -90,8 +93,14 @@ std::string whatItIs(const Queue& queue, ppd_file_t* ppd) {
 
 }  // namespace
 
-std::string classProblem(const std::string& name) {
-  return inQuotes(name) + " is a class; name its queues, \"lpstat -c " + name + "\" lists them";
+std::string adviceForPpd(const std::string& what, const Queue& queue) {
+  return advice(what, "lpadmin", queue.server, {"-p", queue.name, "-P", "FILE"});
+}
+
+std::string classProblem(const Queue& queue) {
+  const auto command = advisedCommand("lpstat", queue.server, {"-c", queue.name});
+  return inQuotes(queue.name) + " is a class; name its queues, " +
+         inQuotes(command.value_or("lpstat -c")) + " lists them";
 }
 
 // A line of *cupsFilter ends with the program's name, which may have a path.

@@ -11,9 +11,9 @@
 #include <tuple>
 #include <utility>
 
+#include "ctl/advised_command.hpp"
 #include "ctl/interruption.hpp"
 #include "ctl/message.hpp"
-#include "ctl/safe_text.hpp"
 #include "ctl/terminal.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
@@ -87,8 +87,8 @@ void readAttribute(ipp_attribute_t* attribute, Queue& queue) {
   }
 }
 
-// The queues of a response. An attribute without a name ends each queue.
-std::vector<Queue> queuesOf(ipp_t* response) {
+// The queues of a response of `server`. An attribute without a name ends each queue.
+std::vector<Queue> queuesOf(ipp_t* response, const std::string& server) {
   std::vector<Queue> queues;
   Queue queue;
   for (ipp_attribute_t* attribute = ippFirstAttribute(response); attribute != nullptr;
@@ -100,6 +100,7 @@ std::vector<Queue> queuesOf(ipp_t* response) {
     }
   }
   if (!queue.name.empty()) queues.push_back(queue);
+  for (Queue& each : queues) each.server = server;
   return queues;
 }
 
@@ -382,7 +383,7 @@ Queues PrintServer::allQueues() {
     if (status_ == IPP_STATUS_ERROR_NOT_FOUND) return {};
     return {{}, lastProblemAndAdvice()};
   }
-  return {queuesOf(response.get()), {}};
+  return {queuesOf(response.get(), argument_), {}};
 }
 
 Queues PrintServer::queue(const std::string& name) {
@@ -393,13 +394,16 @@ Queues PrintServer::queue(const std::string& name) {
         return request;
       },
       "/");
-  std::vector<Queue> queues = queuesOf(response.get());
+  std::vector<Queue> queues = queuesOf(response.get(), argument_);
   if (!queues.empty()) return {queues, {}};
   if (failure_ == Failure::kNone && status_ == IPP_STATUS_ERROR_NOT_FOUND) {
+    const auto command = [this](const std::string& option) {
+      return inQuotes(advisedCommand("lpstat", argument_, {option}).value_or("lpstat " + option));
+    };
     return {{},
-            "the queue " + inQuotes(name) + " is not known to the print server " + name_ +
-                "; \"lpstat -v\" lists its queues (those that only \"lpstat -e\" lists do not "
-                "exist yet)"};
+            "the queue " + inQuotes(name) + " is not known to the print server " + name_ + "; " +
+                command("-v") + " lists its queues (those that only " + command("-e") +
+                " lists do not exist yet)"};
   }
   return {{}, lastProblemAndAdvice()};
 }
@@ -407,16 +411,15 @@ Queues PrintServer::queue(const std::string& name) {
 OpenedPpd PrintServer::openPpdOfQueue(const std::string& name) {
   const Queues found = queue(name);
   if (!found.problem.empty()) return {nullptr, found.problem};
-  if (found.queues.front().isClass) return {nullptr, classProblem(name)};
+  if (found.queues.front().isClass) return {nullptr, classProblem(found.queues.front())};
   return openPpd(found.queues.front());
 }
 
 OpenedPpd PrintServer::openPpd(const Queue& queue) {
   const PpdCopy copy = copyPpd(queue);
   if (!copy.problem.empty()) return {nullptr, copy.problem, copy.isForeign};
-  OpenedPpd opened =
-      openPpdIn(copy.file, "the PPD of the queue " + inQuotes(queue.name),
-                "give the queue a valid one: lpadmin -p " + shellWord(queue.name) + " -P FILE");
+  OpenedPpd opened = openPpdIn(copy.file, "the PPD of the queue " + inQuotes(queue.name),
+                               adviceForPpd("give the queue a valid one", queue));
   if (opened.ppd == nullptr || printsWithKelmfilter(opened.ppd.get())) return opened;
   return {nullptr, foreignProblem(queue, opened.ppd.get()), true};
 }

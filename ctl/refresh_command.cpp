@@ -115,7 +115,8 @@ class Refresh {
       for (const std::string& queue : uniqueNames(arguments_.queues)) {
         const Queues found = server.queue(queue);
         if (!found.problem.empty() || found.queues.front().isClass) {
-          complainOf(queue, found.problem.empty() ? classProblem(queue) : found.problem);
+          complainOf(queue,
+                     found.problem.empty() ? classProblem(found.queues.front()) : found.problem);
         } else {
           // CUPS finds a queue in any letter case, but its lock has one name.
           count(server, found.queues.front());
@@ -219,9 +220,8 @@ class Refresh {
       problem = now.ppd == nullptr ? now.problem : "the print server did not keep the new PPD";
     const bool isOld = now.ppd != nullptr && haveSameLines(now.text, old.text);
     const bool isBack = isOld || server.setPpd(queue, old.text).empty();
-    complainOf(queue,
-               problem + (isBack ? "; it has its old PPD"
-                                 : "; give it a PPD: lpadmin -p " + shellWord(queue) + " -P FILE"));
+    complainOf(queue, problem + (isBack ? "; it has its old PPD"
+                                        : "; " + adviceForPpd("give it a PPD", found)));
     return false;
   }
 
@@ -242,9 +242,8 @@ class Refresh {
   Ppd queuePpd(PrintServer& server, const Queue& queue) const {
     const PrintServer::PpdCopy copy = server.copyPpd(queue);
     if (!copy.problem.empty()) return {{}, nullptr, copy.problem, copy.isForeign};
-    Ppd ppd =
-        readPpd(copy.file, "the PPD of the queue " + inQuotes(queue.name),
-                "give the queue a valid one: lpadmin -p " + shellWord(queue.name) + " -P FILE");
+    Ppd ppd = readPpd(copy.file, "the PPD of the queue " + inQuotes(queue.name),
+                      adviceForPpd("give the queue a valid one", queue));
     if (ppd.ppd == nullptr || printsWithKelmfilter(ppd.ppd.get())) return ppd;
     return {{}, nullptr, foreignProblem(queue, ppd.ppd.get()), true};
   }

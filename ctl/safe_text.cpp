@@ -96,7 +96,7 @@ std::string shellWord(std::string_view text) {
       "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789%+,-./:=@_";
   if (!text.empty() && text.find_first_not_of(kHarmless) == text.npos) return std::string(text);
   std::string word = "'";
-  for (const char c : text) word += c == '\'' ? std::string("'\\''") : std::string(1, c);
+  for (const char c : text) word += c == '\'' ? std::string(R"('"'"')") : std::string(1, c);
   return word + '\'';
 }
 

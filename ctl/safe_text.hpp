@@ -12,8 +12,8 @@ namespace kelm::ctl {
 // backslash doubled: the name of a printer, queue or file cannot control a terminal.
 std::string safeText(std::string_view text);
 
-// `text` as one word of a shell: in apostrophes unless all its characters are harmless. For
-// commands in messages, which users copy.
+// `text` as one word of a shell: in apostrophes unless all its characters are harmless. Without a
+// backslash of its own, because messages double each.
 std::string shellWord(std::string_view text);
 
 // `json`, a JSON text, with the control characters that JSON allows in its strings (all but C0)

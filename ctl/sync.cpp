@@ -10,6 +10,7 @@
 #include <thread>
 #include <utility>
 
+#include "ctl/advised_command.hpp"
 #include "ctl/facts_transfer.hpp"
 #include "ctl/interruption.hpp"
 #include "ctl/message.hpp"
@@ -200,7 +201,7 @@ class Sync {
   }
 
   void prepare(Task& task) {
-    if (task.queue.isClass) return fail(task, classProblem(task.queue.name));
+    if (task.queue.isClass) return fail(task, classProblem(task.queue));
     const OpenedPpd opened = task.server->openPpd(task.queue);
     if (request_.queues.empty() && opened.isForeign) {
       task.isSkipped = true;
@@ -210,8 +211,8 @@ class Sync {
     task.before = storedStateOf(opened.ppd.get());
     if (task.repeats == 0) task.result.before = task.before.settings;
     if (task.queue.isStopped && !request_.dryRun) {
-      return fail(task, "the queue " + inQuotes(task.queue.name) +
-                            " is stopped; start it: cupsenable " + task.queue.name);
+      return fail(task, "the queue " + inQuotes(task.queue.name) + " is stopped; " +
+                            advice("start it", "cupsenable", task.queue.server, {task.queue.name}));
     }
     startAsking(task);
   }
@@ -298,9 +299,10 @@ class Sync {
   }
 
   std::string lateProblem(const Task& task) const {
-    return jobName(task) +
-           " did not end in time and is cancelled; see what holds the queue up: lpstat -o " +
-           task.queue.name + " (or give it more time: --wait)";
+    return jobName(task) + " did not end in time and is cancelled; " +
+           advice("see what holds the queue up", "lpstat", task.queue.server,
+                  {"-o", task.queue.name}) +
+           " (or give it more time: --wait)";
   }
 
   void cancel(Task& task) {

@@ -2,6 +2,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/wake_plan.hpp"
 
+#include "ctl/advised_command.hpp"
+#include "ctl/message.hpp"
 #include "snmp/bracketed_address.hpp"
 #include "wakeup/xpc_call_object.hpp"
 #include "wolservice/wake_up_order.hpp"
@@ -10,15 +12,16 @@ namespace kelm::ctl {
 namespace {
 
 // What the queue lacks for a wake-up; empty when it lacks nothing.
-std::string problemOf(const wakeup::WakeUpSettings& settings, const std::string& queue) {
-  const std::string name = "the queue \"" + queue + "\"";
+std::string problemOf(const wakeup::WakeUpSettings& settings, const Queue& queue) {
+  const std::string name = "the queue " + inQuotes(queue.name);
   if (!settings.isWakeOnLan) {
     return name +
            " has its wake-up switched off; switch it on in the print dialog, or give --mac and "
            "--address";
   }
   if (settings.macAddress.empty()) {
-    return name + " does not know its printer's MAC address; store it: kelmctl sync " + queue;
+    return name + " does not know its printer's MAC address; " +
+           advice("store it", "kelmctl sync", queue.server, {queue.name});
   }
   return {};
 }
@@ -46,14 +49,14 @@ WakePlan wakePlanOf(const wakeup::WakeUpSettings& settings, const std::string& a
 WakePlan wakePlanOf(PrintServer& server, const std::string& queue) {
   const Queues found = server.queue(queue);
   if (!found.problem.empty()) return {{}, found.problem};
-  if (found.queues.front().isClass) return {{}, classProblem(queue)};
-  const OpenedPpd opened = server.openPpd(found.queues.front());
+  const Queue& known = found.queues.front();
+  if (known.isClass) return {{}, classProblem(known)};
+  const OpenedPpd opened = server.openPpd(known);
   if (opened.ppd == nullptr) return {{}, opened.problem};
   const wakeup::WakeUpSettings settings = wakeup::wakeUpSettingsOf(opened.ppd.get());
-  const std::string problem = problemOf(settings, queue);
+  const std::string problem = problemOf(settings, known);
   if (!problem.empty()) return {{}, problem};
-  return checked(wakeup::requestFor(
-      settings, wakeup::XPCCallObject::addressOf(found.queues.front().deviceUri)));
+  return checked(wakeup::requestFor(settings, wakeup::XPCCallObject::addressOf(known.deviceUri)));
 }
 
 }  // namespace kelm::ctl

@@ -117,7 +117,7 @@ is_announced() { CUPS_SERVER=$W/client/state/cups.sock lpstat -e 2>"$W/lpstat_lo
 wait_until 20 is_announced || fail "no printer was found on the network"
 for subcommand in sync wake settings explain refresh; do
   run 1 $subcommand kelm_office -h "$W/client/state/cups.sock"
-  grep -q '"kelm_office" is not known to the print server .*; "lpstat -v" lists its queues (those that only "lpstat -e" lists do not exist yet)$' \
+  grep -q '"kelm_office" is not known to the print server .*; "lpstat -h /.*/cups.sock -v" lists its queues (those that only "lpstat -h /.*/cups.sock -e" lists do not exist yet)$' \
     "$W/err" || fail "kelmctl $subcommand kelm_office: $(cat "$W/err")"
 done
 

@@ -309,9 +309,9 @@ for subcommand in wake settings explain; do
   run 1 $subcommand class
   expect_message '"class" is a class; name its queues, "lpstat -c class" lists them'
 done
-cups_queue unsynced socket://127.0.0.1 "$HERE/lib/queue.ppd"
-run 1 wake unsynced
-expect_message '"unsynced" does not know its printer.s MAC address; store it: kelmctl sync unsynced'
+cups_queue 'un;synced' socket://127.0.0.1 "$HERE/lib/queue.ppd"
+run 1 wake 'un;synced' -h 127.0.0.1
+expect_message "does not know its printer.s MAC address; store it: kelmctl sync -h 127.0.0.1 'un;synced'\$"
 cups_queue usb 'file:/dev/null' "$HERE/lib/queue.ppd"
 run 1 sync usb
 expect_message 'no address of a printer .*"file:/dev/null" .*--address'
@@ -333,7 +333,9 @@ expect_message 'refuses the update job .*"kelm": .*not accepting jobs'
 cupsaccept kelm
 cupsdisable kelm
 run 1 sync kelm --address ::1
-expect_message '"kelm" is stopped.*cupsenable kelm'
+expect_message '"kelm" is stopped; start it: cupsenable kelm$'
+run 1 sync kelm --address ::1 -h 127.0.0.1
+expect_message '"kelm" is stopped; start it: cupsenable -h 127.0.0.1 kelm$'
 cupsenable kelm
 expect "jobs left" '' "$(lpstat -W not-completed -o)"
 expect_unchanged
@@ -360,7 +362,7 @@ rm -f "$W/hung/read"
 lp -d busy "$W/page.ps" >"$W/lp_log"
 wait_until 5 test -e "$W/hung/read" || fail "no job in the busy queue"
 run 1 sync busy --address ::1 --community secret --wait 1
-expect_message 'the update job busy-[0-9]* did not end in time and is cancelled'
+expect_message 'the update job busy-[0-9]* did not end in time and is cancelled; see what holds the queue up: lpstat -o busy (or'
 expect "jobs in the busy queue" 1 "$(lpstat -W not-completed -o busy | wc -l)"
 
 # Two processes for one queue: the second says that it waits for the first, and gives up after --wait.

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/foreign_queue.hpp"
 
+#include <cups/cups.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -95,9 +96,48 @@ TEST(ForeignProblem, NamesTheQueueOnAnotherPrintServer) {
   }
 }
 
+// The usual port, not that of the server that was asked last.
+TEST(ForeignProblem, NamesThePortOfAnotherPrintServerUnlessItIsTheUsualOne) {
+  cupsSetServer("print9:8631");
+  EXPECT_THAT(foreignProblem(queueAt("ipp://print1:8631/printers/kelm"), nullptr),
+              EndsWith(": -h print1:8631 kelm"));
+  EXPECT_THAT(foreignProblem(queueAt("ipp://print1/printers/kelm"), nullptr),
+              EndsWith(": -h print1 kelm"));
+  cupsSetServer(nullptr);
+}
+
+TEST(ForeignProblem, AdvisesCommandsForTheServerOfTheQueue) {
+  Queue queue = queueAt("socket://192.0.2.7");
+  queue.server = "print2";
+  EXPECT_THAT(
+      foreignProblem(queue, nullptr),
+      EndsWith(": lpadmin -h print2 -p office -m MODEL, where lpinfo -h print2 -m lists the "
+               "models"));
+  queue.isTemporary = true;
+  EXPECT_THAT(
+      foreignProblem(queue, MemoryPpd("*NickName: \"IPP Everywhere\"\n")),
+      EndsWith(": lpadmin -h print2 -p NAME -E -v socket://192.0.2.7 -m MODEL, where lpinfo "
+               "-h print2 -m lists the models"));
+  EXPECT_EQ(adviceForPpd("give it a PPD", queue),
+            "give it a PPD: lpadmin -h print2 -p office -P FILE");
+}
+
+TEST(ForeignProblem, GivesNoWordsForANameThatIsNotShownAsItIs) {
+  EXPECT_THAT(foreignProblem(queueAt("ipp://print1/printers/a%5Cb"), nullptr),
+              EndsWith(" on another print server; do this there"));
+}
+
 TEST(ClassProblem, NamesTheCommandThatListsItsQueues) {
-  EXPECT_EQ(classProblem("pool"),
+  Queue pool;
+  pool.name = "pool";
+  EXPECT_EQ(classProblem(pool),
             "\"pool\" is a class; name its queues, \"lpstat -c pool\" lists them");
+  pool.name = "a;id";
+  pool.server = "print2";
+  EXPECT_EQ(classProblem(pool),
+            "\"a;id\" is a class; name its queues, \"lpstat -h print2 -c 'a;id'\" lists them");
+  pool.name = "a\\b";
+  EXPECT_EQ(classProblem(pool), "\"a\\b\" is a class; name its queues, \"lpstat -c\" lists them");
 }
 
 }  // namespace

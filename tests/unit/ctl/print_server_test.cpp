@@ -174,6 +174,29 @@ TEST_F(PrintServerAnswer, ThatThereIsNoPpdMakesAQueueForeign) {
   EXPECT_EQ(opened.problem.find("the queue \"kelm\" has no PPD: it is raw"), 0U) << opened.problem;
 }
 
+// A command without -h would ask another server, or change a queue there.
+TEST_F(PrintServerAnswer, LeadsToCommandsForThisServer) {
+  const FakeServer fake(withPpdText(whole("200 OK", kPpd)));
+  const std::string option = "-h " + fake.name();
+  const std::string foreign = server(fake).openPpdOfQueue("kelm0").problem;
+  EXPECT_TRUE(foreign.ends_with(": lpadmin " + option + " -p kelm0 -m MODEL, where lpinfo " +
+                                option + " -m lists the models"))
+      << foreign;
+  const FakeServer empty([](int connection, std::string_view) {
+    const Ipp request(ippNewRequest(IPP_OP_GET_PRINTER_ATTRIBUTES));
+    const Ipp response(ippNewResponse(request.get()));
+    ippSetStatusCode(response.get(), IPP_STATUS_ERROR_NOT_FOUND);
+    std::string text;
+    ippWriteIO(&text, appendTo, 1, nullptr, response.get());
+    writeBytes(connection, whole("200 OK", text));
+  });
+  EXPECT_EQ(server(empty).queue("kelm").problem,
+            "the queue \"kelm\" is not known to the print server " + empty.name() +
+                "; \"lpstat -h " + empty.name() +
+                " -v\" lists its queues (those that only \"lpstat -h " + empty.name() +
+                " -e\" lists do not exist yet)");
+}
+
 TEST_F(PrintServerAnswer, WithAnotherErrorDoesNotMakeAQueueForeign) {
   for (const char* status : {"403 Forbidden", "500 Internal Server Error", "400 Bad Request"}) {
     const FakeServer fake(withPpdText(header(status)));

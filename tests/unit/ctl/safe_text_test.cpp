@@ -42,7 +42,7 @@ TEST(ShellWord, IsInApostrophesUnlessAllCharactersAreHarmless) {
   EXPECT_EQ(shellWord("[fe80::1]:8631"), "'[fe80::1]:8631'");
   EXPECT_EQ(shellWord("dnssd://A;reboot/cups?uuid=1"), "'dnssd://A;reboot/cups?uuid=1'");
   EXPECT_EQ(shellWord("$(reboot)"), "'$(reboot)'");
-  EXPECT_EQ(shellWord("a'b"), "'a'\\''b'");
+  EXPECT_EQ(shellWord("a'b"), "'a'\"'\"'b'");
   EXPECT_EQ(shellWord(""), "''");
 }
 
