@@ -3,12 +3,14 @@
 #include "ctl/queue_locks.hpp"
 
 #include <fcntl.h>
+#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
+#include <utility>
 
 namespace kelm::ctl {
 namespace {
@@ -24,6 +26,18 @@ int openLockFile(const char* path) {
   if (file < 0 && errno == EEXIST) return open(path, O_RDWR | O_NOFOLLOW | O_CLOEXEC);
   if (file >= 0) fchmod(file, kForAllUsers);
   return file;
+}
+
+// All users can write into the directory, so another one may have put anything there.
+std::string ownerAdvice(const std::string& path, int errorNumber) {
+  if (errorNumber != EACCES && errorNumber != ELOOP && errorNumber != EISDIR) return {};
+  struct stat found {};
+  if (lstat(path.c_str(), &found) != 0) return {};
+  const struct passwd* user = getpwuid(found.st_uid);
+  return "; it belongs to " +
+         (user != nullptr ? "the user " + std::string(user->pw_name)
+                          : "user number " + std::to_string(found.st_uid)) +
+         ": remove it";
 }
 
 // FNV-1a, the same in every process, cut to a file offset.
@@ -46,8 +60,9 @@ struct flock lockFor(short type, off_t offset) {
 
 QueueLocks::QueueLocks(const std::string& path) : file_(openLockFile(path.c_str())) {
   if (file_ >= 0) return;
-  problem_ = "the lock file " + path + " cannot be opened: " + std::strerror(errno) +
-             "; without it two updates of one queue could mix";
+  const int errorNumber = errno;
+  problem_ = "the lock file " + path + " cannot be opened: " + std::strerror(errorNumber) +
+             ownerAdvice(path, errorNumber) + "; without it two updates of one queue could mix";
 }
 
 QueueLocks::~QueueLocks() {
@@ -67,7 +82,8 @@ pid_t QueueLocks::tryLock(const std::string& queue) {
     }
     struct flock holder = lockFor(F_WRLCK, offset);
     if (fcntl(file_, F_GETLK, &holder) != 0) return -1;
-    if (holder.l_type != F_UNLCK) return holder.l_pid;
+    // The kernel gives no number for a process that this one cannot see.
+    if (holder.l_type != F_UNLCK) return holder.l_pid > 0 ? holder.l_pid : -1;
   }
   return -1;
 }
@@ -77,6 +93,26 @@ void QueueLocks::unlock(const std::string& queue) {
   if (held_.erase(offset) == 0) return;
   struct flock lock = lockFor(F_UNLCK, offset);
   fcntl(file_, F_SETLK, &lock);
+}
+
+std::string nameOfHolder(pid_t holder) {
+  return holder > 0 ? "process " + std::to_string(holder) : "another process";
+}
+
+LockWait::State LockWait::tryLock(QueueLocks& locks, const std::string& queue,
+                                  std::chrono::seconds limit, Clock::time_point now) {
+  constexpr auto kPause = std::chrono::milliseconds(200);
+  if (holder_ != 0 && now < nextTry_) return State::kGoingOn;
+  const pid_t found = locks.tryLock(queue);
+  if (found == getpid()) return State::kGoingOn;
+  const pid_t before = std::exchange(holder_, found);
+  if (found == 0) return State::kLocked;
+  nextTry_ = now + kPause;
+  if (before == 0) {
+    end_ = now + limit;
+    return State::kBegun;
+  }
+  return now >= end_ ? State::kTooLong : State::kGoingOn;
 }
 
 }  // namespace kelm::ctl

@@ -4,8 +4,11 @@
 
 #include <sys/types.h>
 
+#include <chrono>
 #include <set>
 #include <string>
+
+#include "platform/lock_directory.hpp"
 
 namespace kelm::ctl {
 
@@ -13,7 +16,8 @@ namespace kelm::ctl {
 // process ends. They do not keep another machine from changing the same queue.
 class QueueLocks {
  public:
-  explicit QueueLocks(const std::string& path = "/run/lock/kelmctl.lock");
+  explicit QueueLocks(const std::string& path = std::string(platform::kLockDirectory) +
+                                                "/kelmctl.lock");
   ~QueueLocks();
   QueueLocks(const QueueLocks&) = delete;
   QueueLocks& operator=(const QueueLocks&) = delete;
@@ -22,7 +26,8 @@ class QueueLocks {
   const std::string& problem() const { return problem_; }
 
   // 0: this process has the lock from now on; otherwise the process that has it, which may be this
-  // one, -1 when it is not known. `queue` is a PrintServer's lockName().
+  // one, -1 when it is not known: it may be in another container. `queue` is a PrintServer's
+  // lockName().
   pid_t tryLock(const std::string& queue);
   void unlock(const std::string& queue);
 
@@ -30,6 +35,29 @@ class QueueLocks {
   int file_;
   std::string problem_;
   std::set<off_t> held_;
+};
+
+// "process 4711", or "another process" when it is not known.
+std::string nameOfHolder(pid_t holder);
+
+// The wait of a program with other work for one queue's lock.
+class LockWait {
+ public:
+  using Clock = std::chrono::steady_clock;
+  enum class State { kLocked, kBegun, kGoingOn, kTooLong };
+
+  // Tries to take the lock, a few times in a second. kTooLong: another process has had it since
+  // kBegun, for at least `limit`. This process itself is waited for without kBegun and a limit.
+  State tryLock(QueueLocks& locks, const std::string& queue, std::chrono::seconds limit,
+                Clock::time_point now = Clock::now());
+
+  // The process that was found last.
+  pid_t holder() const { return holder_; }
+
+ private:
+  pid_t holder_ = 0;
+  Clock::time_point end_;
+  Clock::time_point nextTry_;
 };
 
 }  // namespace kelm::ctl

@@ -149,11 +149,11 @@ class Refresh {
 
   // False when it failed, which was reported, or when the queue does not use this driver.
   bool refresh(PrintServer& server, const Queue& queue) {
+    if (arguments_.dryRun) return refreshLocked(server, queue);
     if (!locks_.problem().empty()) return complainOf(queue.name, locks_.problem()), false;
     const pid_t holder = lock(server, queue);
     if (holder != 0) {
-      complainOf(queue.name,
-                 "process " + std::to_string(holder) + " is updating it; try again later");
+      complainOf(queue.name, nameOfHolder(holder) + " is updating it; try again later");
       return false;
     }
     const bool isDone = refreshLocked(server, queue);
@@ -161,14 +161,15 @@ class Refresh {
     return isDone;
   }
 
+  // 0, or the process that has had the lock all the time.
   pid_t lock(PrintServer& server, const Queue& queue) {
     const auto end = Clock::now() + std::chrono::seconds(arguments_.wait);
     pid_t holder = locks_.tryLock(server.lockName(queue));
-    if (holder > 0 && arguments_.wait > 0) {
-      complain(console_, label_ + queue.name + ": process " + std::to_string(holder) +
+    if (holder != 0 && arguments_.wait > 0) {
+      complain(console_, label_ + queue.name + ": " + nameOfHolder(holder) +
                              " is updating it; waiting for it");
     }
-    while (holder > 0 && Clock::now() < end && !Interruption::isWanted()) {
+    while (holder != 0 && Clock::now() < end && !Interruption::isWanted()) {
       std::this_thread::sleep_for(kPause);
       holder = locks_.tryLock(server.lockName(queue));
     }

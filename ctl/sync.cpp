@@ -49,12 +49,12 @@ struct Task {
   StoredState before;
   std::string community;
   bool hasLock = false;
-  pid_t lockHolder = 0;  // another process that is waited for
+  LockWait lockWait;
   int job = 0;
   int repeats = 0;  // because another program changed the queue as well
   bool isCancelled = false;
   bool isEnding = false;
-  Clock::time_point limit;  // of the wait for the lock or the job
+  Clock::time_point limit;  // of the wait for the job
   Clock::time_point nextLook;
   std::chrono::milliseconds pause = kFirstLook;
 };
@@ -172,27 +172,20 @@ class Sync {
 
   bool lock(Task& task) {
     if (request_.dryRun) return true;
-    if (task.lockHolder != 0 && Clock::now() < task.nextLook) return false;
     if (!locks_.problem().empty()) {
       fail(task, locks_.problem());
       return false;
     }
-    const pid_t found = locks_.tryLock(task.server->lockName(task.queue));
-    task.hasLock = found == 0;
-    // This process has it when it calls one server by two names.
-    if (task.hasLock || found == getpid()) return task.hasLock;
-    const bool isFirst = std::exchange(task.lockHolder, found) == 0;
-    const std::string holder = "process " + std::to_string(task.lockHolder) +
-                               " is updating the queue " + inQuotes(task.queue.name);
-    if (isFirst) {
-      complain(console_, holder + "; waiting for it");
-      task.limit = Clock::now() + request_.wait;
-    }
-    task.nextLook = Clock::now() + 200ms;
-    if (Clock::now() >= task.limit) {
+    const auto state =
+        task.lockWait.tryLock(locks_, task.server->lockName(task.queue), request_.wait);
+    task.hasLock = state == LockWait::State::kLocked;
+    const std::string holder = nameOfHolder(task.lockWait.holder()) + " is updating the queue " +
+                               inQuotes(task.queue.name);
+    if (state == LockWait::State::kBegun) complain(console_, holder + "; waiting for it");
+    if (state == LockWait::State::kTooLong) {
       fail(task, holder + " and does not end; try again later");
     }
-    return false;
+    return task.hasLock;
   }
 
   void unlock(Task& task) {

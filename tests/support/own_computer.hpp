@@ -16,4 +16,8 @@ bool nameOwnComputer(const std::string& name);
 // Puts an empty directory in the place of `directory`. Only after enterOwnComputer.
 bool hideDirectory(const char* directory);
 
+// After this call, the next child process sees no process but itself and its own children. False if
+// the system refuses or cannot do that.
+bool hideProcessesFromNextChild();
+
 }  // namespace kelm::tests

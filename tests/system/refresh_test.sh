@@ -93,6 +93,7 @@ mount -o remount,bind,ro /run/lock
 run 1 refresh kelm --ppd "$W/version3"
 grep -q '^kelmctl: kelm: the lock file /run/lock/kelmctl.lock cannot be opened' "$W/err" ||
   fail "$(cat "$W/err")"
+run 0 refresh kelm --ppd "$W/version3" --dry-run
 umount /run/lock
 cmp "$PPD" "$W/before" || fail "the queue's PPD was changed without a lock"
 

@@ -14,6 +14,10 @@ bool enterOwnComputer() {
   return mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0;
 }
 
+bool hideProcessesFromNextChild() {
+  return unshare(geteuid() == 0 ? CLONE_NEWPID : CLONE_NEWPID | CLONE_NEWUSER) == 0;
+}
+
 bool nameOwnComputer(const std::string& name) { return sethostname(name.data(), name.size()) == 0; }
 
 bool hideDirectory(const char* directory) {

@@ -5,6 +5,7 @@
 namespace kelm::tests {
 
 bool enterOwnComputer() { return false; }
+bool hideProcessesFromNextChild() { return false; }
 bool nameOwnComputer(const std::string& /*name*/) { return false; }
 bool hideDirectory(const char* /*directory*/) { return false; }
 

@@ -3,17 +3,27 @@
 #include "ctl/queue_locks.hpp"
 
 #include <gtest/gtest.h>
+#include <pwd.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <csignal>
 #include <sstream>
 #include <string>
+#include <string_view>
 
+#include "base/byte_source.hpp"
 #include "ctl/message.hpp"
 #include "ctl/print_server.hpp"
+#include "platform/pipe.hpp"
+#include "tests/support/child.hpp"
+#include "tests/support/own_computer.hpp"
 
 namespace kelm::ctl {
 namespace {
+
+using namespace std::chrono_literals;
 
 std::string lockFile() {
   return testing::TempDir() + "queue_locks_" + std::to_string(getpid()) + ".lock";
@@ -82,6 +92,107 @@ TEST_F(QueueLock, IsFreeAfterItsProcess) {
             }),
             0);
   EXPECT_EQ(QueueLocks(path_).tryLock("kelm"), 0);
+}
+
+// As a container sees a lock of the computer that it runs on.
+using QueueLockInAContainer = QueueLock;
+
+TEST_F(QueueLockInAContainer, IsRefusedThoughItsProcessIsNotSeen) {
+  QueueLocks locks(path_);
+  ASSERT_EQ(locks.tryLock("kelm"), 0);
+  EXPECT_EQ(
+      tests::inChild([&]() -> std::string {
+        if (!tests::hideProcessesFromNextChild()) return "refused";
+        return tests::inChild([&] { return nameOfHolder(QueueLocks(path_).tryLock("kelm")); });
+      }),
+      "another process");
+}
+
+// A process that has the lock of a queue as long as this object exists.
+class OtherProcess {
+ public:
+  OtherProcess(const std::string& path, const std::string& queue) {
+    int ends[2];
+    EXPECT_TRUE(platform::openPipe(ends));
+    process_ = fork();
+    if (process_ == 0) hold(path, queue, ends[1]);
+    close(ends[1]);
+    char locked = 0;
+    EXPECT_EQ(read(ends[0], &locked, 1), 1);
+    close(ends[0]);
+  }
+  ~OtherProcess() {
+    kill(process_, SIGKILL);
+    waitpid(process_, nullptr, 0);
+  }
+  OtherProcess(const OtherProcess&) = delete;
+  OtherProcess& operator=(const OtherProcess&) = delete;
+
+  pid_t number() const { return process_; }
+
+ private:
+  [[noreturn]] static void hold(const std::string& path, const std::string& queue, int end) {
+    alarm(60);
+    QueueLocks locks(path);
+    if (locks.tryLock(queue) == 0) base::writeAll(end, std::string_view("1"));
+    for (;;) pause();
+  }
+
+  pid_t process_ = -1;
+};
+
+TEST_F(QueueLock, IsWaitedForUntilTheLimit) {
+  const OtherProcess other(path_, "kelm");
+  QueueLocks locks(path_);
+  LockWait wait;
+  const auto start = LockWait::Clock::now();
+  const auto after = [&](std::chrono::milliseconds time) {
+    return wait.tryLock(locks, "kelm", 120s, start + time);
+  };
+  EXPECT_EQ(after(0ms), LockWait::State::kBegun);
+  EXPECT_EQ(nameOfHolder(wait.holder()), "process " + std::to_string(other.number()));
+  EXPECT_EQ(after(1s), LockWait::State::kGoingOn);
+  EXPECT_EQ(after(119999ms), LockWait::State::kGoingOn);
+  EXPECT_EQ(after(120200ms), LockWait::State::kTooLong);
+}
+
+TEST_F(QueueLock, MayBeWaitedForAgainWithANewLimit) {
+  QueueLocks locks(path_);
+  LockWait wait;
+  const auto start = LockWait::Clock::now();
+  const auto after = [&](std::chrono::seconds time) {
+    return wait.tryLock(locks, "kelm", 120s, start + time);
+  };
+  {
+    const OtherProcess other(path_, "kelm");
+    EXPECT_EQ(after(0s), LockWait::State::kBegun);
+  }
+  EXPECT_EQ(after(1s), LockWait::State::kLocked);
+  locks.unlock("kelm");
+  const OtherProcess other(path_, "kelm");
+  EXPECT_EQ(after(200s), LockWait::State::kBegun);
+  EXPECT_EQ(after(319s), LockWait::State::kGoingOn);
+  EXPECT_EQ(after(320s), LockWait::State::kTooLong);
+}
+
+TEST_F(QueueLock, IsWaitedForWithoutLimitWhereThisProcessHasIt) {
+  QueueLocks locks(path_);
+  EXPECT_EQ(locks.tryLock("kelm"), 0);
+  LockWait wait;
+  EXPECT_EQ(wait.tryLock(locks, "kelm", 0s), LockWait::State::kGoingOn);
+  EXPECT_EQ(wait.tryLock(locks, "kelm", 0s), LockWait::State::kGoingOn);
+  locks.unlock("kelm");
+  EXPECT_EQ(wait.tryLock(locks, "kelm", 0s), LockWait::State::kLocked);
+}
+
+TEST_F(QueueLock, NamesTheOwnerOfAFileThatIsInItsPlace) {
+  ASSERT_EQ(symlink("/nonexistent", path_.c_str()), 0);
+  const struct passwd* user = getpwuid(geteuid());
+  ASSERT_NE(user, nullptr);
+  EXPECT_EQ(QueueLocks(path_).problem(),
+            "the lock file " + path_ +
+                " cannot be opened: Too many levels of symbolic links; it belongs to the user " +
+                user->pw_name + ": remove it; without it two updates of one queue could mix");
 }
 
 TEST_F(QueueLock, NeedsItsFile) {
