@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <cstddef>
 #include <span>
 
 namespace kelm::platform {
@@ -23,8 +24,9 @@ class SocketSet {
   // Itself readable while one of the sockets is.
   int descriptor() const { return descriptor_; }
 
-  // The owners of the readable sockets, in `room`. Does not wait. A full room may not have all of
-  // them.
+  // The owners of the readable sockets, at most kMostReadable, in `room`. Does not wait. There may
+  // be more of them if the room is full, or if they are kMostReadable.
+  static constexpr std::size_t kMostReadable = 64;
   std::span<void*> readable(std::span<void*> room) const;
 
  private:

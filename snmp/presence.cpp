@@ -125,7 +125,7 @@ void Presence::look() {
 }
 
 void Presence::take() {
-  std::array<void*, 64> room{};
+  std::array<void*, platform::SocketSet::kMostReadable> room{};
   std::span<void*> readable;
   do {
     readable = sockets_.readable(room);

@@ -27,7 +27,7 @@ bool SocketSet::add(int socket, void* owner) {
 void SocketSet::remove(int socket) { epoll_ctl(descriptor_, EPOLL_CTL_DEL, socket, nullptr); }
 
 std::span<void*> SocketSet::readable(std::span<void*> room) const {
-  std::array<epoll_event, 64> events{};
+  std::array<epoll_event, kMostReadable> events{};
   const auto most = static_cast<int>(std::min(room.size(), events.size()));
   const int count = std::max(epoll_wait(descriptor_, events.data(), most, 0), 0);
   for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) room[i] = events[i].data.ptr;

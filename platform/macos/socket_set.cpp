@@ -33,7 +33,7 @@ bool SocketSet::add(int socket, void* owner) { return change(descriptor_, socket
 void SocketSet::remove(int socket) { change(descriptor_, socket, EV_DELETE, nullptr); }
 
 std::span<void*> SocketSet::readable(std::span<void*> room) const {
-  std::array<struct kevent, 64> events{};
+  std::array<struct kevent, kMostReadable> events{};
   const auto most = static_cast<int>(std::min(room.size(), events.size()));
   const std::timespec now{};
   const int count = std::max(kevent(descriptor_, nullptr, 0, events.data(), most, &now), 0);
