@@ -11,7 +11,8 @@ class ConsoleUser {
   virtual ~ConsoleUser() = default;
 
   // The login name, UTF-8, of the user of the active session on the computer's own screen; empty
-  // when there is none or it cannot be determined.
+  // when there is none or it cannot be determined. On macOS it is the name that the system gives,
+  // which may be "loginwindow" while nobody is logged in.
   virtual std::string name() = 0;
 };
 
