@@ -11,6 +11,7 @@
 #include <tuple>
 #include <utility>
 
+#include "ctl/address_list.hpp"
 #include "ctl/advised_command.hpp"
 #include "ctl/interruption.hpp"
 #include "ctl/message.hpp"
@@ -175,8 +176,10 @@ const char* PrintServer::passwordFor(const char* /*prompt*/, http_t* /*http*/,
 // libcups asks again as long as it gets an answer.
 const char* PrintServer::askForPassword() {
   if (++questions_ > kMostQuestions) return nullptr;
+  if (cutOff_) cutOff_->suspend();
   const auto answer =
       askSecretly(std::string("Password for ") + cupsUser() + " on " + name_ + "? ");
+  if (cutOff_) cutOff_->resume();
   requestStart_ = Clock::now();
   password_ = answer.value_or("");
   return answer ? password_.c_str() : nullptr;
@@ -205,8 +208,8 @@ int PrintServer::goOnWaiting(http_t* http, void* server) {
 // does not encrypt. httpConnect2 would begin with it for port 443: it gets the addresses with that
 // port, and another port.
 bool PrintServer::connectPlain() {
-  const std::unique_ptr<http_addrlist_t, void (*)(http_addrlist_t*)> addresses(
-      httpAddrGetList(host_.c_str(), AF_UNSPEC, std::to_string(port_).c_str()), httpAddrFreeList);
+  const AddressList addresses(
+      httpAddrGetList(host_.c_str(), AF_UNSPEC, std::to_string(port_).c_str()));
   if (addresses == nullptr) return false;
   http_.reset(httpConnect2(host_.c_str(), IPP_PORT, addresses.get(), AF_UNSPEC,
                            HTTP_ENCRYPTION_IF_REQUESTED, 1, kConnectLimit, nullptr));
@@ -232,18 +235,30 @@ bool PrintServer::connect() {
   return false;
 }
 
+// In the middle of an answer, a connection cannot be used for another request.
+bool PrintServer::isConnectionFree() const {
+  return http_ != nullptr && httpGetState(http_.get()) == HTTP_STATE_WAITING;
+}
+
+// Over the connection that there is.
+bool PrintServer::performInTime(const std::function<bool()>& request) {
+  makeCurrent();
+  requestStart_ = Clock::now();
+  cutOff_.emplace(http_.get(), limits_.whole);
+  const bool isDone = request();
+  cutOff_.reset();
+  return isDone;
+}
+
 // False when the server could not be asked or said "later"; any other failure is not tried again.
 bool PrintServer::attempt(const std::function<bool()>& request) {
   failure_ = Failure::kNone;
   note(IPP_STATUS_OK, "");
   if (!connect()) return false;
-  makeCurrent();
-  requestStart_ = Clock::now();
-  const bool isDone = request();
+  const bool isDone = performInTime(request);
   const bool isFinal = failure_ == Failure::kTooLarge ||
                        (failure_ == Failure::kNone && !isWorthAnotherAttempt(status_));
-  // In the middle of an answer, a connection cannot be used for another request.
-  if (!(isDone || isFinal) || httpGetState(http_.get()) != HTTP_STATE_WAITING) http_.reset();
+  if (!(isDone || isFinal) || !isConnectionFree()) http_.reset();
   return isDone || isFinal;
 }
 
@@ -304,7 +319,7 @@ void PrintServer::noteFailure(ServerAnswer::Failure failure) {
   note(IPP_STATUS_ERROR_INTERNAL, error != 0 ? std::strerror(error) : "its answer is malformed");
   if (failure_ != Failure::kNone) return;
   if (failure == ServerAnswer::Failure::kTooLarge) failure_ = Failure::kTooLarge;
-  if (failure == ServerAnswer::Failure::kLate) failure_ = Failure::kSlow;
+  if (failure == ServerAnswer::Failure::kLate || CutOff::isDone()) failure_ = Failure::kSlow;
 }
 
 // What HTTP says is enough; the body is only for people.
@@ -433,6 +448,7 @@ PrintServer::Destination PrintServer::destination(const std::string& name) {
     destination.reset(cupsGetNamedDest(http_.get(), queue.c_str(),
                                        instance.empty() ? nullptr : instance.c_str()));
     note(cupsLastError(), cupsLastErrorString());
+    if (destination == nullptr && CutOff::isDone()) failure_ = Failure::kSlow;
     return destination != nullptr;
   });
   return destination;
@@ -577,12 +593,16 @@ JobState PrintServer::jobState(int job) {
   return state != nullptr ? stateOf(ippGetInteger(state, 0)) : JobState::kUnknown;
 }
 
+// It may be called in the middle of another request, which failed.
 void PrintServer::cancel(const std::string& queue, int job) {
   makeCurrent();
-  if (http_ != nullptr && httpGetState(http_.get()) != HTTP_STATE_WAITING) http_.reset();
+  cutOff_.reset();
+  if (!isConnectionFree()) http_.reset();
   if (!connect()) return;
-  requestStart_ = Clock::now();
-  exchange(jobRequest(IPP_OP_CANCEL_JOB, queue, job).get(), "/jobs/", {});
+  performInTime([&] {
+    exchange(jobRequest(IPP_OP_CANCEL_JOB, queue, job).get(), "/jobs/", {});
+    return true;
+  });
 }
 
 }  // namespace kelm::ctl

@@ -7,10 +7,12 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "ctl/cut_off.hpp"
 #include "ctl/foreign_queue.hpp"
 #include "ctl/ipp.hpp"
 #include "ctl/job_options.hpp"
@@ -77,7 +79,7 @@ class PrintServer {
 
   // The queue with the options that lp(1) would send for it, of the server and of lpoptions(1);
   // `name` may end in "/INSTANCE". Null when there is none, or no answer. libcups reads this answer
-  // itself: of the limits, it has only the one on silence.
+  // itself, without a limit on its size.
   struct DestinationDeleter {
     void operator()(cups_dest_t* destination) const { cupsFreeDests(1, destination); }
   };
@@ -118,6 +120,8 @@ class PrintServer {
   bool connectPlain();
   bool connect();
   bool isLate() const;
+  bool isConnectionFree() const;
+  bool performInTime(const std::function<bool()>& request);
   bool attempt(const std::function<bool()>& request);
   bool perform(const std::function<bool()>& request);
   void note(ipp_status_t status, const std::string& text);
@@ -153,6 +157,7 @@ class PrintServer {
   bool isGivenUp_ = false;               // no further request is made
   AnswerLimits limits_;
   std::chrono::steady_clock::time_point requestStart_;
+  std::optional<CutOff> cutOff_;  // of the request
 };
 
 }  // namespace kelm::ctl

@@ -8,7 +8,7 @@ namespace kelm::ctl {
 namespace {
 
 constexpr int kReconnectLimit = 5000;  // milliseconds
-constexpr int kMostAttempts = 10;    // three passwords, and the beginning of the encryption
+constexpr int kMostAttempts = 10;      // three passwords, and the beginning of the encryption
 
 http_status_t statusOfAnswer(http_t* http) {
   http_status_t status = HTTP_STATUS_CONTINUE;

@@ -15,10 +15,11 @@
 namespace kelm::ctl {
 
 // Both send a request and read the beginning of the answer, up to its body. Where the server asks
-// for a password or for encryption, the request is sent again. libcups' own calls are not used: they
-// read bodies without an end, and do not notice when a file cannot be written.
+// for a password or for encryption, the request is sent again. libcups' own calls are not used:
+// they read bodies without an end, and do not notice when a file cannot be written.
 http_status_t sendGet(http_t* http, const std::string& resource);
-http_status_t sendIpp(http_t* http, ipp_t* request, const char* resource, std::string_view document);
+http_status_t sendIpp(http_t* http, ipp_t* request, const char* resource,
+                      std::string_view document);
 
 // The status of IPP that libcups would give to a status of HTTP.
 ipp_status_t ippStatusOf(http_status_t status);

@@ -42,9 +42,9 @@ bool TemporaryFile::append(std::span<const char> bytes) {
 }
 
 std::string TemporaryFile::problem() const {
-  return error_ == 0 ? ""
-                     : std::string("no temporary file (TMPDIR) can be written: ") +
-                           std::strerror(error_);
+  return error_ == 0
+             ? ""
+             : std::string("no temporary file (TMPDIR) can be written: ") + std::strerror(error_);
 }
 
 int TemporaryFile::descriptorAtTheBeginning() const {

@@ -248,9 +248,8 @@ TEST_F(PrintServerAnswer, WithAPpdIsRead) {
   const std::string length = "Content-Length: " + std::to_string(kPpd.size()) + "\r\n";
   const std::string chunk = "35\r\n" + std::string(kPpd) + "\r\n0\r\n\r\n";
   ASSERT_EQ(kPpd.size(), 0x35U);
-  for (const std::string& answer :
-       {header("200 OK", length) + std::string(kPpd),
-        header("200 OK", "Transfer-Encoding: chunked\r\n") + chunk}) {
+  for (const std::string& answer : {header("200 OK", length) + std::string(kPpd),
+                                    header("200 OK", "Transfer-Encoding: chunked\r\n") + chunk}) {
     const FakeServer fake(withPpdText(answer));
     const OpenedPpd opened = ppdFrom(fake);
     EXPECT_TRUE(opened.isForeign);
@@ -297,6 +296,18 @@ TEST_F(PrintServerAnswer, ThatDoesNotEndIsGivenUp) {
   EXPECT_LT(std::chrono::steady_clock::now() - start, 5s);
 }
 
+// libcups reads them all, without asking whether it shall go on.
+TEST_F(PrintServerAnswer, WhoseFieldsDoNotEndIsGivenUp) {
+  const FakeServer fake([](int connection, std::string_view) {
+    writeBytes(connection, "HTTP/1.1 200 OK\r\n");
+    writeWithoutEnd(connection, "X-Field: value\r\n", 10ms);
+  });
+  AnswerLimits limits;
+  limits.whole = 1s;
+  EXPECT_EQ(server(fake, limits).allQueues().problem,
+            "the print server " + fake.name() + " does not come to the end of its answer");
+}
+
 TEST_F(PrintServerAnswer, WithAnEndlessMessageIsGivenUp) {
   const FakeServer fake([](int connection, std::string_view) {
     // The beginning of a message, and the name of one queue after another.
@@ -313,9 +324,8 @@ TEST_F(PrintServerAnswer, WithAnEndlessMessageIsGivenUp) {
 
 TEST_F(PrintServerAnswer, MayListTenThousandQueues) {
   const std::string list = listOfQueues(10000);
-  const FakeServer fake([&](int connection, std::string_view) {
-    writeBytes(connection, whole("200 OK", list));
-  });
+  const FakeServer fake(
+      [&](int connection, std::string_view) { writeBytes(connection, whole("200 OK", list)); });
   const Queues found = server(fake).allQueues();
   EXPECT_EQ(found.problem, "");
   ASSERT_EQ(found.queues.size(), 10000U);
