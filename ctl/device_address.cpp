@@ -7,9 +7,10 @@
 
 #include <algorithm>
 #include <iterator>
-#include <memory>
 #include <string_view>
 
+#include "ctl/address_list.hpp"
+#include "ctl/uri_parts.hpp"
 #include "wakeup/xpc_call_object.hpp"
 
 namespace kelm::ctl {
@@ -23,11 +24,6 @@ struct NetworkScheme {
 constexpr NetworkScheme kNetworkSchemes[] = {{"socket", 9100}, {"lpd", 515}, {"ipp", 631},
                                              {"ipps", 631},    {"http", 80}, {"https", 443}};
 
-struct AddressListDeleter {
-  void operator()(http_addrlist_t* list) const { httpAddrFreeList(list); }
-};
-using AddressList = std::unique_ptr<http_addrlist_t, AddressListDeleter>;
-
 struct NetworkUri {
   std::string scheme;
   std::string host;  // empty: not a network URI; an IPv6 zone follows a "%"
@@ -36,19 +32,12 @@ struct NetworkUri {
 };
 
 NetworkUri networkUriOf(const std::string& uri) {
-  char scheme[HTTP_MAX_URI];
-  char user[HTTP_MAX_URI];
-  char host[HTTP_MAX_URI];
-  char resource[HTTP_MAX_URI];
-  int port = 0;
-  if (httpSeparateURI(HTTP_URI_CODING_ALL, uri.c_str(), scheme, sizeof scheme, user, sizeof user,
-                      host, sizeof host, &port, resource, sizeof resource) < HTTP_URI_STATUS_OK) {
-    return {};
-  }
-  const auto known = std::find_if(std::begin(kNetworkSchemes), std::end(kNetworkSchemes),
-                                  [&](const NetworkScheme& each) { return each.name == scheme; });
+  const UriParts parts = partsOf(uri);
+  const auto known =
+      std::find_if(std::begin(kNetworkSchemes), std::end(kNetworkSchemes),
+                   [&](const NetworkScheme& each) { return each.name == parts.scheme; });
   if (known == std::end(kNetworkSchemes)) return {};
-  return {scheme, host, resource, port != known->port};
+  return {parts.scheme, parts.host, parts.resource, parts.port != known->port};
 }
 
 // If there is a second colon, the wake-up expects an IPv6 address. It reads a zone only after "+".

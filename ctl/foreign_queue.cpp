@@ -9,6 +9,7 @@
 
 #include "ctl/advised_command.hpp"
 #include "ctl/message.hpp"
+#include "ctl/uri_parts.hpp"
 
 // libcups marks its whole PPD interface as deprecated; drivers have no other until CUPS 3.
 #pragma GCC diagnostic ignored "-Wdeprecated-declarations"
@@ -31,29 +32,19 @@ std::string serverName(std::string host, int port) {
 
 // What to do where the device is a queue or class of a print server; empty when it is not.
 std::string adviceForRemote(const std::string& deviceUri) {
-  char scheme[HTTP_MAX_URI];
-  char user[HTTP_MAX_URI];
-  char host[HTTP_MAX_URI];
-  char resource[HTTP_MAX_URI];
-  int port = 0;
-  if (httpSeparateURI(HTTP_URI_CODING_ALL, deviceUri.c_str(), scheme, sizeof scheme, user,
-                      sizeof user, host, sizeof host, &port, resource,
-                      sizeof resource) < HTTP_URI_STATUS_OK) {
-    return {};
-  }
-  const std::string_view path = resource;
+  const UriParts uri = partsOf(deviceUri);
+  const std::string_view path = uri.resource;
   // The name of a service is followed by its type; a queue of CUPS has the path "/cups".
-  if (std::string_view(scheme) == "dnssd") {
+  if (uri.scheme == "dnssd") {
     if (path != "/cups" && !path.starts_with("/cups?")) return {};
     return "do this on the print server that announces " +
-           inQuotes(std::string_view(host).substr(0, std::string_view(host).rfind("._ipp")));
+           inQuotes(std::string_view(uri.host).substr(0, uri.host.rfind("._ipp")));
   }
-  if (!std::string_view(scheme).starts_with("ipp") && !std::string_view(scheme).starts_with("http"))
-    return {};
+  if (!uri.scheme.starts_with("ipp") && !uri.scheme.starts_with("http")) return {};
   for (const std::string_view start : {"/printers/", "/classes/"}) {
     const std::string_view name = nameAfter(start, path);
     if (name.empty()) continue;
-    const auto words = shellWords({"-h", serverName(host, port), std::string(name)});
+    const auto words = shellWords({"-h", serverName(uri.host, uri.port), std::string(name)});
     return "its jobs go to " + inQuotes(name) + " on another print server; do this there" +
            (words ? ": " + *words : "");
   }

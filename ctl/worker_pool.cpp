@@ -8,24 +8,15 @@
 
 #include <cerrno>
 #include <csignal>
-#include <string_view>
 #include <utility>
 #include <vector>
 
+#include "base/byte_source.hpp"
 #include "platform/child_process.hpp"
 #include "platform/pipe.hpp"
 
 namespace kelm::ctl {
 namespace {
-
-void writeAll(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = write(descriptor, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written <= 0) return;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-}
 
 // Ctrl-C at the terminal reaches all processes, but the parent process decides which of them end.
 [[noreturn]] void runAndEnd(const WorkerPool::Work& work, int results, pid_t parent) {
@@ -33,7 +24,7 @@ void writeAll(int descriptor, std::string_view bytes) {
   std::signal(SIGINT, SIG_IGN);
   std::signal(SIGTERM, SIG_DFL);
   std::signal(SIGPIPE, SIG_DFL);
-  if (getppid() == parent) writeAll(results, work());
+  if (getppid() == parent) base::writeAll(results, work());
   _exit(0);
 }
 
