@@ -3,7 +3,6 @@
 #include "ctl/print_server.hpp"
 
 #include <arpa/inet.h>
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <netinet/in.h>
 #include <sys/resource.h>
@@ -73,7 +72,7 @@ class FakeServer {
   using Answer = std::function<void(int connection, std::string_view method)>;
 
   explicit FakeServer(const Answer& answer) {
-    const int listener = socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    const int listener = socket(AF_INET, SOCK_STREAM, 0);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
