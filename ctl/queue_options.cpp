@@ -18,9 +18,8 @@ void requireQueues(ArgumentList& list, const QueueOptions& options) {
   list.require("QUEUE or --all", [&options] { return options.all || !options.names.empty(); });
 }
 
-std::vector<std::string> uniqueNames(const QueueOptions& options) {
+std::vector<std::string> uniqueNames(std::vector<std::string> names) {
   std::set<std::string> known;
-  std::vector<std::string> names = options.names;
   std::erase_if(names, [&](const std::string& name) { return !known.insert(name).second; });
   return names;
 }

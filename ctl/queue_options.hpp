@@ -21,7 +21,7 @@ void declareQueues(ArgumentList& list, QueueOptions& options);
 // A usage error unless either names or --all are given.
 void requireQueues(ArgumentList& list, const QueueOptions& options);
 
-// The names without repetition, in their order.
-std::vector<std::string> uniqueNames(const QueueOptions& options);
+// `names` without repetition, in their order.
+std::vector<std::string> uniqueNames(std::vector<std::string> names);
 
 }  // namespace kelm::ctl

@@ -112,7 +112,7 @@ class Refresh {
  private:
   void refreshAll(PrintServer& server) {
     if (!arguments_.queues.all) {
-      for (const std::string& queue : uniqueNames(arguments_.queues)) {
+      for (const std::string& queue : uniqueNames(arguments_.queues.names)) {
         const Queues found = server.queue(queue);
         if (!found.problem.empty() || found.queues.front().isClass) {
           complainOf(queue,

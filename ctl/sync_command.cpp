@@ -57,7 +57,7 @@ int sync(const Arguments& arguments, const Console& console) {
     return kExitUsage;
   }
   request.servers = serversOf(arguments.queues.server);
-  request.queues = uniqueNames(arguments.queues);
+  request.queues = uniqueNames(arguments.queues.names);
   request.wait = std::chrono::seconds(arguments.wait);
   const auto start = Clock::now();
   const Console shown = arguments.quiet ? withoutProgress(console) : console;

@@ -11,6 +11,7 @@
 #include <sstream>
 #include <string>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "ctl/commands.hpp"
@@ -19,6 +20,7 @@
 #include "ctl/json.hpp"
 #include "ctl/message.hpp"
 #include "ctl/print_server.hpp"
+#include "ctl/queue_options.hpp"
 #include "ctl/safe_text.hpp"
 #include "ctl/server_options.hpp"
 #include "ctl/terminal.hpp"
@@ -29,6 +31,7 @@
 #include "snmp/bracketed_address.hpp"
 #include "snmp/qv_snmp_helper.hpp"
 #include "wakeup/wake_up_settings.hpp"
+#include "wakeup/xpc_call_object.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -102,7 +105,18 @@ Outcome wake(const platform::WakeUpRequest& request) {
               "; check that KelmWoLServices is installed and run this as root"};
 }
 
-// From one process to another: the result and the seconds, a line each, then the reason.
+Outcome died() { return {kNotWoken, {}, "its process died"}; }
+
+// From one process to another: "+" and the address, or "-".
+std::string packed(const std::optional<std::string>& address) {
+  return address ? '+' + *address : "-";
+}
+
+std::optional<std::string> unpackedAddress(const std::string& bytes) {
+  return bytes.front() == '+' ? std::optional(bytes.substr(1)) : std::nullopt;
+}
+
+// The result and the seconds, a line each, then the reason.
 std::string packed(const Outcome& outcome) {
   return outcome.result + '\n' + std::to_string(outcome.time.count()) + '\n' + outcome.reason;
 }
@@ -112,7 +126,7 @@ Outcome unpacked(const std::optional<std::string>& bytes) {
   Outcome outcome;
   std::int64_t seconds = 0;
   if (!std::getline(lines, outcome.result) || !(lines >> seconds) || lines.get() != '\n') {
-    return {kNotWoken, {}, "its process died"};
+    return died();
   }
   outcome.time = std::chrono::seconds(seconds);
   outcome.reason.assign(std::istreambuf_iterator<char>(lines), {});
@@ -120,7 +134,8 @@ Outcome unpacked(const std::optional<std::string>& bytes) {
 }
 
 struct Task {
-  std::string name;  // of the queue, or the printer's address
+  std::string name;       // of the queue, or the printer's address
+  QueuedPrinter printer;  // of the queue
   WakePlan plan;
   bool isOver = false;
   std::optional<Clock::time_point> start;  // absent: the service was not asked
@@ -133,12 +148,12 @@ class Waking {
   Waking(const Arguments& arguments, const Console& console)
       : arguments_(arguments), console_(console), pool_(arguments.jobs), progress_(console) {
     if (arguments.queues.empty()) {
-      tasks_.push_back({arguments.address.value_or(""), {}, false, std::nullopt});
+      tasks_.push_back({arguments.address.value_or(""), {}, {}, false, std::nullopt});
     } else {
       server_.emplace(serversOf(arguments.server).front(), console, PrintServer::kPatience);
     }
-    for (const std::string& queue : arguments.queues) {
-      tasks_.push_back({queue, {}, false, std::nullopt});
+    for (const std::string& queue : uniqueNames(arguments.queues)) {
+      tasks_.push_back({queue, {}, {}, false, std::nullopt});
     }
     next_ = tasks_.begin();
   }
@@ -167,7 +182,26 @@ class Waking {
   }
 
   void prepare(Task& task) {
-    task.plan = server_ ? wakePlanOf(*server_, task.name) : planOfArguments();
+    if (!server_) return startUnlessProblem(task, planOfArguments());
+    task.printer = queuedPrinter(*server_, task.name);
+    if (task.printer.problem.empty()) return lookUp(task);
+    startUnlessProblem(task, {{}, task.printer.problem});
+  }
+
+  // In a process of its own: a name server that does not answer would hold up all printers, and
+  // after it has been given up, the look-up still has a thread.
+  void lookUp(Task& task) {
+    pool_.start(
+        [uri = task.printer.deviceUri] { return packed(wakeup::XPCCallObject::addressOf(uri)); },
+        [this, &task](const std::optional<std::string>& bytes) {
+          progress_.show("");
+          if (!bytes) return end(task, died());
+          startUnlessProblem(task, wakePlanOf(task.printer, unpackedAddress(*bytes)));
+        });
+  }
+
+  void startUnlessProblem(Task& task, WakePlan plan) {
+    task.plan = std::move(plan);
     if (task.plan.problem.empty()) return start(task);
     // An interruption also ends the attempts to reach a print server.
     if (!Interruption::isWanted()) end(task, {kNotWoken, {}, task.plan.problem});

@@ -5,7 +5,6 @@
 #include "ctl/advised_command.hpp"
 #include "ctl/message.hpp"
 #include "snmp/bracketed_address.hpp"
-#include "wakeup/xpc_call_object.hpp"
 #include "wolservice/wake_up_order.hpp"
 
 namespace kelm::ctl {
@@ -46,17 +45,23 @@ WakePlan wakePlanOf(const wakeup::WakeUpSettings& settings, const std::string& a
   return checked(wakeup::requestFor(settings, snmp::unbracketed(address)));
 }
 
-WakePlan wakePlanOf(PrintServer& server, const std::string& queue) {
+QueuedPrinter queuedPrinter(PrintServer& server, const std::string& queue) {
   const Queues found = server.queue(queue);
-  if (!found.problem.empty()) return {{}, found.problem};
+  if (!found.problem.empty()) return {queue, {}, {}, found.problem};
   const Queue& known = found.queues.front();
-  if (known.isClass) return {{}, classProblem(known)};
+  if (known.isClass) return {queue, {}, {}, classProblem(known)};
   const OpenedPpd opened = server.openPpd(known);
-  if (opened.ppd == nullptr) return {{}, opened.problem};
+  if (opened.ppd == nullptr) return {queue, {}, {}, opened.problem};
   const wakeup::WakeUpSettings settings = wakeup::wakeUpSettingsOf(opened.ppd.get());
-  const std::string problem = problemOf(settings, known);
-  if (!problem.empty()) return {{}, problem};
-  return checked(wakeup::requestFor(settings, wakeup::XPCCallObject::addressOf(known.deviceUri)));
+  return {queue, known.deviceUri, settings, problemOf(settings, known)};
+}
+
+WakePlan wakePlanOf(const QueuedPrinter& printer, const std::optional<std::string>& address) {
+  const platform::WakeUpRequest request = wakeup::requestFor(printer.settings, address);
+  if (address) return checked(request);
+  return {request, "no address is found for the name in the device URI " +
+                       inQuotes(printer.deviceUri) + " of the queue " + inQuotes(printer.queue) +
+                       "; correct the URI or the name server, or give --mac and --address"};
 }
 
 }  // namespace kelm::ctl

@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "ctl/print_server.hpp"
@@ -19,7 +20,18 @@ struct WakePlan {
 // For the printer with these settings at `address`, with brackets or without.
 WakePlan wakePlanOf(const wakeup::WakeUpSettings& settings, const std::string& address);
 
-// For a queue's printer, as its PPD and device URI describe it.
-WakePlan wakePlanOf(PrintServer& server, const std::string& queue);
+// What is known about the printer of a queue or, when `problem` is not empty, why it cannot be
+// woken and what to do.
+struct QueuedPrinter {
+  std::string queue;
+  std::string deviceUri;
+  wakeup::WakeUpSettings settings;
+  std::string problem;
+};
+QueuedPrinter queuedPrinter(PrintServer& server, const std::string& queue);
+
+// For a queue's printer, at the address that jobs get from its device URI
+// (wakeup::XPCCallObject::addressOf). Finding that address may take long.
+WakePlan wakePlanOf(const QueuedPrinter& printer, const std::optional<std::string>& address);
 
 }  // namespace kelm::ctl

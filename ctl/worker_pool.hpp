@@ -30,7 +30,7 @@ class WorkerPool {
   bool isIdle() const { return workers_.empty(); }
 
   // `done` is called during a later `wait`, without a result when the process died or could not be
-  // started.
+  // started. It may start further work.
   void start(const Work& work, Done done);
 
   // Waits for results for at most `limit` and calls `done` for each. Returns earlier after the

@@ -41,7 +41,7 @@ grep -q '^{"name":"unsynced",.*"result":"not woken","seconds":0,"message":"the q
   "$W/out" || fail "no object for unsynced: $(cat "$W/out")"
 
 # As text, and with --quiet.
-wake 0 here six
+wake 0 here six here
 expect "queues that are woken" 2 "$(grep -c '^\(here\|six\): woken after [0-5] s$' "$W/out")"
 expect "the summary" '2 of 2 printers are awake' "$(tail -n 1 "$W/out")"
 wake 0 here six --quiet
@@ -94,6 +94,23 @@ grep -q '^{"name":"gone","address":"10.77.0.9","result":"interrupted","seconds":
 interrupt 'waiting for' gone
 expect "status of one interrupted wake-up" 1 "$status"
 grep -q '^kelmctl: gone: interrupted after [0-9]* s: ' "$W/err" || fail "$(cat "$W/err")"
+
+# Printers do not wait for a name server that does not answer. No address for a name is a problem of its own.
+cups_queue lost1 socket://lost1.example "$W/on.ppd"
+cups_queue lost2 socket://lost2.example "$W/on.ppd"
+printf 'nameserver 127.0.0.1\noptions timeout:30 attempts:1\n' >"$W/resolv.conf"
+mount --bind "$W/resolv.conf" /etc/resolv.conf
+socat -u UDP4-RECV:53,bind=127.0.0.1 "OPEN:$W/questions,creat,append" &
+started names $!
+interrupt '^here: woken' lost1 lost2 here
+expect "status with two silent names" 3 "$status"
+for queue in lost1 lost2; do
+  echo "kelmctl: $queue: interrupted: the wake-up service was not asked"
+done | diff - "$W/err" || fail "the messages differ"
+stop names
+wake 1 lost1
+expect "the message" 'kelmctl: no address is found for the name in the device URI "socket://lost1.example" of the queue "lost1"; correct the URI or the name server, or give --mac and --address' \
+  "$(cat "$W/err")"
 
 # It waits for a server that restarts. If interrupted then, it says which queues it could not handle.
 cups_stop

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <csignal>
 #include <vector>
 
@@ -45,6 +46,21 @@ TEST(WorkerPool, WorksSideBySide) {
   waitForAll(pool);
   EXPECT_EQ(count, 20);
   EXPECT_LT(Clock::now() - start, 8s);  // it takes 10 s one after the other
+}
+
+TEST(WorkerPool, StartsFurtherWorkWhenAPieceEnds) {
+  WorkerPool pool(2);
+  std::string received;
+  for (const char* name : {"a", "b"}) {
+    pool.start([name] { return std::string(name); },
+               [&](const std::optional<std::string>& first) {
+                 pool.start([first] { return *first + "2"; },
+                            [&](const std::optional<std::string>& second) { received += *second; });
+               });
+  }
+  waitForAll(pool);
+  std::sort(received.begin(), received.end());
+  EXPECT_EQ(received, "22ab");
 }
 
 TEST(WorkerPool, SaysWhenAProcessDied) {
