@@ -80,7 +80,7 @@ bool isCustomValue(const Request& request, const Option& option) {
   return parameter != nullptr && parameter->type == PPD_CUSTOM_INT && isNumber(option.value);
 }
 
-// Why a number is none that the option can have; empty if it is right. CUPS and the filter do not
+// Why the option cannot have this number; empty if it can. CUPS and the filter do not
 // look at the limits.
 std::string numberProblem(const Request& request, const Option& option,
                           const std::vector<std::string>& choices) {
