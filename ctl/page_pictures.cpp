@@ -9,7 +9,6 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <csignal>
 #include <iterator>
@@ -17,8 +16,6 @@
 #include <utility>
 
 #include "platform/pipe.hpp"
-
-extern char** environ;
 
 namespace kelm::ctl {
 namespace {
@@ -36,43 +33,16 @@ constexpr std::string_view kEnter = "@PJL ENTER LANGUAGE=POSTSCRIPT\n";
 constexpr std::string_view kSignature = "\x89PNG\r\n\x1A\n";
 constexpr std::size_t kChunkFrame = 12;  // length, type and checksum
 
-// -dSAFER lets PostScript read, write and remove all files in the directory for temporary files.
-// This is none, so no file can be made or found there.
-constexpr const char* kTemporaryVariables[] = {"TMPDIR", "TEMP"};
-constexpr char kNoDirectory[] = "=/dev/null";
-
-// This process's environment, with no directory for temporary files. A list for exec.
-class PainterEnvironment {
- public:
-  PainterEnvironment() {
-    for (const char* name : kTemporaryVariables) own_.push_back(std::string(name) + kNoDirectory);
-    for (char** each = environ; *each != nullptr; ++each) {
-      if (!isReplaced(*each)) list_.push_back(*each);
-    }
-    for (std::string& variable : own_) list_.push_back(variable.data());
-    list_.push_back(nullptr);
-  }
-  char** list() { return list_.data(); }
-
- private:
-  static bool isReplaced(std::string_view variable) {
-    return std::any_of(
-        std::begin(kTemporaryVariables), std::end(kTemporaryVariables),
-        [&](std::string_view name) { return variable.substr(0, variable.find('=')) == name; });
-  }
-
-  std::vector<std::string> own_;
-  std::vector<char*> list_;
-};
-
 // The type of `resource` is not the same on all systems.
 void limit(auto resource, rlim_t most) {
   const rlimit both{most, most};
   setrlimit(resource, &both);
 }
 
-// Between fork and exec: only calls that are safe there.
-[[noreturn]] void becomePainter(int input, int output, char** environment) {
+// Between fork and exec: only calls that are safe there. -dSAFER lets PostScript read, write and
+// remove all files in the directory for temporary files. /dev/null is none, so no file can be made
+// or found there.
+[[noreturn]] void becomePainter(int input, int output) {
   const int null = open("/dev/null", O_RDWR);
   dup2(input, STDIN_FILENO);
   dup2(output, STDOUT_FILENO);
@@ -85,10 +55,10 @@ void limit(auto resource, rlim_t most) {
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_DFL);
   if (chdir("/") == 0) {
-    environ = environment;
-    execlp("gs", "gs", "-q", "-dSAFER", "-dBATCH", "-dNOPAUSE", "-sDEVICE=png16m", "-r40",
-           "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4", "-dFirstPage=1", "-dLastPage=4",
-           "-sBandListStorage=memory", "-sstdout=%stderr", "-sOutputFile=%stdout", "-_", nullptr);
+    execlp("env", "env", "TMPDIR=/dev/null", "TEMP=/dev/null", "gs", "-q", "-dSAFER", "-dBATCH",
+           "-dNOPAUSE", "-sDEVICE=png16m", "-r40", "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4",
+           "-dFirstPage=1", "-dLastPage=4", "-sBandListStorage=memory", "-sstdout=%stderr",
+           "-sOutputFile=%stdout", "-_", nullptr);
   }
   _exit(127);
 }
@@ -125,9 +95,8 @@ void PagePictures::start() {
   for (const int end : input) fcntl(end, F_SETFD, FD_CLOEXEC);
   socket_ = input[0];
   if (platform::openPipe(output)) {
-    PainterEnvironment environment;
     painter_ = fork();
-    if (painter_ == 0) becomePainter(input[1], output[1], environment.list());
+    if (painter_ == 0) becomePainter(input[1], output[1]);
     close(output[1]);
     painted_ = output[0];
   }
