@@ -330,7 +330,7 @@ void PrintServer::noteRefusal(http_status_t status) {
 }
 
 ServerAnswer PrintServer::answer(std::size_t most) {
-  return ServerAnswer(http_.get(), most, [this] { return isLate(); });
+  return {http_.get(), most, [this] { return isLate(); }};
 }
 
 // The message at the beginning of the answer; what follows is not read.
