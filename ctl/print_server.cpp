@@ -136,6 +136,20 @@ std::string nameOfPpd(ipp_t* response, std::string_view makeAndModel) {
   return {};
 }
 
+// Whether the text in the file, which may be compressed, has at most so many bytes.
+bool holdsAtMost(std::size_t most, const TemporaryFile& file) {
+  cups_file_t* text = cupsFileOpenFd(file.descriptorAtTheBeginning(), "r");
+  if (text == nullptr) return true;
+  char bytes[65536];
+  std::size_t size = 0;
+  ssize_t count = 0;
+  while (size <= most && (count = cupsFileRead(text, bytes, sizeof bytes)) > 0) {
+    size += static_cast<std::size_t>(count);
+  }
+  cupsFileClose(text);
+  return size <= most;
+}
+
 }  // namespace
 
 PrintServer::PrintServer(const std::string& name, const Console& console,
@@ -461,8 +475,12 @@ bool PrintServer::savePpd(TemporaryFile& file) {
   while (const std::size_t count = body.read(bytes)) {
     if (!file.append(std::span(bytes, count))) return false;
   }
-  if (body.failure() == ServerAnswer::Failure::kNone) return true;
-  noteFailure(body.failure());
+  auto failure = body.failure();
+  if (failure == ServerAnswer::Failure::kNone && !holdsAtMost(limits_.ppd, file)) {
+    failure = ServerAnswer::Failure::kTooLarge;
+  }
+  if (failure == ServerAnswer::Failure::kNone) return true;
+  noteFailure(failure);
   return false;
 }
 

@@ -43,7 +43,7 @@ struct AnswerLimits {
   std::chrono::seconds silence{10};  // without a byte
   std::chrono::seconds whole{180};   // until its end
   std::size_t message = 16U << 20;   // bytes of an IPP message
-  std::size_t ppd = 64U << 20;
+  std::size_t ppd = 64U << 20;       // as it is sent, and unpacked
 };
 
 // Every request waits at most 10 seconds for an answer (the list of installed PPDs: 120), and 3

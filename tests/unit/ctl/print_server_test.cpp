@@ -282,6 +282,24 @@ TEST_F(PrintServerAnswer, WithAPpdThatIsTooLargeIsGivenUp) {
   EXPECT_EQ(opened.problem, unreadable(fake, " answers with too much data"));
 }
 
+TEST_F(PrintServerAnswer, WithAPpdThatIsTooLargeWhenUnpackedIsGivenUp) {
+  const tests::TemporaryDirectory directory;
+  const std::string path = directory.path() / "packed.ppd";
+  cups_file_t* packed = cupsFileOpen(path.c_str(), "w9");
+  ASSERT_NE(packed, nullptr);
+  const std::string text = std::string(kPpd) + std::string((1U << 20) - kPpd.size() + 1, '\n');
+  cupsFileWrite(packed, text.data(), text.size());
+  cupsFileClose(packed);
+  const std::string sent = tests::readFile(path).value_or("");
+  ASSERT_LT(sent.size(), 10000U);
+  const FakeServer fake(withPpdText(whole("200 OK", sent)));
+  AnswerLimits limits;
+  limits.ppd = 1U << 20;
+  EXPECT_EQ(ppdFrom(fake, limits).problem, unreadable(fake, " answers with too much data"));
+  limits.ppd = (1U << 20) + 1;
+  EXPECT_TRUE(ppdFrom(fake, limits).isForeign);
+}
+
 TEST_F(PrintServerAnswer, ThatDoesNotEndIsGivenUp) {
   const FakeServer fake(withPpd([](int connection) {
     writeBytes(connection, header("200 OK", "Transfer-Encoding: chunked\r\n"));
