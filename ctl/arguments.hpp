@@ -17,7 +17,8 @@ class Option;
 
 namespace kelm::ctl {
 
-// One argument or option that was declared: a handle, valid as long as its command line.
+// One argument or option that was declared: a handle, valid until the subcommand's action has
+// ended.
 class Argument {
  public:
   Argument(CLI::Option* option, const CLI::App* app) : option_(option), app_(app) {}

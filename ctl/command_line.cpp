@@ -3,6 +3,7 @@
 #include "ctl/command_line.hpp"
 
 #include <CLI/CLI.hpp>
+#include <memory>
 #include <ostream>
 #include <string>
 
@@ -46,18 +47,19 @@ int finish(int status, const Console& console) {
 
 CommandLine readCommandLine(int argc, const char* const argv[], const Console& console,
                             std::span<const Subcommand> subcommands) {
-  CLI::App app(kAbout, "kelmctl");
-  app.footer(kFooter);
-  app.set_version_flag("--version", "kelmctl " KELM_VERSION);
-  app.failure_message(failureMessage);
+  const auto app = std::make_shared<CLI::App>(kAbout, "kelmctl");
+  app->footer(kFooter);
+  app->set_version_flag("--version", "kelmctl " KELM_VERSION);
+  app->failure_message(failureMessage);
   Action chosen;
-  declareSubcommands(app, subcommands, chosen);
+  declareSubcommands(*app, subcommands, chosen);
   try {
-    app.parse(argc, argv);
+    app->parse(argc, argv);
   } catch (const CLI::ParseError& end) {
-    return {nullptr, reportParserEnd(app, end, console)};
+    return {nullptr, reportParserEnd(*app, end, console)};
   }
-  return {chosen, kExitDone};
+  // The action may ask for the places of its arguments, so it keeps the command line.
+  return {[app, chosen](const Console& its) { return chosen(its); }, kExitDone};
 }
 
 int runCommandLine(int argc, const char* const argv[], const Console& console,

@@ -123,6 +123,10 @@ void setOption(PrintJobData& job, const char* name, const std::string& value) {
 void removeOption(PrintJobData& job, const char* name) {
   job.numOptions = cupsRemoveOption(name, job.numOptions, &job.options);
   job.optionIndex.forget();
+  if (job.numOptions > 0) return;
+  // libcups would forget the empty list.
+  std::free(job.options);
+  job.options = nullptr;
 }
 
 bool outputTrayDecidesFace(const PrintJobData* job) {
