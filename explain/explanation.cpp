@@ -178,7 +178,7 @@ std::vector<const pjl::RecordedLine*> linesOfOption(const StreamReport& report,
   std::vector<const pjl::RecordedLine*> lines;
   for (const pjl::RecordedLine& line : report.header) {
     if (line.step == nullptr) continue;
-    const RowFacts row = factsOf(*line.step, report.isDialogJob);
+    const RowFacts& row = factsOf(*line.step, report.isDialogJob);
     if (!row.options.empty() && row.options.front() == option) lines.push_back(&line);
   }
   return lines;
@@ -217,7 +217,7 @@ Line explainedLine(const Job& job, const Place& place, const pjl::RecordedLine& 
                    bool changed) {
   if (line.step == nullptr) return strangeLine(line);
   const std::vector<Option>& settled = job.outcome.options;
-  const RowFacts row = factsOf(*line.step, job.request.isDialogJob());
+  const RowFacts& row = factsOf(*line.step, job.request.isDialogJob());
   Line explained = plainLine(job.request.ppd, row, line, settled);
   explained.changed = changed;
   explained.causes = causesOf(job.trials, place, line, row, settled, changed);
@@ -278,7 +278,7 @@ std::vector<Line> linesOf(const StreamReport& report, ppd_file_t* ppd) {
       lines.push_back(strangeLine(line));
       return;
     }
-    const RowFacts row = factsOf(*line.step, report.isDialogJob);
+    const RowFacts& row = factsOf(*line.step, report.isDialogJob);
     lines.push_back(plainLine(ppd, row, line, {}));
     if (lines.back().label.choice == line.value) {
       lines.back() = plainLine(ppd, row, line, choiceOfLines(report, none, row));

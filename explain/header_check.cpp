@@ -23,7 +23,7 @@ std::optional<KnownVariable> knownVariable(std::string_view variable) {
   for (const pjl::HeaderSection& section : pjl::headerSections()) {
     for (const pjl::HeaderStep& step : section.steps) {
       ++place;
-      const RowFacts row = factsOf(step, true);
+      const RowFacts& row = factsOf(step, true);
       if (std::ranges::find(row.variables, variable) == row.variables.end()) continue;
       return KnownVariable{&step, section.dialogOnly, place};
     }
@@ -81,7 +81,7 @@ void HeaderCheck::takeVariable(std::uint64_t offset, pjl::RecordedLine& line) {
   isDialogJob_ = isDialogJob_ || known->dialogOnly;
   if (seen(line.variable)) note_({offset, line.variable + " appears twice", line.variable});
   checkOrder(offset, line.variable, known->place);
-  const RowFacts row = factsOf(*known->step, true);
+  const RowFacts& row = factsOf(*known->step, true);
   if (lacksChoice(row, line.variable, line.value)) {
     note_({offset, line.variable + " is empty: the printer does not have the job's choice",
            line.variable});
@@ -103,7 +103,7 @@ void HeaderCheck::checkOrder(std::uint64_t offset, const std::string& variable, 
 
 void HeaderCheck::checkMissing(std::uint64_t offset) {
   pjl::forEachStep(isDialogJob_, [&](const pjl::HeaderStep& step) {
-    const RowFacts row = factsOf(step, isDialogJob_);
+    const RowFacts& row = factsOf(step, isDialogJob_);
     const auto isSeen = [&](const std::string& variable) { return seen(variable); };
     const bool whole = row.writesAllVariables ? std::ranges::all_of(row.variables, isSeen)
                                               : std::ranges::any_of(row.variables, isSeen);

@@ -3,6 +3,7 @@
 #include "explain/row_facts.hpp"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 #include "pjl/sequence.hpp"
@@ -103,15 +104,23 @@ bool lacksChoice(const RowFacts& row, std::string_view variable, std::string_vie
   return chosen && !row.isHexText && variable != "PASSWORD" && value.empty();
 }
 
-RowFacts factsOf(const pjl::HeaderStep& step, bool isDialogJob) {
-  return std::visit([&](const auto* row) { return facts(*row, isDialogJob); }, step);
+// A stream is compared with the rows line by line, so the facts are made only once.
+const RowFacts& factsOf(const pjl::HeaderStep& step, bool isDialogJob) {
+  static std::map<std::pair<const void*, bool>, RowFacts> known;
+  return std::visit(
+      [&](const auto* row) -> const RowFacts& {
+        const auto [place, isNew] = known.try_emplace({row, isDialogJob});
+        if (isNew) place->second = facts(*row, isDialogJob);
+        return place->second;
+      },
+      step);
 }
 
 std::optional<RowFacts> rowOf(std::string_view option, bool isDialogJob) {
   std::optional<RowFacts> found;
   pjl::forEachStep(isDialogJob, [&](const pjl::HeaderStep& step) {
-    RowFacts row = factsOf(step, isDialogJob);
-    if (!found && row.hasOption(option)) found = std::move(row);
+    const RowFacts& row = factsOf(step, isDialogJob);
+    if (!found && row.hasOption(option)) found = row;
   });
   return found;
 }

@@ -32,7 +32,8 @@ struct RowFacts {
 // not include texts that may not be sent, which are left out on purpose.
 bool lacksChoice(const RowFacts& row, std::string_view variable, std::string_view value);
 
-RowFacts factsOf(const pjl::HeaderStep& step, bool isDialogJob);
+// The rows of the header, and so their facts, live as long as the program.
+const RowFacts& factsOf(const pjl::HeaderStep& step, bool isDialogJob);
 
 // The option's row of the header, for a kind of job.
 std::optional<RowFacts> rowOf(std::string_view option, bool isDialogJob);

@@ -56,7 +56,7 @@ std::optional<double> pageSizeFor(const Section& section, std::string_view varia
 bool hasText(const std::string& option) {
   bool text = false;
   pjl::forEachStep(false, [&](const pjl::HeaderStep& step) {
-    const RowFacts row = factsOf(step, false);
+    const RowFacts& row = factsOf(step, false);
     text = text || (row.hasOption(option) && option != "media" &&
                     (row.isHexText || row.variables.front() == kPin));
   });
@@ -160,7 +160,7 @@ bool SectionCheck::sizeAgrees(double size, const pjl::RecordedLine& line) const 
 }
 
 void SectionCheck::check(const Section& section, const pjl::RecordedLine& line) {
-  const RowFacts row = factsOf(*line.step, report_.isDialogJob);
+  const RowFacts& row = factsOf(*line.step, report_.isDialogJob);
   const std::string option = optionName(section);
   bool same = true;
   if (const auto size = pageSizeFor(section, line.variable)) {

@@ -166,11 +166,14 @@ mkfifo "$W/fifo"
 env PPD="$W/wol.ppd" PATH="$W/programs:$PATH" kelm 1 user title 1 '' "$W/fifo" >"$W/out" 2>"$W/filter_log" &
 started job $!
 job=$!
-catches_term() { grep -q '^SigCgt:.*[4-7c-f]...$' "/proc/$job/status"; }
+# Before the filter, the process is this shell, which also catches the signal.
+catches_term() {
+  [ "$(cat "/proc/$job/comm")" = kelm ] && grep -q '^SigCgt:.*[4-7c-f]...$' "/proc/$job/status"
+}
 wait_until 10 catches_term || fail "the job does not catch SIGTERM"
 kill -TERM "$job"
 started_at=$(milliseconds)
-cat "$W/page.ps" >"$W/fifo"
+timeout 10 cp "$W/page.ps" "$W/fifo" || fail "the job does not read its file"
 job_ends "cancelled before the wait" 0 3000
 thaw cupsd
 
