@@ -28,7 +28,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr std::string_view kPpd = "*PPD-Adobe: \"4.3\"\n*cupsFilter: \"application/pdf 0 -\"\n";
+constexpr std::string_view kServersPpd =
+    "*PPD-Adobe: \"4.3\"\n*cupsFilter: \"application/pdf 0 -\"\n";
 
 bool writeBytes(int connection, std::string_view bytes) {
   return base::writeAll(connection, bytes) == 0;
@@ -175,7 +176,7 @@ TEST_F(PrintServerAnswer, ThatThereIsNoPpdMakesAQueueForeign) {
 
 // A command without -h would ask another server, or change a queue there.
 TEST_F(PrintServerAnswer, LeadsToCommandsForThisServer) {
-  const FakeServer fake(withPpdText(whole("200 OK", kPpd)));
+  const FakeServer fake(withPpdText(whole("200 OK", kServersPpd)));
   const std::string option = "-h " + fake.name();
   const std::string foreign = server(fake).openPpdOfQueue("kelm0").problem;
   EXPECT_TRUE(foreign.ends_with(": lpadmin " + option + " -p kelm0 -m MODEL, where lpinfo " +
@@ -207,7 +208,7 @@ TEST_F(PrintServerAnswer, WithAnotherErrorDoesNotMakeAQueueForeign) {
 }
 
 TEST_F(PrintServerAnswer, NeedsATemporaryFile) {
-  const FakeServer fake(withPpdText(whole("200 OK", kPpd)));
+  const FakeServer fake(withPpdText(whole("200 OK", kServersPpd)));
   EXPECT_EQ(tests::inChild([&] {
               setenv("TMPDIR", "/nonexistent", 1);
               const OpenedPpd opened = ppdFrom(fake);
@@ -218,7 +219,8 @@ TEST_F(PrintServerAnswer, NeedsATemporaryFile) {
 }
 
 TEST_F(PrintServerAnswer, NeedsRoomForATemporaryFile) {
-  const FakeServer fake(withPpdText(whole("200 OK", std::string(kPpd) + std::string(9000, '\n'))));
+  const FakeServer fake(
+      withPpdText(whole("200 OK", std::string(kServersPpd) + std::string(9000, '\n'))));
   EXPECT_EQ(tests::inChild([&] {
               std::signal(SIGXFSZ, SIG_IGN);
               const rlimit limit{4096, 4096};
@@ -232,7 +234,7 @@ TEST_F(PrintServerAnswer, NeedsRoomForATemporaryFile) {
 
 TEST_F(PrintServerAnswer, LeavesNoTemporaryFileUnderAName) {
   const tests::TemporaryDirectory directory;
-  const FakeServer fake(withPpdText(whole("200 OK", kPpd)));
+  const FakeServer fake(withPpdText(whole("200 OK", kServersPpd)));
   EXPECT_EQ(tests::inChild([&] {
               setenv("TMPDIR", directory.path().c_str(), 1);
               Queue queue;
@@ -244,10 +246,10 @@ TEST_F(PrintServerAnswer, LeavesNoTemporaryFileUnderAName) {
 }
 
 TEST_F(PrintServerAnswer, WithAPpdIsRead) {
-  const std::string length = "Content-Length: " + std::to_string(kPpd.size()) + "\r\n";
-  const std::string chunk = "35\r\n" + std::string(kPpd) + "\r\n0\r\n\r\n";
-  ASSERT_EQ(kPpd.size(), 0x35U);
-  for (const std::string& answer : {header("200 OK", length) + std::string(kPpd),
+  const std::string length = "Content-Length: " + std::to_string(kServersPpd.size()) + "\r\n";
+  const std::string chunk = "35\r\n" + std::string(kServersPpd) + "\r\n0\r\n\r\n";
+  ASSERT_EQ(kServersPpd.size(), 0x35U);
+  for (const std::string& answer : {header("200 OK", length) + std::string(kServersPpd),
                                     header("200 OK", "Transfer-Encoding: chunked\r\n") + chunk}) {
     const FakeServer fake(withPpdText(answer));
     const OpenedPpd opened = ppdFrom(fake);
@@ -260,7 +262,7 @@ TEST_F(PrintServerAnswer, WithAPpdIsRead) {
 TEST_F(PrintServerAnswer, ThatIsCutOffIsNoPpd) {
   for (const char* field : {"Content-Length: 1000\r\n", "Transfer-Encoding: chunked\r\n"}) {
     const FakeServer fake(withPpd([field](int connection) {
-      writeBytes(connection, header("200 OK", field) + "35\r\n" + std::string(kPpd));
+      writeBytes(connection, header("200 OK", field) + "35\r\n" + std::string(kServersPpd));
       shutdown(connection, SHUT_RDWR);
     }));
     const OpenedPpd opened = ppdFrom(fake);
@@ -287,7 +289,8 @@ TEST_F(PrintServerAnswer, WithAPpdThatIsTooLargeWhenUnpackedIsGivenUp) {
   const std::string path = directory.path() / "packed.ppd";
   cups_file_t* packed = cupsFileOpen(path.c_str(), "w9");
   ASSERT_NE(packed, nullptr);
-  const std::string text = std::string(kPpd) + std::string((1U << 20) - kPpd.size() + 1, '\n');
+  const std::string text =
+      std::string(kServersPpd) + std::string((1U << 20) - kServersPpd.size() + 1, '\n');
   cupsFileWrite(packed, text.data(), text.size());
   cupsFileClose(packed);
   const std::string sent = tests::readFile(path).value_or("");
