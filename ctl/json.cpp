@@ -66,7 +66,7 @@ Json::Json(std::initializer_list<Json> values) {
 void Json::push_back(Json value) { std::get<List>(value_).push_back(std::move(value)); }
 
 Json& Json::operator[](const std::string& name) {
-  Members& members = std::get<Members>(value_);
+  auto& members = std::get<Members>(value_);
   const auto found = std::find_if(members.begin(), members.end(),
                                   [&](const auto& member) { return member.first == name; });
   if (found != members.end()) return found->second;
