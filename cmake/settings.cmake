@@ -22,12 +22,13 @@ option(KELM_FUZZ "build the fuzz targets with libFuzzer" OFF)
 if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache$")
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
     CCACHE_SLOPPINESS=pch_defines,time_macros ${CMAKE_CXX_COMPILER_LAUNCHER})
+  set(KELM_CCACHE ON)
 endif()
 
 add_library(kelm_settings INTERFACE)
 target_include_directories(kelm_settings INTERFACE ${PROJECT_SOURCE_DIR})
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  target_compile_options(kelm_settings INTERFACE -fpch-preprocess)  # ccache needs it
+if(KELM_CCACHE AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  target_compile_options(kelm_settings INTERFACE -fpch-preprocess)
 endif()
 
 # kelm_compile_option(FLAG...), kelm_link_option(FLAG...): add the flags to every target, if this compiler or
@@ -91,8 +92,12 @@ if(KELM_COVERAGE)
   target_link_options(kelm_settings INTERFACE --coverage)
 endif()
 
-# The tests' own code is not optimised, so that it compiles quickly. The tested code is.
+# The tests' own code is not optimised and has no debug information, so that it compiles quickly. The tested code
+# has both. Debug information is for the debugger and for the reports of the sanitizers.
 add_library(kelm_test_settings INTERFACE)
-target_compile_options(kelm_test_settings INTERFACE "SHELL:-O0 -g1 -U_FORTIFY_SOURCE")
+target_compile_options(kelm_test_settings INTERFACE "SHELL:-O0 -U_FORTIFY_SOURCE")
+if(CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo" AND NOT KELM_SANITIZE)
+  target_compile_options(kelm_test_settings INTERFACE -g0)
+endif()
 # Files that use Avahi have this macro. Now all tests have it, so that they can share a precompiled header.
 target_compile_definitions(kelm_test_settings INTERFACE _REENTRANT)

@@ -29,12 +29,12 @@ using Clock = std::chrono::steady_clock;
 using posix_platform::readyBefore;
 using posix_platform::threadWithoutSignals;
 
-struct Release {
+struct ReleaseBus {
   void operator()(sd_bus* bus) const { sd_bus_close_unref(bus); }
   void operator()(sd_bus_message* message) const { sd_bus_message_unref(message); }
 };
-using Bus = std::unique_ptr<sd_bus, Release>;
-using Message = std::unique_ptr<sd_bus_message, Release>;
+using Bus = std::unique_ptr<sd_bus, ReleaseBus>;
+using Message = std::unique_ptr<sd_bus_message, ReleaseBus>;
 
 // Each connection has its own bus and its own thread, the only one that touches the bus.
 class SdBusConnection final : public WakeUpConnection {

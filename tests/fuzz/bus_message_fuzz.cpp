@@ -13,17 +13,16 @@
 #include <string_view>
 
 #include "platform/wake_up_names.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "wolservice/request_message.hpp"
 #include "wolservice/wake_up_order.hpp"
 
 namespace {
 
+using kelm::tests::expect;
+
 using namespace kelm;
 using namespace kelm::wolservice;
-
-void expect(bool truth) {
-  if (!truth) std::abort();
-}
 
 // A message of version 1 in little-endian order, as D-Bus lays it out.
 class Message {
@@ -125,7 +124,7 @@ void receive(std::string_view bytes) {
 
 // A byte of 0: what follows is the message. Else it is the length of the signature, which follows,
 // and then the body of a call.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(bus_message) {
   if (size == 0 || size > 16384) return 0;
   const std::string_view rest(reinterpret_cast<const char*>(data) + 1, size - 1);
   if (data[0] == 0) {

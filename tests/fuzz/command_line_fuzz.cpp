@@ -13,14 +13,13 @@
 #include "ctl/command_line.hpp"
 #include "ctl/exit_status.hpp"
 #include "platform/fake/fake_platform.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 
 namespace {
 
-using namespace kelm;
+using kelm::tests::expect;
 
-void expect(bool truth) {
-  if (!truth) std::abort();
-}
+using namespace kelm;
 
 bool isControlByte(char c) {
   const auto byte = static_cast<unsigned char>(c);
@@ -57,7 +56,7 @@ bool steersNoTerminal(const std::string& text) {
 }  // namespace
 
 // Each line of the input is an argument; so is what follows the last line feed.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(command_line) {
   const platform::FakePlatform platform;
   std::istringstream lines(std::string(data, data + size));
   std::vector<std::string> arguments = {"kelmctl"};

@@ -11,6 +11,7 @@
 #include "job/job_setup.hpp"
 #include "platform/fake/fake_platform.hpp"
 #include "psrewrite/job_stream.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "tests/support/memory_job.hpp"
 #include "tests/support/reference_loop.hpp"
 
@@ -29,7 +30,7 @@ std::string copyInBlocks(std::string_view input, std::size_t blockSize,
 
 // The first byte is the size of a block (0: all at once), then come the job's options as on the
 // filter's command line up to a zero byte, and the job's PostScript.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(copy_loop) {
   if (size == 0) return 0;
   const kelm::platform::FakePlatform platform;
   const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);

@@ -7,22 +7,21 @@
 #include <string>
 
 #include "platform/fake/fake_platform.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "wakeup/xpc_call_object.hpp"
 
 namespace {
+
+using kelm::tests::expect;
 
 bool canBeAHost(const std::string& name) {
   return name.size() < 1024 && name.find(':') == std::string::npos &&
          std::all_of(name.begin(), name.end(), [](char c) { return c >= 0; });
 }
 
-void expect(bool truth) {
-  if (!truth) std::abort();
-}
-
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(device_uri) {
   using kelm::wakeup::XPCCallObject;
   kelm::platform::FakePlatform network;
   network.nameLookup.hosts["10.0.0.5"] = {10, 0, 0, 5};

@@ -9,6 +9,7 @@
 
 #include "job/diagnostics.hpp"
 #include "job/job_setup.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "tests/support/diagnostics_on.hpp"
 #include "tests/support/logged_job.hpp"
 #include "tests/support/memory_job.hpp"
@@ -28,7 +29,7 @@ tests::DiagnosticsOn& switchedOff() {
 }  // namespace
 
 // The input is that of copy_loop_fuzz: block size, options, a zero byte, PostScript.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(diagnostics) {
   if (size == 0) return 0;
   static tests::DiagnosticsOn& diagnostics = switchedOff();
   const std::string_view text(reinterpret_cast<const char*>(data) + 1, size - 1);

@@ -7,6 +7,7 @@
 
 #include "pjl/sequence.hpp"
 #include "platform/fake/fake_platform.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "tests/support/memory_job.hpp"
 
 namespace {
@@ -22,7 +23,7 @@ bool isWhole(const std::string& header, std::ptrdiff_t fewestLines) {
          std::count(header.begin(), header.end(), '\n') >= fewestLines;
 }
 
-void check(const std::string& options, std::ptrdiff_t fewestLines) {
+void checkHeader(const std::string& options, std::ptrdiff_t fewestLines) {
   auto job = kelm::tests::TestJob::parsed(options.c_str());
   kelm::tests::MemoryOutput output;
   kelm::pjl::OutputPJL(output.stream(), *job);
@@ -36,10 +37,10 @@ void check(const std::string& options, std::ptrdiff_t fewestLines) {
 }  // namespace
 
 // The input is the option string of the filter's command line.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(header) {
   const kelm::platform::FakePlatform platform;
   const std::string options(reinterpret_cast<const char*>(data), size);
-  check(options, kFewestPlainLines);
-  check("PrintPDE=1 " + options, kFewestDialogLines);
+  checkHeader(options, kFewestPlainLines);
+  checkHeader("PrintPDE=1 " + options, kFewestDialogLines);
   return 0;
 }

@@ -19,10 +19,14 @@
 #include "ppdtext/record.hpp"
 #include "ppdtext/record_parts.hpp"
 #include "ppdtext/unicode_text.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "tests/support/memory_file.hpp"
 #include "tests/unit/ppdtext/plain_reader.hpp"
 
 namespace {
+
+using kelm::tests::expect;
+using kelm::tests::nextText;
 
 using namespace kelm;
 using namespace kelm::ppdtext;
@@ -30,18 +34,6 @@ using namespace kelm::ppdtext;
 constexpr char kOptions[] =
     "*OpenUI *Size/Size: PickOne\n*Size A4/Four: \"4\"\n*Size A.5/Five: \"5\"\n*CloseUI: *Size\n"
     "*OpenUI *S.ze/Other: PickOne\n*S.ze On/On: \"1\"\n*CloseUI: *S.ze\n";
-
-void expect(bool truth) {
-  if (!truth) std::abort();
-}
-
-// Takes the text up to the next zero byte off the front.
-std::string nextText(std::string_view& rest) {
-  const std::size_t end = std::min(rest.find('\0'), rest.size());
-  std::string text(rest.substr(0, end));
-  rest.remove_prefix(std::min(end + 1, rest.size()));
-  return text;
-}
 
 std::vector<std::string> linesOf(const std::string& text) {
   std::vector<std::string> lines(1);
@@ -148,7 +140,7 @@ void expectTranslations(const std::vector<Shown>& before, const std::vector<Show
 
 // Version, the user's languages (lines), locale, list of languages, the PPD's languages, each up to
 // a zero byte, and the translation lines.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(language) {
   std::string_view rest(reinterpret_cast<const char*>(data), size);
   const std::string version = nextText(rest);
   const std::vector<std::string> languages = linesOf(nextText(rest));

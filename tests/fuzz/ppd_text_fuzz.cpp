@@ -9,8 +9,9 @@
 #include "ppdtext/record.hpp"
 #include "ppdtext/record_parts.hpp"
 #include "ppdtext/unicode_text.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(ppd_text) {
   using namespace kelm::ppdtext;
   const auto text = toUtf16({reinterpret_cast<const char*>(data), size});
   if (!text) return 0;

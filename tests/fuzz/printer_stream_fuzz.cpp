@@ -7,15 +7,14 @@
 
 #include "explain/stream.hpp"
 #include "platform/fake/fake_platform.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "tests/support/memory_job.hpp"
 
 namespace {
 
-using kelm::explain::StreamReport;
+using kelm::tests::expect;
 
-void expect(bool truth) {
-  if (!truth) std::abort();
-}
+using kelm::explain::StreamReport;
 
 StreamReport read(std::string_view bytes, std::size_t blockSize) {
   kelm::tests::MemorySource source(bytes, blockSize);
@@ -24,7 +23,7 @@ StreamReport read(std::string_view bytes, std::size_t blockSize) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(printer_stream) {
   const kelm::platform::FakePlatform platform;
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
   const StreamReport whole = read(bytes, 1U << 20U);

@@ -8,20 +8,19 @@
 
 #include "platform/fake/fake_platform.hpp"
 #include "platform/property_files.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "tests/support/memory_file.hpp"
 
 namespace {
 
-void expect(bool truth) {
-  if (!truth) std::abort();
-}
+using kelm::tests::expect;
 
 // A UTF-16 text can need half as much again in UTF-8. An XML entity is longer than its character.
 bool fits(const std::string& text, std::size_t fileSize) { return text.size() <= 2 * fileSize; }
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(property_file) {
   using namespace kelm::platform;
   FakePlatform platform;
   platform.fileRoot.root = "";

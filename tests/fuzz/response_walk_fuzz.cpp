@@ -10,14 +10,13 @@
 #include "base/utf.hpp"
 #include "snmp/query.hpp"
 #include "snmp/response_walk.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 
 namespace {
 
-using namespace kelm::snmp;
+using kelm::tests::expect;
 
-void check(bool holds) {
-  if (!holds) std::abort();
-}
+using namespace kelm::snmp;
 
 bool isSound(const std::string& text) {
   return text.size() < kTextBufferSize && text.find('\0') == std::string::npos &&
@@ -29,18 +28,18 @@ void walkEverything(const netsnmp_pdu& response) {
   for (const ValueKind kind : {ValueKind::kState, ValueKind::kName}) {
     std::vector<std::string> values;
     const bool walked = walkResponse(&response, kind, values);
-    check(values.size() <= (walked ? variables : 0));
-    check(std::all_of(values.begin(), values.end(), isSound));
-    check(walked || kind != ValueKind::kState || !firstInteger(&response));
+    expect(values.size() <= (walked ? variables : 0));
+    expect(std::all_of(values.begin(), values.end(), isSound));
+    expect(walked || kind != ValueKind::kState || !firstInteger(&response));
   }
-  check(isSound(firstText(&response).value_or("")));
+  expect(isSound(firstText(&response).value_or("")));
 }
 
 // The response as it comes over the network. The library's messages about it are not logged.
 void walkParsed(std::vector<u_char> bytes) {
   static const auto* const silence =
       netsnmp_register_loghandler(NETSNMP_LOGHANDLER_NONE, LOG_DEBUG);
-  check(silence != nullptr);
+  expect(silence != nullptr);
   const PduHandle response(snmp_pdu_create(SNMP_MSG_RESPONSE));
   std::size_t size = bytes.size();
   if (snmp_pdu_parse(response.get(), bytes.data(), &size) == 0) walkEverything(*response);
@@ -69,7 +68,7 @@ void walkBuilt(const std::uint8_t* data, std::size_t size) {
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(response_walk) {
   walkParsed({data, data + size});
   walkBuilt(data, size);
   return 0;

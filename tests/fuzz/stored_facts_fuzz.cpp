@@ -14,6 +14,7 @@
 #include "base/utf.hpp"
 #include "ppdsettings/snmp_helper.hpp"
 #include "ppdsettings/stored_facts.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "tests/support/memory_ppd.hpp"
 
 namespace {
@@ -37,13 +38,13 @@ std::string attributesOfEveryKind() {
   return all;
 }
 
-void check(const std::string& text) {
+void checkText(const std::string& text) {
   if (!kelm::base::utf16Length(text) || text.size() > 4095) std::abort();
 }
 
 void checkList(const std::vector<std::string>& texts) {
   if (texts.size() > 2) std::abort();
-  for (const std::string& text : texts) check(text);
+  for (const std::string& text : texts) checkText(text);
 }
 
 // The same code reads all lists, and each takes a millisecond or more: each input reads one list.
@@ -61,7 +62,7 @@ void readFacts(ppd_file_t* ppd, std::size_t list) {
   }
   for (const auto read :
        {Helper::snmpCommunityName_, Helper::getPrinterMacAddress_, Helper::getPrinterIPAddress_}) {
-    check(read(ppd));
+    checkText(read(ppd));
   }
   checkList(kLists[list % std::size(kLists)](ppd));
   for (const std::int32_t index : Helper::getSelectedSharedBoxIndexArray_(ppd)) {
@@ -73,7 +74,7 @@ void readFacts(ppd_file_t* ppd, std::size_t list) {
 
 // The values of the attributes, each up to a line feed. The other attributes have no value. The
 // size decides which list is read.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(stored_facts) {
   static const kelm::tests::MemoryPpd ppd(attributesOfEveryKind());
   ppd_file_t* const file = ppd;
   std::string text(reinterpret_cast<const char*>(data), size);

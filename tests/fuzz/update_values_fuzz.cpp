@@ -15,6 +15,7 @@
 #include "platform/fake/fake_platform.hpp"
 #include "ppdsettings/snmp_helper.hpp"
 #include "ppdsettings/update_job.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "tests/support/memory_job.hpp"
 #include "tests/support/memory_ppd.hpp"
 #include "wakeup/xpc_call_object.hpp"
@@ -78,7 +79,7 @@ void checkValue(const char* keyword, Updater* update, const std::string& value) 
 
 }  // namespace
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(update_values) {
   const std::string bytes(reinterpret_cast<const char*>(data), std::min(size, kLongestValue));
   const std::string value = bytes.c_str();
   checkValue("PrinterIPAddress", kelm::ppdsettings::UpdateIPAddressToPPD, value);

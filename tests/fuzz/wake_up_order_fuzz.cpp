@@ -7,9 +7,10 @@
 #include <sstream>
 #include <string>
 
+#include "tests/fuzz/fuzz_target.hpp"
 #include "wolservice/wake_up_order.hpp"
 
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(wake_up_order) {
   std::istringstream lines(std::string(data, data + size));
   kelm::wolservice::WakeUpArguments arguments;
   for (std::string* each : {&arguments.address, &arguments.macAddress, &arguments.snmpCommunity,

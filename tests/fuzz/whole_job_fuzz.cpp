@@ -19,25 +19,20 @@
 #include "ppdsettings/update_job.hpp"
 #include "psrewrite/job_stream.hpp"
 #include "stdoptions/standard_options.hpp"
+#include "tests/fuzz/fuzz_target.hpp"
 #include "tests/support/memory_file.hpp"
 #include "tests/support/memory_job.hpp"
 
 namespace {
 
-// Takes the text up to the next zero byte off the front.
-std::string nextText(std::string_view& rest) {
-  const std::size_t end = std::min(rest.find('\0'), rest.size());
-  std::string text(rest.substr(0, end));
-  rest.remove_prefix(std::min(end + 1, rest.size()));
-  return text;
-}
+using kelm::tests::nextText;
 
 void freeJob(kelm::job::PrintJobData& job) {
   cupsFreeOptions(job.numOptions, job.options);
   if (job.ppd != nullptr) kelm::job::r_ppdClose(job.ppd);
 }
 
-void update(const kelm::job::PrintJobData& job) {
+void updateFacts(const kelm::job::PrintJobData& job) {
   kelm::tests::MemoryOutput errors;
   std::FILE* const own = std::exchange(stderr, errors.stream());
   for (auto* updater :
@@ -48,7 +43,7 @@ void update(const kelm::job::PrintJobData& job) {
   stderr = own;
 }
 
-void print(kelm::job::PrintJobData& job, int copies, std::string_view postScript) {
+void printJob(kelm::job::PrintJobData& job, int copies, std::string_view postScript) {
   kelm::stdoptions::settleOptions(job, copies);
   kelm::job::decideCustomPaper(job);
   kelm::job::decideOutputFace(job);
@@ -67,7 +62,7 @@ void print(kelm::job::PrintJobData& job, int copies, std::string_view postScript
 }  // namespace
 
 // User, title, options, language and PPD, each up to a zero byte, and the PostScript.
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+FUZZ_TARGET(whole_job) {
   const kelm::platform::FakePlatform platform;
   std::string_view rest(reinterpret_cast<const char*>(data), size);
   std::string name = "queue";
@@ -85,9 +80,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!kelm::job::InitializePrintJobData(6, argv.data(), &job)) std::abort();
   if (job.ppd != nullptr) kelm::job::r_ppdLocalize(job.ppd);
   if (kelm::ppdsettings::ShouldUpdatePPD(&job)) {
-    update(job);
+    updateFacts(job);
   } else {
-    print(job, static_cast<int>(title.size() % 4), rest);
+    printJob(job, static_cast<int>(title.size() % 4), rest);
   }
   freeJob(job);
   return 0;
