@@ -14,6 +14,7 @@
 namespace kelm::job {
 namespace {
 
+// Part of the interface: with more options than this, "media" is not read for a custom size.
 constexpr std::int32_t kMostOptionsForCustomPaper = 99;
 constexpr double kPointsPerInch = 72.0;
 constexpr double kMillimetresPerInch = 25.4;

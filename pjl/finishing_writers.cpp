@@ -14,6 +14,8 @@
 namespace kelm::pjl {
 namespace {
 
+// Part of the interface: a name that needs more bytes, with its terminator, counts as none. Other
+// texts have 4096.
 constexpr std::size_t kConsoleUserBufferSize = 512;
 constexpr auto kForms = valueTable(job::kFormTags, "");
 

@@ -2,6 +2,9 @@
 //
 // A job from the maker's dialog has the final value in the option `dialogKey`; without that option
 // the value is `dialogDefault`. For any other job `plain` is called.
+//
+// In plain jobs, the diagnostic files lack the value lines of text stamps, tray repeat and QVGCRed.
+// This is part of the interface: it is the form in which support reads the files.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once
 
