@@ -99,5 +99,5 @@ target_compile_options(kelm_test_settings INTERFACE "SHELL:-O0 -U_FORTIFY_SOURCE
 if(CMAKE_BUILD_TYPE STREQUAL "RelWithDebInfo" AND NOT KELM_SANITIZE)
   target_compile_options(kelm_test_settings INTERFACE -g0)
 endif()
-# Files that use Avahi have this macro. Now all tests have it, so that they can share a precompiled header.
+# Files that use Avahi need this macro. All tests define it, so that they can share a precompiled header.
 target_compile_definitions(kelm_test_settings INTERFACE _REENTRANT)

@@ -42,7 +42,7 @@ int showAddress(const Arguments& arguments, const Console& console) {
     return fail(console,
                 '"' + arguments.uri + R"(" is not a URI; "lpstat -v" shows those of queues)");
   }
-  return fail(console, "no address is found for \"" + arguments.uri +
+  return fail(console, "cannot find an address for \"" + arguments.uri +
                            "\"; check that it is a URI and that its host or service is known");
 }
 

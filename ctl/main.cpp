@@ -9,7 +9,7 @@
 #include "platform/standard_streams.hpp"
 
 const std::string_view kelm::platform::kOutOfMemory =
-    "kelmctl: out of memory; what was not reported was not finished\n";
+    "kelmctl: out of memory; only what was reported is finished\n";
 
 int main(int argc, char* argv[]) {
   kelm::platform::openStandardStreams();

@@ -185,7 +185,7 @@ int showMany(const Arguments& arguments, const Console& console) {
     const std::string& address = arguments.addresses[index++];
     if (!printer) {
       if (arguments.json) writeJsonLine(notAsked(address), console.out);
-      complain(console, "the questions to the printer \"" + address + "\" were not finished");
+      complain(console, "the printer \"" + address + "\" was not asked everything");
       continue;
     }
     if (printer->facts.answered) ++answered;

@@ -358,7 +358,7 @@ class Sync {
     finish(task);
   }
 
-  // A problem that came with an interruption is none of the queue's: `stop` says what became of it.
+  // A problem caused by an interruption is not the queue's fault: `stop` says what became of it.
   void fail(Task& task, const std::string& problem, SyncStatus status = SyncStatus::kFailed) {
     if (status == SyncStatus::kFailed && Interruption::isWanted()) return;
     task.result.status = status;

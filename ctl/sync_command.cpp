@@ -47,7 +47,7 @@ void report(const Arguments& arguments, const std::vector<SyncResult>& results,
 // A community that the next job could not read from the queue's PPD, or that no printer has.
 std::string communityProblem(const std::string& name) {
   const bool isSound = !name.empty() && base::utf16Length(name).has_value();
-  return isSound ? "" : "the name of a community is text, and not empty";
+  return isSound ? "" : "the community must be UTF-8 text and not empty";
 }
 
 int sync(const Arguments& arguments, const Console& console) {

@@ -23,7 +23,7 @@ class TemporaryFile {
   std::string problem() const;
 
   // A descriptor of the file, at its beginning, for the caller to close; -1 when there is none. It
-  // shares its place in the file with append().
+  // and append() share one file offset.
   int descriptorAtTheBeginning() const;
 
  private:

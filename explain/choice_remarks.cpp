@@ -56,9 +56,9 @@ std::string textProblem(const Request& request, const Option& option, const job:
     return "has " + std::to_string(*length) + " characters, and the printer accepts " +
            std::to_string(field.min) + " to " + std::to_string(field.max);
   }
-  if (field.rule == job::kSecretNumSet) return "may have digits only";
+  if (field.rule == job::kSecretNumSet) return "must contain only digits";
   if (field.rule == job::kProfileSet) {
-    return R"(may have ASCII letters, digits, "_", "-", ".", tabs and spaces only)";
+    return R"(must contain only ASCII letters, digits, "_", "-", ".", tabs and spaces)";
   }
   for (std::string_view set = field.forbidden; !set.empty();) {
     const std::string_view character = base::firstCharacter(set);

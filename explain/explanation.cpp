@@ -196,7 +196,7 @@ bool isWrittenFor(Request request, const Option& choice,
 }
 
 // Several choices can have the same value (AUTOSELECT=OFF). Returns the choice that another line of
-// the same option tells (MEDIASOURCE=TRAY2). Nothing if no line does.
+// the same option identifies (MEDIASOURCE=TRAY2). Nothing if no line does.
 std::vector<Option> choiceOfLines(const StreamReport& report, const Request& none,
                                   const RowFacts& row) {
   if (none.ppd == nullptr || row.options.empty()) return {};

@@ -1,7 +1,7 @@
 // What libcups understands by the words of "media" and the members of "media-col".
 //
-// libcups leaves an option alone that it finds nothing for. A name is known when the result is the
-// same from two different choices.
+// libcups leaves the option unchanged if it does not know the name. So a name is known if it leads
+// to the same choice from two different starting choices.
 // SPDX-License-Identifier: Apache-2.0
 #include "explain/named_media.hpp"
 

@@ -40,8 +40,8 @@ bool contains(const char* begin, const char* end, std::string_view wanted) {
   return memmem(begin, size, wanted.data(), wanted.size()) != nullptr;
 }
 
-// Only a line that opens a feature section or chooses the output face, and names a keyword of the
-// printer, is ever changed or followed by a line that is.
+// A line, or the one after it, changes only if the line names a keyword of the printer and opens a
+// feature section or chooses the output face.
 bool mayConcernPrinter(const char* line, const char* end) {
   return namesKeyword(line, end) &&
          (contains(line, end, "BeginFeature") || contains(line, end, "QVOutputFace FaceUp"));

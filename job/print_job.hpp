@@ -65,8 +65,8 @@ void removeOption(PrintJobData& job, const char* name);
 // "FaceDown".
 bool outputTrayDecidesFace(const PrintJobData* job);
 
-// Makes standard error unbuffered, and "APPLE_LANGUAGE" (macOS clients), else "LANG", the language
-// in which PPD texts are localised. Leaves the locale alone when neither is set.
+// Makes standard error unbuffered. Takes the language of PPD texts from APPLE_LANGUAGE (macOS
+// clients), or else from LANG. Leaves the locale alone when neither is set.
 void SetupLocale();
 
 // Whether the option "com.apple.print.JobInfo.PMApplicationName" is "Word".

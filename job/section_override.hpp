@@ -1,4 +1,4 @@
-// A feature section that says something other than the job: CUPS wrote it before the job's options
+// A feature section whose choice differs from the job's: CUPS wrote it before the job's options
 // were settled, and the copy loop puts the job's choice in its place.
 // SPDX-License-Identifier: Apache-2.0
 #pragma once

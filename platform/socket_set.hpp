@@ -14,7 +14,7 @@ class SocketSet {
   SocketSet(const SocketSet&) = delete;
   SocketSet& operator=(const SocketSet&) = delete;
 
-  // `owner` stands for the socket. False when the system refuses.
+  // `owner` identifies the socket. False when the system refuses.
   bool add(int socket, void* owner);
 
   // A socket must be removed before it is closed: it would stay in the set while a child process
@@ -25,7 +25,7 @@ class SocketSet {
   int descriptor() const { return descriptor_; }
 
   // The owners of the readable sockets, at most kMostReadable, in `room`. Does not wait. There may
-  // be more of them if the room is full, or if they are kMostReadable.
+  // be more of them if the room is full, or if kMostReadable were returned.
   static constexpr std::size_t kMostReadable = 64;
   std::span<void*> readable(std::span<void*> room) const;
 

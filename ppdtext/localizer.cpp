@@ -160,8 +160,8 @@ void TranslationLines::addUnusual(TextRange line) {
   }
 }
 
-// Whatever in the line before a slash could be a language, any character, a subject, a space and a
-// keyword when case is folded.
+// Finds what could be a language, any character, a subject, a space and a keyword before the slash,
+// ignoring case.
 void TranslationLines::addUnusualBefore(std::size_t slash, TextRange line) {
   const std::size_t reach = language_.size() + kMaxPoint + kMaxKeyword + 1 + kMaxKeyword;
   const std::size_t from = slash - std::min(slash, reach);

@@ -77,8 +77,8 @@ std::unique_ptr<platform::DnsSdService> createService(const std::string& domain,
   if (const Text decoded = percentDecoded(name)) {
     if (auto service = network.create(domain, type, *decoded)) return service;
   }
-  // The second attempt replaces "%" by "%": it uses the name without decoding it.
-  return network.create(domain, type, replaced(name, "%", "%"));
+  // The second attempt uses the name undecoded: it may contain a plain percent sign.
+  return network.create(domain, type, name);
 }
 
 // The service whose name has the parts up to and with `last`.

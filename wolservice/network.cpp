@@ -46,7 +46,7 @@ bool canBroadcast(const ifaddrs& each) {
          each.ifa_addr->sa_family == AF_INET;
 }
 
-// Names the interface: two of them may be in the same network.
+// Sends through this interface, because two may be in the same network.
 void sendOn(int socket, MagicPacket packet, const Broadcast& to) {
   sockaddr_in target{};
   target.sin_family = AF_INET;

@@ -106,7 +106,7 @@ class AvahiService final : public DnsSdService {
 
 }  // namespace
 
-// Refuses what the daemon would refuse, which saves a connection.
+// Refuses what the daemon would refuse, so that the daemon need not be asked.
 std::unique_ptr<DnsSdService> LinuxDnsSd::create(const std::string& domain, const std::string& type,
                                                  const std::string& name) {
   if (avahi_is_valid_service_name(name.c_str()) == 0 ||

@@ -1,5 +1,5 @@
 // Service discovery on macOS: the system's daemon, through its own library (dns_sd.h). Avahi has
-// the same interface, so that this file is also built and tested on Linux.
+// the same interface, so this file is also built and tested on Linux.
 // SPDX-License-Identifier: Apache-2.0
 #include <dns_sd.h>
 #include <netinet/in.h>
@@ -155,7 +155,7 @@ bool isServiceType(std::string_view type) {
 
 }  // namespace
 
-// Refuses what cannot be the name of a service, which saves a question.
+// Refuses what cannot be the name of a service, so that the daemon need not be asked.
 std::unique_ptr<DnsSdService> MacosDnsSd::create(const std::string& domain, const std::string& type,
                                                  const std::string& name) {
   std::array<char, kDNSServiceMaxDomainName> full{};

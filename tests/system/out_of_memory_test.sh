@@ -67,7 +67,7 @@ try() {
 
 least=$(least "$KELMCTL" --version)
 if [ -n "$least" ]; then
-  line='kelmctl: out of memory; what was not reported was not finished'
+  line='kelmctl: out of memory; only what was reported is finished'
   try "$line" 0 "$least" 30 "$KELMCTL" settings --ppd "$PPD"
   try "$line" 0 "$least" 600 "$KELMCTL" ppd "$PPD"
   try "$line" 0 "$least" 150 "$KELMCTL" explain --ppd "$PPD" -o QVDuplex=LongEdge

@@ -137,7 +137,7 @@ expect "the status of interrupted questions" 3 "$status"
 expect "lines" 2 "$(wc -l <"$W/out")"
 sed -n 2p "$W/out" >"$W/second"
 expect_json "$W/second" '(d["address"], d["sleepModeStatus"], d["forms"]) == ("10.77.0.3", 1, None)'
-expect "the message" 'kelmctl: the questions to the printer "10.77.0.3" were not finished' "$(cat "$W/err")"
+expect "the message" 'kelmctl: the printer "10.77.0.3" was not asked everything' "$(cat "$W/err")"
 
 # Arguments that make no sense.
 expect "the status without an address" 2 "$(status_of "$KELMCTL" printer)"
