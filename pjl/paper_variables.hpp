@@ -44,12 +44,12 @@ inline constexpr OwnVariable Output_QVPAGESIZE{
 inline constexpr OwnVariable Output_QVPAGESIZEWIDTH{
     "QVPAGESIZEWIDTH", writePageWidthLine,
     "QVPAGESizeWidthValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeWidthValue100, media",
-    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the width of media; 21000 without media",
+    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper whose name lacks a full stop, an x or text after its first x (plain)", "the width of media; 21000 without media",
     Fallback::kRow, true};
 inline constexpr OwnVariable Output_QVPAGESIZEHEIGHT{
     "QVPAGESIZEHEIGHT", writePageHeightLine,
     "QVPAGESizeHeightValue100, media", "com.apple.print.PageToPaperMappingMediaName, QVPAGESizeHeightValue100, media",
-    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper without a size (plain)", "the height of media; 29700 without media",
+    "1/100 mm; empty for an unknown paper; no line for a mapped custom paper whose name lacks a full stop, an x or text after its first x (plain)", "the height of media; 29700 without media",
     Fallback::kRow, true};
 inline constexpr OrientationRow kOrientations[] = {{"0", "Portrait", "PORTRAIT"},
                                                    {"1", "Landscape", "LANDSCAPE"}};
@@ -60,11 +60,11 @@ inline constexpr OwnVariable Output_PAPER{
 inline constexpr OwnVariable Output_QVTARGETPAPERSIZEWIDTH{
     "QVTARGETPAPERSIZEWIDTH", writeTargetWidthLine,
     "QVTargetPaperSizeWidthValue100, media", "QVTargetPaperSize unless it contains SameAsOriginal, com.apple.print.PageToPaperMappingMediaName, media",
-    "1/100 mm; empty for an unknown or custom target; 0 where a mapped custom paper has no size (plain)", "the width of media; 21000 without media"};
+    "1/100 mm; empty for an unknown or custom target; 0 for a side that a mapped custom paper does not name (plain)", "the width of media; 21000 without media"};
 inline constexpr OwnVariable Output_QVTARGETPAPERSIZEHEIGHT{
     "QVTARGETPAPERSIZEHEIGHT", writeTargetHeightLine,
     "QVTargetPaperSizeHeightValue100, media", "QVTargetPaperSize unless it contains SameAsOriginal, com.apple.print.PageToPaperMappingMediaName, media",
-    "1/100 mm; empty for an unknown or custom target; 0 where a mapped custom paper has no size (plain)", "the height of media; 29700 without media"};
+    "1/100 mm; empty for an unknown or custom target; 0 for a side that a mapped custom paper does not name (plain)", "the height of media; 29700 without media"};
 inline constexpr TableVariable Output_AUTOSELECT{"QVInputSlot", "AUTOSELECT", kAutoSelect};
 inline constexpr TableVariable Output_MEDIASOURCE{"QVInputSlot", "MEDIASOURCE", kMediaSource};
 inline constexpr TableVariable Output_QVOUTPUTMETHOD{"QVOutputMethod", "QVOUTPUTMETHOD", kOutputMethod};

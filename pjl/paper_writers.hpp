@@ -24,7 +24,8 @@ void writeDuplexLine(std::FILE* stream, PrintJobData& job);
 void writeBindingEdgeLine(std::FILE* stream, PrintJobData& job);
 
 void writePageSizeLine(std::FILE* stream, PrintJobData& job);
-// In 1/100 mm. Write no line for a plain job's custom paper without a size.
+// In 1/100 mm. Write no line for a plain job's mapped custom paper if job::hasCustomPaperSize is
+// false.
 void writePageWidthLine(std::FILE* stream, PrintJobData& job);
 void writePageHeightLine(std::FILE* stream, PrintJobData& job);
 void writeTargetPaperLine(std::FILE* stream, PrintJobData& job);
