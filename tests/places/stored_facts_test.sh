@@ -32,6 +32,14 @@ for name in $names; do
   expect_in tests/fuzz/stored_facts_fuzz.cpp "Helper::${name}[,}(]"
 done
 
+place=ctl/stored_settings.cpp
+names=$(sed -nE 's/^ *\{"([A-Za-z]+)", +".*", +Helper::.*/\1/p; s/.*, "([A-Za-z]+)"\},$/\1/p' $place)
+[ -n "$names" ] || { echo "no members found in $place" >&2; exit 1; }
+for name in $names; do
+  expect_in packaging/man/kelmctl.1.scd "[ 	]_${name}_"
+  expect_in tests/unit/ctl/settings_command_test.cpp "\"$name\""
+done
+
 place=ppdsettings/update_job.hpp
 names=$(sed -nE 's/^bool (Update[A-Za-z]+)\(.*/\1/p' $place)
 [ -n "$names" ] || { echo "no updaters found in $place" >&2; exit 1; }
