@@ -36,8 +36,8 @@ const Command kBare{KELM_BARE};
 const Command kBareWithPpd{KELM_BARE, KELM_PPD};
 
 std::string writeJob(const char* name, const std::string& content) {
-  std::filesystem::create_directories(KELM_BENCH_FOLDER);
-  const std::string path = std::string(KELM_BENCH_FOLDER) + "/" + name;
+  std::filesystem::create_directories(KELM_BENCH_DIRECTORY);
+  const std::string path = std::string(KELM_BENCH_DIRECTORY) + "/" + name;
   std::ofstream(path, std::ios::binary) << content;
   return path;
 }

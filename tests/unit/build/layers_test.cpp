@@ -109,18 +109,27 @@ TEST(Layers, ADirectoryLinksWhatItIncludes) {
   }
 }
 
-// The service links only small libraries of the platform.
-TEST(Layers, TheWakeUpServiceTakesThreeHeadersOfThePlatform) {
+// The lines with which the files of `directory` include headers of the platform.
+Names platformHeadersOf(const std::string& directory) {
   Names headers;
-  for (const auto& entry : fs::directory_iterator(fs::path(KELM_SOURCE_DIRECTORY) / "wolservice")) {
+  for (const auto& entry : fs::directory_iterator(fs::path(KELM_SOURCE_DIRECTORY) / directory)) {
     std::ifstream file(entry.path());
     for (std::string line; std::getline(file, line);) {
       if (line.starts_with("#include \"platform/")) headers.insert(line);
     }
   }
-  EXPECT_EQ(headers, (Names{"#include \"platform/out_of_memory.hpp\"",
-                            "#include \"platform/standard_streams.hpp\"",
-                            "#include \"platform/wake_up_names.hpp\""}));
+  return headers;
+}
+
+// The service links only small libraries of the platform, and so do the SNMP queries.
+TEST(Layers, TheWakeUpServiceTakesThreeHeadersOfThePlatform) {
+  EXPECT_EQ(platformHeadersOf("wolservice"), (Names{"#include \"platform/out_of_memory.hpp\"",
+                                                    "#include \"platform/standard_streams.hpp\"",
+                                                    "#include \"platform/wake_up_names.hpp\""}));
+}
+
+TEST(Layers, SnmpQueriesTakeOneHeaderOfThePlatform) {
+  EXPECT_EQ(platformHeadersOf("snmp"), Names{"#include \"platform/socket_set.hpp\""});
 }
 
 TEST(Layers, NoDirectoriesLinkEachOther) {
