@@ -9,15 +9,16 @@
 #include <string>
 #include <string_view>
 
-// FUZZ_TARGET(NAME) { ... } : runs one input, which has `size` bytes at `data`, and returns 0. With KELM_FUZZ
-// it is what libFuzzer calls, and each target is a program. Without, all targets are in one program
-// (replay.cpp), and NAME is its argument.
+// FUZZ_TARGET(NAME) { ... } : runs one input, which has `size` bytes at `data`, and returns 0. With
+// KELM_FUZZ it is what libFuzzer calls, and each target is a program. Without, all targets are in
+// one program (replay.cpp), and NAME is its argument.
 #ifdef KELM_FUZZ
-#define FUZZ_TARGET(NAME) extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
+#define FUZZ_TARGET(NAME) \
+  extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 #else
-#define FUZZ_TARGET(NAME)                                                               \
-  static int NAME##Input(const std::uint8_t* data, std::size_t size);                   \
-  static const kelm::tests::ReplayedTarget NAME##Replayed(#NAME, NAME##Input);          \
+#define FUZZ_TARGET(NAME)                                                      \
+  static int NAME##Input(const std::uint8_t* data, std::size_t size);          \
+  static const kelm::tests::ReplayedTarget NAME##Replayed(#NAME, NAME##Input); \
   static int NAME##Input(const std::uint8_t* data, std::size_t size)
 #endif
 
