@@ -17,7 +17,7 @@ in_bash() {
 
 # in_zsh TEXT : what the command line TEXT becomes after a tab
 in_zsh() {
-  timeout 20 zsh -f "$HERE/lib/zsh_tab.zsh" "$COMPLETIONS" "$1"
+  timeout 20 zsh -f "$HERE/lib/zsh_tab.zsh" "$COMPLETIONS" "$W/zsh_dump" "$1"
 }
 
 cups_setup

@@ -19,9 +19,11 @@
 #   NAME=VALUE                a line of the header
 #   KEYWORD: VALUE            what the printer finds in userdict; without VALUE, an empty text
 #   pages N                   the number of pages in the PostScript
-# A job with lines for several ways of submission is printed once by each. Whatever the lines of a job say, its
-# header and PostScript must not disagree, and only the header may ask for copies: the program STREAM_PROBLEMS,
-# which reads streams as kelmctl explain does, must find nothing wrong.
+#   alone                     by IPP, too, the job is printed without others
+# A job with lines for several ways of submission is printed by each. By IPP, jobs that choose different things and
+# expect nothing that differs are printed as one, which has the attributes of all of them. Whatever the lines of a
+# job say, its header and PostScript must not disagree, and only the header may ask for copies: the program
+# STREAM_PROBLEMS, which reads streams as kelmctl explain does, must find nothing wrong.
 # SPDX-License-Identifier: Apache-2.0
 import os
 import re
@@ -44,7 +46,7 @@ BATCH = 200
 
 def new_job(what):
     return {"what": what, "documents": ["ps"], "ways": {}, "queue": "", "afterwards": "", "other": "",
-            "header": {}, "stored": {}, "pages": None}
+            "header": {}, "stored": {}, "pages": None, "alone": False}
 
 
 def add_line(job, word, rest, line):
@@ -59,6 +61,8 @@ def add_line(job, word, rest, line):
         job["ways"].setdefault(word, []).append(rest)
     elif word == "pages":
         job["pages"] = int(rest)
+    elif line == "alone":
+        job["alone"] = True
     elif re.match(r"[A-Z0-9]+=", line):
         name, _, value = line.partition("=")
         job["header"][name] = value
@@ -73,10 +77,47 @@ def read_jobs(path):
     return read_cases(path, "job", new_job, add_line)
 
 
+def changes_queue(job):
+    return any(job[word] for word in ("queue", "afterwards", "other"))
+
+
+# An attribute line: "operation TYPE NAME VALUE", "TYPE NAME VALUE", "collection NAME {...}". What is in "media"
+# can also be in the parts of "media-col".
+def attribute_names(job, way):
+    names = {line.removeprefix("operation ").split()[1] for line in job["ways"][way]}
+    return {"media" if name == "media-col" else name for name in names}
+
+
+def expectations(job):
+    pages = {} if job["pages"] is None else {"pages": job["pages"]}
+    return {**job["header"], **job["stored"], **pages}
+
+
+def fit_together(first, second, way):
+    expected, others = expectations(first), expectations(second)
+    return (not attribute_names(first, way) & attribute_names(second, way) and
+            all(expected[name] == others[name] for name in expected.keys() & others.keys()))
+
+
+def groups(jobs, way):
+    """The jobs in groups that are printed as one."""
+    found = []
+    for job in jobs:
+        alone = way == "lp" or job["alone"] or changes_queue(job)
+        fitting = [] if alone else [
+            group for can_grow, group in found if can_grow and all(fit_together(job, each, way) for each in group)]
+        if fitting:
+            fitting[0].append(job)
+        else:
+            found.append((not alone, [job]))
+    return [group for _, group in found]
+
+
 def submissions(jobs):
-    """Each job once for every way of submission and document. The title identifies its output."""
-    every = [{"job": job, "way": way, "document": document}
-             for job in jobs for way in WAYS if way in job["ways"] for document in job["documents"]]
+    """What is printed: by every way and of every document, groups of jobs. The title identifies the output."""
+    every = [{"jobs": group, "way": way, "document": document}
+             for way in WAYS for document in DOCUMENTS
+             for group in groups([job for job in jobs if way in job["ways"] and document in job["documents"]], way)]
     for number, each in enumerate(every, 1):
         each["title"] = f"Job {number}"
     return every
@@ -102,7 +143,7 @@ def ipp_request(operation, title, attributes, document):
 
 def submit(each, directory, queue):
     document = os.path.join(directory, DOCUMENTS[each["document"]])
-    lines = each["job"]["ways"][each["way"]]
+    lines = [line for job in each["jobs"] for line in job["ways"][each["way"]]]
     if each["way"] == "lp":
         command = ["lp", "-d", queue, "-t", each["title"], *shlex.split(" ".join(lines)), document]
     else:
@@ -166,8 +207,7 @@ def disagreements(stream_problems, directory, found):
     return problems
 
 
-def check(each, found, problems):
-    job = each["job"]
+def check(job, found, problems):
     if len(found) != 1:
         return [f"printed {len(found)} times"]
     header, stored, postscript = facts(found[0])
@@ -193,7 +233,7 @@ def change_queue(queue, arguments):
 def batches(all_submissions):
     batch = []
     for each in all_submissions:
-        alone = any(each["job"][word] for word in ("queue", "afterwards", "other"))
+        alone = changes_queue(each["jobs"][0])
         if batch and (alone or len(batch) == BATCH):
             yield batch
             batch = []
@@ -206,7 +246,7 @@ def batches(all_submissions):
 
 
 def print_batch(batch, directory, stream_problems, queues, outputs):
-    first = batch[0]["job"]
+    first = batch[0]["jobs"][0]
     change_queue("other", first["other"])
     change_queue(queues[0], first["queue"])
     with ThreadPoolExecutor(len(queues)) as pool:
@@ -219,8 +259,9 @@ def print_batch(batch, directory, stream_problems, queues, outputs):
     wrong = 0
     for each in batch:
         title = each["title"]
-        wrong += report(f"{each['job']['what']} ({each['way']}, {each['document']})",
-                        each["refused"] or check(each, found.get(title, []), problems.get(title, [])))
+        for job in each["jobs"]:
+            wrong += report(f"{job['what']} ({title}, {each['way']}, {each['document']})",
+                            each["refused"] or check(job, found.get(title, []), problems.get(title, [])))
     return wrong
 
 
@@ -229,7 +270,8 @@ def main():
     every = submissions(read_jobs(jobs_file))
     outputs = [open(os.path.join(directory, queue + ".out"), "rb") for queue in queues]
     wrong = sum(print_batch(batch, directory, stream_problems, queues, outputs) for batch in batches(every))
-    print(f"{len(every)} jobs, in each of which header and PostScript were compared; {wrong} wrong")
+    rows = sum(len(each["jobs"]) for each in every)
+    print(f"{rows} jobs, printed as {len(every)}, in each of which header and PostScript were compared; {wrong} wrong")
     return wrong != 0
 
 

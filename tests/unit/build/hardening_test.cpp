@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
@@ -19,8 +19,9 @@ namespace {
 class ElfFile {
  public:
   explicit ElfFile(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    bytes_.assign(std::istreambuf_iterator<char>(file), {});
+    bytes_.resize(std::filesystem::file_size(path));
+    std::ifstream(path, std::ios::binary)
+        .read(bytes_.data(), static_cast<std::streamsize>(bytes_.size()));
   }
 
   const Elf64_Ehdr& header() const { return at<Elf64_Ehdr>(0); }
