@@ -20,7 +20,7 @@ cups_setup() {
   for directory in cgi-bin daemon driver monitor notifier; do
     ln -sfn "/usr/lib/cups/$directory" "$CUPS/bin/$directory"
   done
-  for file in /usr/lib/cups/filter/*; do ln -sfn "$file" "$CUPS/bin/filter/"; done
+  ln -sfn /usr/lib/cups/filter/* "$CUPS/bin/filter/"
   ln -sfn /usr/lib/cups/backend/socket "$CUPS/bin/backend/socket"
   install -m 755 "$BUILD/kelmfilter" "$CUPS/bin/filter/kelmfilter"
   cups_write_files_conf >"$CUPS/etc/cups-files.conf"
