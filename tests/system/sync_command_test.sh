@@ -1,6 +1,7 @@
 #!/bin/sh
 # kelmctl sync from beginning to end: the printer's answers, the update job, the queue's PPD, kelmctl settings,
 # and the next print job; and what can go wrong on the way.
+# Time limit: 180 s
 # SPDX-License-Identifier: Apache-2.0
 # shellcheck source=tests/system/lib/common.sh
 . "${0%/*}/lib/common.sh"
