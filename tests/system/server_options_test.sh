@@ -114,7 +114,7 @@ status=0
 "$KELMCTL" settings kelm -h 127.0.0.2:443 >"$W/out" 2>"$W/err" || status=$?
 expect "status of a server on port 443 without encryption" 1 "$status"
 grep -q '^kelmctl: the print server 127.0.0.2:443 cannot be asked with encryption: ' "$W/err" ||
-  fail "no word about it: $(cat "$W/err")"
+  fail "no message about it: $(cat "$W/err")"
 # IPv6 addresses: with a port only in brackets, without a port also without them.
 sed -i 's/^Listen 127.*/&\nListen [::1]:631/; s/Allow from 127.0.0.1/&\n  Allow from ::1/' "$CUPS/etc/cupsd.conf"
 kill -HUP "$(cat "$W/pids/cupsd")"

@@ -125,7 +125,7 @@ for server in 127.0.0.1:8080 '127.0.0.1:8080 -E' 127.0.0.1:443 '127.0.0.1:443 -E
   expect "status with a silent server" 1 "$status"
   [ $(($(date +%s) - begin)) -le 20 ] || fail "a silent server is waited for too long ($server)"
   grep -q "^kelmctl: the print server ${server%% *} accepts connections but does not answer" "$W/err" ||
-    fail "no word about it ($server): $(cat "$W/err")"
+    fail "no message about it ($server): $(cat "$W/err")"
 done
 
 # The letter case of a queue's name does not matter.

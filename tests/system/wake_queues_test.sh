@@ -58,9 +58,9 @@ kelmctl: pool: not woken: "pool" is a class; name its queues, "lpstat -c pool" l
 END
 grep -v 'port:\|raw:\|unsynced:' "$W/sorted" | diff "$W/expected" - || fail "the messages differ"
 grep -q '^kelmctl: port: not woken: the printer "socket://10.77.0.2:9100" .* cannot be woken: .*kelmctl address' \
-  "$W/sorted" || fail "no word about the device URI: $(cat "$W/sorted")"
+  "$W/sorted" || fail "no message about the device URI: $(cat "$W/sorted")"
 grep -q '^kelmctl: raw: not woken: the queue "raw" has no PPD: it is raw, or ' "$W/sorted" ||
-  fail "no word about the raw queue: $(cat "$W/sorted")"
+  fail "no message about the raw queue: $(cat "$W/sorted")"
 grep -q '^kelmctl: unsynced: not woken: .* store it: kelmctl sync unsynced$' "$W/sorted" ||
   fail "no message about the queue without facts: $(cat "$W/sorted")"
 wake 1 unsynced off
