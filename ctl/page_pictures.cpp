@@ -21,11 +21,8 @@ namespace kelm::ctl {
 namespace {
 
 using namespace std::chrono_literals;
-using Clock = std::chrono::steady_clock;
 
-constexpr auto kLimit = 20s;  // for all pages
 constexpr auto kTurn = 100ms;
-constexpr rlim_t kProcessorSeconds = 20;
 constexpr rlim_t kMostMemory = rlim_t{1} << 30U;
 constexpr std::size_t kMostBytes = std::size_t{4} << 20U;  // of all pictures
 constexpr std::size_t kLongestHeader = std::size_t{1} << 20U;
@@ -41,19 +38,22 @@ void limit(auto resource, rlim_t most) {
 
 // Between fork and exec: only calls that are safe there. -dSAFER lets PostScript read, write and
 // remove all files in the directory for temporary files. /dev/null is none, so no file can be made
-// or found there.
-[[noreturn]] void becomePainter(int input, int output) {
+// or found there. The alarm outlives exec; it ends Ghostscript also while that waits for the
+// stream.
+[[noreturn]] void becomePainter(int input, int output, unsigned seconds) {
   const int null = open("/dev/null", O_RDWR);
   dup2(input, STDIN_FILENO);
   dup2(output, STDOUT_FILENO);
   dup2(null, STDERR_FILENO);
-  limit(RLIMIT_CPU, kProcessorSeconds);
+  limit(RLIMIT_CPU, seconds);
   limit(RLIMIT_AS, kMostMemory);
   limit(RLIMIT_FSIZE, 0);
   limit(RLIMIT_CORE, 0);
   // A library that cannot write its cache goes on without.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_DFL);
+  std::signal(SIGALRM, SIG_DFL);
+  alarm(seconds);
   if (chdir("/") == 0) {
     execlp("env", "env", "TMPDIR=/dev/null", "TEMP=/dev/null", "gs", "-q", "-dSAFER", "-dBATCH",
            "-dNOPAUSE", "-sDEVICE=png16m", "-r40", "-dTextAlphaBits=4", "-dGraphicsAlphaBits=4",
@@ -84,8 +84,6 @@ std::size_t lengthOfPicture(std::string_view bytes) {
 
 }  // namespace
 
-PagePictures::PagePictures() : end_(Clock::now() + kLimit) { start(); }
-
 PagePictures::~PagePictures() { stopPainting(); }
 
 void PagePictures::start() {
@@ -96,7 +94,7 @@ void PagePictures::start() {
   socket_ = input[0];
   if (platform::openPipe(output)) {
     painter_ = fork();
-    if (painter_ == 0) becomePainter(input[1], output[1]);
+    if (painter_ == 0) becomePainter(input[1], output[1], seconds_);
     close(output[1]);
     painted_ = output[0];
   }
@@ -105,7 +103,7 @@ void PagePictures::start() {
 }
 
 void PagePictures::feed(std::span<const char> bytes) {
-  if (socket_ < 0) return;
+  if (bytes.empty()) return;
   const std::string_view text(bytes.data(), bytes.size());
   if (afterHeader_) return send(text);
   head_ += text;
@@ -114,7 +112,13 @@ void PagePictures::feed(std::span<const char> bytes) {
     if (enter == std::string::npos && head_.size() < kLongestHeader) return;
     if (enter != std::string::npos) head_.erase(0, enter + kEnter.size());
   }
+  sendHead();
+}
+
+// Ghostscript starts only now: a stream that begins late takes none of its time.
+void PagePictures::sendHead() {
   afterHeader_ = true;
+  start();
   send(head_);
   head_.clear();
 }
@@ -144,7 +148,6 @@ void PagePictures::wait(std::chrono::milliseconds most) {
   pollfd ends[] = {{painted_, POLLIN, 0}, {socket_, POLLOUT, 0}};
   poll(ends, std::size(ends), static_cast<int>(most.count()));
   if (ends[0].revents != 0) receive();
-  if (Clock::now() >= end_) stopPainting();
 }
 
 void PagePictures::receive() {
@@ -172,7 +175,7 @@ void PagePictures::stopPainting() {
 }
 
 std::vector<std::string> PagePictures::finish() {
-  if (!afterHeader_ && !head_.empty()) send(head_);
+  if (!afterHeader_ && !head_.empty()) sendHead();
   stopSending();
   while (painted_ >= 0) wait(kTurn);
   if (pictures_.size() > kMostPages) pictures_.resize(kMostPages);

@@ -22,7 +22,9 @@ class PagePictures {
  public:
   static constexpr std::size_t kMostPages = 4;
 
-  PagePictures();
+  // Ghostscript ends `seconds` after the first byte of the PostScript. Pages that come later have
+  // no picture.
+  explicit PagePictures(unsigned seconds = 20) : seconds_(seconds) {}
   ~PagePictures();
   PagePictures(const PagePictures&) = delete;
   PagePictures& operator=(const PagePictures&) = delete;
@@ -35,12 +37,14 @@ class PagePictures {
 
  private:
   void start();
+  void sendHead();
   void send(std::string_view bytes);
   void stopSending();
   void wait(std::chrono::milliseconds most);
   void receive();
   void stopPainting();
 
+  unsigned seconds_;
   pid_t painter_ = -1;
   int socket_ = -1;   // Ghostscript's standard input
   int painted_ = -1;  // its standard output
@@ -49,7 +53,6 @@ class PagePictures {
   std::string received_;   // of the next picture
   std::size_t count_ = 0;  // of all bytes received
   std::vector<std::string> pictures_;
-  std::chrono::steady_clock::time_point end_;
 };
 
 // A source that shows what is read of it to `pictures`.

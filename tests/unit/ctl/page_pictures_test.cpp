@@ -5,9 +5,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/wait.h>
+
 #include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <string>
+#include <string_view>
+#include <thread>
 #include <vector>
 
 #include "tests/support/temporary_directory.hpp"
@@ -15,6 +20,7 @@
 namespace kelm::ctl {
 namespace {
 
+using namespace std::chrono_literals;
 using testing::ElementsAre;
 using testing::EndsWith;
 using testing::SizeIs;
@@ -78,6 +84,27 @@ TEST_F(PagePicturesTest, AreNotWaitedForAfterTheFourthPage) {
   const auto start = std::chrono::steady_clock::now();
   EXPECT_THAT(picturesOf("%!\n4 { showpage } repeat\n{ } loop\n"), SizeIs(4));
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(15));
+}
+
+TEST_F(PagePicturesTest, AreMadeOfAStreamThatBeginsLateToo) {
+  PagePictures pictures(2);
+  std::this_thread::sleep_for(2500ms);
+  pictures.feed(std::string_view("%!\nshowpage\n"));
+  EXPECT_THAT(pictures.finish(), SizeIs(1));
+}
+
+// Nobody feeds it or looks after it meanwhile.
+TEST_F(PagePicturesTest, DoNotKeepGhostscriptWhileTheStreamStaysOpen) {
+  const auto start = std::chrono::steady_clock::now();
+  PagePictures pictures(2);
+  pictures.feed(std::string_view("%!\nshowpage\n"));
+  siginfo_t ended{};
+  while (ended.si_pid == 0 && std::chrono::steady_clock::now() - start < 10s) {
+    std::this_thread::sleep_for(20ms);
+    waitid(P_ALL, 0, &ended, WEXITED | WNOHANG | WNOWAIT);
+  }
+  EXPECT_EQ(ended.si_status, SIGALRM);
+  EXPECT_THAT(pictures.finish(), SizeIs(1));
 }
 
 // A page is shown for each thing that the stream cannot do.
