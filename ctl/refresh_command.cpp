@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <set>
 #include <string>
 #include <thread>
 #include <vector>
@@ -35,7 +36,7 @@ using Clock = std::chrono::steady_clock;
 
 constexpr auto kPause = 200ms;
 constexpr unsigned kLongestWait = 86400;
-constexpr std::size_t kLargestPpd = 64U << 20;  // bytes
+constexpr std::size_t kLargestPpd = AnswerLimits{}.ppd;
 
 struct Arguments {
   QueueOptions queues;
@@ -50,10 +51,10 @@ std::optional<std::string> textOf(cups_file_t* file) {
   std::string text;
   char block[65536];
   ssize_t count = 0;
-  while (text.size() < kLargestPpd && (count = cupsFileRead(file, block, sizeof block)) > 0) {
+  while (text.size() <= kLargestPpd && (count = cupsFileRead(file, block, sizeof block)) > 0) {
     text.append(block, static_cast<std::size_t>(count));
   }
-  const bool isWhole = cupsFileEOF(file) != 0;
+  const bool isWhole = cupsFileEOF(file) != 0 && text.size() <= kLargestPpd;
   cupsFileClose(file);
   return isWhole ? std::optional(text) : std::nullopt;
 }
@@ -112,12 +113,13 @@ class Refresh {
  private:
   void refreshAll(PrintServer& server) {
     if (!arguments_.queues.all) {
+      std::set<std::string> known;
       for (const std::string& queue : uniqueNames(arguments_.queues.names)) {
         const Queues found = server.queue(queue);
         if (!found.problem.empty() || found.queues.front().isClass) {
           complainOf(queue,
                      found.problem.empty() ? classProblem(found.queues.front()) : found.problem);
-        } else {
+        } else if (known.insert(found.queues.front().name).second) {
           // CUPS finds a queue in any letter case, but its lock has one name.
           count(server, found.queues.front());
         }

@@ -40,7 +40,7 @@ expect_line "$PPD" '*DefaultPageSize: A3'
 expect_line "$PPD" '*DefaultQVStapleMode: OneStaple'
 print_page kelm
 "$KELMCTL" settings kelm --json >"$W/facts"
-run 0 refresh kelm
+run 0 refresh kelm KELM kelm
 expect "output for a queue that is fresh" 'kelm: nothing to do, it has the installed PPD' "$(cat "$W/out")"
 
 # Version 2 is installed: it has another FileVersion and one choice less.
@@ -64,6 +64,15 @@ expect_line "$PPD" '*DefaultQVStapleMode: OFF'
 print_page kelm
 run 0 refresh --all
 expect "output for a queue that is fresh" 'kelm: nothing to do, it has the installed PPD' "$(cat "$W/out")"
+
+# The largest PPD has 64 MB.
+size=$(wc -c <"$W/version2")
+{ cat "$W/version2" && yes "$(printf '*%% %99s' '')" | head -c $((67108864 - size)); } >"$W/large"
+run 0 refresh kelm --ppd "$W/large" --dry-run
+echo >>"$W/large"
+run 1 refresh kelm --ppd "$W/large" --dry-run
+grep -q '^kelmctl: kelm: the PPD file .* cannot be read to its end; ' "$W/err" || fail "$(cat "$W/err")"
+rm "$W/large"
 
 # Nothing changes if the new PPD cannot be read, or if the server fails.
 cp "$PPD" "$W/before"
