@@ -1,9 +1,12 @@
 // kelmctl wake: asks the wake-up service to wake printers, as the filter does before a job, and the
 // printers whether they are awake.
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <iterator>
 #include <memory>
 #include <optional>
@@ -38,9 +41,11 @@ namespace {
 
 using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds kStep{100};
+constexpr std::chrono::milliseconds kTurn{20};
 constexpr std::chrono::seconds kLongestWait{240};  // as long as a job waits
 constexpr std::chrono::seconds kPauseOfLines{10};  // where there is no progress line
 constexpr unsigned kMostAtATime = 64;  // as many printers as the service wakes at a time
+constexpr std::size_t kMostLookUps = 64;
 constexpr char kWoken[] = "woken";
 constexpr char kNotWoken[] = "not woken";
 constexpr char kInterrupted[] = "interrupted";
@@ -138,7 +143,8 @@ struct Task {
   QueuedPrinter printer;  // of the queue
   WakePlan plan;
   bool isOver = false;
-  std::optional<Clock::time_point> start;  // absent: the service was not asked
+  std::optional<Clock::time_point> lookUp;  // absent: no name was looked up
+  std::optional<Clock::time_point> start;   // absent: the service was not asked
 };
 
 // Wakes all printers at the same time, each in a process of its own. It begins while the print
@@ -146,16 +152,19 @@ struct Task {
 class Waking {
  public:
   Waking(const Arguments& arguments, const Console& console)
-      : arguments_(arguments), console_(console), pool_(arguments.jobs), progress_(console) {
+      : arguments_(arguments),
+        console_(console),
+        lookUps_(kMostLookUps),
+        wakeUps_(arguments.jobs),
+        progress_(console) {
     if (arguments.queues.empty()) {
-      tasks_.push_back({arguments.address.value_or(""), {}, {}, false, std::nullopt});
+      tasks_.emplace_back().name = arguments.address.value_or("");
     } else {
       server_.emplace(serversOf(arguments.server).front(), console, PrintServer::kPatience);
     }
     for (const std::string& queue : uniqueNames(arguments.queues)) {
-      tasks_.push_back({queue, {}, {}, false, std::nullopt});
+      tasks_.emplace_back().name = queue;
     }
-    next_ = tasks_.begin();
   }
 
   int run() {
@@ -175,15 +184,32 @@ class Waking {
   bool isSingle() const { return tasks_.size() == 1; }
 
   void turn() {
-    const bool canStart = next_ != tasks_.end() && !pool_.isFull();
-    if (canStart) prepare(*next_++);
-    pool_.wait(canStart ? 0ms : kStep);
+    const bool canPrepare = next_ < tasks_.size() && !lookUps_.isFull();
+    if (canPrepare) prepareNext();
+    lookUps_.wait(canPrepare ? 0ms : kTurn);
+    while (!ready_.empty() && !wakeUps_.isFull()) {
+      start(*ready_.front());
+      ready_.pop_front();
+    }
+    wakeUps_.wait(0ms);
     showProgress();
+  }
+
+  // A task that is dropped moves those after it, which nothing refers to yet.
+  void prepareNext() {
+    const auto task = tasks_.begin() + static_cast<std::ptrdiff_t>(next_);
+    if (server_) task->printer = queuedPrinter(*server_, task->name);
+    if (server_) task->name = task->printer.queue;
+    // CUPS finds a queue in any letter case, so two names may be one queue's.
+    const bool isKnown = std::any_of(tasks_.begin(), task,
+                                     [&](const Task& each) { return each.name == task->name; });
+    if (isKnown) return void(tasks_.erase(task));
+    ++next_;
+    prepare(*task);
   }
 
   void prepare(Task& task) {
     if (!server_) return startUnlessProblem(task, planOfArguments());
-    task.printer = queuedPrinter(*server_, task.name);
     if (task.printer.problem.empty()) return lookUp(task);
     startUnlessProblem(task, {{}, task.printer.problem});
   }
@@ -191,7 +217,8 @@ class Waking {
   // In a process of its own: a name server that does not answer would hold up all printers, and
   // after it has been given up, the look-up still has a thread.
   void lookUp(Task& task) {
-    pool_.start(
+    task.lookUp = Clock::now();
+    lookUps_.start(
         [uri = task.printer.deviceUri] { return packed(wakeup::XPCCallObject::addressOf(uri)); },
         [this, &task](const std::optional<std::string>& bytes) {
           progress_.show("");
@@ -202,7 +229,7 @@ class Waking {
 
   void startUnlessProblem(Task& task, WakePlan plan) {
     task.plan = std::move(plan);
-    if (task.plan.problem.empty()) return start(task);
+    if (task.plan.problem.empty()) return ready_.push_back(&task);
     // An interruption also ends the attempts to reach a print server.
     if (!Interruption::isWanted()) end(task, {kNotWoken, {}, task.plan.problem});
   }
@@ -219,11 +246,11 @@ class Waking {
 
   void start(Task& task) {
     task.start = Clock::now();
-    pool_.start([&task] { return packed(wake(task.plan.request)); },
-                [this, &task](const std::optional<std::string>& bytes) {
-                  progress_.show("");
-                  end(task, unpacked(bytes));
-                });
+    wakeUps_.start([&task] { return packed(wake(task.plan.request)); },
+                   [this, &task](const std::optional<std::string>& bytes) {
+                     progress_.show("");
+                     end(task, unpacked(bytes));
+                   });
   }
 
   void end(Task& task, const Outcome& outcome) {
@@ -247,12 +274,15 @@ class Waking {
 
   void showSingle() {
     const Task& task = tasks_.front();
-    if (arguments_.json || !task.start) return;
-    const std::chrono::seconds time = secondsSince(*task.start);
-    if (time == told_) return;
+    const auto& begin = task.start ? task.start : task.lookUp;
+    if (arguments_.json || !begin) return;
+    const std::chrono::seconds time = secondsSince(*begin);
+    // Most look-ups take no time.
+    if (time == told_ || (!task.start && time == 0s)) return;
     told_ = time;
     const std::string text =
-        "waiting for the wake-up service: " + std::to_string(time.count()) + " s";
+        (task.start ? "waiting for the wake-up service: " : "looking up the printer's address: ") +
+        std::to_string(time.count()) + " s";
     if (console_.errIsTerminal) return progress_.show(text);
     if (time % kPauseOfLines == 0s) console_.out << text << std::endl;
   }
@@ -289,10 +319,12 @@ class Waking {
   Interruption interruption_;
   std::optional<PrintServer> server_;
   std::vector<Task> tasks_;
-  std::vector<Task>::iterator next_;
+  std::size_t next_ = 0;     // to prepare
+  std::deque<Task*> ready_;  // to be woken
   std::size_t over_ = 0;
   std::size_t woken_ = 0;
-  WorkerPool pool_;
+  WorkerPool lookUps_;
+  WorkerPool wakeUps_;
   ProgressLine progress_;
   std::chrono::seconds told_{-1};
 };

@@ -5,6 +5,7 @@
 #include "ctl/advised_command.hpp"
 #include "ctl/message.hpp"
 #include "snmp/bracketed_address.hpp"
+#include "wakeup/uri.hpp"
 #include "wolservice/wake_up_order.hpp"
 
 namespace kelm::ctl {
@@ -39,6 +40,13 @@ WakePlan checked(const platform::WakeUpRequest& request) {
                        "; correct it, or see kelmctl address for the queue's device URI"};
 }
 
+// Such as "cups-pdf:/". Where others have a host, "usb://KELM/IJ" has the maker.
+bool namesNoHost(const std::string& deviceUri) {
+  if (deviceUri.starts_with("usb:")) return true;
+  const std::optional<wakeup::UriHost> host = wakeup::hostOfUri(deviceUri);
+  return wakeup::isUri(deviceUri) && (!host || host->host.empty());
+}
+
 }  // namespace
 
 WakePlan wakePlanOf(const wakeup::WakeUpSettings& settings, const std::string& address) {
@@ -49,16 +57,21 @@ QueuedPrinter queuedPrinter(PrintServer& server, const std::string& queue) {
   const Queues found = server.queue(queue);
   if (!found.problem.empty()) return {queue, {}, {}, found.problem};
   const Queue& known = found.queues.front();
-  if (known.isClass) return {queue, {}, {}, classProblem(known)};
+  if (known.isClass) return {known.name, {}, {}, classProblem(known)};
   const OpenedPpd opened = server.openPpd(known);
-  if (opened.ppd == nullptr) return {queue, {}, {}, opened.problem};
+  if (opened.ppd == nullptr) return {known.name, {}, {}, opened.problem};
   const wakeup::WakeUpSettings settings = wakeup::wakeUpSettingsOf(opened.ppd.get());
-  return {queue, known.deviceUri, settings, problemOf(settings, known)};
+  return {known.name, known.deviceUri, settings, problemOf(settings, known)};
 }
 
 WakePlan wakePlanOf(const QueuedPrinter& printer, const std::optional<std::string>& address) {
   const platform::WakeUpRequest request = wakeup::requestFor(printer.settings, address);
   if (address) return checked(request);
+  if (namesNoHost(printer.deviceUri)) {
+    return {request, "the device URI " + inQuotes(printer.deviceUri) + " of the queue " +
+                         inQuotes(printer.queue) +
+                         " names no printer on the network; give --mac and --address"};
+  }
   return {request, "no address is found for the name in the device URI " +
                        inQuotes(printer.deviceUri) + " of the queue " + inQuotes(printer.queue) +
                        "; correct the URI or the name server, or give --mac and --address"};

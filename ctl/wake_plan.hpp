@@ -23,7 +23,7 @@ WakePlan wakePlanOf(const wakeup::WakeUpSettings& settings, const std::string& a
 // What is known about the printer of a queue or, when `problem` is not empty, why it cannot be
 // woken and what to do.
 struct QueuedPrinter {
-  std::string queue;
+  std::string queue;  // as the print server writes it if it knows the queue
   std::string deviceUri;
   wakeup::WakeUpSettings settings;
   std::string problem;

@@ -40,8 +40,8 @@ wake 3 here unsynced --json
 grep -q '^{"name":"unsynced",.*"result":"not woken","seconds":0,"message":"the queue .* kelmctl sync unsynced"}' \
   "$W/out" || fail "no object for unsynced: $(cat "$W/out")"
 
-# As text, and with --quiet.
-wake 0 here six here
+# As text, and with --quiet. CUPS finds a queue in any letter case.
+wake 0 here six here HERE
 expect "queues that are woken" 2 "$(grep -c '^\(here\|six\): woken after [0-5] s$' "$W/out")"
 expect "the summary" '2 of 2 printers are awake' "$(tail -n 1 "$W/out")"
 wake 0 here six --quiet
@@ -95,6 +95,13 @@ interrupt 'waiting for' gone
 expect "status of one interrupted wake-up" 1 "$status"
 grep -q '^kelmctl: gone: interrupted after [0-9]* s: ' "$W/err" || fail "$(cat "$W/err")"
 
+# A printer that is not on the network has no address.
+install -m 755 /usr/bin/true "$CUPS/bin/backend/usb"
+cups_queue usb usb://KELM/IJ "$W/on.ppd"
+wake 1 usb
+expect "the message" 'kelmctl: the device URI "usb://KELM/IJ" of the queue "usb" names no printer on the network; give --mac and --address' \
+  "$(cat "$W/err")"
+
 # Printers do not wait for a name server that does not answer. No address for a name is a problem of its own.
 cups_queue lost1 socket://lost1.example "$W/on.ppd"
 cups_queue lost2 socket://lost2.example "$W/on.ppd"
@@ -102,11 +109,16 @@ printf 'nameserver 127.0.0.1\noptions timeout:30 attempts:1\n' >"$W/resolv.conf"
 mount --bind "$W/resolv.conf" /etc/resolv.conf
 socat -u UDP4-RECV:53,bind=127.0.0.1 "OPEN:$W/questions,creat,append" &
 started names $!
-interrupt '^here: woken' lost1 lost2 here
+interrupt '^here: woken' lost1 lost2 here --jobs 1
 expect "status with two silent names" 3 "$status"
 for queue in lost1 lost2; do
   echo "kelmctl: $queue: interrupted: the wake-up service was not asked"
 done | diff - "$W/err" || fail "the messages differ"
+script -qec "'$BUILD/kelmctl' wake lost1" /dev/null >"$W/look_up" 2>"$W/script_log" </dev/null &
+started look_up $!
+wait_until 5 grep -qa "looking up the printer's address: [12] s" "$W/look_up" ||
+  fail "no progress line for a look-up: $(cat "$W/look_up")"
+stop look_up
 stop names
 wake 1 lost1
 expect "the message" 'kelmctl: no address is found for the name in the device URI "socket://lost1.example" of the queue "lost1"; correct the URI or the name server, or give --mac and --address' \

@@ -2,7 +2,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/wake_plan.hpp"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <string>
 
 namespace kelm::ctl {
 namespace {
@@ -30,6 +33,21 @@ TEST(WakePlan, SaysThatNoAddressIsFoundForAName) {
             "no address is found for the name in the device URI \"socket://ij.example\" of the "
             "queue \"office\"; correct the URI or the name server, or give --mac and --address");
   EXPECT_EQ(plan.request.address, std::nullopt);
+}
+
+TEST(WakePlan, BlamesNoNameServerForADeviceThatIsNotOnTheNetwork) {
+  for (const char* uri : {"usb://KELM/IJ", "usb://KELM/IJ 5000", "cups-pdf:/", "file:///dev/null",
+                          "lpd://", "parallel:/dev/lp0"}) {
+    EXPECT_EQ(wakePlanOf(printerAt(uri), std::nullopt).problem,
+              std::string("the device URI \"") + uri +
+                  "\" of the queue \"office\" names no printer on the network; give --mac and "
+                  "--address");
+  }
+}
+
+TEST(WakePlan, SaysThatADeviceUriIsToBeCorrectedWhichIsNone) {
+  EXPECT_THAT(wakePlanOf(printerAt("socket://ij example"), std::nullopt).problem,
+              testing::HasSubstr("correct the URI"));
 }
 
 TEST(WakePlan, SaysWhatIsWrongWithAnAddress) {
