@@ -14,8 +14,9 @@ set(KELM_SHARED_HEADERS
 target_precompile_headers(kelm_shared_headers PRIVATE ${KELM_SHARED_HEADERS})
 
 # The files of a target are compiled as one, because each would read the same headers and instantiate the same
-# templates; so names in unnamed namespaces must differ within a directory. The preset "clang" and the Debian
-# packages compile each file alone, and so does -DCMAKE_UNITY_BUILD=OFF, for a quicker build after small changes.
+# templates; so names in unnamed namespaces must differ within a directory, except in kelmctl's subcommands
+# (ctl/CMakeLists.txt). The preset "clang" and the Debian packages compile each file alone, and so does
+# -DCMAKE_UNITY_BUILD=OFF, for a quicker build after small changes.
 if(NOT CMAKE_DISABLE_PRECOMPILE_HEADERS AND NOT DEFINED CMAKE_UNITY_BUILD)
   set(CMAKE_UNITY_BUILD ON)
   set(CMAKE_UNITY_BUILD_BATCH_SIZE 0)
