@@ -25,9 +25,10 @@ class QueueLocks {
   // Why there can be no locks, and what to do; empty when there can.
   const std::string& problem() const { return problem_; }
 
-  // 0: this process has the lock from now on; otherwise the process that has it, which may be this
-  // one, -1 when it is not known: it may be in another container. `queue` is a PrintServer's
-  // lockName().
+  // Tries once to take the lock of `queue`, a PrintServer's lockName(). The results:
+  // 0: this process has the lock from now on.
+  // Above 0: the process that has it, which may be this one.
+  // -1: it is not known which process has it. It may be in another container.
   pid_t tryLock(const std::string& queue);
   void unlock(const std::string& queue);
 
@@ -46,8 +47,12 @@ class LockWait {
   using Clock = std::chrono::steady_clock;
   enum class State { kLocked, kBegun, kGoingOn, kTooLong };
 
-  // Tries to take the lock, a few times in a second. kTooLong: another process has had it since
-  // kBegun, for at least `limit`. This process itself is waited for without kBegun and a limit.
+  // To be called until the wait is over; tries to take the lock every 200 ms. The results:
+  // kLocked: this process has the lock from now on.
+  // kBegun: another process has it, and the wait for it begins.
+  // kGoingOn: the wait goes on, or this process has the lock already, for other work. That has no
+  // limit, and is waited for without kBegun.
+  // kTooLong: another process has had it since kBegun, for at least `limit`.
   State tryLock(QueueLocks& locks, const std::string& queue, std::chrono::seconds limit,
                 Clock::time_point now = Clock::now());
 

@@ -21,6 +21,7 @@ bool isAmong(std::string_view word, const std::vector<std::string>& words);
 // The candidate that was probably meant by `text`; empty when none is near.
 std::string nearestOf(std::string_view text, const std::vector<std::string>& candidates);
 
+// Whether it has only digits, and at least one.
 bool isDigits(std::string_view text);
 
 // A whole number, with or without a sign.
