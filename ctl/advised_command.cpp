@@ -3,6 +3,7 @@
 #include "ctl/advised_command.hpp"
 
 #include "ctl/safe_text.hpp"
+#include "ctl/server_options.hpp"
 
 namespace kelm::ctl {
 
@@ -17,8 +18,8 @@ std::optional<std::string> shellWords(const std::vector<std::string>& words) {
 
 std::optional<std::string> advisedCommand(const std::string& program, const std::string& server,
                                           const std::vector<std::string>& words) {
-  std::vector<std::string> all;
-  if (!server.empty()) all = {"-h", server};
+  std::vector<std::string> all = givenAccess();
+  if (!server.empty()) all.insert(all.end(), {"-h", server});
   all.insert(all.end(), words.begin(), words.end());
   const auto text = shellWords(all);
   return text ? std::optional(program + ' ' + *text) : std::nullopt;
@@ -29,7 +30,7 @@ std::string advice(const std::string& what, const std::string& program, const st
   const auto command = advisedCommand(program, server, words);
   if (command) return what + ": " + *command;
   return what + " with " + program +
-         ", typed by hand: a name has characters that a message escapes";
+         "; type the name yourself, because this message shows some of its characters escaped";
 }
 
 }  // namespace kelm::ctl

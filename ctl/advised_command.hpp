@@ -12,11 +12,12 @@ namespace kelm::ctl {
 // backslash, a control character or a byte that is not UTF-8.
 std::optional<std::string> shellWords(const std::vector<std::string>& words);
 
-// PROGRAM -h SERVER WORDS, without -h when `server` is empty: the default server. Nothing as above.
+// PROGRAM -E -U USER -h SERVER WORDS: -E and -U if kelmctl was given them, and -h unless `server`
+// is empty: the default server. std::nullopt as for shellWords().
 std::optional<std::string> advisedCommand(const std::string& program, const std::string& server,
                                           const std::vector<std::string>& words);
 
-// "WHAT: COMMAND"; without a command that can be copied, what to use.
+// "WHAT: COMMAND". If no command can be copied: WHAT, the program, and that a name must be typed.
 std::string advice(const std::string& what, const std::string& program, const std::string& server,
                    const std::vector<std::string>& words);
 

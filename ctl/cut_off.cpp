@@ -3,39 +3,62 @@
 #include "ctl/cut_off.hpp"
 
 #include <sys/socket.h>
-#include <sys/time.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
+#include <ctime>
+
+#include "ctl/interruption.hpp"
 
 namespace kelm::ctl {
 namespace {
 
+// How often the limits are looked at. libcups waits for ten seconds at a time while encryption
+// begins, and a signal begins that wait again, so this must be longer.
+constexpr std::time_t kPause = 11;  // seconds
+
 http_t* volatile connectionToCut = nullptr;
 volatile std::sig_atomic_t isCut = 0;
+std::atomic<std::time_t> start = 0;
+std::atomic<std::time_t> limitNow = 0;                // seconds
+std::atomic<std::time_t> limitWhenWanted = 0;         // seconds
+static_assert(decltype(start)::is_always_lock_free);  // a signal handler reads them
 
-// What libcups reads next is the end of the connection.
-void cut(int /*signal*/) {
-  const int errorNumber = errno;
-  isCut = 1;
-  shutdown(httpGetFd(connectionToCut), SHUT_RDWR);
-  errno = errorNumber;
+std::time_t now() {
+  timespec time{};
+  clock_gettime(CLOCK_MONOTONIC, &time);
+  return time.tv_sec;
 }
 
-// libcups may connect once more, so the signal comes again every second.
-void setTimer(std::chrono::seconds limit) {
-  itimerval timer{};
-  timer.it_value.tv_sec = limit.count();
-  timer.it_interval.tv_sec = 1;
-  setitimer(ITIMER_REAL, &timer, nullptr);
+// What libcups reads after that is the end of the connection. libcups may connect once more, so the
+// signal comes again every second. A signal handler may call all of these functions.
+void look(int /*signal*/) {
+  const int errorNumber = errno;
+  const std::time_t limit = Interruption::isWanted()
+                                ? std::min(limitNow.load(), limitWhenWanted.load())
+                                : limitNow.load();
+  const std::time_t left = start + limit - now();
+  if (left > 0) {
+    alarm(static_cast<unsigned>(std::min(left, kPause)));
+  } else {
+    isCut = 1;
+    shutdown(httpGetFd(connectionToCut), SHUT_RDWR);
+    alarm(1);
+  }
+  errno = errorNumber;
 }
 
 }  // namespace
 
-CutOff::CutOff(http_t* connection, std::chrono::seconds limit) : limit_(limit) {
+CutOff::CutOff(http_t* connection, std::chrono::seconds limit, std::chrono::seconds limitAtTheEnd) {
   connectionToCut = connection;
+  limitNow = limit.count();
+  limitWhenWanted = limitAtTheEnd.count();
   isCut = 0;
   struct sigaction action {};
-  action.sa_handler = cut;
+  action.sa_handler = look;
   action.sa_flags = SA_RESTART;
   sigaction(SIGALRM, &action, &previous_);
   resume();
@@ -46,9 +69,12 @@ CutOff::~CutOff() {
   sigaction(SIGALRM, &previous_, nullptr);
 }
 
-void CutOff::suspend() { setTimer(std::chrono::seconds(0)); }
+void CutOff::suspend() { alarm(0); }
 
-void CutOff::resume() { setTimer(limit_); }
+void CutOff::resume() {
+  start = now();
+  alarm(static_cast<unsigned>(std::clamp<std::time_t>(limitNow, 1, kPause)));
+}
 
 bool CutOff::isDone() { return isCut != 0; }
 

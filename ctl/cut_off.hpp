@@ -10,16 +10,17 @@
 namespace kelm::ctl {
 
 // While it exists, the connection is shut down once the time is up, whatever libcups is waiting for
-// or reading: libcups itself ends only when nothing comes for a while. Uses SIGALRM, so there can
-// be one at a time.
+// or reading: libcups itself ends only when nothing comes for a while. Once an Interruption is
+// wanted, the time is up after `limitAtTheEnd`, which is seen within 11 seconds. Uses SIGALRM,
+// so there can be one at a time.
 class CutOff {
  public:
-  CutOff(http_t* connection, std::chrono::seconds limit);
+  CutOff(http_t* connection, std::chrono::seconds limit, std::chrono::seconds limitAtTheEnd);
   ~CutOff();
   CutOff(const CutOff&) = delete;
   CutOff& operator=(const CutOff&) = delete;
 
-  // The time begins anew after suspend() and resume().
+  // After suspend() and resume(), the time starts again.
   void suspend();
   void resume();
 
@@ -27,7 +28,6 @@ class CutOff {
   static bool isDone();
 
  private:
-  std::chrono::seconds limit_;
   struct sigaction previous_ {};
 };
 

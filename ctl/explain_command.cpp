@@ -65,7 +65,7 @@ std::vector<explain::Option> defaultsOf(const Arguments& arguments, const Consol
   const auto destination = server.destination(*arguments.queue);
   if (destination != nullptr) return jobDefaults(*destination, *arguments.queue);
   complain(console, "the defaults of \"" + *arguments.queue +
-                        "\" cannot be read and are ignored: " + cupsLastErrorString());
+                        "\" cannot be read and are ignored: " + server.lastProblem());
   return {};
 }
 

@@ -28,11 +28,14 @@ using Clock = std::chrono::steady_clock;
 
 constexpr int kConnectLimit = 5000;         // milliseconds
 constexpr auto kTlsLimit = 10s;             // libcups' own, for each answer while encryption begins
+constexpr auto kWholeTlsLimit = 30s;        // for all of them
 constexpr auto kSilenceAtTheEnd = 3s;       // after SIGINT or SIGTERM
 constexpr auto kWholeAnswerAtTheEnd = 10s;  // after SIGINT or SIGTERM
 constexpr double kPauseBetweenLooks = 1;    // seconds
 // The first list of PPDs after an upgrade: CUPS reads all that are installed.
 constexpr auto kLimitOfPpdList = 120s;
+// libcups asks a silent server for the defaults several times.
+constexpr auto kLimitOfDefaults = 30s;
 constexpr auto kPauseBetweenAttempts = 500ms;
 constexpr int kMostQuestions = 3;
 constexpr int kHttpsPort = 443;  // encrypted from the first byte
@@ -241,9 +244,14 @@ bool PrintServer::connect() {
   const http_encryption_t encryption =
       port_ == kHttpsPort ? HTTP_ENCRYPTION_ALWAYS : cupsEncryption();
   if (encryption == HTTP_ENCRYPTION_IF_REQUESTED) return true;
-  if (httpEncryption(http_.get(), encryption) == 0) return true;
+  cutOff_.emplace(http_.get(), std::min(limits_.whole, kWholeTlsLimit), kWholeAnswerAtTheEnd);
+  const bool isEncrypted = httpEncryption(http_.get(), encryption) == 0;
+  cutOff_.reset();
+  if (isEncrypted) return true;
   const bool isSilent = failure_ == Failure::kSilent || Clock::now() - requestStart_ >= kTlsLimit;
-  failure_ = isSilent ? Failure::kSilent : Failure::kUnencrypted;
+  failure_ = CutOff::isDone() ? Failure::kSlow
+             : isSilent       ? Failure::kSilent
+                              : Failure::kUnencrypted;
   note(cupsLastError(), cupsLastErrorString());
   http_.reset();
   return false;
@@ -258,7 +266,7 @@ bool PrintServer::isConnectionFree() const {
 bool PrintServer::performInTime(const std::function<bool()>& request) {
   makeCurrent();
   requestStart_ = Clock::now();
-  cutOff_.emplace(http_.get(), limits_.whole);
+  cutOff_.emplace(http_.get(), limits_.whole, kWholeAnswerAtTheEnd);
   const bool isDone = request();
   cutOff_.reset();
   return isDone;
@@ -296,7 +304,6 @@ bool PrintServer::perform(const std::function<bool()>& request) {
   return true;
 }
 
-// Why the last request had no result.
 std::string PrintServer::lastProblem() const {
   const std::string server = "the print server " + name_;
   switch (failure_) {
@@ -352,6 +359,10 @@ Ipp PrintServer::beginExchange(ipp_t* request, const char* resource, std::string
   const http_status_t refusal = sendIpp(http_.get(), request, resource, document);
   if (refusal != HTTP_STATUS_OK) {
     noteRefusal(refusal);
+    // A queue that is not there is reported by a message of IPP.
+    if (refusal == HTTP_STATUS_NOT_FOUND) {
+      note(IPP_STATUS_ERROR_NOT_POSSIBLE, statusText_ + " (is it a print server?)");
+    }
     return nullptr;
   }
   ServerAnswer body = answer(limits_.message);
@@ -375,10 +386,12 @@ Ipp PrintServer::exchange(ipp_t* request, const char* resource, std::string_view
 Ipp PrintServer::ask(const std::function<Ipp()>& request, const char* resource,
                      std::string_view document) {
   Ipp response;
-  perform([&] {
+  const bool isAnswered = perform([&] {
     response = exchange(request().get(), resource, document);
     return response != nullptr && !isRefused();
   });
+  // The last attempt may have no answer, and the one before it one that says "later".
+  if (!isAnswered && failure_ != Failure::kNone) return nullptr;
   return response;
 }
 
@@ -458,14 +471,27 @@ PrintServer::Destination PrintServer::destination(const std::string& name) {
   const std::string queue = name.substr(0, slash);
   const std::string instance = slash == std::string::npos ? "" : name.substr(slash + 1);
   Destination destination;
+  const auto whole = std::exchange(limits_.whole, std::min(limits_.whole, kLimitOfDefaults));
   perform([&] {
     destination.reset(cupsGetNamedDest(http_.get(), queue.c_str(),
                                        instance.empty() ? nullptr : instance.c_str()));
-    note(cupsLastError(), cupsLastErrorString());
-    if (destination == nullptr && CutOff::isDone()) failure_ = Failure::kSlow;
+    if (destination == nullptr) noteNoDestination();
     return destination != nullptr;
   });
+  limits_.whole = whole;
   return destination;
+}
+
+// Whatever went wrong, libcups says that the queue does not exist.
+void PrintServer::noteNoDestination() {
+  const http_status_t status = httpGetStatus(http_.get());
+  note(cupsLastError(), cupsLastErrorString());
+  if (httpError(http_.get()) != 0) {
+    note(IPP_STATUS_ERROR_INTERNAL, std::strerror(httpError(http_.get())));
+  } else if (status >= HTTP_STATUS_BAD_REQUEST) {
+    note(ippStatusOf(status), httpStatus(status));
+  }
+  if (failure_ == Failure::kNone && CutOff::isDone()) failure_ = Failure::kSlow;
 }
 
 // Reads the rest of an answer into the file.
@@ -527,7 +553,9 @@ PrintServer::PpdCopy PrintServer::copyInstalledPpd(const std::string& makeAndMod
       },
       "/");
   limits_.silence = silence;
-  if (response == nullptr) return {{}, lastProblem()};
+  if (response == nullptr || (isRefused() && status_ != IPP_STATUS_ERROR_NOT_FOUND)) {
+    return {{}, lastProblem()};
+  }
   const std::string ppdName = nameOfPpd(response.get(), makeAndModel);
   if (ppdName.empty()) {
     return {{},

@@ -47,8 +47,9 @@ struct AnswerLimits {
 };
 
 // Every request waits at most 10 seconds for an answer (the list of installed PPDs: 120), and 3
-// after SIGINT or SIGTERM where Interruption is in use. An answer that is not finished after
-// 180 seconds (10 after such a signal), or that is too large, is given up. If the server cannot be
+// after SIGINT or SIGTERM where Interruption is in use. An answer that is not finished 180 seconds
+// after the request (once such a signal has come: 10), or that is too large, is given up. The
+// beginning of encryption and a queue's defaults have 30 seconds in all. If the server cannot be
 // reached, breaks the connection or accepts no more, requests are tried again for `patience`, and
 // the console says so once. A password is asked for on the terminal, where the server wants one.
 // One process may use several servers in turn.
@@ -78,13 +79,16 @@ class PrintServer {
   OpenedPpd openPpdOfQueue(const std::string& name);
 
   // The queue with the options that lp(1) would send for it, of the server and of lpoptions(1);
-  // `name` may end in "/INSTANCE". Null when there is none, or no answer. libcups reads this answer
-  // itself, without a limit on its size.
+  // `name` may end in "/INSTANCE". Null when there is none, or no answer; lastProblem() says why.
+  // libcups reads this answer itself, without a limit on its size.
   struct DestinationDeleter {
     void operator()(cups_dest_t* destination) const { cupsFreeDests(1, destination); }
   };
   using Destination = std::unique_ptr<cups_dest_t, DestinationDeleter>;
   Destination destination(const std::string& name);
+
+  // Why the last request had no result.
+  std::string lastProblem() const;
 
   // A copy of a PPD or, when `problem` is not empty, why there is none.
   struct PpdCopy {
@@ -127,6 +131,7 @@ class PrintServer {
   void note(ipp_status_t status, const std::string& text);
   void noteFailure(ServerAnswer::Failure failure);
   void noteRefusal(http_status_t status);
+  void noteNoDestination();
   ServerAnswer answer(std::size_t most);
   Ipp beginExchange(ipp_t* request, const char* resource, std::string_view document);
   Ipp exchange(ipp_t* request, const char* resource, std::string_view document);
@@ -136,7 +141,6 @@ class PrintServer {
   Ipp jobRequest(ipp_op_t operation, const std::string& queue, int job) const;
   bool savePpd(TemporaryFile& file);
   PpdCopy copyOnce(const std::string& description, const std::function<bool()>& request);
-  std::string lastProblem() const;
   std::string lastProblemAndAdvice() const;
   bool isRefused() const { return status_ >= IPP_STATUS_REDIRECTION_OTHER_SITE; }
   bool sendDocument(const std::string& queue, int job);

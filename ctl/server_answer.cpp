@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/server_answer.hpp"
 
+#include <cstdint>
 #include <string>
 
 namespace kelm::ctl {
@@ -9,6 +10,7 @@ namespace {
 
 constexpr int kReconnectLimit = 5000;  // milliseconds
 constexpr int kMostAttempts = 10;      // three passwords, and the beginning of the encryption
+constexpr std::uintptr_t kMostStack = 64U << 10;  // bytes, about 100 collections in each other
 
 http_status_t statusOfAnswer(http_t* http) {
   http_status_t status = HTTP_STATUS_CONTINUE;
@@ -123,8 +125,16 @@ std::size_t ServerAnswer::read(std::span<char> room) {
   return count_ > most_ ? fail(Failure::kTooLarge) : static_cast<std::size_t>(count);
 }
 
+// libcups calls itself for each collection in a collection, as often as the server likes.
+bool ServerAnswer::isNestedTooDeeply() const {
+  const auto before = reinterpret_cast<std::uintptr_t>(stack_);
+  const auto now = reinterpret_cast<std::uintptr_t>(__builtin_frame_address(0));
+  return before - now > kMostStack;  // the stack grows downwards
+}
+
 // libcups expects all bytes that it asks for, or a failure.
 ssize_t ServerAnswer::readForMessage(void* answer, ipp_uchar_t* room, std::size_t size) {
+  if (static_cast<ServerAnswer*>(answer)->isNestedTooDeeply()) return -1;
   std::span<char> rest(reinterpret_cast<char*>(room), size);
   while (!rest.empty()) {
     const std::size_t count = static_cast<ServerAnswer*>(answer)->read(rest);
@@ -136,6 +146,7 @@ ssize_t ServerAnswer::readForMessage(void* answer, ipp_uchar_t* room, std::size_
 
 Ipp ServerAnswer::readMessage() {
   Ipp message(ippNew());
+  stack_ = static_cast<const char*>(__builtin_frame_address(0));
   ipp_state_t state = IPP_STATE_IDLE;
   while (state != IPP_STATE_DATA) {
     state = ippReadIO(this, readForMessage, 1, nullptr, message.get());

@@ -47,12 +47,14 @@ class ServerAnswer {
 
  private:
   static ssize_t readForMessage(void* answer, ipp_uchar_t* room, std::size_t size);
+  bool isNestedTooDeeply() const;
   std::size_t fail(Failure failure);
 
   http_t* http_;
   std::size_t most_;
   std::function<bool()> isLate_;
   std::size_t count_ = 0;
+  const char* stack_ = nullptr;  // where the stack was before libcups read the message
   Failure failure_ = Failure::kNone;
 };
 

@@ -17,6 +17,11 @@ void declare(ArgumentList& list, ServerOptions& options, bool areSeveral, const 
   list.addFlag("-E", options.isEncrypted, "Encrypt the connection to the print server");
 }
 
+std::vector<std::string>& access() {
+  static std::vector<std::string> words;
+  return words;
+}
+
 // libcups takes what follows the last colon for a port.
 std::string bracketedUnlessPort(const std::string& name) {
   const bool isIPv6 = name.find(':') != name.rfind(':') && !name.starts_with('[');
@@ -34,8 +39,15 @@ void declareServers(ArgumentList& list, ServerOptions& options) {
 }
 
 std::vector<std::string> serversOf(const ServerOptions& options) {
-  if (!options.user.empty()) cupsSetUser(options.user.c_str());
-  if (options.isEncrypted) cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
+  access().clear();
+  if (options.isEncrypted) {
+    cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
+    access() = {"-E"};
+  }
+  if (!options.user.empty()) {
+    cupsSetUser(options.user.c_str());
+    access().insert(access().end(), {"-U", options.user});
+  }
   if (options.names.empty()) return {std::string()};
   std::vector<std::string> names;
   for (const std::string& each : options.names) {
@@ -45,5 +57,7 @@ std::vector<std::string> serversOf(const ServerOptions& options) {
   }
   return names;
 }
+
+const std::vector<std::string>& givenAccess() { return access(); }
 
 }  // namespace kelm::ctl

@@ -26,4 +26,7 @@ void declareServers(ArgumentList& list, ServerOptions& options);
 // and the encryption are set for the whole process.
 std::vector<std::string> serversOf(const ServerOptions& options);
 
+// -E and -U as serversOf() last found them, for advised commands; empty without these options.
+const std::vector<std::string>& givenAccess();
+
 }  // namespace kelm::ctl

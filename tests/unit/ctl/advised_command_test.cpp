@@ -2,6 +2,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "ctl/advised_command.hpp"
 
+#include <cups/cups.h>
 #include <gtest/gtest.h>
 
 #include <array>
@@ -11,6 +12,7 @@
 #include <string>
 
 #include "ctl/message.hpp"
+#include "ctl/server_options.hpp"
 
 namespace kelm::ctl {
 namespace {
@@ -36,6 +38,18 @@ TEST(Advice, IsACommandForTheDefaultServerOrAnother) {
             "look: lpstat -h '[fe80::1]:8631' -o 'a;id'");
 }
 
+TEST(Advice, KeepsTheUserAndTheEncryption) {
+  ServerOptions options;
+  options.user = "bob";
+  options.isEncrypted = true;
+  serversOf(options);
+  EXPECT_EQ(advice("look", "lpstat", "print1", {"-v"}), "look: lpstat -E -U bob -h print1 -v");
+  cupsSetUser(nullptr);
+  cupsSetEncryption(HTTP_ENCRYPTION_IF_REQUESTED);
+  serversOf({});
+  EXPECT_EQ(advice("look", "lpstat", "", {"-v"}), "look: lpstat -v");
+}
+
 TEST(Advice, GivesAShellTheSameWordsAfterItWasShown) {
   for (const char* name : {"a;id", "a'b", "a';id;'", "$(id)", "`id`", "two  words", "a\"b", "*",
                            "~", "#", "!x", "Büro", "''"}) {
@@ -49,8 +63,8 @@ TEST(Advice, GivesAShellTheSameWordsAfterItWasShown) {
 TEST(Advice, IsNoCommandForANameThatIsNotShownAsItIs) {
   for (const char* name : {"a\\b", "a\x1B[2J", "a\nb", "a\xFF", "a\u202E"}) {
     EXPECT_EQ(advice("start it", "cupsenable", "", {name}),
-              "start it with cupsenable, typed by hand: a name has characters that a message "
-              "escapes");
+              "start it with cupsenable; type the name yourself, because this message shows some "
+              "of its characters escaped");
     EXPECT_EQ(advisedCommand("lpstat", name, {"-v"}), std::nullopt);
     EXPECT_EQ(shellWords({"-h", name}), std::nullopt);
   }

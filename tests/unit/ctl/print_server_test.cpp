@@ -17,8 +17,10 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "base/byte_source.hpp"
+#include "ctl/interruption.hpp"
 #include "platform/child_process.hpp"
 #include "tests/support/child.hpp"
 #include "tests/support/temporary_directory.hpp"
@@ -340,6 +342,122 @@ TEST_F(PrintServerAnswer, WithAnEndlessMessageIsGivenUp) {
   const Queues found = server(fake, limits).allQueues();
   EXPECT_TRUE(found.queues.empty());
   EXPECT_EQ(found.problem, "the print server " + fake.name() + " answers with too much data");
+}
+
+// libcups calls itself for each of them.
+TEST_F(PrintServerAnswer, WithCollectionsInCollectionsWithoutEndIsGivenUp) {
+  std::string message("\2\0\0\0\0\0\0\1\4", 9);
+  message += std::string("\x34\0\x04list\0\0", 9);
+  for (int i = 0; i < 20000; ++i) {
+    message += std::string("\x4A\0\0\0\1a", 6) + std::string("\x34\0\0\0\0", 5);
+  }
+  const FakeServer fake(
+      [&](int connection, std::string_view) { writeBytes(connection, whole("200 OK", message)); });
+  const Queues found = server(fake).allQueues();
+  EXPECT_TRUE(found.queues.empty());
+  EXPECT_EQ(found.problem.find("the print server " + fake.name() + " says: "), 0U) << found.problem;
+}
+
+TEST_F(PrintServerAnswer, MayHaveCollectionsInCollections) {
+  const Ipp request(ippNewRequest(IPP_OP_CUPS_GET_PRINTERS));
+  const Ipp response(ippNewResponse(request.get()));
+  Ipp inner;
+  for (int i = 0; i < 10; ++i) {
+    Ipp outer(ippNew());
+    if (inner != nullptr) ippAddCollection(outer.get(), IPP_TAG_ZERO, "member", inner.get());
+    ippAddInteger(outer.get(), IPP_TAG_ZERO, IPP_TAG_INTEGER, "number", i);
+    inner = std::move(outer);
+  }
+  ippAddString(response.get(), IPP_TAG_PRINTER, IPP_TAG_NAME, "printer-name", nullptr, "kelm");
+  ippAddCollection(response.get(), IPP_TAG_PRINTER, "media-col-default", inner.get());
+  std::string text;
+  ippWriteIO(&text, appendTo, 1, nullptr, response.get());
+  const FakeServer fake(
+      [&](int connection, std::string_view) { writeBytes(connection, whole("200 OK", text)); });
+  const Queues found = server(fake).allQueues();
+  EXPECT_EQ(found.problem, "");
+  EXPECT_EQ(found.queues.size(), 1U);
+}
+
+std::string refusal(ipp_status_t status) {
+  const Ipp request(ippNewRequest(IPP_OP_CUPS_GET_PRINTERS));
+  const Ipp response(ippNewResponse(request.get()));
+  ippSetStatusCode(response.get(), status);
+  std::string text;
+  ippWriteIO(&text, appendTo, 1, nullptr, response.get());
+  return whole("200 OK", text);
+}
+
+TEST_F(PrintServerAnswer, ThatSaysLaterIsNoneIfTheServerGoesAway) {
+  const FakeServer fake([](int connection, std::string_view) {
+    writeBytes(connection, refusal(IPP_STATUS_ERROR_BUSY));
+    kill(getpid(), SIGKILL);
+  });
+  PrintServer busy(fake.name(), console_, 2s);
+  EXPECT_EQ(busy.allQueues().problem,
+            "the print server " + fake.name() +
+                " does not answer; start it, or name another one (-h, CUPS_SERVER)");
+  EXPECT_NE(out_.str().find("server-error-busy; trying again for 2 s"), std::string::npos)
+      << out_.str();
+}
+
+TEST_F(PrintServerAnswer, OfAWebServerIsNoListOfQueues) {
+  const FakeServer fake(
+      [](int connection, std::string_view) { writeBytes(connection, header("404 Not Found")); });
+  const std::string problem =
+      "the print server " + fake.name() + " says: Not Found (is it a print server?)";
+  EXPECT_EQ(server(fake).allQueues().problem, problem);
+  EXPECT_EQ(server(fake).queue("kelm").problem, problem);
+}
+
+TEST_F(PrintServerAnswer, MayRefuseTheListOfPpds) {
+  for (const ipp_status_t status : {IPP_STATUS_ERROR_FORBIDDEN, IPP_STATUS_ERROR_INTERNAL}) {
+    const FakeServer fake(
+        [&](int connection, std::string_view) { writeBytes(connection, refusal(status)); });
+    EXPECT_EQ(server(fake).copyInstalledPpd("KELM IJ").problem,
+              "the print server " + fake.name() + " says: " + ippErrorString(status));
+  }
+}
+
+TEST_F(PrintServerAnswer, ToTheBeginningOfEncryptionMayNotGoOnForEver) {
+  const FakeServer fake([](int connection, std::string_view) {
+    writeBytes(connection, "HTTP/1.1 101 Switching Protocols\r\n");
+    writeWithoutEnd(connection, "X-Field: value\r\n", 10ms);
+  });
+  AnswerLimits limits;
+  limits.whole = 1s;
+  cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
+  EXPECT_EQ(server(fake, limits).allQueues().problem,
+            "the print server " + fake.name() + " does not come to the end of its answer");
+  cupsSetEncryption(HTTP_ENCRYPTION_IF_REQUESTED);
+}
+
+TEST_F(PrintServerAnswer, WhoseFieldsDoNotEndIsGivenUpSoonerAfterASignal) {
+  const FakeServer fake([](int connection, std::string_view) {
+    writeBytes(connection, "HTTP/1.1 200 OK\r\n");
+    writeWithoutEnd(connection, "X-Field: value\r\n", 10ms);
+  });
+  const Interruption interruption;
+  std::raise(SIGTERM);
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(server(fake).allQueues().problem,
+            "the print server " + fake.name() + " does not come to the end of its answer");
+  EXPECT_LT(std::chrono::steady_clock::now() - start, 20s);
+}
+
+TEST_F(PrintServerAnswer, MayLackTheDefaults) {
+  const FakeServer failing([](int connection, std::string_view) {
+    writeBytes(connection, header("500 Internal Server Error"));
+  });
+  PrintServer first = server(failing);
+  EXPECT_EQ(first.destination("kelm"), nullptr);
+  EXPECT_EQ(first.lastProblem(),
+            "the print server " + failing.name() + " says: Internal Server Error");
+  const FakeServer closing(
+      [](int connection, std::string_view) { shutdown(connection, SHUT_RDWR); });
+  PrintServer second = server(closing);
+  EXPECT_EQ(second.destination("kelm"), nullptr);
+  EXPECT_EQ(second.lastProblem().find("does not exist"), std::string::npos) << second.lastProblem();
 }
 
 TEST_F(PrintServerAnswer, MayListTenThousandQueues) {
