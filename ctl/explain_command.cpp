@@ -4,12 +4,14 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
 #include <memory>
 #include <optional>
 #include <ostream>
+#include <sstream>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,6 +28,7 @@
 #include "ctl/page_pictures.hpp"
 #include "ctl/print_server.hpp"
 #include "ctl/server_options.hpp"
+#include "ctl/worker_pool.hpp"
 #include "explain/explanation.hpp"
 #include "explain/stream.hpp"
 #include "explain/words.hpp"
@@ -34,6 +37,8 @@
 
 namespace kelm::ctl {
 namespace {
+
+constexpr std::chrono::seconds kLimitOfDefaults{30};
 
 struct Arguments {
   std::optional<std::string> queue;
@@ -58,15 +63,54 @@ OpenedPpd openPpd(const Arguments& arguments, const Console& console) {
   return server.openPpdOfQueue(queue.substr(0, queue.find('/')));  // without the instance
 }
 
-// The defaults that lp would add to the job's options.
-std::vector<explain::Option> defaultsOf(const Arguments& arguments, const Console& console) {
-  if (!arguments.queue) return {};
+// What the process that reads the defaults sends: each text ends with a zero byte. The first one is
+// the problem, or empty; then come the name, the value and the giver of each option.
+std::string sentDefaults(const std::string& problem, const std::vector<explain::Option>& defaults) {
+  std::string sent = problem + '\0';
+  for (const explain::Option& option : defaults) {
+    sent += option.name + '\0' + option.value + '\0' +
+            std::to_string(static_cast<int>(option.giver)) + '\0';
+  }
+  return sent;
+}
+
+std::string readDefaults(const Arguments& arguments, const Console& console) {
   PrintServer server(serversOf(arguments.server).front(), console);
   const auto destination = server.destination(*arguments.queue);
-  if (destination != nullptr) return jobDefaults(*destination, *arguments.queue);
-  complain(console, "the defaults of \"" + *arguments.queue +
-                        "\" cannot be read and are ignored: " + server.lastProblem());
-  return {};
+  if (destination == nullptr) return sentDefaults(server.lastProblem(), {});
+  return sentDefaults("", jobDefaults(*destination, *arguments.queue));
+}
+
+// The defaults that lp would add to the job's options. libcups reads them in a process of its own,
+// because it limits neither their size nor its own attempts at a silent server.
+std::vector<explain::Option> defaultsOf(const Arguments& arguments, const Console& console) {
+  if (!arguments.queue) return {};
+  using Clock = std::chrono::steady_clock;
+  std::optional<std::string> sent;
+  WorkerPool process(1);
+  process.start([&] { return readDefaults(arguments, console); },
+                [&](std::optional<std::string> result) { sent = std::move(result); });
+  for (const auto end = Clock::now() + kLimitOfDefaults; !process.isIdle();) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(end - Clock::now());
+    if (left <= left.zero()) break;
+    process.wait(left);
+  }
+  std::istringstream texts(sent.value_or(std::string("the print server does not answer\0", 33)));
+  std::string problem;
+  std::getline(texts, problem, '\0');
+  if (!problem.empty()) {
+    complain(console, "the defaults of \"" + *arguments.queue +
+                          "\" cannot be read and are ignored: " + problem);
+  }
+  std::vector<explain::Option> defaults;
+  explain::Option option;
+  for (std::string giver; std::getline(texts, option.name, '\0') &&
+                          std::getline(texts, option.value, '\0') &&
+                          std::getline(texts, giver, '\0');) {
+    option.giver = static_cast<explain::Giver>(base::leadingInteger(giver.c_str()));
+    defaults.push_back(option);
+  }
+  return defaults;
 }
 
 // The PPD that the arguments name, with its texts in the user's language. Null when it cannot be

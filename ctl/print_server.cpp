@@ -34,8 +34,6 @@ constexpr auto kWholeAnswerAtTheEnd = 10s;  // after SIGINT or SIGTERM
 constexpr double kPauseBetweenLooks = 1;    // seconds
 // The first list of PPDs after an upgrade: CUPS reads all that are installed.
 constexpr auto kLimitOfPpdList = 120s;
-// libcups asks a silent server for the defaults several times.
-constexpr auto kLimitOfDefaults = 30s;
 constexpr auto kPauseBetweenAttempts = 500ms;
 constexpr int kMostQuestions = 3;
 constexpr int kHttpsPort = 443;  // encrypted from the first byte
@@ -471,14 +469,12 @@ PrintServer::Destination PrintServer::destination(const std::string& name) {
   const std::string queue = name.substr(0, slash);
   const std::string instance = slash == std::string::npos ? "" : name.substr(slash + 1);
   Destination destination;
-  const auto whole = std::exchange(limits_.whole, std::min(limits_.whole, kLimitOfDefaults));
   perform([&] {
     destination.reset(cupsGetNamedDest(http_.get(), queue.c_str(),
                                        instance.empty() ? nullptr : instance.c_str()));
     if (destination == nullptr) noteNoDestination();
     return destination != nullptr;
   });
-  limits_.whole = whole;
   return destination;
 }
 

@@ -49,7 +49,7 @@ struct AnswerLimits {
 // Every request waits at most 10 seconds for an answer (the list of installed PPDs: 120), and 3
 // after SIGINT or SIGTERM where Interruption is in use. An answer that is not finished 180 seconds
 // after the request (once such a signal has come: 10), or that is too large, is given up. The
-// beginning of encryption and a queue's defaults have 30 seconds in all. If the server cannot be
+// beginning of encryption has 30 seconds in all. If the server cannot be
 // reached, breaks the connection or accepts no more, requests are tried again for `patience`, and
 // the console says so once. A password is asked for on the terminal, where the server wants one.
 // One process may use several servers in turn.
@@ -80,7 +80,8 @@ class PrintServer {
 
   // The queue with the options that lp(1) would send for it, of the server and of lpoptions(1);
   // `name` may end in "/INSTANCE". Null when there is none, or no answer; lastProblem() says why.
-  // libcups reads this answer itself, without a limit on its size.
+  // libcups asks for this itself, without a limit on the size, and in other connections for longer
+  // than the limits: call it in a process that can be killed.
   struct DestinationDeleter {
     void operator()(cups_dest_t* destination) const { cupsFreeDests(1, destination); }
   };
