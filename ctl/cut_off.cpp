@@ -21,10 +21,10 @@ constexpr std::time_t kPause = 11;  // seconds
 
 http_t* volatile connectionToCut = nullptr;
 volatile std::sig_atomic_t isCut = 0;
-std::atomic<std::time_t> start = 0;
-std::atomic<std::time_t> limitNow = 0;                // seconds
-std::atomic<std::time_t> limitWhenWanted = 0;         // seconds
-static_assert(decltype(start)::is_always_lock_free);  // a signal handler reads them
+std::atomic<std::time_t> beginning = 0;
+std::atomic<std::time_t> limitNow = 0;                    // seconds
+std::atomic<std::time_t> limitWhenWanted = 0;             // seconds
+static_assert(decltype(beginning)::is_always_lock_free);  // a signal handler reads them
 
 std::time_t now() {
   timespec time{};
@@ -39,7 +39,7 @@ void look(int /*signal*/) {
   const std::time_t limit = Interruption::isWanted()
                                 ? std::min(limitNow.load(), limitWhenWanted.load())
                                 : limitNow.load();
-  const std::time_t left = start + limit - now();
+  const std::time_t left = beginning + limit - now();
   if (left > 0) {
     alarm(static_cast<unsigned>(std::min(left, kPause)));
   } else {
@@ -72,7 +72,7 @@ CutOff::~CutOff() {
 void CutOff::suspend() { alarm(0); }
 
 void CutOff::resume() {
-  start = now();
+  beginning = now();
   alarm(static_cast<unsigned>(std::clamp<std::time_t>(limitNow, 1, kPause)));
 }
 
