@@ -26,10 +26,29 @@ namespace kelm::tests {
 
 using RunInput = int(const std::uint8_t* data, std::size_t size);
 
-// Adds a target to those of this program (replay.cpp).
+// A target of this program. It adds itself to the others, and lives as long as the program.
 class ReplayedTarget {
  public:
-  ReplayedTarget(const char* name, RunInput* run);
+  ReplayedTarget(const char* name, RunInput* run) noexcept : name_(name), run_(run), next_(first_) {
+    first_ = this;
+  }
+  ReplayedTarget(const ReplayedTarget&) = delete;
+  ReplayedTarget& operator=(const ReplayedTarget&) = delete;
+
+  // Null when there is no target of this name.
+  static RunInput* find(std::string_view name) {
+    for (const ReplayedTarget* each = first_; each != nullptr; each = each->next_) {
+      if (each->name_ == name) return each->run_;
+    }
+    return nullptr;
+  }
+
+ private:
+  static inline const ReplayedTarget* first_ = nullptr;
+
+  std::string_view name_;
+  RunInput* run_;
+  const ReplayedTarget* next_;
 };
 
 // Ends the program if something that must hold for every input does not.
@@ -40,7 +59,7 @@ inline void expect(bool truth) {
 // Takes the text up to the next zero byte off the front.
 inline std::string nextText(std::string_view& rest) {
   const std::size_t end = std::min(rest.find('\0'), rest.size());
-  const std::string text(rest.substr(0, end));
+  std::string text(rest.substr(0, end));
   rest.remove_prefix(std::min(end + 1, rest.size()));
   return text;
 }

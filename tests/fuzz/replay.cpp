@@ -6,30 +6,13 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
-#include <string>
 #include <vector>
 
 #include "tests/fuzz/fuzz_target.hpp"
 
-namespace kelm::tests {
-namespace {
-
-std::map<std::string, RunInput*>& replayedTargets() {
-  static std::map<std::string, RunInput*> targets;
-  return targets;
-}
-
-}  // namespace
-
-ReplayedTarget::ReplayedTarget(const char* name, RunInput* run) { replayedTargets()[name] = run; }
-
-}  // namespace kelm::tests
-
 int main(int argc, char* argv[]) {
-  const auto& targets = kelm::tests::replayedTargets();
-  const auto target = argc == 3 ? targets.find(argv[1]) : targets.end();
-  if (target == targets.end()) {
+  auto* const run = argc == 3 ? kelm::tests::ReplayedTarget::find(argv[1]) : nullptr;
+  if (run == nullptr) {
     std::fprintf(stderr, "usage: %s TARGET DIRECTORY\n", argv[0]);
     return 2;
   }
@@ -40,7 +23,7 @@ int main(int argc, char* argv[]) {
     std::fflush(stdout);
     std::ifstream file(entry.path(), std::ios::binary);
     const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-    target->second(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
+    run(reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size());
     ++replayed;
   }
   std::printf("%d inputs replayed\n", replayed);

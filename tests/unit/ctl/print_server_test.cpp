@@ -149,6 +149,13 @@ void writeWithoutEnd(int connection, std::string_view bytes,
   while (writeBytes(connection, bytes)) usleep(static_cast<useconds_t>(pause / 1us));
 }
 
+FakeServer::Answer withEndlessFields(const std::string& status) {
+  return [status](int connection, std::string_view) {
+    writeBytes(connection, status + "\r\n");
+    writeWithoutEnd(connection, "X-Field: value\r\n", 10ms);
+  };
+}
+
 class PrintServerAnswer : public testing::Test {
  protected:
   PrintServer server(const FakeServer& fake, AnswerLimits limits = {}) {
@@ -320,10 +327,7 @@ TEST_F(PrintServerAnswer, ThatDoesNotEndIsGivenUp) {
 
 // libcups reads them all, without asking whether it shall go on.
 TEST_F(PrintServerAnswer, WhoseFieldsDoNotEndIsGivenUp) {
-  const FakeServer fake([](int connection, std::string_view) {
-    writeBytes(connection, "HTTP/1.1 200 OK\r\n");
-    writeWithoutEnd(connection, "X-Field: value\r\n", 10ms);
-  });
+  const FakeServer fake(withEndlessFields("HTTP/1.1 200 OK"));
   AnswerLimits limits;
   limits.whole = 1s;
   EXPECT_EQ(server(fake, limits).allQueues().problem,
@@ -420,10 +424,7 @@ TEST_F(PrintServerAnswer, MayRefuseTheListOfPpds) {
 }
 
 TEST_F(PrintServerAnswer, ToTheBeginningOfEncryptionMayNotGoOnForEver) {
-  const FakeServer fake([](int connection, std::string_view) {
-    writeBytes(connection, "HTTP/1.1 101 Switching Protocols\r\n");
-    writeWithoutEnd(connection, "X-Field: value\r\n", 10ms);
-  });
+  const FakeServer fake(withEndlessFields("HTTP/1.1 101 Switching Protocols"));
   AnswerLimits limits;
   limits.whole = 1s;
   cupsSetEncryption(HTTP_ENCRYPTION_REQUIRED);
@@ -433,10 +434,7 @@ TEST_F(PrintServerAnswer, ToTheBeginningOfEncryptionMayNotGoOnForEver) {
 }
 
 TEST_F(PrintServerAnswer, WhoseFieldsDoNotEndIsGivenUpSoonerAfterASignal) {
-  const FakeServer fake([](int connection, std::string_view) {
-    writeBytes(connection, "HTTP/1.1 200 OK\r\n");
-    writeWithoutEnd(connection, "X-Field: value\r\n", 10ms);
-  });
+  const FakeServer fake(withEndlessFields("HTTP/1.1 200 OK"));
   const Interruption interruption;
   std::raise(SIGTERM);
   const auto start = std::chrono::steady_clock::now();
